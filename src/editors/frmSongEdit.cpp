@@ -1,0 +1,135 @@
+#include "editors/frmSongEdit.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "forms/qt_text.h"
+#include "forms/text_box.h"
+#include "records/field.h"
+#include "records/music_record.h"
+
+namespace quillbox {
+namespace {
+
+constexpr int kSongWidth = static_cast<int>(musicField("Songs")->width);
+
+/// Some captions have always had a blank before the colon: songs 3 and 5 to 9 of each page.
+QString songCaption(int page, int song) {
+  const int place = song + 1;
+  const bool blank = place == 3 || (place >= 5 && place <= 9);
+  return QStringLiteral("Song %1%2")
+      .arg((page - 1) * frmSongEdit::kSongsPerPage + place)
+      .arg(blank ? QStringLiteral(" :") : QStringLiteral(":"));
+}
+
+}  // namespace
+
+frmSongEdit::frmSongEdit(Program& program, int page, Owner owner)
+    : Form(program, page == 1 ? "frmSongEdit1" : "frmSongEdit2"),
+      page_(page),
+      owner_(std::move(owner)) {
+  setCaption(QStringLiteral("Song List Editor"));
+  auto* holder = new QWidget;
+  setCentralWidget(holder);
+  auto* column = new QVBoxLayout(holder);
+
+  auto* quick = new QHBoxLayout;
+  auto* caption = new QLabel(QStringLiteral("A&dd Song:"));
+  txtSongEdit_ = new TextBox(kSongWidth);
+  txtSongEdit_->setObjectName(QStringLiteral("txtSongEdit"));
+  txtSongEdit_->setPlaceholderText(QStringLiteral("Type a title and press Enter"));
+  txtSongEdit_->setAccessibleName(QStringLiteral("Add Song:"));
+  caption->setBuddy(txtSongEdit_);
+  connect(txtSongEdit_, &QLineEdit::returnPressed, this, &frmSongEdit::txtSongEdit_Enter);
+  quick->addWidget(caption);
+  quick->addWidget(txtSongEdit_, 1);
+  column->addLayout(quick);
+
+  auto* grid = new QGridLayout;
+  makeSongs(*grid);
+  column->addLayout(grid);
+  column->addStretch(1);
+
+  auto* row = new QHBoxLayout;
+  makeButtons(*row);
+  column->addLayout(row);
+}
+
+void frmSongEdit::makeSongs(QGridLayout& grid) {
+  constexpr int rows = kSongsPerPage / 2;
+  for (int song = 0; song < kSongsPerPage; ++song) {
+    const QString text = songCaption(page_, song);
+    auto* caption = new QLabel(text);
+    auto* box = new TextBox(kSongWidth);
+    box->setObjectName(QStringLiteral("txtSongTitle_%1").arg(song));
+    box->setAccessibleName(text);
+    caption->setBuddy(box);
+    grid.addWidget(caption, song % rows, 2 * (song / rows));
+    grid.addWidget(box, song % rows, 2 * (song / rows) + 1);
+    songs_.at(static_cast<std::size_t>(song)) = box;
+  }
+  grid.setColumnStretch(1, 1);
+  grid.setColumnStretch(3, 1);
+}
+
+void frmSongEdit::makeButtons(QHBoxLayout& row) {
+  lblIndex_ = new QLabel(QStringLiteral("Record #:"));
+  lblIndex_->setObjectName(QStringLiteral("lblIndex"));
+  lblIndex_->setTextFormat(Qt::PlainText);
+  row.addWidget(lblIndex_, 1);
+  const auto add = [&](const char* name, const char* caption, std::function<void()> handler) {
+    auto* made = new QPushButton(QString::fromUtf8(caption));
+    made->setObjectName(QString::fromUtf8(name));
+    made->setAccessibleName(withoutAccessKey(caption));
+    made->setAutoDefault(true);
+    onClick(*made, std::move(handler));
+    row.addWidget(made);
+  };
+  add("cmdNextPage", page_ == 1 ? "&Next Page" : "&Previous Page", [this] {
+    txtSongEdit_Enter();
+    owner_.showOtherPage();
+  });
+  add("cmdClearList", "&Clear Songs ", [this] { owner_.clearSongs(); });
+  add("cmdExit", "E&xit Songs", [this] { Form_Unload(); });
+}
+
+void frmSongEdit::Form_Unload() {
+  txtSongEdit_Enter();
+  owner_.exitSongs(*this);
+}
+
+/// Puts the title typed at the top into the first empty box of the page; a full page leaves it
+/// where it is.
+void frmSongEdit::txtSongEdit_Enter() {
+  const QString title = txtSongEdit_->text();
+  if (title.trimmed().isEmpty()) return;
+  const auto empty = std::ranges::find_if(
+      songs_, [](const TextBox* box) { return box->text().trimmed().isEmpty(); });
+  if (empty == songs_.end()) {
+    txtSongEdit_->selectAll();
+    return;
+  }
+  (*empty)->setText(title);
+  txtSongEdit_->clear();
+}
+
+void frmSongEdit::showSong(int song, std::string_view text) {
+  songs_.at(static_cast<std::size_t>(song))->showPadded(fromRecordText(upToNul(text)));
+}
+
+std::string frmSongEdit::song(int song) const {
+  return toRecordText(songs_.at(static_cast<std::size_t>(song))->text());
+}
+
+void frmSongEdit::clearSongs() {
+  for (TextBox* box : songs_) box->clear();
+}
+
+void frmSongEdit::setRecordLabel(const std::string& text) { lblIndex_->setText(fromUtf8Text(text)); }
+
+}  // namespace quillbox

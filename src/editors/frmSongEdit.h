@@ -1,0 +1,57 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "forms/form.h"
+
+class QGridLayout;
+class QHBoxLayout;
+class QLabel;
+
+namespace quillbox {
+
+class TextBox;
+
+/// One of the two pages of an album's song list, `frmSongEdit1` and `frmSongEdit2`: twenty songs
+/// each. A page keeps nothing but its text boxes; what is typed here reaches the record buffer when
+/// the page is left and the file only with the editor's Write Data.
+class frmSongEdit : public Form {
+ public:
+  static constexpr int kSongsPerPage = 20;
+
+  /// What the page asks of its editor.
+  struct Owner {
+    std::function<void()> showOtherPage;
+    std::function<void()> clearSongs;
+    std::function<void(frmSongEdit&)> exitSongs;
+  };
+
+  /// `page` is 1 or 2.
+  frmSongEdit(Program& program, int page, Owner owner);
+
+  /// `song` is 0 to 19. Texts are Windows-1252; a shown text keeps its padding.
+  void showSong(int song, std::string_view text);
+  std::string song(int song) const;
+
+  void clearSongs();
+  void setRecordLabel(const std::string& text);
+
+ protected:
+  void Form_Unload() override;
+
+ private:
+  void makeSongs(QGridLayout& grid);
+  void makeButtons(QHBoxLayout& row);
+  void txtSongEdit_Enter();
+
+  int page_;
+  Owner owner_;
+  std::array<TextBox*, kSongsPerPage> songs_{};
+  TextBox* txtSongEdit_ = nullptr;
+  QLabel* lblIndex_ = nullptr;
+};
+
+}  // namespace quillbox

@@ -1,0 +1,97 @@
+#pragma once
+
+#include <QWidget>
+#include <cstddef>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "records/field.h"
+
+class QCheckBox;
+class QComboBox;
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+
+namespace quillbox {
+
+enum class InputKind { textBox, checkBox, dropDown };
+
+/// How a text box shows what its field holds.
+enum class Shown {
+  padded,        ///< the text with its trailing blanks
+  plainAmount,   ///< an amount
+  signedAmount,  ///< an amount with a blank before it when it is not negative
+};
+
+/// Where an input stands: a row, and the first and the number of the sheet's columns it takes.
+struct Place {
+  int row;
+  int column = 0;
+  int columns = kFullWidth;
+
+  static constexpr int kFullWidth = 3;
+};
+
+/// One captioned input of a form and the field it shows.
+struct InputRow {
+  InputKind kind;
+  const char* name;     ///< of the control
+  const char* caption;  ///< "&" marks the access key
+  const Field* field;
+  Place place;
+  Shown shown = Shown::padded;
+};
+
+/// A heading over a group of inputs.
+struct HeadingRow {
+  const char* title;
+  int row;
+};
+
+/// The captioned inputs of a form, laid out on one grid and bound to the fields of a record. The
+/// tab order is that of the table.
+class FieldSheet : public QWidget {
+ public:
+  /// The tables must outlive the sheet.
+  FieldSheet(std::span<const InputRow> inputs, std::span<const HeadingRow> headings,
+             QWidget* parent = nullptr);
+
+  /// Record to controls. A choice that its list does not hold leaves the selection as it is.
+  void show(std::span<const std::byte> record);
+
+  /// Controls to record; other fields are left alone. Run-time error 6 for an amount beyond its
+  /// range; `record` may be partly written then.
+  void store(std::span<std::byte> record) const;
+
+  /// Empties the texts, clears the boxes, sets the lists to none.
+  void clear();
+
+  // The controls by name; the name must be in the table with that kind.
+  QLineEdit& textBox(std::string_view name);
+  QCheckBox& checkBox(std::string_view name);
+  QComboBox& dropDown(std::string_view name);
+
+  /// Enables or disables an input together with its caption.
+  void setInputEnabled(std::string_view name, bool enabled);
+
+  /// Puts the focus on the first input.
+  void focusFirst();
+
+ private:
+  struct Bound {
+    const InputRow* row;
+    QWidget* input;
+    QLabel* caption;  // none for a check box, which carries its own
+  };
+
+  const Bound& bound(std::string_view name) const;
+  Bound makeInput(const InputRow& row, QGridLayout& grid);
+  static void showField(const Bound& bound, std::span<const std::byte> record);
+  static void storeField(const Bound& bound, std::span<std::byte> record);
+
+  std::vector<Bound> bound_;
+};
+
+}  // namespace quillbox

@@ -1,0 +1,61 @@
+#include "forms/form.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QCloseEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <utility>
+
+#include "forms/qt_text.h"
+
+namespace quillbox {
+
+Form::Form(Program& program, const char* name) : program_(program) {
+  setObjectName(QString::fromUtf8(name));
+  program_.enter(*this);
+}
+
+Form::~Form() { program_.leave(*this); }
+
+void Form::setCaption(const QString& text) {
+  // The toolkit takes "[*]" for the place of its "modified" mark; doubled it stands for itself.
+  setWindowTitle(QString(text).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
+}
+
+void Form::showInsteadOf(Form& other) {
+  if (!isVisible()) move(other.pos());
+  show();
+  other.hide();
+  activateWindow();
+}
+
+void Form::addMenu(const char* name, const char* caption, std::initializer_list<MenuItem> items) {
+  QMenu* menu = menuBar()->addMenu(QString::fromUtf8(caption));
+  menu->setObjectName(QString::fromUtf8(name));
+  menu->menuAction()->setObjectName(QString::fromUtf8(name));
+  for (const MenuItem& item : items) {
+    QAction* action = menu->addAction(QString::fromUtf8(item.caption));
+    action->setObjectName(QString::fromUtf8(item.name));
+    action->setShortcut(item.shortcut);
+    action->setEnabled(item.click != nullptr);
+    if (item.click) onTriggered(*action, item.click);
+  }
+}
+
+void Form::onClick(QAbstractButton& button, std::function<void()> handler) {
+  connect(&button, &QAbstractButton::clicked, this,
+          [this, handler = std::move(handler)] { program_.run(handler); });
+}
+
+void Form::onTriggered(QAction& action, std::function<void()> handler) {
+  connect(&action, &QAction::triggered, this,
+          [this, handler = std::move(handler)] { program_.run(handler); });
+}
+
+void Form::closeEvent(QCloseEvent* event) {
+  program_.run([this] { Form_Unload(); });
+  event->accept();
+}
+
+}  // namespace quillbox

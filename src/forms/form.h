@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QString>
+#include <functional>
+#include <initializer_list>
+#include <string_view>
+
+#include "forms/program.h"
+
+class QAbstractButton;
+class QAction;
+
+namespace quillbox {
+
+/// One item of a menu. An item without a handler cannot be chosen yet.
+struct MenuItem {
+  const char* name;
+  const char* caption;
+  std::function<void()> click;
+  QKeySequence shortcut = {};
+};
+
+/// A window of the program. Every handler of its controls runs inside Program::run.
+class Form : public QMainWindow {
+ public:
+  /// `name` is the form's name in the code and its object name.
+  Form(Program& program, const char* name);
+  ~Form() override;
+
+  /// The window's caption, shown exactly: nothing in it is taken for markup or a placeholder.
+  void setCaption(const QString& text);
+
+  /// Shows the form where `other` stands and hides `other`.
+  void showInsteadOf(Form& other);
+
+ protected:
+  Program& program() { return program_; }
+  AppState& state() { return program_.state(); }
+  Desktop& desktop() { return program_.desktop(); }
+
+  /// What closing the window means; hides it.
+  virtual void Form_Unload() = 0;
+
+  void addMenu(const char* name, const char* caption, std::initializer_list<MenuItem> items);
+
+  /// Runs `handler` in the handlers' one place when the user clicks; a control set by program never
+  /// does.
+  void onClick(QAbstractButton& button, std::function<void()> handler);
+  void onTriggered(QAction& action, std::function<void()> handler);
+
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  Program& program_;
+};
+
+}  // namespace quillbox

@@ -1,0 +1,49 @@
+#include "forms/program.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "forms/form.h"
+
+namespace quillbox {
+
+void Program::run(const std::function<void()>& handler) {
+  if (ending_) return;
+  const std::vector<Form*> shownBefore = visibleForms();
+  ++depth_;
+  try {
+    handler();
+  } catch (const RunTimeError& error) {
+    for (Form* form : shownBefore) form->show();
+    report(error);
+  } catch (const ProgramEnd&) {
+    ending_ = true;
+    state_.files.closeAll();
+    desktop_.endAtOnce();
+  }
+  --depth_;
+  if (depth_ == 0 && !ending_ && visibleForms().empty()) shell_->showStartScreen();
+}
+
+void Program::message(std::string_view title, std::string_view text, MessageIcon icon) {
+  desktop_.messageBox({std::string(title), std::string(text), Buttons::ok, icon});
+}
+
+void Program::report(const RunTimeError& error) {
+  message(kDefaultTitle, error.message(), MessageIcon::critical);
+}
+
+void Program::end() {
+  ending_ = true;
+  state_.files.closeAll();
+  desktop_.quit();
+}
+
+std::vector<Form*> Program::visibleForms() const {
+  std::vector<Form*> visible;
+  std::ranges::copy_if(forms_, std::back_inserter(visible),
+                       [](const Form* form) { return form->isVisible(); });
+  return visible;
+}
+
+}  // namespace quillbox

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/desktop.h"
+#include "platform/run_time_error.h"
+#include "records/app_state.h"
+
+namespace quillbox {
+
+class Form;
+
+/// The title of messages that have none of their own.
+inline constexpr std::string_view kDefaultTitle = "Quillbox";
+
+/// What the start-up part of the program does for the forms below it.
+class Shell {
+ public:
+  virtual ~Shell() = default;
+  virtual void showStartScreen() = 0;
+};
+
+/// What all forms share: the state, the desktop, and the one place where handlers run.
+class Program {
+ public:
+  Program(AppState& state, Desktop& desktop) : state_(state), desktop_(desktop) {}
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  AppState& state() { return state_; }
+  Desktop& desktop() { return desktop_; }
+
+  /// The shell must be set before the first handler runs and outlive the last one.
+  Shell& shell() { return *shell_; }
+  void setShell(Shell& shell) { shell_ = &shell; }
+
+  /// Runs the handler of a user's action. A run-time error ends the handler: the forms it hid come
+  /// back and the error is shown. When no form is left on screen the start screen is shown.
+  void run(const std::function<void()>& handler);
+
+  /// Shows a message with an OK button.
+  void message(std::string_view title, std::string_view text,
+               MessageIcon icon = MessageIcon::none);
+
+  /// Shows a run-time error and goes on.
+  void report(const RunTimeError& error);
+
+  /// Ends the program in the ordinary way: files closed, nothing asked.
+  void end();
+  bool isEnding() const { return ending_; }
+
+  // Forms enter and leave the list of their own accord.
+  void enter(Form& form) { forms_.push_back(&form); }
+  void leave(Form& form) { std::erase(forms_, &form); }
+
+ private:
+  std::vector<Form*> visibleForms() const;
+
+  AppState& state_;
+  Desktop& desktop_;
+  Shell* shell_ = nullptr;
+  std::vector<Form*> forms_;
+  int depth_ = 0;  // handlers running inside one another
+  bool ending_ = false;
+};
+
+}  // namespace quillbox

@@ -1,0 +1,30 @@
+#include "forms/qt_text.h"
+
+#include <QFile>
+
+#include "records/windows1252.h"
+
+namespace quillbox {
+namespace {
+
+QByteArray bytesOfText(std::string_view text) {
+  return {text.data(), static_cast<qsizetype>(text.size())};
+}
+
+}  // namespace
+
+QString fromRecordText(std::string_view windows1252) { return fromUtf8Text(toUtf8(windows1252)); }
+
+std::string toRecordText(const QString& text) { return fromUtf8(toUtf8Text(text)); }
+
+QString fromUtf8Text(std::string_view utf8) { return QString::fromUtf8(bytesOfText(utf8)); }
+
+std::string toUtf8Text(const QString& text) { return text.toStdString(); }
+
+QString fromPath(std::string_view path) { return QFile::decodeName(bytesOfText(path)); }
+
+QString withoutAccessKey(const char* caption) {
+  return QString::fromUtf8(caption).remove(QLatin1Char('&'));
+}
+
+}  // namespace quillbox

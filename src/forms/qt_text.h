@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+/// The one place where texts cross between the core and the windowing platform.
+namespace quillbox {
+
+/// Record texts: Windows-1252 bytes in the core.
+QString fromRecordText(std::string_view windows1252);
+std::string toRecordText(const QString& text);
+
+/// Captions, messages and answers: UTF-8 in the core.
+QString fromUtf8Text(std::string_view utf8);
+std::string toUtf8Text(const QString& text);
+
+/// Paths: the platform's own bytes in the core.
+QString fromPath(std::string_view path);
+
+/// A control's caption without the "&" that marks its access key.
+QString withoutAccessKey(const char* caption);
+
+}  // namespace quillbox

@@ -1,0 +1,49 @@
+#include <QApplication>
+#include <cstdio>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "forms/program.h"
+#include "platform/disk_file_system.h"
+#include "platform/qt/qt_desktop.h"
+#include "records/version.h"
+#include "shell/modQBX1.h"
+
+namespace {
+
+constexpr const char* kUsage =
+    "Usage: quillbox [PATH]\n"
+    "Catalogues a private collection. PATH is a collection file; without one the start screen\n"
+    "is shown.\n\n"
+    "  --help     print this text and end\n"
+    "  --version  print the version and end\n";
+
+/// What is printed and ended with; these need no display.
+bool answeredOnTerminal(int argc, char** argv) {
+  if (argc != 2) return false;
+  const std::string_view argument = argv[1];
+  if (argument == "--help") return std::fputs(kUsage, stdout) >= 0;
+  if (argument == "--version")
+    return std::puts(quillbox::endingWithVersion("Quillbox ").c_str()) >= 0;
+  return false;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  using namespace quillbox;
+  if (answeredOnTerminal(argc, argv)) return 0;
+
+  const QApplication application(argc, argv);  // takes the toolkit's own options away
+  QApplication::setQuitOnLastWindowClosed(false);
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+
+  DiskFileSystem fileSystem;
+  AppState state(fileSystem);
+  QtDesktop desktop;
+  Program program(state, desktop);
+  modQBX1 startUp(program);
+  program.run([&] { startUp.Main(arguments); });
+  return program.isEnding() ? 0 : QApplication::exec();
+}

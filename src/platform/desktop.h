@@ -1,0 +1,49 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace quillbox {
+
+enum class Buttons { ok, yesNo };
+enum class Answer { ok, yes, no };
+enum class MessageIcon { none, information, question, critical };
+
+/// A modal message box. Texts are plain UTF-8, never markup; of Yes and No, No is the default and
+/// what dismissing the box means.
+struct MessageBox {
+  std::string title;
+  std::string text;
+  Buttons buttons = Buttons::ok;
+  MessageIcon icon = MessageIcon::none;
+};
+
+/// What the program asks of a desktop, so that a test can script every answer.
+class Desktop {
+ public:
+  virtual ~Desktop() = default;
+
+  virtual Answer messageBox(const MessageBox& box) = 0;
+
+  /// Asks for a line of text (UTF-8); nothing when the user cancels.
+  virtual std::optional<std::string> inputBox(const std::string& prompt,
+                                              const std::string& title) = 0;
+
+  /// Today's date as the platform's short date text (UTF-8).
+  virtual std::string todayText() = 0;
+
+  /// Shows the platform's printer set-up dialog.
+  virtual void printerSetup() = 0;
+
+  /// Lets events through for about that long, or until `over` says so, without using the processor.
+  virtual void rest(int milliseconds, const std::function<bool()>& over) = 0;
+
+  /// Ends the program in the ordinary way, when the running handler is done.
+  virtual void quit() = 0;
+
+  /// Ends the program at once; only a test's desktop returns.
+  virtual void endAtOnce() = 0;
+};
+
+}  // namespace quillbox

@@ -1,0 +1,131 @@
+#include "platform/disk_file_system.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <utility>
+
+#include "platform/run_time_error.h"
+
+namespace quillbox {
+namespace {
+
+/// A missing file in a folder that exists is another error than a missing folder.
+RunTimeError openError(int error, const std::string& path) {
+  if (error == ENOENT) {
+    std::error_code ignored;
+    const auto folder = std::filesystem::path(path).parent_path();
+    if (!folder.empty() && !std::filesystem::is_directory(folder, ignored))
+      return RunTimeError(ErrorNumber::pathNotFound, path);
+  }
+  return errorFromErrno(error, path);
+}
+
+class DiskFile : public File {
+ public:
+  DiskFile(int descriptor, std::string path) : descriptor_(descriptor), path_(std::move(path)) {}
+  DiskFile(const DiskFile&) = delete;
+  DiskFile& operator=(const DiskFile&) = delete;
+  ~DiskFile() override {
+    if (descriptor_ >= 0) ::close(descriptor_);
+  }
+
+  std::size_t readAt(std::uint64_t offset, std::span<std::byte> into) override {
+    std::size_t done = 0;
+    while (done < into.size()) {
+      const auto got = ::pread(descriptor_, into.data() + done, into.size() - done,
+                               static_cast<off_t>(offset + done));
+      if (got == 0) break;
+      if (got > 0)
+        done += static_cast<std::size_t>(got);
+      else if (errno != EINTR)
+        throw errorFromErrno(errno, path_);
+    }
+    return done;
+  }
+
+  void writeAt(std::uint64_t offset, std::span<const std::byte> from) override {
+    std::size_t done = 0;
+    while (done < from.size()) {
+      const auto put = ::pwrite(descriptor_, from.data() + done, from.size() - done,
+                                static_cast<off_t>(offset + done));
+      if (put > 0)
+        done += static_cast<std::size_t>(put);
+      else if (put == 0)
+        throw RunTimeError(ErrorNumber::diskFull, path_);
+      else if (errno != EINTR)
+        throw errorFromErrno(errno, path_);
+    }
+  }
+
+  void flush() override {
+    if (::fsync(descriptor_) != 0) throw errorFromErrno(errno, path_);
+  }
+
+  void close() override {
+    const int descriptor = std::exchange(descriptor_, -1);
+    if (::close(descriptor) != 0 && errno != EINTR) throw errorFromErrno(errno, path_);
+  }
+
+ private:
+  int descriptor_;
+  std::string path_;
+};
+
+int openFlags(OpenMode mode) {
+  // Not blocking, so that a pipe under a collection's name is an error and not a wait for ever.
+  constexpr int common = O_CLOEXEC | O_NONBLOCK;
+  switch (mode) {
+    case OpenMode::read:
+      return common | O_RDONLY;
+    case OpenMode::update:
+      return common | O_RDWR;
+    case OpenMode::create:
+      return common | O_RDWR | O_CREAT;
+  }
+  return common;
+}
+
+}  // namespace
+
+std::unique_ptr<File> DiskFileSystem::open(const std::string& path, OpenMode mode) {
+  constexpr mode_t permissions = 0666;  // less the user's mask
+  const int descriptor = ::open(path.c_str(), openFlags(mode), permissions);
+  if (descriptor < 0) throw openError(errno, path);
+  return std::make_unique<DiskFile>(descriptor, path);
+}
+
+bool DiskFileSystem::exists(const std::string& path) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) == 0) return true;
+  if (errno == ENOENT || errno == ENOTDIR) return false;
+  throw openError(errno, path);
+}
+
+void DiskFileSystem::remove(const std::string& path) {
+  if (::unlink(path.c_str()) != 0) throw openError(errno, path);
+}
+
+void DiskFileSystem::rename(const std::string& from, const std::string& to) {
+  if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return;
+  int error = errno;
+  if (error == EINVAL || error == ENOSYS) {  // a file system without that way of renaming
+    if (exists(to)) throw RunTimeError(ErrorNumber::fileAlreadyExists, to);
+    if (std::rename(from.c_str(), to.c_str()) == 0) return;
+    error = errno;
+  }
+  throw openError(error, error == EEXIST ? to : from);
+}
+
+std::string DiskFileSystem::currentFolder() {
+  std::error_code error;
+  const auto folder = std::filesystem::current_path(error);
+  if (error) throw RunTimeError(ErrorNumber::pathNotFound, ".");
+  return folder.string();
+}
+
+}  // namespace quillbox

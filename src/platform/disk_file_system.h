@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/file_system.h"
+
+namespace quillbox {
+
+/// The file system of the machine.
+class DiskFileSystem : public FileSystem {
+ public:
+  std::unique_ptr<File> open(const std::string& path, OpenMode mode) override;
+  bool exists(const std::string& path) override;
+  void remove(const std::string& path) override;
+  void rename(const std::string& from, const std::string& to) override;
+  std::string currentFolder() override;
+};
+
+}  // namespace quillbox

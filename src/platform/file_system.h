@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+
+namespace quillbox {
+
+/// How a file is opened.
+enum class OpenMode {
+  read,    ///< reading only; the file must exist
+  update,  ///< reading and writing; the file must exist
+  create,  ///< reading and writing; made empty when it does not exist
+};
+
+/// An open file. Every operation that fails throws a RunTimeError with the file's path.
+class File {
+ public:
+  virtual ~File() = default;
+
+  /// Reads into all of `into` from byte `offset` on; returns the number of bytes that were there,
+  /// which is less than asked only at the end of the file.
+  virtual std::size_t readAt(std::uint64_t offset, std::span<std::byte> into) = 0;
+
+  /// Writes all of `from`; a gap before `offset` reads as zeros.
+  virtual void writeAt(std::uint64_t offset, std::span<const std::byte> from) = 0;
+
+  /// Returns when what was written will survive a power cut.
+  virtual void flush() = 0;
+
+  /// Closes the file; called once, by whoever wants to hear of a failure. Destroying an open file
+  /// closes it in silence.
+  virtual void close() = 0;
+};
+
+/// The file operations that can fail, so that a test can fail each of them. Paths are the
+/// platform's own bytes.
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+
+  virtual std::unique_ptr<File> open(const std::string& path, OpenMode mode) = 0;
+
+  /// True when something of that name exists, whatever it is.
+  virtual bool exists(const std::string& path) = 0;
+
+  /// Deletes a file (never a folder); the file must exist.
+  virtual void remove(const std::string& path) = 0;
+
+  /// Renames within one file system. Never copies and never overwrites: an existing `to` is
+  /// run-time error 58 with `to` as its file.
+  virtual void rename(const std::string& from, const std::string& to) = 0;
+
+  virtual std::string currentFolder() = 0;
+};
+
+}  // namespace quillbox

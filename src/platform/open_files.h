@@ -1,0 +1,52 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+
+#include "platform/file_system.h"
+
+namespace quillbox {
+
+/// File numbers with a role of their own; fresh numbers are given out below them.
+namespace file_number {
+inline constexpr int fresh = 0;  ///< stands for "the lowest free number"
+inline constexpr int exportFile = 253;
+inline constexpr int spool = 254;
+inline constexpr int collection = 255;
+}  // namespace file_number
+
+/// The table of open file numbers, 1 to 255. "Close every open file" closes what it holds.
+class OpenFiles {
+ public:
+  explicit OpenFiles(FileSystem& files) : files_(files) {}
+
+  FileSystem& fileSystem() { return files_; }
+
+  /// Opens `path` under `number`, or under the lowest free number; returns the number. Opening a
+  /// number that is open closes the old file first.
+  int open(int number, const std::string& path, OpenMode mode);
+
+  bool isOpen(int number) const { return slot(number) != nullptr; }
+
+  /// The file open under `number`, which must be open.
+  File& file(int number) { return *slot(number); }
+
+  /// Closes the number and reports a failure; a number that is not open is no error.
+  void close(int number);
+
+  /// Closes everything, in silence.
+  void closeAll();
+
+ private:
+  static constexpr int kNumbers = 255;
+
+  const std::unique_ptr<File>& slot(int number) const {
+    return table_.at(static_cast<std::size_t>(number));
+  }
+
+  FileSystem& files_;
+  std::array<std::unique_ptr<File>, kNumbers + 1> table_;
+};
+
+}  // namespace quillbox

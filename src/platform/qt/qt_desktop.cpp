@@ -1,0 +1,97 @@
+#include "platform/qt/qt_desktop.h"
+
+#include <QApplication>
+#include <QDate>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QInputDialog>
+#include <QLocale>
+#include <QMessageBox>
+#include <QPageSetupDialog>
+#include <QPrinter>
+#include <QTimer>
+#include <cstdlib>
+
+#include "forms/qt_text.h"
+
+namespace quillbox {
+namespace {
+
+QMessageBox::Icon iconOf(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::none:
+      return QMessageBox::NoIcon;
+    case MessageIcon::information:
+      return QMessageBox::Information;
+    case MessageIcon::question:
+      return QMessageBox::Question;
+    case MessageIcon::critical:
+      return QMessageBox::Critical;
+  }
+  return QMessageBox::NoIcon;
+}
+
+/// The desktop's date and number forms, whatever language the program speaks.
+QString captionText(const std::string& text) {
+  return fromUtf8Text(text).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+}
+
+}  // namespace
+
+QtDesktop::QtDesktop() = default;
+QtDesktop::~QtDesktop() = default;
+
+Answer QtDesktop::messageBox(const MessageBox& box) {
+  QMessageBox dialog(QApplication::activeWindow());
+  dialog.setWindowTitle(captionText(box.title));
+  dialog.setTextFormat(Qt::PlainText);
+  dialog.setText(fromUtf8Text(box.text));
+  dialog.setIcon(iconOf(box.icon));
+  dialog.setWindowModality(Qt::ApplicationModal);
+  if (box.buttons == Buttons::yesNo) {
+    dialog.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    dialog.setDefaultButton(QMessageBox::No);
+    dialog.setEscapeButton(QMessageBox::No);
+    return dialog.exec() == QMessageBox::Yes ? Answer::yes : Answer::no;
+  }
+  dialog.setStandardButtons(QMessageBox::Ok);
+  dialog.exec();
+  return Answer::ok;
+}
+
+std::optional<std::string> QtDesktop::inputBox(const std::string& prompt,
+                                               const std::string& title) {
+  QInputDialog dialog(QApplication::activeWindow());
+  dialog.setWindowTitle(captionText(title));
+  dialog.setLabelText(fromUtf8Text(prompt));
+  dialog.setInputMode(QInputDialog::TextInput);
+  dialog.setWindowModality(Qt::ApplicationModal);
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  return toUtf8Text(dialog.textValue());
+}
+
+std::string QtDesktop::todayText() {
+  return toUtf8Text(QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat));
+}
+
+void QtDesktop::printerSetup() {
+  if (!printer_) printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  QPageSetupDialog dialog(printer_.get(), QApplication::activeWindow());
+  dialog.exec();
+}
+
+void QtDesktop::rest(int milliseconds, const std::function<bool()>& over) {
+  QElapsedTimer elapsed;
+  elapsed.start();
+  QTimer wake;  // so that waiting for the next event comes to an end
+  wake.start(milliseconds);
+  do
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  while (!over() && elapsed.elapsed() < milliseconds);
+}
+
+void QtDesktop::quit() { QCoreApplication::exit(0); }
+
+void QtDesktop::endAtOnce() { std::_Exit(EXIT_SUCCESS); }
+
+}  // namespace quillbox

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/desktop.h"
+
+class QPrinter;
+
+namespace quillbox {
+
+/// The desktop the program really runs on. The only place with dialogs and printers.
+class QtDesktop : public Desktop {
+ public:
+  QtDesktop();
+  ~QtDesktop() override;
+
+  Answer messageBox(const MessageBox& box) override;
+  std::optional<std::string> inputBox(const std::string& prompt, const std::string& title) override;
+  std::string todayText() override;
+  void printerSetup() override;
+  void rest(int milliseconds, const std::function<bool()>& over) override;
+  void quit() override;
+  void endAtOnce() override;
+
+ private:
+  std::unique_ptr<QPrinter> printer_;  // made when first needed
+};
+
+}  // namespace quillbox

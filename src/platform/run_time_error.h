@@ -1,0 +1,54 @@
+#pragma once
+
+#include <exception>
+#include <string>
+
+namespace quillbox {
+
+/// The platform's run-time errors that Quillbox can meet, by the number users see.
+enum class ErrorNumber : int {
+  overflow = 6,
+  typeMismatch = 13,
+  fileNotFound = 53,
+  fileAlreadyOpen = 55,
+  deviceIo = 57,
+  fileAlreadyExists = 58,
+  diskFull = 61,
+  badRecordNumber = 63,
+  permissionDenied = 70,
+  pathFileAccess = 75,
+  pathNotFound = 76,
+};
+
+/// An operation that could not be done. Thrown by the core, turned into its message box in one
+/// place (Program::run), and otherwise swallowed only where errors are ignored on purpose.
+class RunTimeError : public std::exception {
+ public:
+  /// `file` is the path the operation worked on; empty when no file is involved.
+  explicit RunTimeError(ErrorNumber number, std::string file = {});
+
+  ErrorNumber number() const { return number_; }
+  const std::string& file() const { return file_; }
+
+  /// The text of the message box: "Run-time error '58':", an empty line, the standard text, and
+  /// below it the file if there is one.
+  const std::string& message() const { return message_; }
+  const char* what() const noexcept override { return message_.c_str(); }
+
+ private:
+  ErrorNumber number_;
+  std::string file_;
+  std::string message_;
+};
+
+/// The run-time error for a failed system call.
+RunTimeError errorFromErrno(int error, const std::string& file);
+
+/// Unwinds to the end of the running handler, where the program is ended at once: files closed,
+/// nothing saved, nothing asked. Never caught anywhere else.
+struct ProgramEnd {};
+
+/// Ends the program at once.
+[[noreturn]] inline void endProgram() { throw ProgramEnd{}; }
+
+}  // namespace quillbox

@@ -1,0 +1,86 @@
+#include "records/collection_store.h"
+
+namespace quillbox {
+namespace {
+
+HeaderRecord makeHeader(int count, int fileType) {
+  HeaderRecord header;
+  header.Count = checked16(count);
+  header.FileType = checked16(fileType);
+  header.Version = kVersionText;
+  return header;
+}
+
+}  // namespace
+
+CollectionStore::CollectionStore(AppState& state, const CollectionKind& kind)
+    : state_(state), kind_(kind), blank_(kind.recordLength) {
+  fillBlank(kind.fields, blank_);
+}
+
+HeaderRecord CollectionStore::readHeader() {
+  RecordFile file(state_.files, state_.currentPath, kind_.recordLength, OpenMode::read);
+  HeaderRecord header;
+  file.read(kHeaderRecordNumber, bytesOf(header));
+  return header;
+}
+
+void CollectionStore::writeHeader(int count, int fileType, OpenMode mode) {
+  const HeaderRecord header = makeHeader(count, fileType);
+  RecordFile file(state_.files, state_.currentPath, kind_.recordLength, mode);
+  file.write(kHeaderRecordNumber, bytesOf(header));
+  file.close();
+}
+
+void CollectionStore::readItem(int item, std::span<std::byte> into) {
+  RecordFile file(state_.files, state_.currentPath, kind_.recordLength, OpenMode::read);
+  file.read(recordNumberOf(item), into, blank_);
+}
+
+void CollectionStore::writeItem(int item, std::span<const std::byte> record, int count) {
+  if (item < 1) throw RunTimeError(ErrorNumber::badRecordNumber, state_.currentPath);
+  const HeaderRecord header = makeHeader(count, kind_.fileType);
+  RecordFile file(state_.files, state_.currentPath, kind_.recordLength, OpenMode::update);
+  file.write(kHeaderRecordNumber, bytesOf(header));
+  file.write(recordNumberOf(item), record);
+  file.close();
+}
+
+void CollectionStore::writeNewItem(std::span<const std::byte> record) {
+  if (const auto slot = kind_.reusesDeletedSlots ? firstDeletedSlot() : std::nullopt) {
+    writeItem(*slot, record, state_.Count);
+    return;
+  }
+  const std::int16_t count = checked16(state_.Count + 1);
+  writeHeader(count, kind_.fileType);
+  writeItem(count, record, count);
+  // Only now: a failed write leaves the count, so that trying again fills the same slot.
+  state_.Count = count;
+}
+
+bool CollectionStore::writeDeleted(int item, std::span<const std::byte> record) {
+  writeItem(item, record, state_.Count);
+  std::vector<std::byte> readBack(kind_.recordLength);
+  readItem(item, readBack);
+  return isDeleted(readBack);
+}
+
+bool CollectionStore::isDeleted(std::span<const std::byte> record) const {
+  return withoutTrailingBlanks(markerField(record)) == kind_.deletedMarker;
+}
+
+std::string_view CollectionStore::markerField(std::span<const std::byte> record) const {
+  return textOf(kind_.fields.front(), record);
+}
+
+std::optional<int> CollectionStore::firstDeletedSlot() {
+  RecordFile file(state_.files, state_.currentPath, kind_.recordLength, OpenMode::read);
+  std::vector<std::byte> record(kind_.recordLength);
+  for (int item = 1; item <= state_.Count; ++item) {
+    file.read(recordNumberOf(item), record, blank_);
+    if (withoutBlanksAround(markerField(record)) == kind_.deletedMarker) return item;
+  }
+  return std::nullopt;
+}
+
+}  // namespace quillbox

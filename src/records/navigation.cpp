@@ -1,0 +1,28 @@
+#include "records/navigation.h"
+
+namespace quillbox {
+
+std::optional<std::int16_t> nextItem(CollectionStore& store, std::int16_t position,
+                                     std::span<std::byte> into) {
+  if (position <= 0) return std::nullopt;
+  do {
+    position = checked16(position + 1);
+    store.readItem(position, into);
+  } while (store.kind().stepping == Stepping::skipsDeleted && store.isDeleted(into));
+  return position;
+}
+
+std::optional<std::int16_t> previousItem(CollectionStore& store, std::int16_t position,
+                                         std::int16_t count, std::span<std::byte> into,
+                                         const LapCallback& onLap) {
+  if (count < 1) return std::nullopt;
+  for (int read = 1;; ++read) {
+    if (position < 1) position = count;
+    position = position >= 2 ? checked16(position - 1) : count;
+    store.readItem(position, into);
+    if (store.kind().stepping == Stepping::plain || !store.isDeleted(into)) return position;
+    if (read % count == 0 && !onLap()) return std::nullopt;
+  }
+}
+
+}  // namespace quillbox

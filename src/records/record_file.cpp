@@ -1,0 +1,46 @@
+#include "records/record_file.h"
+
+#include <algorithm>
+#include <cassert>
+#include <utility>
+
+#include "platform/run_time_error.h"
+
+namespace quillbox {
+
+RecordFile::RecordFile(OpenFiles& files, std::string path, std::size_t recordLength, OpenMode mode,
+                       int number)
+    : files_(files),
+      path_(std::move(path)),
+      recordLength_(recordLength),
+      number_(files.open(number, path_, mode)) {}
+
+RecordFile::~RecordFile() {
+  try {
+    files_.close(number_);
+  } catch (const RunTimeError&) {
+    // Whoever wants to hear of it calls close().
+  }
+}
+
+void RecordFile::read(int recordNumber, std::span<std::byte> into,
+                      std::span<const std::byte> blank) {
+  assert(into.size() <= recordLength_ && (blank.empty() || blank.size() == into.size()));
+  const std::size_t there = files_.file(number_).readAt(offsetOf(recordNumber), into);
+  if (blank.empty())
+    std::ranges::fill(into.subspan(there), std::byte{0});
+  else
+    std::ranges::copy(blank.subspan(there), into.subspan(there).begin());
+}
+
+void RecordFile::write(int recordNumber, std::span<const std::byte> from) {
+  assert(from.size() <= recordLength_);
+  files_.file(number_).writeAt(offsetOf(recordNumber), from);
+}
+
+std::uint64_t RecordFile::offsetOf(int recordNumber) const {
+  if (recordNumber < 1) throw RunTimeError(ErrorNumber::badRecordNumber, path_);
+  return static_cast<std::uint64_t>(recordNumber - 1) * recordLength_;
+}
+
+}  // namespace quillbox

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string>
+
+#include "platform/open_files.h"
+
+namespace quillbox {
+
+/// A file of fixed-length records, numbered from 1, open for as long as the object lives.
+class RecordFile {
+ public:
+  RecordFile(OpenFiles& files, std::string path, std::size_t recordLength, OpenMode mode,
+             int number = file_number::fresh);
+  RecordFile(const RecordFile&) = delete;
+  RecordFile& operator=(const RecordFile&) = delete;
+  ~RecordFile();
+
+  /// Fills `into`, which may be shorter than a record. What lies past the end of the file is taken
+  /// from the same place of `blank`, which is as long as `into`, or is zeros when it is empty.
+  void read(int recordNumber, std::span<std::byte> into, std::span<const std::byte> blank = {});
+
+  /// Writes `from` to the start of a record and leaves the rest of it alone.
+  void write(int recordNumber, std::span<const std::byte> from);
+
+  /// Returns when what was written will survive a power cut.
+  void flush() { files_.file(number_).flush(); }
+
+  /// Closes the file and reports a failure.
+  void close() { files_.close(number_); }
+
+ private:
+  std::uint64_t offsetOf(int recordNumber) const;
+
+  OpenFiles& files_;
+  std::string path_;
+  std::size_t recordLength_;
+  int number_;
+};
+
+}  // namespace quillbox
