@@ -1,0 +1,64 @@
+#include "collections.h"
+
+#include "platform/disk_file_system.h"
+#include "records/collection_store.h"
+#include "records/music_record.h"
+
+namespace quillbox::bench {
+namespace {
+
+/// `words` and a number, so that no two items are alike.
+std::string numbered(const char* words, int number) {
+  return std::string(words).append(" ").append(std::to_string(number));
+}
+
+MusicRecord makeItem(int item) {
+  MusicRecord record;
+  record.Artist = numbered("The Harbour Street Quintet", item % 700);
+  record.Album = numbered("Evenings by the Water, Volume", item);
+  record.RecordCo = numbered("Lamplight Recordings", item % 40);
+  for (int number = 1; auto& song : record.Songs)
+    song = numbered("Slow Waltz for a Long Winter, Part", number++);
+  record.AquireDate = "14/03/1998";
+  record.AquireCost = 129'900 + item;
+  record.CurrCost = 175'000 + item;
+  record.HasBook = 1;
+  record.MediaType = static_cast<std::int16_t>(item % 8);
+  record.CurrLoaned = 1;
+  record.Borrower = "A neighbour across the landing";
+  record.DateLoaned = "02/11/1999";
+  record.DueDate = "30/11/1999";
+  record.BookLoaned = 1;
+  record.Notes = "Small scratch on side two, sleeve as new";
+  record.Genre = static_cast<std::int16_t>(item % 15);
+  record.BarCode = numbered("0 12345 67890", item);
+  return record;
+}
+
+bool isBetweenFirstAndLast(int item) { return item > 1 && item < kItems; }
+
+void makeCollection(const std::string& path, bool deleted) {
+  const CollectionKind& kind = *kindOfExtension("MCS");
+  DiskFileSystem fileSystem;
+  AppState state(fileSystem);
+  state.currentPath = path;
+  CollectionStore(state, kind).writeHeader(kItems, kind.fileType, OpenMode::create);
+
+  // Not item by item through the store, which would look for a deleted slot each time.
+  RecordFile file(state.files, path, kind.recordLength, OpenMode::update);
+  for (int item = 1; item <= kItems; ++item) {
+    MusicRecord record = makeItem(item);
+    if (deleted && isBetweenFirstAndLast(item)) record.Artist = kind.deletedMarker;
+    file.write(recordNumberOf(item), bytesOf(record));
+  }
+  file.flush();  // nothing is left to be written back while something is timed
+  file.close();
+}
+
+}  // namespace
+
+void makeFullCollection(const std::string& path) { makeCollection(path, false); }
+
+void makeDeletedCollection(const std::string& path) { makeCollection(path, true); }
+
+}  // namespace quillbox::bench

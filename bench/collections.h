@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+namespace quillbox::bench {
+
+/// As many items as a collection can have.
+inline constexpr int kItems = 32767;
+
+/// All items between the first and the last.
+inline constexpr int kDeletedItems = kItems - 2;
+
+/// Makes a music collection of kItems items with every field filled in.
+void makeFullCollection(const std::string& path);
+
+/// The same with every item between the first and the last deleted.
+void makeDeletedCollection(const std::string& path);
+
+}  // namespace quillbox::bench

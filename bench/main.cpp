@@ -1,0 +1,131 @@
+// Times Quillbox beside the least that the same work takes: bench [--runs N]
+//
+// It is no test: a goal that is missed is printed, and only what could not be run is a failure.
+
+#include <array>
+#include <charconv>
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "collections.h"
+#include "starts.h"
+#include "steps.h"
+#include "temporary_folder.h"
+
+namespace {
+
+using namespace quillbox::bench;
+
+constexpr double kBytesPerMib = 1024.0 * 1024.0;
+constexpr int kFewestRuns = 15;
+
+template <typename... Values>
+std::string formatted(const char* format, Values... values) {
+  std::array<char, 128> text{};
+  std::snprintf(text.data(), text.size(), format, values...);
+  return text.data();
+}
+
+void printRow(const std::string& name, const std::string& quillbox, const std::string& peer,
+              const std::string& ratio, const std::string& goal) {
+  std::printf("%-18s | %17s | %13s | %10s | %s\n", name.c_str(), quillbox.c_str(), peer.c_str(),
+              ratio.c_str(), goal.c_str());
+}
+
+std::string goalText(const std::string& goal, bool met) {
+  return goal + (met ? ", met" : ", MISSED");
+}
+
+/// `format` is that of the two medians, after they were divided by `unit`.
+void printRatio(const char* name, const Pair& pair, const char* format, double unit,
+                double mostAllowed) {
+  const double ratio = pair.quillbox / pair.peer;
+  printRow(name, formatted(format, pair.quillbox / unit), formatted(format, pair.peer / unit),
+           formatted("%.3f", ratio),
+           goalText(formatted("ratio <= %.2f", mostAllowed), ratio <= mostAllowed));
+}
+
+void printHeader(const std::string& collection, int runs) {
+  std::printf("Build type: %s\n", QUILLBOX_BUILD_TYPE);
+#ifndef __OPTIMIZE__
+  std::printf("WARNING: not optimised; these figures say nothing about the program.\n");
+#endif
+  std::printf("step, skip: median of %d repetitions, both sides in random order\n",
+              kStepRepetitions);
+  std::printf("start:      median of %d runs after %d warm-ups, in turn, no display\n", runs,
+              kWarmUps);
+  std::printf("collection: %d items, %.1f MiB (for skip %d of them deleted)\n\n", kItems,
+              static_cast<double>(std::filesystem::file_size(collection)) / kBytesPerMib,
+              kDeletedItems);
+  std::fflush(stdout);
+}
+
+void printTable(const StepTimes& steps, const StartFigures& starts) {
+  constexpr double mostAllowedForReading = 1.3;
+  constexpr double mostAllowedForStart = 1.15;
+  constexpr double mostMibAllowed = 12;
+  constexpr double nsPerUs = 1e3;
+  constexpr double nsPerMs = 1e6;
+  printRow("case", "Quillbox (median)", "peer (median)", "ratio", "goal");
+  printRow("------------------", "-----------------", "-------------", "----------",
+           "----------------------");
+  printRatio("step", steps.step, "%.3f us", nsPerUs, mostAllowedForReading);
+  printRatio("skip", steps.skip, "%.2f ms", nsPerMs, mostAllowedForReading);
+  printRatio("start, time", starts.time, "%.2f ms", 1, mostAllowedForStart);
+  const double more = starts.memory.quillbox - starts.memory.peer;
+  printRow("start, memory", formatted("%.2f MiB", starts.memory.quillbox),
+           formatted("%.2f MiB", starts.memory.peer), formatted("%+.2f MiB", more),
+           goalText(formatted("<= +%.0f MiB", mostMibAllowed), more <= mostMibAllowed));
+  printRow("start, box shown", formatted("%.2f ms", starts.timeWithBox),
+           formatted("%.2f ms", starts.time.peer),
+           formatted("%.3f", starts.timeWithBox / starts.time.peer),
+           formatted("none (%.2f MiB)", starts.memoryWithBox));
+}
+
+void runAll(int runs) {
+  const TemporaryFolder folder;
+  const std::string full = folder.path() / "Full.MCS";
+  const std::string deleted = folder.path() / "Deleted.MCS";
+  makeFullCollection(full);
+  makeDeletedCollection(deleted);
+  printHeader(full, runs);
+
+  const StepTimes steps = timeSteps(full, deleted);
+  const auto programs = std::filesystem::read_symlink("/proc/self/exe").parent_path();
+  const StartFigures starts = timeStarts(programs, folder.path(), full, runs);
+  printTable(steps, starts);
+}
+
+/// The number behind --runs; 0 when the command line is not understood.
+int runsOf(int argc, char** argv) {
+  if (argc == 1) return kFewestRuns;
+  if (argc != 3 || std::string_view(argv[1]) != "--runs") return 0;
+  const std::string_view text = argv[2];
+  int runs = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), runs);
+  const bool understood = error == std::errc() && end == text.data() + text.size() && runs > 0;
+  return understood ? runs : 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const int runs = runsOf(argc, argv);
+  if (runs == 0) {
+    std::fprintf(stderr,
+                 "Usage: bench [--runs N]\n"
+                 "N is how many starts of each program are counted, usually %d.\n",
+                 kFewestRuns);
+    return 2;
+  }
+  try {
+    runAll(runs);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "bench: %s\n", error.what());
+    return 1;
+  }
+  return 0;
+}

@@ -1,0 +1,75 @@
+#include "support/fake_desktop.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+#include "platform/run_time_error.h"
+
+namespace quillbox::test {
+
+FakeDesktop::~FakeDesktop() { expectNothingLeft(); }
+
+void FakeDesktop::expectMessage(std::string title, std::string text) {
+  expected_.push_back({Kind::message, std::move(title), std::move(text), Answer::ok, {}});
+}
+
+void FakeDesktop::expectQuestion(std::string title, std::string text, Answer answer) {
+  expected_.push_back({Kind::question, std::move(title), std::move(text), answer, {}});
+}
+
+void FakeDesktop::expectInput(std::string prompt, std::string title,
+                              std::optional<std::string> answer) {
+  expected_.push_back(
+      {Kind::input, std::move(title), std::move(prompt), Answer::ok, std::move(answer)});
+}
+
+void FakeDesktop::moveLastToFront() {
+  expected_.push_front(std::move(expected_.back()));
+  expected_.pop_back();
+}
+
+void FakeDesktop::expectNothingLeft() {
+  for (const Expected& missing : expected_)
+    ADD_FAILURE() << "never shown: [" << missing.title << "] " << missing.text;
+  expected_.clear();
+}
+
+Answer FakeDesktop::messageBox(const MessageBox& box) {
+  const Kind kind = box.buttons == Buttons::yesNo ? Kind::question : Kind::message;
+  const auto next = take(kind, box.title, box.text);
+  if (next) return next->answer;
+  return kind == Kind::question ? Answer::no : Answer::ok;
+}
+
+std::optional<std::string> FakeDesktop::inputBox(const std::string& prompt,
+                                                 const std::string& title) {
+  const auto next = take(Kind::input, title, prompt);
+  return next ? next->typed : std::nullopt;
+}
+
+void FakeDesktop::rest(int, const std::function<bool()>& over) {
+  ++rests;
+  if (onRest) onRest();
+  constexpr int tooMany = 1000;
+  if (!over() && rests == tooMany) {
+    ADD_FAILURE() << "rests for ever";
+    endProgram();
+  }
+}
+
+std::optional<FakeDesktop::Expected> FakeDesktop::take(Kind kind, const std::string& title,
+                                                       const std::string& text) {
+  if (expected_.empty()) {
+    ADD_FAILURE() << "not expected: [" << title << "] " << text;
+    return std::nullopt;
+  }
+  Expected next = std::move(expected_.front());
+  expected_.pop_front();
+  EXPECT_EQ(next.kind, kind);
+  EXPECT_EQ(next.title, title);
+  EXPECT_EQ(next.text, text);
+  return next;
+}
+
+}  // namespace quillbox::test

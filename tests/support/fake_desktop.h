@@ -1,0 +1,62 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "platform/desktop.h"
+
+namespace quillbox::test {
+
+/// A desktop whose every answer is scripted. A box that was not expected, or is not the one
+/// expected next, fails the test; so does one that never came.
+class FakeDesktop : public Desktop {
+ public:
+  FakeDesktop() = default;
+  FakeDesktop(const FakeDesktop&) = delete;
+  FakeDesktop& operator=(const FakeDesktop&) = delete;
+  ~FakeDesktop() override;
+
+  void expectMessage(std::string title, std::string text);
+  void expectQuestion(std::string title, std::string text, Answer answer);
+  void expectInput(std::string prompt, std::string title, std::optional<std::string> answer);
+
+  /// Makes the box expected last the one expected next.
+  void moveLastToFront();
+
+  /// Fails the test unless everything expected so far has come.
+  void expectNothingLeft();
+
+  std::string today = "11/21/2026";
+  std::function<void()> onRest;  ///< run by every rest()
+
+  int rests = 0;
+  int printerSetups = 0;
+  bool quitAsked = false;
+  bool endedAtOnce = false;
+
+  Answer messageBox(const MessageBox& box) override;
+  std::optional<std::string> inputBox(const std::string& prompt, const std::string& title) override;
+  std::string todayText() override { return today; }
+  void printerSetup() override { ++printerSetups; }
+  void rest(int milliseconds, const std::function<bool()>& over) override;
+  void quit() override { quitAsked = true; }
+  void endAtOnce() override { endedAtOnce = true; }
+
+ private:
+  enum class Kind { message, question, input };
+  struct Expected {
+    Kind kind;
+    std::string title;
+    std::string text;
+    Answer answer = Answer::ok;
+    std::optional<std::string> typed;
+  };
+
+  std::optional<Expected> take(Kind kind, const std::string& title, const std::string& text);
+
+  std::deque<Expected> expected_;
+};
+
+}  // namespace quillbox::test

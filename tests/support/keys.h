@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QTest>
+
+// Inside a GoogleTest test these pass in silence.
+#undef QVERIFY
+#undef QVERIFY2
+#undef QCOMPARE
+#undef QTRY_VERIFY
+#undef QTRY_VERIFY_WITH_TIMEOUT
+#undef QTRY_COMPARE
+#undef QTRY_COMPARE_WITH_TIMEOUT

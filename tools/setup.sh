@@ -1,0 +1,40 @@
+# Sourced by run, test and .ci/run. need PACKAGE... installs the Debian packages that are missing.
+
+packages_to_build="g++ cmake ninja-build qt6-base-dev fonts-dejavu-core"
+packages_to_test="libgtest-dev"
+packages_to_picture="xvfb openbox xdotool imagemagick"
+packages_to_check="clang-format git"
+
+is_installed() {
+  [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+need() {
+  if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
+    echo "This machine has no apt-get. Quillbox needs what these Debian packages hold: $*" >&2
+    exit 1
+  fi
+  missing=
+  for package in "$@"; do
+    is_installed "$package" || missing="$missing $package"
+  done
+  [ -n "$missing" ] || return 0
+  sudo=
+  [ "$(id -u)" -eq 0 ] || sudo=sudo
+  echo "Installing:$missing"
+  # shellcheck disable=SC2086 # the list is meant to be split
+  $sudo apt-get update -qq &&
+    $sudo env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
+      $missing >/dev/null || {
+    echo "Could not install:$missing" >&2
+    exit 1
+  }
+}
+
+# build PRESET [TARGET...]: sets up and builds build/PRESET.
+build() {
+  preset=$1
+  shift
+  cmake --preset "$preset" >/dev/null
+  cmake --build "build/$preset" ${1:+--target "$@"}
+}
