@@ -32,6 +32,9 @@ class FailingFiles : public FileSystem {
   /// Before the operation fails a write puts down half of its bytes.
   bool shortWrites = false;
 
+  /// Run once, before the next read: what another program does to the file meanwhile.
+  std::function<void()> beforeRead;
+
   /// True when the failure asked for has happened.
   bool hasFailed() const { return failed_; }
 

@@ -25,6 +25,8 @@ class FakeDesktop : public Desktop {
   /// Makes the box expected last the one expected next.
   void moveLastToFront();
 
+  void forgetExpected() { expected_.clear(); }
+
   /// Fails the test unless everything expected so far has come.
   void expectNothingLeft();
 

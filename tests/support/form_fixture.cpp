@@ -80,7 +80,8 @@ void FormTest::type(const char* name, const char* keys) {
   typedInto.setFocus();
   QTest::keyClick(&typedInto, Qt::Key_A, Qt::ControlModifier);
   QTest::keyClick(&typedInto, Qt::Key_Delete);
-  QTest::keyClicks(&typedInto, QString::fromUtf8(keys));
+  for (const QChar key : QString::fromUtf8(keys))
+    QTest::sendKeyEvent(QTest::Click, &typedInto, Qt::Key_unknown, QString(key), Qt::NoModifier);
 }
 
 void FormTest::pick(const char* name, int index) {
