@@ -52,7 +52,7 @@ void FakeDesktop::rest(int, const std::function<bool()>& over) {
   ++rests;
   if (onRest) onRest();
   constexpr int tooMany = 1000;
-  if (!over() && rests == tooMany) {
+  if (!over() && rests >= tooMany) {
     ADD_FAILURE() << "rests for ever";
     endProgram();
   }
@@ -61,6 +61,7 @@ void FakeDesktop::rest(int, const std::function<bool()>& over) {
 std::optional<FakeDesktop::Expected> FakeDesktop::take(Kind kind, const std::string& title,
                                                        const std::string& text) {
   if (expected_.empty()) {
+    if (tolerateMessages) return std::nullopt;
     ADD_FAILURE() << "not expected: [" << title << "] " << text;
     return std::nullopt;
   }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -23,6 +25,19 @@ TestFolder::~TestFolder() {
       std::filesystem::permissions(entry.path(), std::filesystem::perms::owner_all);
   std::filesystem::permissions(folder_, std::filesystem::perms::owner_all);
   std::filesystem::remove_all(folder_);
+}
+
+OrdinaryUser::OrdinaryUser(const TestFolder& folder) {
+  if (::geteuid() != 0) return;
+  using std::filesystem::perms;
+  std::filesystem::permissions(folder.path(), perms::group_read | perms::group_exec,
+                               std::filesystem::perm_options::add);
+  constexpr uid_t nobody = 65534;
+  if (::seteuid(nobody) != 0) ADD_FAILURE() << "cannot give up root's rights";
+}
+
+OrdinaryUser::~OrdinaryUser() {
+  if (::getuid() == 0 && ::seteuid(0) != 0) ADD_FAILURE() << "cannot take root's rights back";
 }
 
 std::string readFile(const std::string& path) {

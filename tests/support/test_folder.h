@@ -22,6 +22,16 @@ class TestFolder {
   std::filesystem::path folder_;
 };
 
+/// For as long as the object lives the test has no more rights than an ordinary user, root's tests
+/// included: what is forbidden really fails.
+class OrdinaryUser {
+ public:
+  explicit OrdinaryUser(const TestFolder& folder);
+  OrdinaryUser(const OrdinaryUser&) = delete;
+  OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+  ~OrdinaryUser();
+};
+
 /// Whole files as bytes. Reading a missing file fails the test.
 std::string readFile(const std::string& path);
 void writeFile(const std::string& path, std::string_view bytes);

@@ -1,0 +1,384 @@
+#include "platform/disk_file_system.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <cstddef>
+#include <filesystem>
+#include <iterator>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "platform/run_time_error.h"
+#include "support/test_folder.h"
+
+namespace quillbox::test {
+namespace {
+
+constexpr OpenMode kModes[] = {OpenMode::read, OpenMode::update, OpenMode::create};
+
+struct Failure {
+  int number = 0;  // 0: there was none
+  std::string file;
+};
+
+template <typename Call>
+Failure failureOf(const Call& call) {
+  try {
+    call();
+  } catch (const RunTimeError& error) {
+    return {static_cast<int>(error.number()), error.file()};
+  }
+  return {};
+}
+
+std::string read(File& file, std::uint64_t offset, std::size_t length) {
+  std::string bytes(length, '#');
+  bytes.resize(file.readAt(offset, std::as_writable_bytes(std::span(bytes))));
+  return bytes;
+}
+
+void write(File& file, std::uint64_t offset, std::string_view bytes) {
+  file.writeAt(offset, std::as_bytes(std::span(bytes)));
+}
+
+std::ptrdiff_t openDescriptors() {
+  return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+}
+
+class DiskFileSystemTest : public testing::Test {
+ protected:
+  Failure openFailure(const std::string& path, OpenMode mode) {
+    return failureOf([&] { files_.open(path, mode); });
+  }
+
+  TestFolder folder_;
+  DiskFileSystem files_;
+};
+
+TEST_F(DiskFileSystemTest, AMissingFileIsNotFoundUnlessItIsToBeMade) {
+  const std::string path = folder_.path("jazz.MCS");
+  for (const OpenMode mode : {OpenMode::read, OpenMode::update}) {
+    const Failure failure = openFailure(path, mode);
+    EXPECT_EQ(failure.number, 53);
+    EXPECT_EQ(failure.file, path);
+    EXPECT_FALSE(std::filesystem::exists(path));
+  }
+  files_.open(path, OpenMode::create)->close();
+  EXPECT_EQ(readFile(path), "");
+}
+
+TEST_F(DiskFileSystemTest, AMissingFileInTheCurrentFolderIsNotFound) {
+  EXPECT_EQ(openFailure("jazz.MCS", OpenMode::read).number, 53);
+  EXPECT_EQ(openFailure("jazz.MCS", OpenMode::update).number, 53);
+}
+
+TEST_F(DiskFileSystemTest, AMissingFolderIsAnotherErrorThanAMissingFile) {
+  const std::string path = folder_.path("missing/jazz.MCS");
+  for (const OpenMode mode : kModes) {
+    const Failure failure = openFailure(path, mode);
+    EXPECT_EQ(failure.number, 76);
+    EXPECT_EQ(failure.file, path);
+    EXPECT_EQ(openFailure("missing/jazz.MCS", mode).number, 76);
+  }
+  EXPECT_FALSE(std::filesystem::exists(folder_.path("missing")));
+}
+
+TEST_F(DiskFileSystemTest, AFileInTheMiddleOfAPathIsNoFolder) {
+  writeFile(folder_.path("file"), "kept");
+  const std::string path = folder_.path("file/jazz.MCS");
+  for (const OpenMode mode : kModes) {
+    const Failure failure = openFailure(path, mode);
+    EXPECT_EQ(failure.number, 76);
+    EXPECT_EQ(failure.file, path);
+  }
+  EXPECT_EQ(readFile(folder_.path("file")), "kept");
+}
+
+TEST_F(DiskFileSystemTest, AFolderIsNoFile) {
+  const std::string path = folder_.path("jazz.MCS");
+  std::filesystem::create_directory(path);
+  for (const OpenMode mode : kModes) {
+    const Failure failure = failureOf([&] { read(*files_.open(path, mode), 0, 12); });
+    EXPECT_EQ(failure.number, 75);
+    EXPECT_EQ(failure.file, path);
+  }
+  EXPECT_EQ(openFailure(path, OpenMode::update).number, 75);
+  EXPECT_EQ(openFailure(path, OpenMode::create).number, 75);
+}
+
+TEST_F(DiskFileSystemTest, APipeUnderTheNameIsAnErrorAndNotAWaitForEver) {
+  const std::string path = folder_.path("jazz.MCS");
+  ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+  ::alarm(20);
+  for (const OpenMode mode : kModes) {
+    const Failure reading = failureOf([&] { read(*files_.open(path, mode), 0, 12); });
+    EXPECT_NE(reading.number, 0);
+    EXPECT_EQ(reading.file, path);
+    const Failure writing = failureOf([&] { write(*files_.open(path, mode), 0, "header"); });
+    EXPECT_NE(writing.number, 0);
+    EXPECT_EQ(writing.file, path);
+  }
+  ::alarm(0);
+}
+
+TEST_F(DiskFileSystemTest, AFileThatMayOnlyBeReadIsRefusedForUpdate) {
+  if (::geteuid() == 0) GTEST_SKIP() << "the superuser may write everything";
+  const std::string path = folder_.path("jazz.MCS");
+  writeFile(path, "kept");
+  std::filesystem::permissions(path, std::filesystem::perms::owner_read);
+  for (const OpenMode mode : {OpenMode::update, OpenMode::create}) {
+    const Failure failure = openFailure(path, mode);
+    EXPECT_EQ(failure.number, 70);
+    EXPECT_EQ(failure.file, path);
+  }
+  EXPECT_EQ(read(*files_.open(path, OpenMode::read), 0, 4), "kept");
+}
+
+TEST_F(DiskFileSystemTest, AFileThatMayNotBeReadIsRefused) {
+  if (::geteuid() == 0) GTEST_SKIP() << "the superuser may read everything";
+  const std::string path = folder_.path("jazz.MCS");
+  writeFile(path, "kept");
+  std::filesystem::permissions(path, std::filesystem::perms::none);
+  for (const OpenMode mode : kModes) EXPECT_EQ(openFailure(path, mode).number, 70);
+}
+
+TEST_F(DiskFileSystemTest, AFolderThatMayNotBeWrittenTakesNoNewFile) {
+  if (::geteuid() == 0) GTEST_SKIP() << "the superuser may write everything";
+  const std::string folder = folder_.path("closed");
+  std::filesystem::create_directory(folder);
+  std::filesystem::permissions(
+      folder, std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+  EXPECT_EQ(openFailure(folder + "/jazz.MCS", OpenMode::create).number, 70);
+}
+
+TEST_F(DiskFileSystemTest, OpeningAnExistingFileLeavesItsBytesAlone) {
+  const std::string path = folder_.path("jazz.MCS");
+  writeFile(path, "0123456789");
+  for (const OpenMode mode : kModes) files_.open(path, mode)->close();
+  EXPECT_EQ(readFile(path), "0123456789");
+}
+
+TEST_F(DiskFileSystemTest, AFileOpenForReadingIsNotWritten) {
+  const std::string path = folder_.path("jazz.MCS");
+  writeFile(path, "0123456789");
+  const auto file = files_.open(path, OpenMode::read);
+  const Failure failure = failureOf([&] { write(*file, 0, "abc"); });
+  EXPECT_EQ(failure.number, 75);
+  EXPECT_EQ(failure.file, path);
+  EXPECT_EQ(readFile(path), "0123456789");
+}
+
+TEST_F(DiskFileSystemTest, ReadingPastTheEndGivesWhatIsThere) {
+  writeFile("jazz.MCS", "0123456789");
+  for (const OpenMode mode : kModes) {
+    const auto file = files_.open("jazz.MCS", mode);
+    EXPECT_EQ(read(*file, 0, 10), "0123456789");
+    EXPECT_EQ(read(*file, 3, 4), "3456");
+    EXPECT_EQ(read(*file, 7, 100), "789");
+    EXPECT_EQ(read(*file, 10, 5), "");
+    EXPECT_EQ(read(*file, 77'000'000, 5), "");
+    EXPECT_EQ(read(*file, 0, 0), "");
+  }
+  EXPECT_EQ(readFile("jazz.MCS"), "0123456789");
+}
+
+TEST_F(DiskFileSystemTest, ReadingTouchesNothingPastWhatWasThere) {
+  writeFile("jazz.MCS", "0123456789");
+  std::string bytes(6, '#');
+  const auto file = files_.open("jazz.MCS", OpenMode::read);
+  EXPECT_EQ(file->readAt(8, std::as_writable_bytes(std::span(bytes))), 2U);
+  EXPECT_EQ(bytes, "89####");
+}
+
+TEST_F(DiskFileSystemTest, WhatIsWrittenReplacesOnlyItsOwnBytes) {
+  writeFile("jazz.MCS", "0123456789");
+  const auto file = files_.open("jazz.MCS", OpenMode::update);
+  write(*file, 2, "abc");
+  EXPECT_EQ(read(*file, 0, 20), "01abc56789");
+  write(*file, 9, "xyz");
+  write(*file, 4, "");
+  file->flush();
+  file->close();
+  EXPECT_EQ(readFile("jazz.MCS"), "01abc5678xyz");
+}
+
+TEST_F(DiskFileSystemTest, AGapBeforeWhatIsWrittenReadsAsZeros) {
+  writeFile("jazz.MCS", "abc");
+  const auto file = files_.open("jazz.MCS", OpenMode::update);
+  write(*file, 5000, "xyz");
+  file->close();
+  EXPECT_EQ(readFile("jazz.MCS"), "abc" + std::string(4997, '\0') + "xyz");
+}
+
+TEST_F(DiskFileSystemTest, ADestroyedFileIsClosed) {
+  writeFile("jazz.MCS", "abc");
+  const auto before = openDescriptors();
+  {
+    const auto file = files_.open("jazz.MCS", OpenMode::update);
+    EXPECT_EQ(openDescriptors(), before + 1);
+  }
+  EXPECT_EQ(openDescriptors(), before);
+  const auto file = files_.open("jazz.MCS", OpenMode::update);
+  file->close();
+  EXPECT_EQ(openDescriptors(), before);
+}
+
+TEST_F(DiskFileSystemTest, RemovingTakesAFileAway) {
+  writeFile("jazz.BAK", "abc");
+  writeFile("jazz.MCS", "kept");
+  files_.remove("jazz.BAK");
+  EXPECT_FALSE(std::filesystem::exists("jazz.BAK"));
+  EXPECT_EQ(readFile("jazz.MCS"), "kept");
+}
+
+TEST_F(DiskFileSystemTest, RemovingNeverTakesAFolderAway) {
+  const std::string path = folder_.path("jazz.BAK");
+  std::filesystem::create_directory(path);
+  const Failure failure = failureOf([&] { files_.remove(path); });
+  EXPECT_NE(failure.number, 0);
+  EXPECT_EQ(failure.file, path);
+  EXPECT_TRUE(std::filesystem::is_directory(path));
+}
+
+TEST_F(DiskFileSystemTest, RemovingAMissingFileIsAnError) {
+  const std::string path = folder_.path("jazz.BAK");
+  const Failure failure = failureOf([&] { files_.remove(path); });
+  EXPECT_EQ(failure.number, 53);
+  EXPECT_EQ(failure.file, path);
+  EXPECT_EQ(failureOf([&] { files_.remove(folder_.path("missing/jazz.BAK")); }).number, 76);
+}
+
+TEST_F(DiskFileSystemTest, RenamingMovesTheBytesToTheNewName) {
+  writeFile("jazz.MCS", "the collection");
+  files_.rename("jazz.MCS", "jazz.BAK");
+  EXPECT_EQ(readFile("jazz.BAK"), "the collection");
+  EXPECT_FALSE(std::filesystem::exists("jazz.MCS"));
+}
+
+TEST_F(DiskFileSystemTest, RenamingRefusesAnExistingTargetAndNamesIt) {
+  const std::string from = folder_.path("jazz.MCS");
+  const std::string to = folder_.path("jazz.BAK");
+  writeFile(from, "the collection");
+  writeFile(to, "the old backup");
+  const Failure failure = failureOf([&] { files_.rename(from, to); });
+  EXPECT_EQ(failure.number, 58);
+  EXPECT_EQ(failure.file, to);
+  EXPECT_EQ(readFile(from), "the collection");
+  EXPECT_EQ(readFile(to), "the old backup");
+}
+
+TEST_F(DiskFileSystemTest, RenamingRefusesAFolderAsItsTarget) {
+  const std::string to = folder_.path("jazz.BAK");
+  writeFile("jazz.MCS", "the collection");
+  std::filesystem::create_directory(to);
+  const Failure failure = failureOf([&] { files_.rename("jazz.MCS", to); });
+  EXPECT_EQ(failure.number, 58);
+  EXPECT_EQ(failure.file, to);
+  EXPECT_EQ(readFile("jazz.MCS"), "the collection");
+  EXPECT_TRUE(std::filesystem::is_directory(to));
+}
+
+TEST_F(DiskFileSystemTest, RenamingAMissingFileIsAnErrorThatNamesIt) {
+  const std::string from = folder_.path("jazz.MCS");
+  const Failure failure = failureOf([&] { files_.rename(from, folder_.path("jazz.BAK")); });
+  EXPECT_EQ(failure.number, 53);
+  EXPECT_EQ(failure.file, from);
+  EXPECT_FALSE(std::filesystem::exists("jazz.BAK"));
+}
+
+TEST_F(DiskFileSystemTest, WhateverHasTheNameExists) {
+  writeFile("file", "");
+  std::filesystem::create_directory("folder");
+  ASSERT_EQ(::mkfifo("pipe", 0600), 0);
+  EXPECT_TRUE(files_.exists("file"));
+  EXPECT_TRUE(files_.exists(folder_.path("file")));
+  EXPECT_TRUE(files_.exists("folder"));
+  EXPECT_TRUE(files_.exists("pipe"));
+  EXPECT_FALSE(files_.exists("missing"));
+  EXPECT_FALSE(files_.exists("missing/file"));
+  EXPECT_FALSE(files_.exists("file/below"));
+  EXPECT_FALSE(files_.exists(""));
+}
+
+TEST_F(DiskFileSystemTest, NamesAreTheBytesThatThePlatformHas) {
+  const std::string path = folder_.path("d\xE9j\xE0 \"vu\" \\ [*].MCS");
+  files_.open(path, OpenMode::create)->close();
+  EXPECT_TRUE(files_.exists(path));
+  EXPECT_EQ(std::filesystem::directory_iterator(folder_.path())->path().string(), path);
+  files_.remove(path);
+  EXPECT_FALSE(files_.exists(path));
+}
+
+TEST_F(DiskFileSystemTest, TheCurrentFolderIsWhereBareNamesLead) {
+  EXPECT_EQ(std::filesystem::path(files_.currentFolder()),
+            std::filesystem::canonical(folder_.path()));
+  std::filesystem::create_directory("below");
+  std::filesystem::current_path("below");
+  EXPECT_EQ(std::filesystem::path(files_.currentFolder()),
+            std::filesystem::canonical(folder_.path()) / "below");
+}
+
+TEST_F(DiskFileSystemTest, ACurrentFolderThatIsGoneIsAnError) {
+  std::filesystem::create_directory("below");
+  std::filesystem::current_path("below");
+  std::filesystem::remove(folder_.path("below"));
+  EXPECT_EQ(failureOf([&] { files_.currentFolder(); }).number, 76);
+  EXPECT_NE(openFailure("jazz.MCS", OpenMode::create).number, 0);
+}
+
+TEST_F(DiskFileSystemTest, AFullDiskIsAnError) {
+  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no full device";
+  const auto file = files_.open("/dev/full", OpenMode::update);
+  const Failure failure = failureOf([&] { write(*file, 0, "header"); });
+  EXPECT_EQ(failure.number, 61);
+  EXPECT_EQ(failure.file, "/dev/full");
+}
+
+/// Limits the size of files for as long as it lives.
+class FileSizeLimit {
+ public:
+  explicit FileSizeLimit(rlim_t bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN)) {
+    ::getrlimit(RLIMIT_FSIZE, &before_);
+    rlimit limit = before_;
+    limit.rlim_cur = bytes;
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  FileSizeLimit(const FileSizeLimit&) = delete;
+  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+  ~FileSizeLimit() {
+    ::setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, signal_);
+  }
+
+ private:
+  void (*signal_)(int);
+  rlimit before_{};
+};
+
+TEST_F(DiskFileSystemTest, AFileThatMayNotGrowIsADiskThatIsFull) {
+  const std::string path = folder_.path("jazz.MCS");
+  const auto file = files_.open(path, OpenMode::create);
+  Failure across;
+  Failure beyond;
+  {
+    const FileSizeLimit limit(4096);
+    across = failureOf([&] { write(*file, 0, std::string(8192, 'x')); });
+    beyond = failureOf([&] { write(*file, 5000, "abc"); });
+  }
+  EXPECT_EQ(across.number, 61);
+  EXPECT_EQ(across.file, path);
+  EXPECT_EQ(beyond.number, 61);
+  EXPECT_EQ(beyond.file, path);
+  EXPECT_EQ(std::filesystem::file_size(path), 4096U);
+  write(*file, 0, std::string(8192, 'y'));
+  EXPECT_EQ(std::filesystem::file_size(path), 8192U);
+}
+
+}  // namespace
+}  // namespace quillbox::test
