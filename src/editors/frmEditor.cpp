@@ -26,7 +26,8 @@ constexpr std::string_view kNothingShown =
 
 QIcon iconOf(Command command, const QStyle& style) {
   const auto icon = [&style](const char* theme, QStyle::StandardPixmap fallback) {
-    return QIcon::fromTheme(QString::fromUtf8(theme), style.standardIcon(fallback));
+    const QIcon themed = QIcon::fromTheme(QString::fromUtf8(theme));
+    return themed.isNull() ? style.standardIcon(fallback) : themed;
   };
   switch (command) {
     case Command::previous:
@@ -54,6 +55,7 @@ frmEditor::frmEditor(Program& program, const CollectionKind& kind, const EditorT
   sheet_ = new FieldSheet(tables.inputs, tables.headings, page);
   column->addWidget(sheet_);
   column->addStretch(1);
+  column->addSpacing(column->spacing());
   makeButtons(tables.buttons, tables);
 }
 
@@ -118,11 +120,13 @@ void frmEditor::ExitCollection_Click() {
 }
 
 void frmEditor::setFileCaption() {
-  setCaption(fromUtf8Text(store_.kind().captionPrefix) +
-             fromPath(fileNameOf(state().currentPath)) + QLatin1Char(')'));
+  setCaption(fromUtf8Text(store_.kind().captionPrefix) + fromPath(fileNameOf(state().currentPath)) +
+             QLatin1Char(')'));
 }
 
 void frmEditor::setRecordLabel(const std::string& text) { lblIndex_->setText(fromUtf8Text(text)); }
+
+std::string frmEditor::recordLabelText() const { return toUtf8Text(lblIndex_->text()); }
 
 void frmEditor::BTEnable(int point) {
   QPushButton& previous = button(Command::previous);
@@ -187,8 +191,7 @@ void frmEditor::cmdPrevious_Click() {
   const auto onLap = [&] {
     setControlsEnabled(false);
     // Ten times as long as the lap took, so that a search without end costs next to nothing.
-    const auto lap =
-        std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - lapBegin);
+    const auto lap = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - lapBegin);
     const bool goOn = restBetweenLaps(10 * static_cast<int>(lap.count()));
     lapBegin = Clock::now();
     return goOn;
@@ -258,9 +261,9 @@ void frmEditor::cmdClearData_Click() {
 }
 
 void frmEditor::cmdDelete_Click() {
-  const Answer answer = desktop().messageBox({std::string(kEditorTitle),
-                                              "Do you really want to delete this?!",
-                                              Buttons::yesNo, MessageIcon::question});
+  const Answer answer =
+      desktop().messageBox({std::string(kEditorTitle), "Do you really want to delete this?!",
+                            Buttons::yesNo, MessageIcon::question});
   if (answer != Answer::yes) {
     program().message(kEditorTitle, "Aborted.");
     return;

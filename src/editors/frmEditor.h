@@ -69,6 +69,7 @@ class frmEditor : public Form {
   virtual void clearSubList() {}
 
   virtual void setRecordLabel(const std::string& text);
+  std::string recordLabelText() const;
 
   /// Enables Previous unless `point` is 1 and Next unless it is `Count`.
   void BTEnable(int point);

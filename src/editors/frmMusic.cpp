@@ -13,8 +13,22 @@
 namespace quillbox {
 namespace {
 
-enum Row { albumHeading, artist, album, recordCo, buying, costs, media, loan, onLoan, borrower,
-           dates, notesHeading, notes, genre };
+enum Row {
+  albumHeading,
+  artist,
+  album,
+  recordCo,
+  buying,
+  costs,
+  media,
+  loan,
+  onLoan,
+  borrower,
+  dates,
+  notesHeading,
+  notes,
+  genre
+};
 
 constexpr HeadingRow kHeadings[] = {
     {"Album", albumHeading}, {"Acquisition", buying}, {"Loan", loan}, {"Notes", notesHeading}};
@@ -26,10 +40,18 @@ constexpr InputRow kInputs[] = {
     {textBox, "txtAlbum", "A&lbum:", musicField("Album"), {album}},
     {textBox, "txtRecordCo", "&Record Co:", musicField("RecordCo"), {recordCo}},
     {textBox, "txtAquireDate", "A&quisition Date:", musicField("AquireDate"), {costs, 0, 1}},
-    {textBox, "txtAquireCost", "Aq&uisiton Cost:", musicField("AquireCost"), {costs, 1, 1},
+    {textBox,
+     "txtAquireCost",
+     "Aq&uisiton Cost:",
+     musicField("AquireCost"),
+     {costs, 1, 1},
      Shown::plainAmount},
     // The two costs have always been shown differently.
-    {textBox, "txtCurrCost", "&Current Cost:", musicField("CurrCost"), {costs, 2, 1},
+    {textBox,
+     "txtCurrCost",
+     "&Current Cost:",
+     musicField("CurrCost"),
+     {costs, 2, 1},
      Shown::signedAmount},
     {dropDown, "cmbMediaType", "&Media Type:", musicField("MediaType"), {media, 0, 1}},
     {checkBox, "chkHasBook", "Has &Booklet", musicField("HasBook"), {media, 1, 1}},
@@ -52,7 +74,8 @@ constexpr ButtonRow kButtons[] = {
     {Command::write, "cmdWriteData", "&Write Data"},
 };
 
-constexpr EditorTables kTables = {"frmMusic", "lblIndex", "Record #:", kInputs, kHeadings, kButtons};
+constexpr EditorTables kTables = {
+    "frmMusic", "lblIndex", "Record #:", kInputs, kHeadings, kButtons};
 
 constexpr const char* kHelp =
     "Each album is one item. Type into the boxes and choose Write Data to keep the item in the "
@@ -69,16 +92,6 @@ frmMusic::frmMusic(Program& program) : frmEditor(program, *kindOfExtension("MCS"
   onClick(sheet().checkBox("chkCurrLoaned"), [this] { loanenable(); });
   onClick(sheet().checkBox("chkHasBook"), [this] { chkHasBook_Click(); });
   sheet().dropDown("cmbMediaType").installEventFilter(this);
-
-  const auto page = [this](int number, std::unique_ptr<frmSongEdit>& form,
-                           std::unique_ptr<frmSongEdit>& other) {
-    form = std::make_unique<frmSongEdit>(
-        this->program(), number,
-        frmSongEdit::Owner{[&form, &other] { other->showInsteadOf(*form); },
-                           [this] { ClearSongList(); }, [this](frmSongEdit& left) { exitSongs(left); }});
-  };
-  page(1, frmSongEdit1_, frmSongEdit2_);
-  page(2, frmSongEdit2_, frmSongEdit1_);
 }
 
 void frmMusic::makeMenus() {
@@ -98,9 +111,7 @@ void frmMusic::makeMenus() {
   addMenu("SetupMenu", "Se&tup", {{"MediaMenu", "&Media Types", [] {}}});
   addMenu("HelpMenu", "&Help",
           {{"MusicContents", "&Contents",
-            [this] {
-              this->program().message("Quillbox Help", kHelp, MessageIcon::information);
-            }},
+            [this] { this->program().message("Quillbox Help", kHelp, MessageIcon::information); }},
            {"AboutMusic", "&About", [this] { showAbout("About Music Collection", "Music"); }}});
 }
 
@@ -137,8 +148,7 @@ void frmMusic::Form_Load() {
 void frmMusic::upgrade() {
   program().message(kEditorTitle, "Performing file type upgrade.");
   upgradeMusicFile(state());
-  program().message(kEditorTitle,
-                    "Updated File Type 4 to File Type 5\r\nBarCode/ID Field Added.");
+  program().message(kEditorTitle, "Updated File Type 4 to File Type 5\r\nBarCode/ID Field Added.");
   program().message(kEditorTitle, "Updating complete.");
 }
 
@@ -188,8 +198,8 @@ void frmMusic::ClearData() {
 
 void frmMusic::setRecordLabel(const std::string& text) {
   frmEditor::setRecordLabel(text);
-  frmSongEdit1_->setRecordLabel(text);
-  frmSongEdit2_->setRecordLabel(text);
+  for (const auto& page : pages_)
+    if (page) page->setRecordLabel(text);
 }
 
 void frmMusic::loanenable() {
@@ -218,30 +228,49 @@ void frmMusic::cmbMediaType_Focus() {
   media.setCurrentIndex(index);
 }
 
-frmSongEdit& frmMusic::songPage(int song) {
-  return song < frmSongEdit::kSongsPerPage ? *frmSongEdit1_ : *frmSongEdit2_;
-}
-
 void frmMusic::ClearSongList() {
-  frmSongEdit1_->clearSongs();
-  frmSongEdit2_->clearSongs();
+  songs_.fill({});
+  fillSongPages();
 }
 
 void frmMusic::CreateSongList() {
-  for (int song = 0; const auto& title : state().music.Songs) {
-    songPage(song).showSong(song % frmSongEdit::kSongsPerPage, title.view());
-    ++song;
-  }
+  for (std::size_t song = 0; song < kSongs; ++song)
+    songs_.at(song) = upToNul(state().music.Songs.at(song).view());
+  fillSongPages();
 }
 
 void frmMusic::GetSongs() {
-  for (int song = 0; auto& title : state().music.Songs) {
-    title = songPage(song).song(song % frmSongEdit::kSongsPerPage);
-    ++song;
+  for (std::size_t song = 0; song < kSongs; ++song) {
+    const auto& page = pages_.at(song / frmSongEdit::kSongsPerPage);
+    state().music.Songs.at(song) =
+        page ? page->song(song % frmSongEdit::kSongsPerPage) : songs_.at(song);
   }
 }
 
-void frmMusic::EditSongs_Click() { frmSongEdit1_->showInsteadOf(*this); }
+void frmMusic::makeSongPages() {
+  for (std::size_t page = 0; page < pages_.size(); ++page) {
+    const auto showOther = [this, page] { pages_.at(1 - page)->showInsteadOf(*pages_.at(page)); };
+    pages_.at(page) = std::make_unique<frmSongEdit>(
+        program(), static_cast<int>(page) + 1,
+        frmSongEdit::Owner{showOther, [this] { ClearSongList(); },
+                           [this](frmSongEdit& left) { exitSongs(left); }});
+  }
+}
+
+void frmMusic::fillSongPages() {
+  for (std::size_t song = 0; song < kSongs; ++song)
+    if (const auto& page = pages_.at(song / frmSongEdit::kSongsPerPage))
+      page->showSong(song % frmSongEdit::kSongsPerPage, songs_.at(song));
+}
+
+void frmMusic::EditSongs_Click() {
+  if (!pages_.front()) {
+    makeSongPages();
+    fillSongPages();
+    setRecordLabel(recordLabelText());
+  }
+  pages_.front()->showInsteadOf(*this);
+}
 
 void frmMusic::exitSongs(frmSongEdit& page) {
   GetSongs();

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <memory>
+#include <string>
 
 #include "editors/frmEditor.h"
 #include "editors/frmSongEdit.h"
@@ -41,13 +43,17 @@ class frmMusic : public frmEditor {
   void ClearSongList();
   void CreateSongList();
   void GetSongs();
-  frmSongEdit& songPage(int song);
 
   void EditSongs_Click();
   void exitSongs(frmSongEdit& page);
 
-  std::unique_ptr<frmSongEdit> frmSongEdit1_;
-  std::unique_ptr<frmSongEdit> frmSongEdit2_;
+  /// The song pages, made when they are first shown; until then `songs_` stands for their boxes.
+  using SongPages = std::array<std::unique_ptr<frmSongEdit>, kSongs / frmSongEdit::kSongsPerPage>;
+  void makeSongPages();
+  void fillSongPages();
+
+  std::array<std::string, kSongs> songs_;  // what the song boxes were last filled with
+  SongPages pages_;
 };
 
 }  // namespace quillbox

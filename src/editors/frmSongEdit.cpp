@@ -18,12 +18,15 @@ namespace {
 
 constexpr int kSongWidth = static_cast<int>(musicField("Songs")->width);
 
+/// Characters that most titles have room in; longer ones scroll.
+constexpr int kUsualTitle = 38;
+
 /// Some captions have always had a blank before the colon: songs 3 and 5 to 9 of each page.
 QString songCaption(int page, int song) {
   const int place = song + 1;
   const bool blank = place == 3 || (place >= 5 && place <= 9);
   return QStringLiteral("Song %1%2")
-      .arg((page - 1) * frmSongEdit::kSongsPerPage + place)
+      .arg((page - 1) * static_cast<int>(frmSongEdit::kSongsPerPage) + place)
       .arg(blank ? QStringLiteral(" :") : QStringLiteral(":"));
 }
 
@@ -38,7 +41,7 @@ frmSongEdit::frmSongEdit(Program& program, int page, Owner owner)
   setCentralWidget(holder);
   auto* column = new QVBoxLayout(holder);
 
-  auto* quick = new QHBoxLayout;
+  auto* grid = new QGridLayout;
   auto* caption = new QLabel(QStringLiteral("A&dd Song:"));
   txtSongEdit_ = new TextBox(kSongWidth);
   txtSongEdit_->setObjectName(QStringLiteral("txtSongEdit"));
@@ -46,11 +49,8 @@ frmSongEdit::frmSongEdit(Program& program, int page, Owner owner)
   txtSongEdit_->setAccessibleName(QStringLiteral("Add Song:"));
   caption->setBuddy(txtSongEdit_);
   connect(txtSongEdit_, &QLineEdit::returnPressed, this, &frmSongEdit::txtSongEdit_Enter);
-  quick->addWidget(caption);
-  quick->addWidget(txtSongEdit_, 1);
-  column->addLayout(quick);
-
-  auto* grid = new QGridLayout;
+  grid->addWidget(caption, 0, 0);
+  grid->addWidget(txtSongEdit_, 0, 1, 1, 3);
   makeSongs(*grid);
   column->addLayout(grid);
   column->addStretch(1);
@@ -61,16 +61,20 @@ frmSongEdit::frmSongEdit(Program& program, int page, Owner owner)
 }
 
 void frmSongEdit::makeSongs(QGridLayout& grid) {
-  constexpr int rows = kSongsPerPage / 2;
-  for (int song = 0; song < kSongsPerPage; ++song) {
+  constexpr int rows = static_cast<int>(kSongsPerPage) / 2;
+  for (int song = 0; song < 2 * rows; ++song) {
     const QString text = songCaption(page_, song);
     auto* caption = new QLabel(text);
     auto* box = new TextBox(kSongWidth);
     box->setObjectName(QStringLiteral("txtSongTitle_%1").arg(song));
     box->setAccessibleName(text);
     caption->setBuddy(box);
-    grid.addWidget(caption, song % rows, 2 * (song / rows));
-    grid.addWidget(box, song % rows, 2 * (song / rows) + 1);
+    box->setMinimumWidth(fontMetrics().averageCharWidth() * kUsualTitle);
+    if (song >= rows) caption->setIndent(fontMetrics().averageCharWidth());
+    const int row = 1 + song % rows;
+    const int column = 2 * (song / rows);
+    grid.addWidget(caption, row, column);
+    grid.addWidget(box, row, column + 1);
     songs_.at(static_cast<std::size_t>(song)) = box;
   }
   grid.setColumnStretch(1, 1);
@@ -118,18 +122,16 @@ void frmSongEdit::txtSongEdit_Enter() {
   txtSongEdit_->clear();
 }
 
-void frmSongEdit::showSong(int song, std::string_view text) {
-  songs_.at(static_cast<std::size_t>(song))->showPadded(fromRecordText(upToNul(text)));
+void frmSongEdit::showSong(std::size_t song, std::string_view text) {
+  songs_.at(song)->showPadded(fromRecordText(text));
 }
 
-std::string frmSongEdit::song(int song) const {
-  return toRecordText(songs_.at(static_cast<std::size_t>(song))->text());
+std::string frmSongEdit::song(std::size_t song) const {
+  return toRecordText(songs_.at(song)->text());
 }
 
-void frmSongEdit::clearSongs() {
-  for (TextBox* box : songs_) box->clear();
+void frmSongEdit::setRecordLabel(const std::string& text) {
+  lblIndex_->setText(fromUtf8Text(text));
 }
-
-void frmSongEdit::setRecordLabel(const std::string& text) { lblIndex_->setText(fromUtf8Text(text)); }
 
 }  // namespace quillbox

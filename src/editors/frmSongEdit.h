@@ -20,7 +20,7 @@ class TextBox;
 /// the page is left and the file only with the editor's Write Data.
 class frmSongEdit : public Form {
  public:
-  static constexpr int kSongsPerPage = 20;
+  static constexpr std::size_t kSongsPerPage = 20;
 
   /// What the page asks of its editor.
   struct Owner {
@@ -33,10 +33,9 @@ class frmSongEdit : public Form {
   frmSongEdit(Program& program, int page, Owner owner);
 
   /// `song` is 0 to 19. Texts are Windows-1252; a shown text keeps its padding.
-  void showSong(int song, std::string_view text);
-  std::string song(int song) const;
+  void showSong(std::size_t song, std::string_view text);
+  std::string song(std::size_t song) const;
 
-  void clearSongs();
   void setRecordLabel(const std::string& text);
 
  protected:

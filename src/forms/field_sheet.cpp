@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cassert>
 
+#include "forms/drop_down.h"
 #include "forms/qt_text.h"
 #include "forms/text_box.h"
 #include "records/field_types.h"
@@ -65,7 +66,7 @@ FieldSheet::Bound FieldSheet::makeInput(const InputRow& row, QGridLayout& grid) 
       made.input = new QCheckBox(QString::fromUtf8(row.caption), this);
       break;
     case InputKind::dropDown: {
-      auto* list = new QComboBox(this);
+      auto* list = new DropDown(this);
       for (const auto choice : row.field->choices) list->addItem(fromRecordText(choice));
       list->setCurrentIndex(-1);
       made.input = list;
@@ -77,6 +78,8 @@ FieldSheet::Bound FieldSheet::makeInput(const InputRow& row, QGridLayout& grid) 
   if (row.kind != InputKind::checkBox) {
     made.caption = new QLabel(QString::fromUtf8(row.caption), this);
     made.caption->setBuddy(made.input);
+    // Farther from the input before it than from its own.
+    if (row.place.column > 0) made.caption->setIndent(fontMetrics().averageCharWidth());
     grid.addWidget(made.caption, row.place.row, 2 * row.place.column);
   }
   grid.addWidget(made.input, row.place.row, 2 * row.place.column + 1, 1, 2 * row.place.columns - 1);

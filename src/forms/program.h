@@ -42,8 +42,7 @@ class Program {
   void run(const std::function<void()>& handler);
 
   /// Shows a message with an OK button.
-  void message(std::string_view title, std::string_view text,
-               MessageIcon icon = MessageIcon::none);
+  void message(std::string_view title, std::string_view text, MessageIcon icon = MessageIcon::none);
 
   /// Shows a run-time error and goes on.
   void report(const RunTimeError& error);

@@ -118,7 +118,8 @@ void DiskFileSystem::rename(const std::string& from, const std::string& to) {
     if (std::rename(from.c_str(), to.c_str()) == 0) return;
     error = errno;
   }
-  throw openError(error, error == EEXIST ? to : from);
+  const bool targetIsToBlame = error == EEXIST || (error == ENOENT && exists(from));
+  throw openError(error, targetIsToBlame ? to : from);
 }
 
 std::string DiskFileSystem::currentFolder() {

@@ -43,14 +43,14 @@ class FileSystem {
 
   virtual std::unique_ptr<File> open(const std::string& path, OpenMode mode) = 0;
 
-  /// True when something of that name exists, whatever it is.
+  /// True when the name leads to something, whatever it is.
   virtual bool exists(const std::string& path) = 0;
 
   /// Deletes a file (never a folder); the file must exist.
   virtual void remove(const std::string& path) = 0;
 
   /// Renames within one file system. Never copies and never overwrites: an existing `to` is
-  /// run-time error 58 with `to` as its file.
+  /// run-time error 58 with `to` as its file, a missing folder 76 with `to`.
   virtual void rename(const std::string& from, const std::string& to) = 0;
 
   virtual std::string currentFolder() = 0;

@@ -61,9 +61,7 @@ ErrorNumber numberFromErrno(int error) {
 }  // namespace
 
 RunTimeError::RunTimeError(ErrorNumber number, std::string file)
-    : number_(number),
-      file_(std::move(file)),
-      message_("Run-time error '") {
+    : number_(number), file_(std::move(file)), message_("Run-time error '") {
   message_.append(std::to_string(static_cast<int>(number))).append("':\n\n");
   message_.append(standardText(number));
   if (!file_.empty()) message_.append("\n").append(file_);

@@ -1,5 +1,7 @@
 #include "records/collection_store.h"
 
+#include <algorithm>
+
 namespace quillbox {
 namespace {
 
@@ -14,7 +16,7 @@ HeaderRecord makeHeader(int count, int fileType) {
 }  // namespace
 
 CollectionStore::CollectionStore(AppState& state, const CollectionKind& kind)
-    : state_(state), kind_(kind), blank_(kind.recordLength) {
+    : state_(state), kind_(kind), blank_(kind.recordLength), read_(kind.recordLength) {
   fillBlank(kind.fields, blank_);
 }
 
@@ -26,6 +28,7 @@ HeaderRecord CollectionStore::readHeader() {
 }
 
 void CollectionStore::writeHeader(int count, int fileType, OpenMode mode) {
+  unfinishedSlot_.reset();
   const HeaderRecord header = makeHeader(count, fileType);
   RecordFile file(state_.files, state_.currentPath, kind_.recordLength, mode);
   file.write(kHeaderRecordNumber, bytesOf(header));
@@ -33,8 +36,10 @@ void CollectionStore::writeHeader(int count, int fileType, OpenMode mode) {
 }
 
 void CollectionStore::readItem(int item, std::span<std::byte> into) {
+  unfinishedSlot_.reset();
   RecordFile file(state_.files, state_.currentPath, kind_.recordLength, OpenMode::read);
-  file.read(recordNumberOf(item), into, blank_);
+  file.read(recordNumberOf(item), read_, blank_);
+  std::ranges::copy(read_, into.begin());
 }
 
 void CollectionStore::writeItem(int item, std::span<const std::byte> record, int count) {
@@ -47,8 +52,10 @@ void CollectionStore::writeItem(int item, std::span<const std::byte> record, int
 }
 
 void CollectionStore::writeNewItem(std::span<const std::byte> record) {
-  if (const auto slot = kind_.reusesDeletedSlots ? firstDeletedSlot() : std::nullopt) {
-    writeItem(*slot, record, state_.Count);
+  if (!unfinishedSlot_ && kind_.reusesDeletedSlots) unfinishedSlot_ = firstDeletedSlot();
+  if (unfinishedSlot_) {
+    writeItem(*unfinishedSlot_, record, state_.Count);
+    unfinishedSlot_.reset();
     return;
   }
   const std::int16_t count = checked16(state_.Count + 1);
@@ -75,10 +82,9 @@ std::string_view CollectionStore::markerField(std::span<const std::byte> record)
 
 std::optional<int> CollectionStore::firstDeletedSlot() {
   RecordFile file(state_.files, state_.currentPath, kind_.recordLength, OpenMode::read);
-  std::vector<std::byte> record(kind_.recordLength);
   for (int item = 1; item <= state_.Count; ++item) {
-    file.read(recordNumberOf(item), record, blank_);
-    if (withoutBlanksAround(markerField(record)) == kind_.deletedMarker) return item;
+    file.read(recordNumberOf(item), read_, blank_);
+    if (withoutBlanksAround(markerField(read_)) == kind_.deletedMarker) return item;
   }
   return std::nullopt;
 }

@@ -42,7 +42,8 @@ class CollectionStore {
   void writeItem(int item, std::span<const std::byte> record, int count);
 
   /// Stores `record` as a new item: in the first deleted slot if the kind reuses them, otherwise
-  /// after the last item, where `Count` rises (run-time error 6 beyond 16 bits).
+  /// after the last item, where `Count` rises (run-time error 6 beyond 16 bits). Called again after
+  /// a failure, and nothing in between, it stores the item in the same slot.
   void writeNewItem(std::span<const std::byte> record);
 
   /// Writes `record`, which carries the deleted marker, over an item and reads it back. False when
@@ -58,7 +59,9 @@ class CollectionStore {
 
   AppState& state_;
   const CollectionKind& kind_;
-  std::vector<std::byte> blank_;  // what a record past the end of the file reads as
+  std::vector<std::byte> blank_;       // what a record past the end of the file reads as
+  std::vector<std::byte> read_;        // the record being read
+  std::optional<int> unfinishedSlot_;  // no longer deleted, not yet the new item
 };
 
 }  // namespace quillbox

@@ -19,10 +19,10 @@ enum class FieldType {
 struct Field {
   std::string_view name;
   FieldType type;
-  std::size_t offset;  ///< bytes from the start of the record
-  std::size_t width;   ///< bytes of one entry
-  std::size_t count = 1;                              ///< entries, stored back to back
-  std::span<const std::string_view> choices = {};     ///< the built-in list of a choice
+  std::size_t offset;                              ///< bytes from the start of the record
+  std::size_t width;                               ///< bytes of one entry
+  std::size_t count = 1;                           ///< entries, stored back to back
+  std::span<const std::string_view> choices = {};  ///< the built-in list of a choice
 };
 
 /// All `width` characters of an entry.

@@ -36,13 +36,13 @@ struct CollectionKind {
   std::string_view captionPrefix;  ///< the editor's caption is this, the file name and ")"
   std::string_view designCaption;  ///< the editor's caption before a collection is open
   bool opensFromCommandLine;
-  std::size_t recordLength;        ///< bytes
-  std::span<const Field> fields;   ///< of its record; the first one carries the deleted marker
-  std::int16_t fileType;           ///< written by every item write
+  std::size_t recordLength;       ///< bytes
+  std::span<const Field> fields;  ///< of its record; the first one carries the deleted marker
+  std::int16_t fileType;          ///< written by every item write
   LabelWords label;
   std::string_view deletedMarker;  ///< what Delete writes into the first text field
   Stepping stepping;
-  bool reusesDeletedSlots;         ///< a new item goes into the first deleted slot
+  bool reusesDeletedSlots;  ///< a new item goes into the first deleted slot
 };
 
 /// The nine kinds, in the order of the new-collection dialog.

@@ -20,8 +20,8 @@ struct Decimal {
   std::size_t length = 0;  // characters read, leading blanks included
 };
 
-/// Exponents are kept within this; whatever lies beyond is 0 or an overflow anyway.
-constexpr int kExponentLimit = 100'000;
+/// Written exponents are kept within this; whatever lies beyond is 0 or an overflow anyway.
+constexpr int kExponentLimit = 100'000'000;
 
 Decimal readDecimal(std::string_view text) {
   Decimal number;
@@ -39,7 +39,7 @@ Decimal readDecimal(std::string_view text) {
     }
     number.anyDigit = true;
     if (next() != '0' || !number.digits.empty()) number.digits += next();
-    if (point && number.exponent > -kExponentLimit) --number.exponent;
+    if (point) --number.exponent;
   }
   if (!number.anyDigit) return number;
   const bool exponentSign = next(1) == '-' || next(1) == '+';
@@ -48,7 +48,7 @@ Decimal readDecimal(std::string_view text) {
     at += exponentSign ? 2 : 1;
     int exponent = 0;
     for (; isDigit(next()); ++at)
-      exponent = std::min(exponent * 10 + (next() - '0'), 2 * kExponentLimit);
+      exponent = std::min(exponent * 10 + (next() - '0'), kExponentLimit);
     number.exponent += negative ? -exponent : exponent;
   }
   number.length = at;
@@ -82,9 +82,7 @@ std::int64_t scaled(const Decimal& number, int scale) {
 
 }  // namespace
 
-std::string numberText(int number) {
-  return (number < 0 ? "" : " ") + std::to_string(number);
-}
+std::string numberText(int number) { return (number < 0 ? "" : " ") + std::to_string(number); }
 
 std::string plainAmount(std::int64_t tenThousandths) {
   const bool negative = tenThousandths < 0;
@@ -107,8 +105,7 @@ std::int64_t leadingAmount(std::string_view text) {
 
 std::int16_t wholeNumber(std::string_view text) {
   const Decimal number = readDecimal(text);
-  const bool onlyNumber =
-      text.find_first_not_of(' ', number.length) == std::string_view::npos;
+  const bool onlyNumber = text.find_first_not_of(' ', number.length) == std::string_view::npos;
   if (!number.anyDigit || !onlyNumber) throw RunTimeError(ErrorNumber::typeMismatch);
   const std::int64_t whole = scaled(number, 0);
   if (whole < INT16_MIN || whole > INT16_MAX) throw RunTimeError(ErrorNumber::overflow);

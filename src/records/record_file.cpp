@@ -16,11 +16,17 @@ RecordFile::RecordFile(OpenFiles& files, std::string path, std::size_t recordLen
       number_(files.open(number, path_, mode)) {}
 
 RecordFile::~RecordFile() {
+  if (closed_) return;  // the number may be another file's by now
   try {
-    files_.close(number_);
+    close();
   } catch (const RunTimeError&) {
     // Whoever wants to hear of it calls close().
   }
+}
+
+void RecordFile::close() {
+  closed_ = true;
+  files_.close(number_);
 }
 
 void RecordFile::read(int recordNumber, std::span<std::byte> into,

@@ -27,8 +27,8 @@ class RecordFile {
   /// Returns when what was written will survive a power cut.
   void flush() { files_.file(number_).flush(); }
 
-  /// Closes the file and reports a failure.
-  void close() { files_.close(number_); }
+  /// Closes the file and reports a failure. Nothing else may be called after that.
+  void close();
 
  private:
   std::uint64_t offsetOf(int recordNumber) const;
@@ -37,6 +37,7 @@ class RecordFile {
   std::string path_;
   std::size_t recordLength_;
   int number_;
+  bool closed_ = false;
 };
 
 }  // namespace quillbox

@@ -65,9 +65,7 @@ void frmBegin2::makeToolbar() {
 void frmBegin2::makeMenus() {
   addMenu("HelpBegin", "&Help",
           {{"ContentBegin", "&Contents",
-            [this] {
-              this->program().message("Quillbox Help", kHelp, MessageIcon::information);
-            }},
+            [this] { this->program().message("Quillbox Help", kHelp, MessageIcon::information); }},
            {"AboutBegin", "&About", [this] { AboutBegin_Click(); }}});
 }
 
@@ -88,7 +86,7 @@ void frmBegin2::makePage() {
   }
   column->addStretch(2);
   setCentralWidget(page);
-  resize(fontMetrics().averageCharWidth() * 70, fontMetrics().height() * 20);
+  resize(fontMetrics().averageCharWidth() * 84, fontMetrics().height() * 20);
 }
 
 void frmBegin2::tbrBegin_ButtonClick(std::string_view key) {

@@ -200,10 +200,9 @@ TEST_F(OpeningMusic, AFailedUpgradeSaysSoAndShowsTheStartScreen) {
 
 TEST_F(OpeningMusic, HasEightMediaTypesWithoutAListOfTheUsers) {
   start({path()});
-  EXPECT_EQ(mediaTypes(),
-            (std::vector<std::string>{"Compact Disc", "Cassette Tape", "Digital Audio Tape",
-                                      "Record Album", "8-Track", "4-Track", "Reel To Reel Tape",
-                                      "Cart"}));
+  EXPECT_EQ(mediaTypes(), (std::vector<std::string>{"Compact Disc", "Cassette Tape",
+                                                    "Digital Audio Tape", "Record Album", "8-Track",
+                                                    "4-Track", "Reel To Reel Tape", "Cart"}));
 }
 
 TEST_F(OpeningMusic, TheUsersMediaTypesReplaceTheTail) {
@@ -367,7 +366,8 @@ TEST_F(OpeningMusic, RandomBytesNeverCrashTheProgram) {
     std::string bytes(std::uniform_int_distribution<std::size_t>(0, 9000)(random), '\0');
     for (char& byte : bytes) byte = static_cast<char>(random());
     // Low counts and types, so that every path is taken.
-    if (bytes.size() > 4 && round % 2 == 0) bytes.replace(1, 3, {'\0', static_cast<char>(round % 7), '\0'});
+    if (bytes.size() > 4 && round % 2 == 0)
+      bytes.replace(1, 3, {'\0', static_cast<char>(round % 7), '\0'});
     writeFile(path(), bytes);
     restart({path()});
     useWithoutCrashing();

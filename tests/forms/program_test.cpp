@@ -84,8 +84,8 @@ TEST_F(ProgramTest, LooksForAnEmptyDesktopOnlyAfterTheOutermostHandler) {
 TEST_F(ProgramTest, EndingAtOnceClosesTheFilesAndAsksNothing) {
   form_.show();
   writeFile(folder_.path("jazz.MCS"), "bytes");
-  const int number = state_.files.open(file_number::collection, folder_.path("jazz.MCS"),
-                                       OpenMode::update);
+  const int number =
+      state_.files.open(file_number::collection, folder_.path("jazz.MCS"), OpenMode::update);
   program_.run([&] {
     form_.hide();
     endProgram();

@@ -15,27 +15,13 @@
 #include <string_view>
 
 #include "platform/run_time_error.h"
+#include "support/failure.h"
 #include "support/test_folder.h"
 
 namespace quillbox::test {
 namespace {
 
 constexpr OpenMode kModes[] = {OpenMode::read, OpenMode::update, OpenMode::create};
-
-struct Failure {
-  int number = 0;  // 0: there was none
-  std::string file;
-};
-
-template <typename Call>
-Failure failureOf(const Call& call) {
-  try {
-    call();
-  } catch (const RunTimeError& error) {
-    return {static_cast<int>(error.number()), error.file()};
-  }
-  return {};
-}
 
 std::string read(File& file, std::uint64_t offset, std::size_t length) {
   std::string bytes(length, '#');

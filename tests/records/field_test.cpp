@@ -37,11 +37,11 @@ static_assert(!coversRecord(kFields, kLength + 1));
 static_assert(!coversRecord(std::span(kFields).subspan(1), kLength));
 static_assert(!coversRecord(std::span(kFields).first(4), kLength));
 
-constexpr auto kWithGap = std::to_array<Field>(
-    {{"A", FieldType::text, 0, 4}, {"B", FieldType::text, 5, 3}});
+constexpr auto kWithGap =
+    std::to_array<Field>({{"A", FieldType::text, 0, 4}, {"B", FieldType::text, 5, 3}});
 static_assert(!coversRecord(kWithGap, 8));
-constexpr auto kOverlapping = std::to_array<Field>(
-    {{"A", FieldType::text, 0, 4}, {"B", FieldType::text, 3, 4}});
+constexpr auto kOverlapping =
+    std::to_array<Field>({{"A", FieldType::text, 0, 4}, {"B", FieldType::text, 3, 4}});
 static_assert(!coversRecord(kOverlapping, 7) && !coversRecord(kOverlapping, 8));
 
 static_assert(coversRecord(kMusicFields, 2372));
@@ -92,7 +92,8 @@ TEST(Fields, ATextMayBeGivenFromTheRecordItself) {
 }
 
 TEST(Fields, AWholeNumberIsStoredInItsTwoBytes) {
-  for (const std::int16_t value : {0, 1, -1, 258, 32767, -32768}) {
+  for (const int whole : {0, 1, -1, 258, 32767, -32768}) {
+    const auto value = static_cast<std::int16_t>(whole);
     Bytes record = filledWith('#');
     setWhole(kLent, record, value);
     EXPECT_EQ(wholeOf(kLent, record), value);

@@ -78,10 +78,9 @@ TEST(WholeNumberField, IsLittleEndianInItsBytes) {
     std::int16_t value;
     std::string_view bytes;
   } rows[] = {
-      {0, "\x00\x00"sv},       {1, "\x01\x00"sv},        {5, "\x05\x00"sv},
-      {255, "\xFF\x00"sv},     {256, "\x00\x01"sv},      {0x1234, "\x34\x12"sv},
-      {32767, "\xFF\x7F"sv},   {-1, "\xFF\xFF"sv},       {-2, "\xFE\xFF"sv},
-      {-32768, "\x00\x80"sv},  {-256, "\x00\xFF"sv},
+      {0, "\x00\x00"sv},   {1, "\x01\x00"sv},      {5, "\x05\x00"sv},     {255, "\xFF\x00"sv},
+      {256, "\x00\x01"sv}, {0x1234, "\x34\x12"sv}, {32767, "\xFF\x7F"sv}, {-1, "\xFF\xFF"sv},
+      {-2, "\xFE\xFF"sv},  {-32768, "\x00\x80"sv}, {-256, "\x00\xFF"sv},
   };
   for (const auto& row : rows) {
     WholeNumber number;

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "support/failing_files.h"
+#include "support/failure.h"
 #include "support/music_files.h"
 #include "support/test_folder.h"
 
@@ -15,21 +16,6 @@ namespace quillbox::test {
 namespace {
 
 constexpr auto kDeleted = "DETELED";
-
-struct Failure {
-  int number = 0;  // 0: there was none
-  std::string file;
-};
-
-template <typename Call>
-Failure failureOf(const Call& call) {
-  try {
-    call();
-  } catch (const RunTimeError& error) {
-    return {static_cast<int>(error.number()), error.file()};
-  }
-  return {};
-}
 
 class NavigationTest : public testing::Test {
  protected:

@@ -181,8 +181,9 @@ TEST(LeadingAmount, IsRoundedToFourPlacesAnExactHalfToTheEvenOne) {
 }
 
 TEST(LeadingAmount, MayHaveAnyNumberOfDigits) {
-  const std::string zeros(200'000, '0');
+  const std::string zeros(90'000, '0');
   const std::string ones(200'000, '1');
+  EXPECT_EQ(leadingAmount(std::string(1'000'000, '0') + "12.5"), 125'000);
   EXPECT_EQ(leadingAmount(zeros + "12.5"), 125'000);
   EXPECT_EQ(leadingAmount("1." + zeros), 10'000);
   EXPECT_EQ(leadingAmount("1." + zeros + "1"), 10'000);
@@ -197,6 +198,8 @@ TEST(LeadingAmount, MayHaveAnyNumberOfDigits) {
 TEST(LeadingAmount, ALongFractionIsStillAFraction) {
   EXPECT_EQ(leadingAmount("0." + std::string(50'000, '1')), 1'111);
   EXPECT_EQ(leadingAmount("0." + std::string(200'000, '1')), 1'111);
+  EXPECT_EQ(leadingAmount("1." + std::string(200'000, '0')), 10'000);
+  EXPECT_EQ(leadingAmount("1." + std::string(200'000, '0') + "e0"), 10'000);
   EXPECT_EQ(leadingAmount("7." + std::string(200'000, '3') + " EUR"), 73'333);
 }
 
@@ -248,23 +251,49 @@ TEST(WholeNumberText, TheWholeOfTheTextIsTheNumber) {
     std::string_view text;
     int number;
   } rows[] = {
-      {"5", 5},           {" 5 ", 5},         {"   12", 12},      {"12   ", 12},
-      {"+5", 5},          {"-1", -1},         {"0", 0},           {"-0", 0},
-      {"007", 7},         {"5.", 5},          {".5", 0},          {"0.5", 0},
-      {"1.5", 2},         {"2.5", 2},         {"3.5", 4},         {"2.51", 3},
-      {"2.49", 2},        {"-0.5", 0},        {"-1.5", -2},       {"-2.5", -2},
-      {"0.4", 0},         {"0.05", 0},        {"0.09", 0},        {"1e2", 100},
-      {"1E2", 100},       {"25e-1", 2},       {"1e-9", 0},        {"1e-1000000", 0},
-      {"0e999999", 0},    {"32767", 32767},   {"32767.4", 32767}, {"-32768", -32768},
-      {"-32768.5", -32768}, {"-32768.4", -32768},
+      {"5", 5},
+      {" 5 ", 5},
+      {"   12", 12},
+      {"12   ", 12},
+      {"+5", 5},
+      {"-1", -1},
+      {"0", 0},
+      {"-0", 0},
+      {"007", 7},
+      {"5.", 5},
+      {".5", 0},
+      {"0.5", 0},
+      {"1.5", 2},
+      {"2.5", 2},
+      {"3.5", 4},
+      {"2.51", 3},
+      {"2.49", 2},
+      {"-0.5", 0},
+      {"-1.5", -2},
+      {"-2.5", -2},
+      {"0.4", 0},
+      {"0.05", 0},
+      {"0.09", 0},
+      {"1e2", 100},
+      {"1E2", 100},
+      {"25e-1", 2},
+      {"1e-9", 0},
+      {"1e-1000000", 0},
+      {"0e999999", 0},
+      {"32767", 32767},
+      {"32767.4", 32767},
+      {"-32768", -32768},
+      {"-32768.5", -32768},
+      {"-32768.4", -32768},
   };
   for (const auto& row : rows) EXPECT_EQ(wholeNumber(row.text), row.number) << row.text;
 }
 
 TEST(WholeNumberText, WhatIsNoNumberIsATypeMismatch) {
   for (const std::string_view text :
-       {""sv, "  "sv, "abc"sv, "12abc"sv, "&H10"sv, "1,2"sv, "1 2"sv, "-"sv, "+"sv, "."sv, "5e"sv,
-        "5e+"sv, "1.2.3"sv, "--1"sv, "- 1"sv, "5\0"sv, "\0"sv, "five"sv, "40000x"sv, "#5"sv})
+       {""sv,    "  "sv,  "abc"sv, "12abc"sv, "&H10"sv,   "1,2"sv,   "1 2"sv,
+        "-"sv,   "+"sv,   "."sv,   "5e"sv,    "5e+"sv,    "1.2.3"sv, "--1"sv,
+        "- 1"sv, "5\0"sv, "\0"sv,  "five"sv,  "40000x"sv, "#5"sv})
     EXPECT_EQ(errorOf([&] { wholeNumber(text); }), 13) << '"' << text << '"';
 }
 

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "support/failing_files.h"
+#include "support/failure.h"
 #include "support/test_folder.h"
 
 namespace quillbox::test {
@@ -18,21 +19,6 @@ namespace {
 using namespace std::string_view_literals;
 
 constexpr std::size_t kLength = 5;
-
-struct Failure {
-  int number = 0;  // 0: there was none
-  std::string file;
-};
-
-template <typename Call>
-Failure failureOf(const Call& call) {
-  try {
-    call();
-  } catch (const RunTimeError& error) {
-    return {static_cast<int>(error.number()), error.file()};
-  }
-  return {};
-}
 
 std::span<const std::byte> asBytes(std::string_view text) { return std::as_bytes(std::span(text)); }
 

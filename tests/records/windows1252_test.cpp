@@ -34,21 +34,47 @@ TEST(Windows1252, CharactersAreThoseOfTheCodePage) {
     char byte;
     std::string_view utf8;
   } rows[] = {
-      {'\x00', "\0"sv},         {'A', "A"},               {'~', "~"},
-      {'\x7F', "\x7F"},         {'\x80', "\xE2\x82\xAC"}, {'\x82', "\xE2\x80\x9A"},
-      {'\x83', "\xC6\x92"},     {'\x84', "\xE2\x80\x9E"}, {'\x85', "\xE2\x80\xA6"},
-      {'\x86', "\xE2\x80\xA0"}, {'\x87', "\xE2\x80\xA1"}, {'\x88', "\xCB\x86"},
-      {'\x89', "\xE2\x80\xB0"}, {'\x8A', "\xC5\xA0"},     {'\x8B', "\xE2\x80\xB9"},
-      {'\x8C', "\xC5\x92"},     {'\x8E', "\xC5\xBD"},     {'\x91', "\xE2\x80\x98"},
-      {'\x92', "\xE2\x80\x99"}, {'\x93', "\xE2\x80\x9C"}, {'\x94', "\xE2\x80\x9D"},
-      {'\x95', "\xE2\x80\xA2"}, {'\x96', "\xE2\x80\x93"}, {'\x97', "\xE2\x80\x94"},
-      {'\x98', "\xCB\x9C"},     {'\x99', "\xE2\x84\xA2"}, {'\x9A', "\xC5\xA1"},
-      {'\x9B', "\xE2\x80\xBA"}, {'\x9C', "\xC5\x93"},     {'\x9E', "\xC5\xBE"},
-      {'\x9F', "\xC5\xB8"},     {'\xA0', "\xC2\xA0"},     {'\xE9', "\xC3\xA9"},
-      {'\xDF', "\xC3\x9F"},     {'\xFF', "\xC3\xBF"},
+      {'\x00', "\0"sv},
+      {'A', "A"},
+      {'~', "~"},
+      {'\x7F', "\x7F"},
+      {'\x80', "\xE2\x82\xAC"},
+      {'\x82', "\xE2\x80\x9A"},
+      {'\x83', "\xC6\x92"},
+      {'\x84', "\xE2\x80\x9E"},
+      {'\x85', "\xE2\x80\xA6"},
+      {'\x86', "\xE2\x80\xA0"},
+      {'\x87', "\xE2\x80\xA1"},
+      {'\x88', "\xCB\x86"},
+      {'\x89', "\xE2\x80\xB0"},
+      {'\x8A', "\xC5\xA0"},
+      {'\x8B', "\xE2\x80\xB9"},
+      {'\x8C', "\xC5\x92"},
+      {'\x8E', "\xC5\xBD"},
+      {'\x91', "\xE2\x80\x98"},
+      {'\x92', "\xE2\x80\x99"},
+      {'\x93', "\xE2\x80\x9C"},
+      {'\x94', "\xE2\x80\x9D"},
+      {'\x95', "\xE2\x80\xA2"},
+      {'\x96', "\xE2\x80\x93"},
+      {'\x97', "\xE2\x80\x94"},
+      {'\x98', "\xCB\x9C"},
+      {'\x99', "\xE2\x84\xA2"},
+      {'\x9A', "\xC5\xA1"},
+      {'\x9B', "\xE2\x80\xBA"},
+      {'\x9C', "\xC5\x93"},
+      {'\x9E', "\xC5\xBE"},
+      {'\x9F', "\xC5\xB8"},
+      {'\xA0', "\xC2\xA0"},
+      {'\xE9', "\xC3\xA9"},
+      {'\xDF', "\xC3\x9F"},
+      {'\xFF', "\xC3\xBF"},
       // Left open by the code page.
-      {'\x81', "\xC2\x81"},     {'\x8D', "\xC2\x8D"},     {'\x8F', "\xC2\x8F"},
-      {'\x90', "\xC2\x90"},     {'\x9D', "\xC2\x9D"},
+      {'\x81', "\xC2\x81"},
+      {'\x8D', "\xC2\x8D"},
+      {'\x8F', "\xC2\x8F"},
+      {'\x90', "\xC2\x90"},
+      {'\x9D', "\xC2\x9D"},
   };
   for (const auto& row : rows) {
     const std::string byte(1, row.byte);
@@ -59,7 +85,7 @@ TEST(Windows1252, CharactersAreThoseOfTheCodePage) {
 
 TEST(Windows1252, ACharacterThatItCannotHoldBecomesAQuestionMark) {
   for (const std::string_view utf8 :
-       {"\xC2\x80"sv,          // the control character whose byte is taken by another
+       {"\xC2\x80"sv,  // the control character whose byte is taken by another
         "\xC2\x9F"sv, "\xC4\x80"sv, "\xCE\xA9"sv, "\xD0\x96"sv, "\xDF\xBF"sv, "\xE0\xA0\x80"sv,
         "\xE6\x97\xA5"sv, "\xEF\xBB\xBF"sv, "\xEF\xBF\xBD"sv, "\xEF\xBF\xBF"sv,
         "\xF0\x90\x80\x80"sv, "\xF0\x9F\x8E\xB5"sv, "\xF4\x8F\xBF\xBF"sv}) {
@@ -74,10 +100,10 @@ TEST(Windows1252, EachByteThatIsNoUtf8BecomesAQuestionMark) {
     std::string_view bytes;
     std::string_view text;
   } rows[] = {
-      {"\x80"sv, "?"},                      // a continuation without a beginning
+      {"\x80"sv, "?"},  // a continuation without a beginning
       {"\xBF"sv, "?"},
       {"a\x80\x80z"sv, "a??z"},
-      {"\xC3"sv, "?"},                      // cut off
+      {"\xC3"sv, "?"},  // cut off
       {"\xE2"sv, "?"},
       {"\xE2\x82"sv, "??"},
       {"\xF0\x9F\x8E"sv, "???"},
@@ -86,18 +112,18 @@ TEST(Windows1252, EachByteThatIsNoUtf8BecomesAQuestionMark) {
       {"\xF0\x9F\x8Ez"sv, "???z"},
       {"\xC3\xC3\xA9"sv, "?\xE9"},
       {"\xE2\xC3\xA9"sv, "?\xE9"},
-      {"\xC0\x80"sv, "??"},                 // longer than needed
+      {"\xC0\x80"sv, "??"},  // longer than needed
       {"\xC0\xAF"sv, "??"},
       {"\xC1\xBF"sv, "??"},
       {"\xE0\x80\xAF"sv, "???"},
       {"\xE0\x9F\xBF"sv, "???"},
       {"\xF0\x80\x80\xAF"sv, "????"},
       {"\xF0\x8F\xBF\xBF"sv, "????"},
-      {"\xED\xA0\x80"sv, "???"},            // halves of pairs
+      {"\xED\xA0\x80"sv, "???"},  // halves of pairs
       {"\xED\xAF\xBF"sv, "???"},
       {"\xED\xB0\x80"sv, "???"},
       {"\xED\xBF\xBF"sv, "???"},
-      {"\xF4\x90\x80\x80"sv, "????"},       // above the last character
+      {"\xF4\x90\x80\x80"sv, "????"},  // above the last character
       {"\xF5\x80\x80\x80"sv, "????"},
       {"\xF8\x88\x80\x80\x80"sv, "?????"},
       {"\xFC\x84\x80\x80\x80\x80"sv, "??????"},

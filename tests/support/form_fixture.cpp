@@ -47,9 +47,7 @@ std::string FormTest::formName() { return toUtf8Text(form().objectName()); }
 
 std::string FormTest::caption() { return toUtf8Text(form().windowHandle()->title()); }
 
-std::string FormTest::label(const char* name) {
-  return toUtf8Text(control<QLabel>(name).text());
-}
+std::string FormTest::label(const char* name) { return toUtf8Text(control<QLabel>(name).text()); }
 
 std::string FormTest::shown(const char* name) { return toUtf8Text(box(name).text()); }
 

@@ -61,12 +61,12 @@ class FormTest : public testing::Test {
   std::string label(const char* name = "lblIndex");
   std::string shown(const char* box);  ///< a box's text in UTF-8
 
-  void press(const char* button);            ///< with the mouse
-  void tick(const char* box);                ///< with the space bar
-  void choose(const char* action);           ///< a menu item, which must be enabled
-  void type(const char* box, const char* keys);     ///< over what the box holds
-  void pick(const char* list, int index);    ///< with the arrow keys
-  void close();                              ///< the form on screen, as the window manager does
+  void press(const char* button);                ///< with the mouse
+  void tick(const char* box);                    ///< with the space bar
+  void choose(const char* action);               ///< a menu item, which must be enabled
+  void type(const char* box, const char* keys);  ///< over what the box holds
+  void pick(const char* list, int index);        ///< with the arrow keys
+  void close();                                  ///< the form on screen, as the window manager does
 
   /// A collection in the test's folder, as bytes.
   std::string file(std::string_view name = "jazz.MCS") { return readFile(folder_.path(name)); }

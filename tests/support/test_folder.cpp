@@ -1,7 +1,6 @@
 #include "support/test_folder.h"
 
 #include <gtest/gtest.h>
-
 #include <unistd.h>
 
 #include <cstdlib>

@@ -12,8 +12,6 @@
 #include <QTimer>
 #include <cstdlib>
 
-#include "forms/qt_text.h"
-
 namespace quillbox {
 namespace {
 
@@ -31,9 +29,9 @@ QMessageBox::Icon iconOf(MessageIcon icon) {
   return QMessageBox::NoIcon;
 }
 
-/// The desktop's date and number forms, whatever language the program speaks.
+/// The toolkit takes "[*]" in a caption for the place of a mark; doubled it stands for itself.
 QString captionText(const std::string& text) {
-  return fromUtf8Text(text).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+  return QString::fromStdString(text).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
 }
 
 }  // namespace
@@ -45,7 +43,7 @@ Answer QtDesktop::messageBox(const MessageBox& box) {
   QMessageBox dialog(QApplication::activeWindow());
   dialog.setWindowTitle(captionText(box.title));
   dialog.setTextFormat(Qt::PlainText);
-  dialog.setText(fromUtf8Text(box.text));
+  dialog.setText(QString::fromStdString(box.text));
   dialog.setIcon(iconOf(box.icon));
   dialog.setWindowModality(Qt::ApplicationModal);
   if (box.buttons == Buttons::yesNo) {
@@ -63,15 +61,15 @@ std::optional<std::string> QtDesktop::inputBox(const std::string& prompt,
                                                const std::string& title) {
   QInputDialog dialog(QApplication::activeWindow());
   dialog.setWindowTitle(captionText(title));
-  dialog.setLabelText(fromUtf8Text(prompt));
+  dialog.setLabelText(QString::fromStdString(prompt));
   dialog.setInputMode(QInputDialog::TextInput);
   dialog.setWindowModality(Qt::ApplicationModal);
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
-  return toUtf8Text(dialog.textValue());
+  return dialog.textValue().toStdString();
 }
 
 std::string QtDesktop::todayText() {
-  return toUtf8Text(QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat));
+  return QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat).toStdString();
 }
 
 void QtDesktop::printerSetup() {
@@ -85,8 +83,7 @@ void QtDesktop::rest(int milliseconds, const std::function<bool()>& over) {
   elapsed.start();
   QTimer wake;  // so that waiting for the next event comes to an end
   wake.start(milliseconds);
-  do
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  do QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   while (!over() && elapsed.elapsed() < milliseconds);
 }
 

@@ -122,8 +122,8 @@ TEST_P(Fixtures, AreWhatTheirContentsEncodeTo) {
         case FieldType::text: {
           const QJsonArray entries = entriesOf(field, value);
           for (std::size_t entry = 0; entry < field.count; ++entry)
-            setText(field, record,
-                    bytesOfText(entries[static_cast<qsizetype>(entry)], field.width), entry);
+            setText(field, record, bytesOfText(entries[static_cast<qsizetype>(entry)], field.width),
+                    entry);
           break;
         }
         case FieldType::flag:
