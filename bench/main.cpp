@@ -55,8 +55,7 @@ void printHeader(const std::string& collection, int runs) {
 #endif
   std::printf("step, skip: median of %d repetitions, both sides in random order\n",
               kStepRepetitions);
-  std::printf("start:      median of %d runs after %d warm-ups, in turn, no display\n", runs,
-              kWarmUps);
+  std::printf("start:      median of %d runs after %d warm-ups, in turn\n", runs, kWarmUps);
   std::printf("collection: %d items, %.1f MiB (for skip %d of them deleted)\n\n", kItems,
               static_cast<double>(std::filesystem::file_size(collection)) / kBytesPerMib,
               kDeletedItems);
@@ -79,6 +78,9 @@ void printTable(const StepTimes& steps, const StartFigures& starts) {
   printRow("start, memory", formatted("%.2f MiB", starts.memory.quillbox),
            formatted("%.2f MiB", starts.memory.peer), formatted("%+.2f MiB", more),
            goalText(formatted("<= +%.0f MiB", mostMibAllowed), more <= mostMibAllowed));
+  printRow("start, plain form", formatted("%.2f ms", starts.time.quillbox),
+           formatted("%.2f ms", starts.timeOfPlainForm),
+           formatted("%.3f", starts.time.quillbox / starts.timeOfPlainForm), "none");
   printRow("start, box shown", formatted("%.2f ms", starts.timeWithBox),
            formatted("%.2f ms", starts.time.peer),
            formatted("%.3f", starts.timeWithBox / starts.time.peer),

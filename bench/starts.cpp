@@ -102,19 +102,22 @@ void checkOwnSize(double smallestPeak) {
 StartFigures timeStarts(const std::filesystem::path& programs,
                         const std::filesystem::path& workFolder, const std::string& collection,
                         int runs) {
-  ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  ::setenv("QT_QPA_PLATFORM", "offscreen", 0);  // a display may be asked for
   const std::string quillbox = programs / "bench_start_quillbox";
-  std::array<Runs, 3> sides = {Runs({quillbox, collection}), Runs({programs / "bench_start_peer"}),
-                               Runs({quillbox, "--with-box", collection})};
+  const std::string peerProgram = programs / "bench_start_peer";
+  std::array<Runs, 4> sides = {Runs({quillbox, collection}), Runs({peerProgram}),
+                               Runs({quillbox, "--with-box", collection}),
+                               Runs({peerProgram, "--form"})};
   for (int round = 0; round < kWarmUps + runs; ++round)
     for (Runs& side : sides) side.run(workFolder, round >= kWarmUps);
 
-  const auto& [program, peer, withBox] = sides;
+  const auto& [program, peer, withBox, plainForm] = sides;
   checkOwnSize(peer.memory());
   return {{program.time(), peer.time()},
           {program.memory(), peer.memory()},
           withBox.time(),
-          withBox.memory()};
+          withBox.memory(),
+          plainForm.time()};
 }
 
 }  // namespace quillbox::bench

@@ -12,6 +12,7 @@ struct StartFigures {
   Pair memory;             ///< MiB resident at the peak
   double timeWithBox = 0;  ///< of Quillbox when the start-up box is really shown
   double memoryWithBox = 0;
+  double timeOfPlainForm = 0;  ///< ms, a window with as many plain controls
 };
 
 /// Starts that are not counted.

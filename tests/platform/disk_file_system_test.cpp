@@ -114,10 +114,11 @@ TEST_F(DiskFileSystemTest, APipeUnderTheNameIsAnErrorAndNotAWaitForEver) {
 }
 
 TEST_F(DiskFileSystemTest, AFileThatMayOnlyBeReadIsRefusedForUpdate) {
-  if (::geteuid() == 0) GTEST_SKIP() << "the superuser may write everything";
   const std::string path = folder_.path("jazz.MCS");
   writeFile(path, "kept");
-  std::filesystem::permissions(path, std::filesystem::perms::owner_read);
+  using std::filesystem::perms;
+  std::filesystem::permissions(path, perms::owner_read | perms::group_read);
+  const OrdinaryUser user(folder_);
   for (const OpenMode mode : {OpenMode::update, OpenMode::create}) {
     const Failure failure = openFailure(path, mode);
     EXPECT_EQ(failure.number, 70);
@@ -127,19 +128,20 @@ TEST_F(DiskFileSystemTest, AFileThatMayOnlyBeReadIsRefusedForUpdate) {
 }
 
 TEST_F(DiskFileSystemTest, AFileThatMayNotBeReadIsRefused) {
-  if (::geteuid() == 0) GTEST_SKIP() << "the superuser may read everything";
   const std::string path = folder_.path("jazz.MCS");
   writeFile(path, "kept");
   std::filesystem::permissions(path, std::filesystem::perms::none);
+  const OrdinaryUser user(folder_);
   for (const OpenMode mode : kModes) EXPECT_EQ(openFailure(path, mode).number, 70);
 }
 
 TEST_F(DiskFileSystemTest, AFolderThatMayNotBeWrittenTakesNoNewFile) {
-  if (::geteuid() == 0) GTEST_SKIP() << "the superuser may write everything";
   const std::string folder = folder_.path("closed");
   std::filesystem::create_directory(folder);
+  using std::filesystem::perms;
   std::filesystem::permissions(
-      folder, std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+      folder, perms::owner_read | perms::owner_exec | perms::group_read | perms::group_exec);
+  const OrdinaryUser user(folder_);
   EXPECT_EQ(openFailure(folder + "/jazz.MCS", OpenMode::create).number, 70);
 }
 
