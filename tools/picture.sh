@@ -25,10 +25,11 @@ pids="$! $pids"
 "$program" "$collection" &
 pids="$! $pids"
 
-window() { timeout 30 xdotool search --sync --onlyvisible --name "$1" | head -n 1; }
+window() { timeout 30 xdotool search --sync --onlyvisible --name "$1" 2>/dev/null | head -n 1; }
 
 box=$(window '^QBX V')
-xdotool windowactivate --sync "$box" key Return
+xdotool windowactivate --sync "$box"
+xdotool key Return
 window 'Manager \(|Collection \(|^Quillbox V' >/dev/null
 sleep 1 # until the window manager and the program have drawn
 import -window root "$picture"

@@ -20,6 +20,12 @@ struct Decimal {
   std::size_t length = 0;  // characters read, leading blanks included
 };
 
+/// A number's text, with a blank before it unless it begins with "-".
+std::string withLeadingBlank(std::string number) {
+  if (number.front() != '-') number.insert(0, 1, ' ');
+  return number;
+}
+
 /// Written exponents are kept within this; whatever lies beyond is 0 or an overflow anyway.
 constexpr int kExponentLimit = 100'000'000;
 
@@ -82,7 +88,7 @@ std::int64_t scaled(const Decimal& number, int scale) {
 
 }  // namespace
 
-std::string numberText(int number) { return (number < 0 ? "" : " ") + std::to_string(number); }
+std::string numberText(int number) { return withLeadingBlank(std::to_string(number)); }
 
 std::string plainAmount(std::int64_t tenThousandths) {
   const bool negative = tenThousandths < 0;
@@ -92,11 +98,12 @@ std::string plainAmount(std::int64_t tenThousandths) {
   digits.insert(digits.size() - kAmountScale, 1, '.');
   digits.erase(digits.find_last_not_of('0') + 1);
   if (digits.back() == '.') digits.pop_back();
-  return (negative ? "-" : "") + digits;
+  if (negative) digits.insert(0, 1, '-');
+  return digits;
 }
 
 std::string signedAmount(std::int64_t tenThousandths) {
-  return (tenThousandths < 0 ? "" : " ") + plainAmount(tenThousandths);
+  return withLeadingBlank(plainAmount(tenThousandths));
 }
 
 std::int64_t leadingAmount(std::string_view text) {
