@@ -1,20 +1,26 @@
 // Makes a sample collection from its readable source: make_samples SOURCE COLLECTION
 //
+// A source that is a folder is loaded as the folder loader does it, in the order of the names.
+// Otherwise:
+//
 // The source is UTF-8: "#" starts a comment line, an empty line ends an item, "Field: value" names
 // a field of the record, and a line "- value" is the next entry of the list named last. Fields
 // left out are blank. A choice is the entry's text, or -1.
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "editors/media_loader.h"
 #include "platform/disk_file_system.h"
 #include "platform/paths.h"
 #include "records/collection_store.h"
+#include "records/date_text.h"
 #include "records/number_text.h"
 #include "records/windows1252.h"
 
@@ -45,6 +51,12 @@ void setField(const Field& field, Item& item, const std::string& utf8, std::size
       return setWhole(field, item, choiceOf(field, value));
     case FieldType::money:
       return setMoney(field, item, leadingAmount(value));
+    case FieldType::whole:
+      return setWhole(field, item, leadingWhole(value));
+    case FieldType::date:
+      return setReal(field, item, dateOf(value, "yyyy-MM-dd"));
+    case FieldType::size:
+      return setReal(field, item, static_cast<double>(leadingWhole(value)));
   }
 }
 
@@ -88,19 +100,40 @@ class SourceReader {
   std::size_t entry_ = 0;
 };
 
+/// A board that nobody looks at.
+class NoBoard : public Board {
+ public:
+  void open(const std::string&) override {}
+  void setBoardCaption(const std::string&) override {}
+  void clear() override {}
+  void print(const std::string&) override {}
+  void progress(int, int) override {}
+  void close() override {}
+};
+
+void loadFolder(AppState& state, const CollectionKind& kind, const std::string& folder) {
+  const LoaderRow& loader = loaderRow(mediaCodeOf(kind));
+  auto names = filesToLoad(state.files.fileSystem(), folder, loaderPatterns(loader.filter));
+  std::ranges::sort(names);
+  NoBoard board;
+  loadFiles(state, kind, folder, names, board);
+}
+
 void makeSample(const std::string& sourcePath, const std::string& collectionPath) {
   const CollectionKind* kind = kindOfExtension(extensionOf(collectionPath));
   std::ifstream source(sourcePath);
   if (kind == nullptr || !source) throw std::runtime_error("cannot make it from " + sourcePath);
-  const std::vector<Item> items = SourceReader(*kind).read(source);
+  const bool isFolder = std::filesystem::is_directory(sourcePath);
+  const std::vector<Item> items = isFolder ? std::vector<Item>() : SourceReader(*kind).read(source);
 
   DiskFileSystem files;
   if (files.exists(collectionPath)) files.remove(collectionPath);
   AppState state(files);
   state.currentPath = collectionPath;
   CollectionStore store(state, *kind);
-  store.writeHeader(0, kind->fileType, OpenMode::create);
+  store.writeHeader(0, kind->rules.fileType, OpenMode::create);
   for (const Item& item : items) store.writeNewItem(item);
+  if (isFolder) loadFolder(state, *kind, sourcePath);
 }
 
 }  // namespace

@@ -9,7 +9,6 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <chrono>
-#include <vector>
 
 #include "forms/about.h"
 #include "forms/qt_text.h"
@@ -36,53 +35,66 @@ QIcon iconOf(Command command, const QStyle& style) {
       return icon("go-next", QStyle::SP_ArrowRight);
     case Command::write:
       return icon("document-save", QStyle::SP_DialogSaveButton);
-    case Command::goTo:
-    case Command::clear:
-    case Command::deleteItem:
-      break;
+    default:
+      return {};
   }
-  return {};
+}
+
+/// What the program can do by now.
+bool isAvailable(Command command) {
+  return command != Command::sort && command != Command::search && command != Command::printList &&
+         command != Command::exportData;
 }
 
 }  // namespace
 
 frmEditor::frmEditor(Program& program, const CollectionKind& kind, const EditorTables& tables)
-    : Form(program, tables.formName), store_(program.state(), kind) {
+    : Form(program, tables.formName), store_(program.state(), kind), tables_(tables) {
   setCaption(fromUtf8Text(kind.designCaption));
   auto* page = new QWidget;
   setCentralWidget(page);
   auto* column = new QVBoxLayout(page);
-  sheet_ = new FieldSheet(tables.inputs, tables.headings, page);
+  sheet_ = new FieldSheet(tables.inputs, tables.headings, desktop(), page);
   column->addWidget(sheet_);
   column->addStretch(1);
   column->addSpacing(column->spacing());
-  makeButtons(tables.buttons, tables);
+  makeButtons();
+  makeMenus();
 }
 
-void frmEditor::makeButtons(std::span<const ButtonRow> rows, const EditorTables& tables) {
+void frmEditor::makeButtons() {
   auto* row = new QHBoxLayout;
-  lblIndex_ = new QLabel(QString::fromUtf8(tables.indicatorText));
-  lblIndex_->setObjectName(QString::fromUtf8(tables.indicatorName));
+  lblIndex_ = new QLabel(QString::fromUtf8(tables_.indicatorText));
+  lblIndex_->setObjectName(QString::fromUtf8(tables_.indicatorName));
   lblIndex_->setTextFormat(Qt::PlainText);
   QFont font = lblIndex_->font();
   font.setBold(true);
   lblIndex_->setFont(font);
   row->addWidget(lblIndex_, 1);
-  for (const ButtonRow& command : rows) {
-    auto* made = new QPushButton(QString::fromUtf8(command.caption));
-    made->setObjectName(QString::fromUtf8(command.name));
-    made->setAccessibleName(withoutAccessKey(command.caption));
-    made->setIcon(iconOf(command.command, *style()));
+  for (const auto& [command, name, caption] : tables_.buttons) {
+    auto* made = new QPushButton(QString::fromUtf8(caption));
+    made->setObjectName(QString::fromUtf8(name));
+    made->setAccessibleName(withoutAccessKey(caption));
+    made->setIcon(iconOf(command, *style()));
     made->setAutoDefault(true);  // Enter presses the button that has the focus
-    onClick(*made, [this, which = command.command] { handle(which); });
-    buttons_.at(static_cast<std::size_t>(command.command)) = made;
+    onClick(*made, [this, which = command] { choose(which); });
+    buttons_[command] = made;
     row->addWidget(made);
-    if (command.command == Command::goTo) row->addSpacing(2 * row->spacing());
+    if (command == Command::goTo) row->addSpacing(2 * row->spacing());
   }
   static_cast<QVBoxLayout*>(centralWidget()->layout())->addLayout(row);
 }
 
-void frmEditor::handle(Command command) {
+void frmEditor::makeMenus() {
+  for (const MenuRow& row : tables_.menus) {
+    const auto handler = [this, command = row.command] { choose(command); };
+    const bool available = isAvailable(row.command);
+    addMenuItem({row.menu, row.menuCaption, row.item, row.caption,
+                 available ? std::function<void()>(handler) : nullptr});
+  }
+}
+
+void frmEditor::choose(Command command) {
   switch (command) {
     case Command::previous:
       return cmdPrevious_Click();
@@ -96,11 +108,28 @@ void frmEditor::handle(Command command) {
       return cmdDelete_Click();
     case Command::write:
       return cmdWriteData_Click();
+    case Command::newFile:
+      return NewFile_Click();
+    case Command::openFile:
+      return OpenFile_Click();
+    case Command::exitCollection:
+      return ExitCollection_Click();
+    case Command::printerSetup:
+      return desktop().printerSetup();
+    case Command::contents:
+      return program().message("Quillbox Help", tables_.help, MessageIcon::information);
+    case Command::about:
+      return program().message(tables_.aboutTitle, aboutText(tables_.aboutArea),
+                               MessageIcon::information);
+    case Command::mediaTypes:  // the list comes from the user's file alone
+    case Command::editSubList:
+    case Command::loadFolder:
+    case Command::sort:
+    case Command::search:
+    case Command::printList:
+    case Command::exportData:
+      return;
   }
-}
-
-QPushButton& frmEditor::button(Command command) {
-  return *buttons_.at(static_cast<std::size_t>(command));
 }
 
 void frmEditor::open() {
@@ -108,6 +137,30 @@ void frmEditor::open() {
   sheet_->focusFirst();
   show();
   activateWindow();
+}
+
+void frmEditor::resetForm() {
+  ClearData();
+  sheet_->clearLists();
+  button(Command::previous).setEnabled(false);
+  button(Command::next).setEnabled(false);
+}
+
+void frmEditor::makeFile(int fileType) {
+  store_.writeHeader(0, fileType, OpenMode::create);
+  state().newCollection = false;
+  state().Count = 0;
+}
+
+void frmEditor::readCount() {
+  state().Count = std::max<std::int16_t>(store_.readHeader().Count, 0);
+}
+
+std::optional<std::vector<std::byte>> frmEditor::readFirstItem() {
+  if (state().Count < 1) return std::nullopt;
+  std::vector<std::byte> record(buffer().size());
+  store_.readItem(1, record);
+  return record;
 }
 
 void frmEditor::Form_Unload() { ExitCollection_Click(); }
@@ -119,9 +172,19 @@ void frmEditor::ExitCollection_Click() {
   program().shell().showStartScreen();
 }
 
-void frmEditor::setFileCaption() {
-  setCaption(fromUtf8Text(store_.kind().captionPrefix) + fromPath(fileNameOf(state().currentPath)) +
-             QLatin1Char(')'));
+void frmEditor::OpenFile_Click() {
+  hide();
+  program().shell().FileOpen();
+}
+
+void frmEditor::NewFile_Click() {
+  store_.writeHeader(state().Count, newFileType());
+  hide();
+  program().shell().showNewCollection();
+}
+
+void frmEditor::setFileCaption(std::string_view prefix) {
+  setCaption(fromUtf8Text(prefix) + fromPath(fileNameOf(state().currentPath)) + QLatin1Char(')'));
 }
 
 void frmEditor::setRecordLabel(const std::string& text) { lblIndex_->setText(fromUtf8Text(text)); }
@@ -145,40 +208,46 @@ void frmEditor::UpdateScreen() {
   BTEnable(state().CurRec);
 }
 
+void frmEditor::GetScreen() { sheet_->store(buffer()); }
+
 void frmEditor::ClearData() {
   sheet_->clear();
   state().CurRec = kNewItem;
-  setRecordLabel(std::string(store_.kind().label.fresh));
+  setRecordLabel(std::string(store_.kind().rules.label.fresh));
 }
 
-void frmEditor::showItem(std::int16_t position, std::span<const std::byte> record) {
+void frmEditor::showItem(std::int16_t item, std::span<const std::byte> record) {
   clearSubList();
-  state().CurRec = position;
+  position() = item;
+  state().CurRec = item;
   std::ranges::copy(record, buffer().begin());
   UpdateScreen();
 }
 
 void frmEditor::showNothing() {
   ClearData();
+  position() = 0;
   state().CurRec = 0;
-  setRecordLabel(std::string(store_.kind().label.empty));
+  setRecordLabel(std::string(store_.kind().rules.label.empty));
 }
 
-void frmEditor::showFirstItem() {
-  if (state().Count < 1) {
-    showNothing();
-    return;
-  }
+void frmEditor::readAndShow(int item) {
   std::vector<std::byte> record(buffer().size());
-  store_.readItem(1, record);
-  ClearData();
-  showItem(1, record);
+  store_.readItem(item, record);
+  showItem(checked16(item), record);
+}
+
+void frmEditor::showFirstItem(const std::optional<std::vector<std::byte>>& first) {
+  if (first)
+    showItem(1, *first);
+  else
+    showNothing();
 }
 
 void frmEditor::cmdNext_Click() {
   std::vector<std::byte> record(buffer().size());
-  if (const auto position = nextItem(store_, state().CurRec, record))
-    showItem(*position, record);
+  if (const auto item = nextItem(store_, position(), record))
+    showItem(*item, record);
   else
     button(Command::next).setEnabled(false);
 }
@@ -197,9 +266,9 @@ void frmEditor::cmdPrevious_Click() {
     return goOn;
   };
   std::vector<std::byte> record(buffer().size());
-  std::optional<std::int16_t> position;
+  std::optional<std::int16_t> item;
   try {
-    position = previousItem(store_, state().CurRec, state().Count, record, onLap);
+    item = previousItem(store_, position(), state().Count, record, onLap);
   } catch (const RunTimeError&) {
     setControlsEnabled(true);
     throw;
@@ -208,7 +277,7 @@ void frmEditor::cmdPrevious_Click() {
     setControlsEnabled(true);
     if (focus != nullptr) focus->setFocus();
   }
-  if (position && !unloaded_) showItem(*position, record);
+  if (item && !unloaded_) showItem(*item, record);
 }
 
 /// Only closing the window has an effect meanwhile: every control is disabled.
@@ -227,30 +296,29 @@ void frmEditor::setControlsEnabled(bool enabled) {
 void frmEditor::cmdGoto_Click() {
   const auto answer = desktop().inputBox("Record #", "Go To Record");
   if (!answer) return;
+  const GoToRules& rules = store_.kind().rules.goTo;
   int item = 0;
   try {
     item = wholeNumber(*answer);
   } catch (const RunTimeError&) {
-    // Not a number, or one that no position can have: the same as one outside the collection.
+    // Not a number, or one that no position can have: to some the same as one that is no item.
+    if (rules.badTextIsAnError) throw;
   }
-  if (item < 1 || item > state().Count) {
-    program().message(kEditorTitle, "Invalid input?!");
-    return;
-  }
-  std::vector<std::byte> record(buffer().size());
-  store_.readItem(item, record);
-  showItem(checked16(item), record);
+  if (item < 1 || item > state().Count)
+    program().message(rules.invalidTitle, "Invalid input?!");
+  else
+    readAndShow(item);
 }
 
 void frmEditor::cmdWriteData_Click() {
   GetScreen();
   if (state().CurRec == kNewItem) {
     store_.writeNewItem(buffer());
-    cmdClearData_Click();
+    afterNewItem();
   } else if (state().CurRec >= 1) {
-    store_.writeItem(state().CurRec, buffer(), state().Count);
+    store_.writeItem(position(), buffer(), state().Count);
   } else {
-    program().message(kEditorTitle, kNothingShown);
+    say(kNothingShown);
     endProgram();
   }
 }
@@ -261,29 +329,31 @@ void frmEditor::cmdClearData_Click() {
 }
 
 void frmEditor::cmdDelete_Click() {
+  const DeleteRules& rules = store_.kind().rules.deletion;
+  const auto report = [this](std::string_view title, std::string_view text) {
+    if (!title.empty()) program().message(title, text);
+  };
   const Answer answer =
-      desktop().messageBox({std::string(kEditorTitle), "Do you really want to delete this?!",
+      desktop().messageBox({std::string(rules.questionTitle), "Do you really want to delete this?!",
                             Buttons::yesNo, MessageIcon::question});
   if (answer != Answer::yes) {
-    program().message(kEditorTitle, "Aborted.");
+    report(rules.abortedTitle, "Aborted.");
     return;
   }
-  // The buffer as it was read, not what was typed since.
-  std::vector<std::byte> record(buffer().begin(), buffer().end());
-  setText(store_.kind().fields.front(), record, store_.kind().deletedMarker);
-  const bool deleted = store_.writeDeleted(state().CurRec, record);
-  std::ranges::copy(record, buffer().begin());
+  // The buffer as it was read, not what was typed since; or nothing but the marker.
+  std::vector<std::byte> record(buffer().size());
+  if (rules.keepsTheRest) std::ranges::copy(buffer(), record.begin());
+  setText(store_.kind().fields.front(), record, rules.marker);
+  const int item = state().CurRec < 1 ? state().CurRec : position();
+  const bool deleted = store_.writeDeleted(item, record);
+  if (rules.keepsTheRest) std::ranges::copy(record, buffer().begin());
   if (!deleted) {
-    program().message(kEditorTitle, "Deletion failure!");
+    report(rules.questionTitle, "Deletion failure!");
     endProgram();
   }
-  program().message(kEditorTitle, "Deleted.");
+  report(rules.deletedTitle, "Deleted.");
   setRecordLabel("No Record");
   cmdClearData_Click();
-}
-
-void frmEditor::showAbout(std::string_view title, std::string_view area) {
-  program().message(title, aboutText(area), MessageIcon::information);
 }
 
 }  // namespace quillbox

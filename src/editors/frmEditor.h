@@ -2,9 +2,12 @@
 
 #include <array>
 #include <cstddef>
+#include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "forms/field_sheet.h"
 #include "forms/form.h"
@@ -15,16 +18,45 @@ class QPushButton;
 
 namespace quillbox {
 
-/// The title of the editors' messages.
-inline constexpr std::string_view kEditorTitle = "QBX - Music Manager";
-
-/// The commands that every editor has a button for.
-enum class Command { previous, next, goTo, clear, deleteItem, write };
+/// The commands that editors have buttons and menu items for.
+enum class Command {
+  // buttons
+  previous,
+  next,
+  goTo,
+  clear,
+  deleteItem,
+  write,
+  // menu items
+  newFile,
+  openFile,
+  exitCollection,
+  editSubList,
+  sort,
+  search,
+  printList,
+  printerSetup,
+  exportData,
+  mediaTypes,
+  loadFolder,
+  contents,
+  about,
+};
 
 struct ButtonRow {
   Command command;
   const char* name;
   const char* caption;
+};
+
+/// One item of a menu; rows of the same menu follow one another. A menu without an item is itself
+/// what is chosen.
+struct MenuRow {
+  const char* menu;
+  const char* menuCaption;
+  Command command;
+  const char* item = nullptr;
+  const char* caption = nullptr;
 };
 
 /// What an editor form is made of.
@@ -34,7 +66,11 @@ struct EditorTables {
   const char* indicatorText;  ///< before anything is shown
   std::span<const InputRow> inputs;
   std::span<const HeadingRow> headings;
-  std::span<const ButtonRow> buttons;  ///< one row for each command, in tab order
+  std::span<const ButtonRow> buttons;  ///< in tab order
+  std::span<const MenuRow> menus;
+  const char* aboutTitle;
+  const char* aboutArea;
+  const char* help;
 };
 
 /// The editor of a collection: shows one item at a time and lets the user step, jump, write, clear
@@ -48,19 +84,20 @@ class frmEditor : public Form {
  protected:
   frmEditor(Program& program, const CollectionKind& kind, const EditorTables& tables);
 
-  /// Reads or makes the collection at the current path and shows its first item.
+  /// Reads or makes the collection at the current path and shows its first item. A run-time error
+  /// leaves the form as it was.
   virtual void Form_Load() = 0;
 
   void Form_Unload() override;
 
-  /// The record buffer of the kind, of its record length.
-  virtual std::span<std::byte> buffer() = 0;
+  /// Does what a button or a menu item stands for.
+  virtual void choose(Command command);
 
   /// Record buffer to controls, record indicator, then `BTEnable`.
   virtual void UpdateScreen();
 
   /// Controls to record buffer. A run-time error leaves both as they were.
-  virtual void GetScreen() = 0;
+  virtual void GetScreen();
 
   /// Empty form, "New Record", new-item mode.
   virtual void ClearData();
@@ -80,31 +117,59 @@ class frmEditor : public Form {
   void cmdGoto_Click();
   void cmdWriteData_Click();
   void cmdClearData_Click();
-  virtual void cmdDelete_Click();
+  void cmdDelete_Click();
   void ExitCollection_Click();
+  void OpenFile_Click();
+  void NewFile_Click();
 
-  /// Shows what the file holds: item 1, or the empty collection.
-  void showFirstItem();
+  /// The file type in the header that New File writes.
+  virtual int newFileType() const { return store_.kind().rules.fileType; }
+
+  /// What follows the storing of a new item: a form for the next one.
+  virtual void afterNewItem() { cmdClearData_Click(); }
+
+  /// The form as it is before anything was ever shown on it; Previous and Next are disabled.
+  virtual void resetForm();
+
+  // What Form_Load is made of. Everything that can fail comes first; only then is the form touched.
+
+  /// Makes an empty collection with that file type at the current path.
+  void makeFile(int fileType);
+
+  /// Takes `Count` from the header; a negative count is 0.
+  void readCount();
+
+  /// Item 1; nothing when the collection is empty.
+  std::optional<std::vector<std::byte>> readFirstItem();
+
+  /// Shows item 1, or the empty collection.
+  void showFirstItem(const std::optional<std::vector<std::byte>>& first);
   void showNothing();
+  void showItem(std::int16_t position, std::span<const std::byte> record);
+  void readAndShow(int item);
 
-  void setFileCaption();
-  void showAbout(std::string_view title, std::string_view area);
+  void setFileCaption(std::string_view prefix);
+
+  /// Shows a message under the editor's own title.
+  void say(std::string_view text) { program().message(store_.kind().rules.messageTitle, text); }
 
   CollectionStore& store() { return store_; }
   FieldSheet& sheet() { return *sheet_; }
-  QPushButton& button(Command command);
+  std::span<std::byte> buffer() { return store_.kind().buffer(state()); }
+  std::int16_t& position() { return state().*store_.kind().position; }
+  QPushButton& button(Command command) { return *buttons_.at(command); }
 
  private:
-  void makeButtons(std::span<const ButtonRow> rows, const EditorTables& tables);
-  void handle(Command command);
-  void showItem(std::int16_t position, std::span<const std::byte> record);
+  void makeButtons();
+  void makeMenus();
   bool restBetweenLaps(int milliseconds);
   void setControlsEnabled(bool enabled);
 
   CollectionStore store_;
+  const EditorTables& tables_;
   FieldSheet* sheet_;
   QLabel* lblIndex_ = nullptr;
-  std::array<QPushButton*, 6> buttons_{};
+  std::map<Command, QPushButton*> buttons_;
   bool unloaded_ = false;  // since the running handler began
 };
 

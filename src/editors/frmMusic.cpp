@@ -16,7 +16,7 @@ namespace {
 enum Row {
   albumHeading,
   artist,
-  album,
+  albumTitle,
   recordCo,
   buying,
   costs,
@@ -35,34 +35,41 @@ constexpr HeadingRow kHeadings[] = {
 
 using enum InputKind;
 
+/// A text of this editor: shown with the blanks that pad it.
+constexpr InputRow text(const char* name, const char* caption, const Field* field, Place place,
+                        WhenEmpty whenEmpty = WhenEmpty::staysEmpty) {
+  return {textBox, name, caption, field, place, Shown::padded, nullptr, whenEmpty};
+}
+
 constexpr InputRow kInputs[] = {
-    {textBox, "txtArtist", "&Artist:", musicField("Artist"), {artist}},
-    {textBox, "txtAlbum", "A&lbum:", musicField("Album"), {album}},
-    {textBox, "txtRecordCo", "&Record Co:", musicField("RecordCo"), {recordCo}},
-    {textBox, "txtAquireDate", "A&quisition Date:", musicField("AquireDate"), {costs, 0, 1}},
+    text("txtArtist", "&Artist:", musicField("Artist"), {artist}),
+    text("txtAlbum", "A&lbum:", musicField("Album"), {albumTitle}),
+    text("txtRecordCo", "&Record Co:", musicField("RecordCo"), {recordCo}),
+    text("txtAquireDate", "A&quisition Date:", musicField("AquireDate"), {costs, 0, 1},
+         WhenEmpty::today),
     {textBox,
      "txtAquireCost",
      "Aq&uisiton Cost:",
      musicField("AquireCost"),
      {costs, 1, 1},
-     Shown::plainAmount},
+     Shown::number},
     // The two costs have always been shown differently.
     {textBox,
      "txtCurrCost",
      "&Current Cost:",
      musicField("CurrCost"),
      {costs, 2, 1},
-     Shown::signedAmount},
+     Shown::signedNumber},
     {dropDown, "cmbMediaType", "&Media Type:", musicField("MediaType"), {media, 0, 1}},
     {checkBox, "chkHasBook", "Has &Booklet", musicField("HasBook"), {media, 1, 1}},
     {checkBox, "chkCurrLoaned", "Currently On &Loan", musicField("CurrLoaned"), {onLoan, 0, 1}},
-    {textBox, "txtBorrower", "B&orrower:", musicField("Borrower"), {borrower}},
-    {textBox, "txtDateLoaned", "Da&te Borrowed:", musicField("DateLoaned"), {dates, 0, 1}},
-    {textBox, "txtDueDate", "D&ue Date:", musicField("DueDate"), {dates, 1, 1}},
+    text("txtBorrower", "B&orrower:", musicField("Borrower"), {borrower}),
+    text("txtDateLoaned", "Da&te Borrowed:", musicField("DateLoaned"), {dates, 0, 1}),
+    text("txtDueDate", "D&ue Date:", musicField("DueDate"), {dates, 1, 1}),
     {checkBox, "chkBookLoaned", "B&ook Loaned", musicField("BookLoaned"), {dates, 2, 1}},
-    {textBox, "txtNotes", "&Notes:", musicField("Notes"), {notes}},
+    text("txtNotes", "&Notes:", musicField("Notes"), {notes}),
     {dropDown, "cmbGenre", "&Genre:", musicField("Genre"), {genre, 0, 1}},
-    {textBox, "txtBarCode", "Bar Code/&ID:", musicField("BarCode"), {genre, 1, 2}},
+    text("txtBarCode", "Bar Code/&ID:", musicField("BarCode"), {genre, 1, 2}),
 };
 
 constexpr ButtonRow kButtons[] = {
@@ -74,8 +81,20 @@ constexpr ButtonRow kButtons[] = {
     {Command::write, "cmdWriteData", "&Write Data"},
 };
 
-constexpr EditorTables kTables = {
-    "frmMusic", "lblIndex", "Record #:", kInputs, kHeadings, kButtons};
+constexpr MenuRow kMenus[] = {
+    {"FileMenu", "&File", Command::newFile, "NewFile", "&New File"},
+    {"FileMenu", "&File", Command::openFile, "OpenFile", "&Open File"},
+    {"FileMenu", "&File", Command::exitCollection, "ExitCollection", "E&xit Collection"},
+    {"EditMenu", "&Edit", Command::editSubList, "EditSongs", "&Songs"},
+    {"EditMenu", "&Edit", Command::sort, "SortRecords", "S&ort Records"},
+    {"EditMenu", "&Edit", Command::search, "SearchRecords", "S&earch Records"},
+    {"PrintMenu", "P&rint", Command::printList, "PrintList", "&Print List"},
+    {"PrintMenu", "P&rint", Command::printerSetup, "PrintSetup", "&Setup Printer"},
+    {"PrintMenu", "P&rint", Command::exportData, "ExportData", "&Export Data"},
+    {"SetupMenu", "Se&tup", Command::mediaTypes, "MediaMenu", "&Media Types"},
+    {"HelpMenu", "&Help", Command::contents, "MusicContents", "&Contents"},
+    {"HelpMenu", "&Help", Command::about, "AboutMusic", "&About"},
+};
 
 constexpr const char* kHelp =
     "Each album is one item. Type into the boxes and choose Write Data to keep the item in the "
@@ -85,91 +104,70 @@ constexpr const char* kHelp =
     "Write Data.\n\n"
     "Delete Item marks the item as deleted; the next new item takes its place.";
 
+constexpr EditorTables kTables = {"frmMusic", "lblIndex", "Record #:", kInputs,
+                                  kHeadings,  kButtons,   kMenus,      "About Music Collection",
+                                  "Music",    kHelp};
+
 }  // namespace
 
 frmMusic::frmMusic(Program& program) : frmEditor(program, *kindOfExtension("MCS"), kTables) {
-  makeMenus();
   onClick(sheet().checkBox("chkCurrLoaned"), [this] { loanenable(); });
   onClick(sheet().checkBox("chkHasBook"), [this] { chkHasBook_Click(); });
   sheet().dropDown("cmbMediaType").installEventFilter(this);
 }
 
-void frmMusic::makeMenus() {
-  addMenu("FileMenu", "&File",
-          {{"NewFile", "&New File", nullptr},
-           {"OpenFile", "&Open File", nullptr},
-           {"ExitCollection", "E&xit Collection", [this] { ExitCollection_Click(); }}});
-  addMenu("EditMenu", "&Edit",
-          {{"EditSongs", "&Songs", [this] { EditSongs_Click(); }},
-           {"SortRecords", "S&ort Records", nullptr},
-           {"SearchRecords", "S&earch Records", nullptr}});
-  addMenu("PrintMenu", "P&rint",
-          {{"PrintList", "&Print List", nullptr},
-           {"PrintSetup", "&Setup Printer", [this] { desktop().printerSetup(); }},
-           {"ExportData", "&Export Data", nullptr}});
-  // The list of media types comes from the user's file alone; the item says so and does nothing.
-  addMenu("SetupMenu", "Se&tup", {{"MediaMenu", "&Media Types", [] {}}});
-  addMenu("HelpMenu", "&Help",
-          {{"MusicContents", "&Contents",
-            [this] { this->program().message("Quillbox Help", kHelp, MessageIcon::information); }},
-           {"AboutMusic", "&About", [this] { showAbout("About Music Collection", "Music"); }}});
+void frmMusic::choose(Command command) {
+  if (command == Command::editSubList)
+    EditSongs_Click();
+  else
+    frmEditor::choose(command);
 }
 
-std::span<std::byte> frmMusic::buffer() { return bytesOf(state().music); }
-
 void frmMusic::Form_Load() {
-  ReadIni();
-  button(Command::previous).setEnabled(false);
-  button(Command::next).setEnabled(false);
-  if (state().newCollection) {
-    store().writeHeader(0, music_file_type::madeByDialog, OpenMode::create);
-    state().newCollection = false;
-    state().Count = 0;
-    setFileCaption();
-    ClearData();
-    return;
-  }
-  const MusicFileState found = openMusicFile(state(), store());
-  setFileCaption();
-  switch (found) {
-    case MusicFileState::refused:
-      program().message(kEditorTitle, "Old File Type Incompatible. Contact us for upgrades.");
-      showNothing();
-      return;
-    case MusicFileState::upgradable:
-      upgrade();
-      break;
-    case MusicFileState::current:
-      break;
-  }
-  showFirstItem();
+  const MediaTypeList mediaTypes = ReadIni();
+  const bool isNew = state().newCollection;
+  auto found = MusicFileState::current;
+  if (isNew)
+    makeFile(music_file_type::madeByDialog);
+  else
+    found = openMusicFile(state(), store());
+  if (found == MusicFileState::refused) say("Old File Type Incompatible. Contact us for upgrades.");
+  if (found == MusicFileState::upgradable) upgrade();
+  const auto first = found == MusicFileState::refused ? std::nullopt : readFirstItem();
+
+  showMediaTypes(mediaTypes);
+  resetForm();
+  setFileCaption(store().kind().captionPrefix);
+  if (!isNew) showFirstItem(first);
 }
 
 void frmMusic::upgrade() {
-  program().message(kEditorTitle, "Performing file type upgrade.");
+  say("Performing file type upgrade.");
   upgradeMusicFile(state());
-  program().message(kEditorTitle, "Updated File Type 4 to File Type 5\r\nBarCode/ID Field Added.");
-  program().message(kEditorTitle, "Updating complete.");
+  say("Updated File Type 4 to File Type 5\r\nBarCode/ID Field Added.");
+  say("Updating complete.");
 }
 
-void frmMusic::ReadIni() {
+MediaTypeList frmMusic::ReadIni() {
   FileSystem& files = state().files.fileSystem();
-  MediaTypeList list;
+  MediaTypeList list = builtInMediaTypes();
   try {
     list = readMediaTypes(files);
     if (list.corrupt) {
-      program().message(kEditorTitle, "ERROR! INI File corrupt!");
+      say("ERROR! INI File corrupt!");
       files.remove(std::string(kMediaTypeFileName));
     }
   } catch (const RunTimeError& error) {
     // A list that cannot be read or deleted must not stand between the user and the collection.
     program().report(error);
-    if (list.entries.empty()) list = builtInMediaTypes();
   }
+  return list;
+}
+
+void frmMusic::showMediaTypes(const MediaTypeList& list) {
   QComboBox& media = sheet().dropDown("cmbMediaType");
   media.clear();
   for (const std::string& entry : list.entries) media.addItem(fromRecordText(entry));
-  media.setCurrentIndex(-1);
 }
 
 void frmMusic::UpdateScreen() {
@@ -179,19 +177,13 @@ void frmMusic::UpdateScreen() {
 }
 
 void frmMusic::GetScreen() {
-  MusicRecord record = state().music;
-  sheet().store(bytesOf(record));
-  QLineEdit& date = sheet().textBox("txtAquireDate");
-  if (date.text().isEmpty()) {
-    date.setText(fromUtf8Text(desktop().todayText()));
-    record.AquireDate = toRecordText(date.text());
-  }
-  state().music = record;
+  frmEditor::GetScreen();
   GetSongs();
 }
 
 void frmMusic::ClearData() {
   frmEditor::ClearData();
+  sheet().clearLists();
   ClearSongList();
   loanenable();
 }
@@ -276,11 +268,6 @@ void frmMusic::exitSongs(frmSongEdit& page) {
   GetSongs();
   showInsteadOf(page);
   sheet().textBox("txtArtist").setFocus();
-}
-
-void frmMusic::NewFile_Click() {
-  store().writeHeader(state().Count, music_file_type::upgradable);
-  hide();
 }
 
 }  // namespace quillbox

@@ -6,6 +6,7 @@
 
 #include "editors/frmEditor.h"
 #include "editors/frmSongEdit.h"
+#include "editors/media_types.h"
 
 namespace quillbox {
 
@@ -14,26 +15,26 @@ class frmMusic : public frmEditor {
  public:
   explicit frmMusic(Program& program);
 
-  /// Leaves the open file marked for the upgrade of old files, and asks for a new collection. The
-  /// mark is wrong, and always was: see docs/decisions.md.
-  void NewFile_Click();
-
  protected:
   void Form_Load() override;
-  std::span<std::byte> buffer() override;
+  void choose(Command command) override;
   void UpdateScreen() override;
   void GetScreen() override;
   void ClearData() override;
   void clearSubList() override { ClearSongList(); }
   void setRecordLabel(const std::string& text) override;
 
+  /// New File leaves the open collection marked for the upgrade of old files. The mark is wrong,
+  /// and always was: see docs/decisions.md.
+  int newFileType() const override { return music_file_type::upgradable; }
+
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void makeMenus();
-
-  /// Fills the media-type list; a corrupt file of the user's is reported and deleted.
-  void ReadIni();
+  /// The media types as they are to be offered; a corrupt file of the user's is reported and
+  /// deleted.
+  MediaTypeList ReadIni();
+  void showMediaTypes(const MediaTypeList& list);
   void upgrade();
 
   void loanenable();

@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
 #include <QFontMetrics>
 #include <QFrame>
 #include <QGridLayout>
@@ -13,14 +14,15 @@
 #include "forms/drop_down.h"
 #include "forms/qt_text.h"
 #include "forms/text_box.h"
+#include "records/date_text.h"
 #include "records/field_types.h"
 #include "records/number_text.h"
 
 namespace quillbox {
 namespace {
 
-/// Characters an amount's box takes: room for the longest amount and a remark behind it.
-constexpr int kAmountBoxLength = 50;
+/// Characters the box of a number or a date takes: room for the longest and a remark behind it.
+constexpr int kNumberBoxLength = 50;
 
 QWidget* makeHeading(const HeadingRow& heading) {
   auto* holder = new QWidget;
@@ -41,8 +43,8 @@ QWidget* makeHeading(const HeadingRow& heading) {
 }  // namespace
 
 FieldSheet::FieldSheet(std::span<const InputRow> inputs, std::span<const HeadingRow> headings,
-                       QWidget* parent)
-    : QWidget(parent) {
+                       Desktop& desktop, QWidget* parent)
+    : QWidget(parent), desktop_(desktop) {
   auto* grid = new QGridLayout(this);
   grid->setContentsMargins(0, 0, 0, 0);
   for (const HeadingRow& heading : headings)
@@ -56,8 +58,9 @@ FieldSheet::Bound FieldSheet::makeInput(const InputRow& row, QGridLayout& grid) 
   Bound made{&row, nullptr, nullptr};
   switch (row.kind) {
     case InputKind::textBox: {
-      const bool amount = row.field->type == FieldType::money;
-      auto* box = new TextBox(amount ? kAmountBoxLength : static_cast<int>(row.field->width), this);
+      const bool text = row.field->type == FieldType::text;
+      auto* box = new TextBox(text ? static_cast<int>(row.field->width) : kNumberBoxLength, this);
+      const bool amount = !text && row.field->type != FieldType::date;
       if (amount) box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
       made.input = box;
       break;
@@ -78,6 +81,7 @@ FieldSheet::Bound FieldSheet::makeInput(const InputRow& row, QGridLayout& grid) 
   if (row.kind != InputKind::checkBox) {
     made.caption = new QLabel(QString::fromUtf8(row.caption), this);
     made.caption->setBuddy(made.input);
+    if (row.captionName != nullptr) made.caption->setObjectName(QString::fromUtf8(row.captionName));
     // Farther from the input before it than from its own.
     if (row.place.column > 0) made.caption->setIndent(fontMetrics().averageCharWidth());
     grid.addWidget(made.caption, row.place.row, 2 * row.place.column);
@@ -90,16 +94,29 @@ void FieldSheet::show(std::span<const std::byte> record) {
   for (const Bound& bound : bound_) showField(bound, record);
 }
 
-void FieldSheet::store(std::span<std::byte> record) const {
-  for (const Bound& bound : bound_) storeField(bound, record);
+void FieldSheet::store(std::span<std::byte> record) {
+  std::vector<std::byte> stored(record.begin(), record.end());
+  for (const Bound& bound : bound_) storeField(bound, stored);
+  std::ranges::copy(stored, record.begin());
+  for (const Bound& bound : bound_) {
+    if (bound.row->whenEmpty == WhenEmpty::staysEmpty) continue;
+    auto* box = static_cast<QLineEdit*>(bound.input);
+    if (box->text().isEmpty()) box->setText(fromRecordText(textToStore(bound)));
+  }
 }
 
 void FieldSheet::clear() {
   for (const Bound& bound : bound_) {
-    if (auto* box = qobject_cast<QLineEdit*>(bound.input)) box->clear();
-    if (auto* box = qobject_cast<QCheckBox*>(bound.input)) box->setChecked(false);
-    if (auto* list = qobject_cast<QComboBox*>(bound.input)) list->setCurrentIndex(-1);
+    if (bound.row->kind == InputKind::textBox) static_cast<QLineEdit*>(bound.input)->clear();
+    if (bound.row->kind == InputKind::checkBox)
+      static_cast<QCheckBox*>(bound.input)->setChecked(false);
   }
+}
+
+void FieldSheet::clearLists() {
+  for (const Bound& bound : bound_)
+    if (bound.row->kind == InputKind::dropDown)
+      static_cast<QComboBox*>(bound.input)->setCurrentIndex(-1);
 }
 
 void FieldSheet::showField(const Bound& bound, std::span<const std::byte> record) {
@@ -118,17 +135,24 @@ void FieldSheet::showField(const Bound& bound, std::span<const std::byte> record
       break;
   }
   auto* box = static_cast<TextBox*>(bound.input);
-  switch (bound.row->shown) {
-    case Shown::padded:
-      box->showPadded(fromRecordText(upToNul(textOf(field, record))));
-      return;
-    case Shown::plainAmount:
-      box->setText(fromUtf8Text(plainAmount(moneyOf(field, record))));
-      return;
-    case Shown::signedAmount:
-      box->setText(fromUtf8Text(signedAmount(moneyOf(field, record))));
-      return;
+  if (field.type != FieldType::text) {
+    box->setText(fromUtf8Text(numberText(field, record, bound.row->shown)));
+    return;
   }
+  const std::string_view text = upToNul(textOf(field, record));
+  if (bound.row->shown == Shown::padded)
+    box->showPadded(fromRecordText(text));
+  else
+    box->setText(fromRecordText(withoutTrailingBlanks(text)));
+}
+
+std::string FieldSheet::numberText(const Field& field, std::span<const std::byte> record,
+                                   Shown shown) {
+  if (field.type == FieldType::date)
+    return dateText(realOf(field, record), desktop_.shortDateForm());
+  if (field.type == FieldType::whole) return std::to_string(wholeOf(field, record));
+  const std::int64_t amount = moneyOf(field, record);
+  return shown == Shown::signedNumber ? signedAmount(amount) : plainAmount(amount);
 }
 
 void FieldSheet::storeField(const Bound& bound, std::span<std::byte> record) {
@@ -143,13 +167,41 @@ void FieldSheet::storeField(const Bound& bound, std::span<std::byte> record) {
       return;
     }
     case FieldType::text:
-      setText(field, record, toRecordText(static_cast<QLineEdit*>(bound.input)->text()));
+      setText(field, record, textToStore(bound));
       return;
     case FieldType::money:
-      setMoney(field, record,
-               leadingAmount(toUtf8Text(static_cast<QLineEdit*>(bound.input)->text())));
+      setMoney(field, record, leadingAmount(textToStore(bound)));
       return;
+    case FieldType::whole:
+      setWhole(field, record, leadingWhole(textToStore(bound)));
+      return;
+    case FieldType::date:
+      setReal(field, record, dateOf(textToStore(bound), desktop_.shortDateForm()));
+      return;
+    case FieldType::size:
+      return;  // never on a form
   }
+}
+
+/// What the box holds, or what is put into it when it is empty.
+std::string FieldSheet::textToStore(const Bound& bound) {
+  const QString text = static_cast<QLineEdit*>(bound.input)->text();
+  if (text.isEmpty() && bound.row->whenEmpty == WhenEmpty::today)
+    return toRecordText(fromUtf8Text(desktop_.todayText()));
+  if (text.isEmpty() && bound.row->whenEmpty == WhenEmpty::newYear1980) return "1/1/80";
+  return toRecordText(text);
+}
+
+void FieldSheet::makeCaptionsClickable() {
+  for (const Bound& bound : bound_)
+    if (bound.caption != nullptr) bound.caption->installEventFilter(this);
+}
+
+bool FieldSheet::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::MouseButtonRelease)
+    for (const Bound& bound : bound_)
+      if (bound.caption == watched) bound.input->setFocus(Qt::MouseFocusReason);
+  return QWidget::eventFilter(watched, event);
 }
 
 QLineEdit& FieldSheet::textBox(std::string_view name) {

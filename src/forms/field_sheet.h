@@ -3,9 +3,11 @@
 #include <QWidget>
 #include <cstddef>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/desktop.h"
 #include "records/field.h"
 
 class QCheckBox;
@@ -21,8 +23,16 @@ enum class InputKind { textBox, checkBox, dropDown };
 /// How a text box shows what its field holds.
 enum class Shown {
   padded,        ///< the text with its trailing blanks
-  plainAmount,   ///< an amount
-  signedAmount,  ///< an amount with a blank before it when it is not negative
+  trimmed,       ///< the text without them
+  number,        ///< an amount, a whole number or a date in its text form
+  signedNumber,  ///< an amount with a blank before it when it is not negative
+};
+
+/// What is put into a box that is empty when it is stored.
+enum class WhenEmpty {
+  staysEmpty,
+  today,        ///< today's date as the platform's short date text
+  newYear1980,  ///< "1/1/80"
 };
 
 /// Where an input stands: a row, and the first and the number of the sheet's columns it takes.
@@ -41,7 +51,9 @@ struct InputRow {
   const char* caption;  ///< "&" marks the access key
   const Field* field;
   Place place;
-  Shown shown = Shown::padded;
+  Shown shown = Shown::trimmed;
+  const char* captionName = nullptr;  ///< of the label, where it has one
+  WhenEmpty whenEmpty = WhenEmpty::staysEmpty;
 };
 
 /// A heading over a group of inputs.
@@ -54,19 +66,22 @@ struct HeadingRow {
 /// tab order is that of the table.
 class FieldSheet : public QWidget {
  public:
-  /// The tables must outlive the sheet.
+  /// The tables and the desktop must outlive the sheet.
   FieldSheet(std::span<const InputRow> inputs, std::span<const HeadingRow> headings,
-             QWidget* parent = nullptr);
+             Desktop& desktop, QWidget* parent = nullptr);
 
   /// Record to controls. A choice that its list does not hold leaves the selection as it is.
   void show(std::span<const std::byte> record);
 
-  /// Controls to record; other fields are left alone. Run-time error 6 for an amount beyond its
-  /// range; `record` may be partly written then.
-  void store(std::span<std::byte> record) const;
+  /// Controls to record; other fields are left alone. Run-time error 6 for a number beyond its
+  /// range and 13 for a text that is no date: controls and record are as they were then.
+  void store(std::span<std::byte> record);
 
-  /// Empties the texts, clears the boxes, sets the lists to none.
+  /// Empties the texts and clears the boxes.
   void clear();
+
+  /// Sets the lists to none.
+  void clearLists();
 
   // The controls by name; the name must be in the table with that kind.
   QLineEdit& textBox(std::string_view name);
@@ -79,6 +94,12 @@ class FieldSheet : public QWidget {
   /// Puts the focus on the first input.
   void focusFirst();
 
+  /// From now on clicking a caption puts the focus on its input.
+  void makeCaptionsClickable();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   struct Bound {
     const InputRow* row;
@@ -88,9 +109,12 @@ class FieldSheet : public QWidget {
 
   const Bound& bound(std::string_view name) const;
   Bound makeInput(const InputRow& row, QGridLayout& grid);
-  static void showField(const Bound& bound, std::span<const std::byte> record);
-  static void storeField(const Bound& bound, std::span<std::byte> record);
+  void showField(const Bound& bound, std::span<const std::byte> record);
+  std::string numberText(const Field& field, std::span<const std::byte> record, Shown shown);
+  void storeField(const Bound& bound, std::span<std::byte> record);
+  std::string textToStore(const Bound& bound);
 
+  Desktop& desktop_;
   std::vector<Bound> bound_;
 };
 

@@ -30,17 +30,24 @@ void Form::showInsteadOf(Form& other) {
   activateWindow();
 }
 
-void Form::addMenu(const char* name, const char* caption, std::initializer_list<MenuItem> items) {
-  QMenu* menu = menuBar()->addMenu(QString::fromUtf8(caption));
-  menu->setObjectName(QString::fromUtf8(name));
-  menu->menuAction()->setObjectName(QString::fromUtf8(name));
-  for (const MenuItem& item : items) {
-    QAction* action = menu->addAction(QString::fromUtf8(item.caption));
+void Form::addMenuItem(const MenuItem& item) {
+  const QString menuName = QString::fromUtf8(item.menu);
+  QAction* action = nullptr;
+  if (item.name == nullptr) {
+    action = menuBar()->addAction(QString::fromUtf8(item.menuCaption));
+    action->setObjectName(menuName);
+  } else {
+    auto* menu = menuBar()->findChild<QMenu*>(menuName);
+    if (menu == nullptr) {
+      menu = menuBar()->addMenu(QString::fromUtf8(item.menuCaption));
+      menu->setObjectName(menuName);
+      menu->menuAction()->setObjectName(menuName);
+    }
+    action = menu->addAction(QString::fromUtf8(item.caption));
     action->setObjectName(QString::fromUtf8(item.name));
-    action->setShortcut(item.shortcut);
-    action->setEnabled(item.click != nullptr);
-    if (item.click) onTriggered(*action, item.click);
   }
+  action->setEnabled(item.click != nullptr);
+  if (item.click) onTriggered(*action, item.click);
 }
 
 void Form::onClick(QAbstractButton& button, std::function<void()> handler) {

@@ -3,7 +3,6 @@
 #include <QMainWindow>
 #include <QString>
 #include <functional>
-#include <initializer_list>
 #include <string_view>
 
 #include "forms/program.h"
@@ -13,12 +12,14 @@ class QAction;
 
 namespace quillbox {
 
-/// One item of a menu. An item without a handler cannot be chosen yet.
+/// One item of a menu, which is made with its first item. An item without a name is the menu
+/// itself; one without a handler cannot be chosen yet.
 struct MenuItem {
+  const char* menu;
+  const char* menuCaption;
   const char* name;
   const char* caption;
   std::function<void()> click;
-  QKeySequence shortcut = {};
 };
 
 /// A window of the program. Every handler of its controls runs inside Program::run.
@@ -42,7 +43,7 @@ class Form : public QMainWindow {
   /// What closing the window means; hides it.
   virtual void Form_Unload() = 0;
 
-  void addMenu(const char* name, const char* caption, std::initializer_list<MenuItem> items);
+  void addMenuItem(const MenuItem& item);
 
   /// Runs `handler` in the handlers' one place when the user clicks; a control set by program never
   /// does.

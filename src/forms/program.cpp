@@ -39,6 +39,8 @@ void Program::end() {
   desktop_.quit();
 }
 
+void Program::DeleteForm::operator()(Form* form) const { delete form; }
+
 std::vector<Form*> Program::visibleForms() const {
   std::vector<Form*> visible;
   std::ranges::copy_if(forms_, std::back_inserter(visible),

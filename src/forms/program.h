@@ -1,8 +1,11 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <typeindex>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/desktop.h"
@@ -21,6 +24,11 @@ class Shell {
  public:
   virtual ~Shell() = default;
   virtual void showStartScreen() = 0;
+
+  /// Asks for a collection and shows its editor.
+  virtual void FileOpen() = 0;
+
+  virtual void showNewCollection() = 0;
 };
 
 /// What all forms share: the state, the desktop, and the one place where handlers run.
@@ -51,6 +59,14 @@ class Program {
   void end();
   bool isEnding() const { return ending_; }
 
+  /// The one form of that class, made on first use.
+  template <typename SomeForm>
+  SomeForm& form() {
+    auto& form = single_[typeid(SomeForm)];
+    if (!form) form.reset(new SomeForm(*this));
+    return static_cast<SomeForm&>(*form);
+  }
+
   // Forms enter and leave the list of their own accord.
   void enter(Form& form) { forms_.push_back(&form); }
   void leave(Form& form) { std::erase(forms_, &form); }
@@ -58,12 +74,17 @@ class Program {
  private:
   std::vector<Form*> visibleForms() const;
 
+  struct DeleteForm {
+    void operator()(Form* form) const;
+  };
+
   AppState& state_;
   Desktop& desktop_;
   Shell* shell_ = nullptr;
   std::vector<Form*> forms_;
   int depth_ = 0;  // handlers running inside one another
   bool ending_ = false;
+  std::unordered_map<std::type_index, std::unique_ptr<Form, DeleteForm>> single_;
 };
 
 }  // namespace quillbox

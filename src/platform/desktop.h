@@ -19,6 +19,13 @@ struct MessageBox {
   MessageIcon icon = MessageIcon::none;
 };
 
+/// An open or save dialog. The filter is made of pairs of a description and its patterns, separated
+/// by "|"; the patterns of a pair are separated by ";" and match without regard to capitals.
+struct FileDialog {
+  std::string title;
+  std::string filter;
+};
+
 /// What the program asks of a desktop, so that a test can script every answer.
 class Desktop {
  public:
@@ -29,6 +36,16 @@ class Desktop {
   /// Asks for a line of text (UTF-8); nothing when the user cancels.
   virtual std::optional<std::string> inputBox(const std::string& prompt,
                                               const std::string& title) = 0;
+
+  /// Asks for a file to open; it need not exist. The path's own bytes, or nothing when the user
+  /// cancels.
+  virtual std::optional<std::string> openDialog(const FileDialog& dialog) = 0;
+
+  /// Asks for the name of a file to write.
+  virtual std::optional<std::string> saveDialog(const FileDialog& dialog) = 0;
+
+  /// The platform's short date form, as date_text.h wants it.
+  virtual std::string shortDateForm() = 0;
 
   /// Today's date as the platform's short date text (UTF-8).
   virtual std::string todayText() = 0;

@@ -25,6 +25,11 @@ RunTimeError openError(int error, const std::string& path) {
   return errorFromErrno(error, path);
 }
 
+RunTimeError folderError(const std::error_code& error, const std::string& folder) {
+  if (error.value() == ENOENT) return RunTimeError(ErrorNumber::pathNotFound, folder);
+  return errorFromErrno(error.value(), folder);
+}
+
 class DiskFile : public File {
  public:
   DiskFile(int descriptor, std::string path) : descriptor_(descriptor), path_(std::move(path)) {}
@@ -127,6 +132,30 @@ std::string DiskFileSystem::currentFolder() {
   const auto folder = std::filesystem::current_path(error);
   if (error) throw RunTimeError(ErrorNumber::pathNotFound, ".");
   return folder.string();
+}
+
+void DiskFileSystem::setCurrentFolder(const std::string& folder) {
+  std::error_code error;
+  std::filesystem::current_path(folder, error);
+  if (error) throw folderError(error, folder);
+}
+
+std::string DiskFileSystem::programFolder() {
+  std::error_code error;
+  const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+  return error ? currentFolder() : program.parent_path().string();
+}
+
+std::vector<FolderEntry> DiskFileSystem::list(const std::string& folder) {
+  std::vector<FolderEntry> entries;
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    std::error_code unknown;
+    entries.push_back({entry->path().filename().string(), entry->is_regular_file(unknown)});
+  }
+  if (error) throw folderError(error, folder);
+  return entries;
 }
 
 }  // namespace quillbox

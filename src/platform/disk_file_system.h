@@ -12,6 +12,9 @@ class DiskFileSystem : public FileSystem {
   void remove(const std::string& path) override;
   void rename(const std::string& from, const std::string& to) override;
   std::string currentFolder() override;
+  void setCurrentFolder(const std::string& folder) override;
+  std::string programFolder() override;
+  std::vector<FolderEntry> list(const std::string& folder) override;
 };
 
 }  // namespace quillbox

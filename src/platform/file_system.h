@@ -5,6 +5,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace quillbox {
 
@@ -35,6 +36,12 @@ class File {
   virtual void close() = 0;
 };
 
+/// One name in a folder, without the folder.
+struct FolderEntry {
+  std::string name;
+  bool isPlainFile = false;  ///< not a folder, a pipe or a device
+};
+
 /// The file operations that can fail, so that a test can fail each of them. Paths are the
 /// platform's own bytes.
 class FileSystem {
@@ -54,6 +61,13 @@ class FileSystem {
   virtual void rename(const std::string& from, const std::string& to) = 0;
 
   virtual std::string currentFolder() = 0;
+  virtual void setCurrentFolder(const std::string& folder) = 0;
+
+  /// The folder the program itself lies in.
+  virtual std::string programFolder() = 0;
+
+  /// What a folder holds, hidden entries included, in the order it gives them.
+  virtual std::vector<FolderEntry> list(const std::string& folder) = 0;
 };
 
 }  // namespace quillbox

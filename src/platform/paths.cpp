@@ -18,6 +18,35 @@ std::string_view fileNameOf(std::string_view path) {
   return last == std::string_view::npos ? path : path.substr(last + 1);
 }
 
+std::string_view folderOf(std::string_view path) {
+  const auto last = path.find_last_of(kSeparators);
+  if (last == std::string_view::npos) return {};
+  return path.substr(0, last == 0 ? 1 : last);
+}
+
+bool matchesPattern(std::string_view name, std::string_view pattern) {
+  std::size_t at = 0;
+  std::size_t in = 0;
+  std::size_t star = std::string_view::npos;  // the last "*" met, and where its run ends now
+  std::size_t runEnd = 0;
+  while (at < name.size()) {
+    if (in < pattern.size() && pattern[in] == '*') {
+      star = in++;
+      runEnd = at;
+    } else if (in < pattern.size() &&
+               (pattern[in] == '?' || capital(pattern[in]) == capital(name[at]))) {
+      ++in;
+      ++at;
+    } else if (star != std::string_view::npos) {
+      in = star + 1;
+      at = ++runEnd;
+    } else {
+      return false;
+    }
+  }
+  return pattern.find_first_not_of('*', in) == std::string_view::npos;
+}
+
 std::string extensionOf(std::string_view path) {
   constexpr std::size_t length = 3;
   std::string extension(path.size() > length ? path.substr(path.size() - length) : path);

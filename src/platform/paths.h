@@ -15,6 +15,13 @@ inline constexpr char kFolderSeparator = '/';
 /// The part of `path` after its last folder separator.
 std::string_view fileNameOf(std::string_view path);
 
+/// The part of `path` before its last folder separator; the root folder keeps its separator.
+std::string_view folderOf(std::string_view path);
+
+/// Whether a file name matches a pattern of "*" (any run) and "?" (any one character), capitals and
+/// small letters alike.
+bool matchesPattern(std::string_view name, std::string_view pattern);
+
 /// The last three characters of `path` in capitals: what tells a collection's kind. No dot is
 /// needed; a shorter path gives all of itself.
 std::string extensionOf(std::string_view path);

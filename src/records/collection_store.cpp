@@ -44,22 +44,22 @@ void CollectionStore::readItem(int item, std::span<std::byte> into) {
 
 void CollectionStore::writeItem(int item, std::span<const std::byte> record, int count) {
   if (item < 1) throw RunTimeError(ErrorNumber::badRecordNumber, state_.currentPath);
-  const HeaderRecord header = makeHeader(count, kind_.fileType);
+  const HeaderRecord header = makeHeader(count, kind_.rules.fileType);
   RecordFile file(state_.files, state_.currentPath, kind_.recordLength, OpenMode::update);
-  file.write(kHeaderRecordNumber, bytesOf(header));
+  if (kind_.rules.itemWritesRewriteTheHeader) file.write(kHeaderRecordNumber, bytesOf(header));
   file.write(recordNumberOf(item), record);
   file.close();
 }
 
 void CollectionStore::writeNewItem(std::span<const std::byte> record) {
-  if (!unfinishedSlot_ && kind_.reusesDeletedSlots) unfinishedSlot_ = firstDeletedSlot();
+  if (!unfinishedSlot_ && kind_.rules.reusesDeletedSlots) unfinishedSlot_ = firstDeletedSlot();
   if (unfinishedSlot_) {
     writeItem(*unfinishedSlot_, record, state_.Count);
     unfinishedSlot_.reset();
     return;
   }
   const std::int16_t count = checked16(state_.Count + 1);
-  writeHeader(count, kind_.fileType);
+  writeHeader(count, kind_.rules.fileType);
   writeItem(count, record, count);
   // Only now: a failed write leaves the count, so that trying again fills the same slot.
   state_.Count = count;
@@ -67,13 +67,14 @@ void CollectionStore::writeNewItem(std::span<const std::byte> record) {
 
 bool CollectionStore::writeDeleted(int item, std::span<const std::byte> record) {
   writeItem(item, record, state_.Count);
+  if (!kind_.rules.deletion.readsBack) return true;
   std::vector<std::byte> readBack(kind_.recordLength);
   readItem(item, readBack);
   return isDeleted(readBack);
 }
 
 bool CollectionStore::isDeleted(std::span<const std::byte> record) const {
-  return withoutTrailingBlanks(markerField(record)) == kind_.deletedMarker;
+  return withoutTrailingBlanks(markerField(record)) == kind_.rules.deletion.marker;
 }
 
 std::string_view CollectionStore::markerField(std::span<const std::byte> record) const {
@@ -84,7 +85,7 @@ std::optional<int> CollectionStore::firstDeletedSlot() {
   RecordFile file(state_.files, state_.currentPath, kind_.recordLength, OpenMode::read);
   for (int item = 1; item <= state_.Count; ++item) {
     file.read(recordNumberOf(item), read_, blank_);
-    if (withoutBlanksAround(markerField(read_)) == kind_.deletedMarker) return item;
+    if (withoutBlanksAround(markerField(read_)) == kind_.rules.deletion.marker) return item;
   }
   return std::nullopt;
 }

@@ -37,8 +37,9 @@ class CollectionStore {
   /// Reads an item; what lies past the end of the file is blank.
   void readItem(int item, std::span<std::byte> into);
 
-  /// Writes the header with `count` and the kind's file type, then the item. Run-time error 63
-  /// for a position that is no item: the header is never overwritten by one.
+  /// Writes the header with `count` and the kind's file type if the kind's item writes do that,
+  /// then the item. Run-time error 63 for a position that is no item: the header is never
+  /// overwritten by one.
   void writeItem(int item, std::span<const std::byte> record, int count);
 
   /// Stores `record` as a new item: in the first deleted slot if the kind reuses them, otherwise
@@ -46,8 +47,8 @@ class CollectionStore {
   /// a failure, and nothing in between, it stores the item in the same slot.
   void writeNewItem(std::span<const std::byte> record);
 
-  /// Writes `record`, which carries the deleted marker, over an item and reads it back. False when
-  /// what was read back is not deleted.
+  /// Writes `record`, which carries the deleted marker, over an item, and reads it back if the
+  /// kind does that. False when what was read back is not deleted.
   bool writeDeleted(int item, std::span<const std::byte> record);
 
   /// Whether Next and Previous take the record for deleted.

@@ -65,6 +65,16 @@ void setMoney(const Field& field, std::span<std::byte> record, std::int64_t tenT
   store(field, record, stored);
 }
 
+double realOf(const Field& field, std::span<const std::byte> record) {
+  return load<Real>(field, record);
+}
+
+void setReal(const Field& field, std::span<std::byte> record, double value) {
+  Real stored;
+  stored = value;
+  store(field, record, stored);
+}
+
 void fillBlank(std::span<const Field> fields, std::span<std::byte> record) {
   std::ranges::fill(record, std::byte{0});
   for (const Field& field : fields)

@@ -13,6 +13,9 @@ enum class FieldType {
   flag,    ///< WholeNumber, 0 or 1
   choice,  ///< WholeNumber, 0-based place in a drop-down list, -1 for none
   money,   ///< Money
+  whole,   ///< WholeNumber, an amount in whole units
+  date,    ///< Real, days since 30 December 1899 and the part of a day
+  size,    ///< Real, bytes
 };
 
 /// One field of a record: the descriptor that editors, sort and search share.
@@ -33,13 +36,17 @@ std::string_view textOf(const Field& field, std::span<const std::byte> record,
 void setText(const Field& field, std::span<std::byte> record, std::string_view text,
              std::size_t entry = 0);
 
-/// A flag or a choice.
+/// A flag, a choice or a whole number.
 std::int16_t wholeOf(const Field& field, std::span<const std::byte> record);
 void setWhole(const Field& field, std::span<std::byte> record, std::int16_t value);
 
 /// An amount in ten-thousandths.
 std::int64_t moneyOf(const Field& field, std::span<const std::byte> record);
 void setMoney(const Field& field, std::span<std::byte> record, std::int64_t tenThousandths);
+
+/// A date or a size.
+double realOf(const Field& field, std::span<const std::byte> record);
+void setReal(const Field& field, std::span<std::byte> record, double value);
 
 /// Makes `record` the blank record: blanks in texts, zeros elsewhere. (A record of zero bytes is
 /// another thing: what a buffer holds before anything was read.)

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <span>
 #include <string_view>
+#include <type_traits>
 
 #include "platform/run_time_error.h"
 
@@ -67,6 +68,22 @@ using WholeNumber = detail::LittleEndian<std::int16_t>;
 
 /// An amount in ten-thousandths, 64-bit signed.
 using Money = detail::LittleEndian<std::int64_t>;
+
+/// An IEEE double.
+class Real {
+ public:
+  constexpr operator double() const {
+    return std::bit_cast<double>(static_cast<std::int64_t>(bits_));
+  }
+  constexpr Real& operator=(double value) {
+    bits_ = std::bit_cast<std::int64_t>(value);
+    return *this;
+  }
+
+ private:
+  detail::LittleEndian<std::int64_t> bits_;
+};
+static_assert(sizeof(Real) == 8 && alignof(Real) == 1);
 
 static_assert(sizeof(WholeNumber) == 2 && alignof(WholeNumber) == 1);
 static_assert(sizeof(Money) == 8 && alignof(Money) == 1);

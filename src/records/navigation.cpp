@@ -8,7 +8,7 @@ std::optional<std::int16_t> nextItem(CollectionStore& store, std::int16_t positi
   do {
     position = checked16(position + 1);
     store.readItem(position, into);
-  } while (store.kind().stepping == Stepping::skipsDeleted && store.isDeleted(into));
+  } while (store.kind().rules.stepping == Stepping::skipsDeleted && store.isDeleted(into));
   return position;
 }
 
@@ -16,11 +16,15 @@ std::optional<std::int16_t> previousItem(CollectionStore& store, std::int16_t po
                                          std::int16_t count, std::span<std::byte> into,
                                          const LapCallback& onLap) {
   if (count < 1) return std::nullopt;
+  const bool skips = store.kind().rules.stepping == Stepping::skipsDeleted;
   for (int read = 1;; ++read) {
     if (position < 1) position = count;
-    position = position >= 2 ? checked16(position - 1) : count;
+    if (position >= 2)
+      position = checked16(position - 1);
+    else if (skips)
+      position = count;
     store.readItem(position, into);
-    if (store.kind().stepping == Stepping::plain || !store.isDeleted(into)) return position;
+    if (!skips || !store.isDeleted(into)) return position;
     if (read % count == 0 && !onLap()) return std::nullopt;
   }
 }

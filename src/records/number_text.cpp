@@ -86,6 +86,12 @@ std::int64_t scaled(const Decimal& number, int scale) {
   return static_cast<std::int64_t>(number.negative ? 0 - whole : whole);
 }
 
+std::int16_t whole16(const Decimal& number) {
+  const std::int64_t whole = scaled(number, 0);
+  if (whole < INT16_MIN || whole > INT16_MAX) throw RunTimeError(ErrorNumber::overflow);
+  return static_cast<std::int16_t>(whole);
+}
+
 }  // namespace
 
 std::string numberText(int number) { return withLeadingBlank(std::to_string(number)); }
@@ -110,13 +116,13 @@ std::int64_t leadingAmount(std::string_view text) {
   return scaled(readDecimal(text), kAmountScale);
 }
 
+std::int16_t leadingWhole(std::string_view text) { return whole16(readDecimal(text)); }
+
 std::int16_t wholeNumber(std::string_view text) {
   const Decimal number = readDecimal(text);
   const bool onlyNumber = text.find_first_not_of(' ', number.length) == std::string_view::npos;
   if (!number.anyDigit || !onlyNumber) throw RunTimeError(ErrorNumber::typeMismatch);
-  const std::int64_t whole = scaled(number, 0);
-  if (whole < INT16_MIN || whole > INT16_MAX) throw RunTimeError(ErrorNumber::overflow);
-  return static_cast<std::int16_t>(whole);
+  return whole16(number);
 }
 
 }  // namespace quillbox

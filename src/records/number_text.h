@@ -24,6 +24,10 @@ std::string signedAmount(std::int64_t tenThousandths);
 /// places, an exact half to the even one; run-time error 6 beyond the range of an amount.
 std::int64_t leadingAmount(std::string_view text);
 
+/// The number that `text` begins with, as a 16-bit whole number, an exact half to the even one;
+/// run-time error 6 beyond 16 bits.
+std::int16_t leadingWhole(std::string_view text);
+
 /// The whole of `text` as a 16-bit number, blanks around it allowed; a fraction goes to the nearest
 /// whole number, an exact half to the even one. Run-time error 13 when it is no number, 6 when it
 /// is outside 16 bits.

@@ -20,14 +20,12 @@ struct ToolRow {
   const char* themeIcon;
   QStyle::StandardPixmap icon;
   QKeySequence::StandardKey shortcut;
-  bool available;
 };
 
 const ToolRow kTools[] = {
-    {"N", "New Collection", "document-new", QStyle::SP_FileIcon, QKeySequence::New, false},
-    {"O", "Open Collection", "document-open", QStyle::SP_DialogOpenButton, QKeySequence::Open,
-     false},
-    {"X", "Exit", "application-exit", QStyle::SP_DialogCloseButton, QKeySequence::Quit, true},
+    {"N", "New Collection", "document-new", QStyle::SP_FileIcon, QKeySequence::New},
+    {"O", "Open Collection", "document-open", QStyle::SP_DialogOpenButton, QKeySequence::Open},
+    {"X", "Exit", "application-exit", QStyle::SP_DialogCloseButton, QKeySequence::Quit},
 };
 
 constexpr const char* kHelp =
@@ -56,17 +54,18 @@ void frmBegin2::makeToolbar() {
         QString::fromUtf8(tool.caption));
     action->setObjectName(QString::fromUtf8(tool.key));
     action->setShortcut(tool.shortcut);
-    action->setEnabled(tool.available);
     onTriggered(*action, [this, key = tool.key] { tbrBegin_ButtonClick(key); });
     tbrBegin->widgetForAction(action)->setFocusPolicy(Qt::StrongFocus);
   }
 }
 
 void frmBegin2::makeMenus() {
-  addMenu("HelpBegin", "&Help",
-          {{"ContentBegin", "&Contents",
-            [this] { this->program().message("Quillbox Help", kHelp, MessageIcon::information); }},
-           {"AboutBegin", "&About", [this] { AboutBegin_Click(); }}});
+  const auto item = [this](const char* name, const char* caption, std::function<void()> click) {
+    addMenuItem({"HelpBegin", "&Help", name, caption, std::move(click)});
+  };
+  item("ContentBegin", "&Contents",
+       [this] { program().message("Quillbox Help", kHelp, MessageIcon::information); });
+  item("AboutBegin", "&About", [this] { AboutBegin_Click(); });
 }
 
 void frmBegin2::makePage() {
@@ -90,6 +89,11 @@ void frmBegin2::makePage() {
 }
 
 void frmBegin2::tbrBegin_ButtonClick(std::string_view key) {
+  if (key == "N") {
+    hide();
+    program().shell().showNewCollection();
+  }
+  if (key == "O") program().shell().FileOpen();
   if (key == "X") Form_Unload();
 }
 

@@ -1,9 +1,18 @@
 #include "shell/modQBX1.h"
 
+#include "editors/frmBooks.h"
+#include "editors/frmComics.h"
+#include "editors/frmMusic.h"
+#include "editors/frmSoftware.h"
+#include "editors/frmVideo.h"
+#include "editors/frmWave.h"
 #include "forms/about.h"
 #include "platform/paths.h"
 #include "records/kinds.h"
 #include "records/version.h"
+#include "shell/IO.h"
+#include "shell/frmBegin2.h"
+#include "shell/frmNewCollection.h"
 
 namespace quillbox {
 namespace {
@@ -28,28 +37,69 @@ void modQBX1::Main(std::span<const std::string> arguments) {
   FileSystem& files = state.files.fileSystem();
   const std::string path = joined(arguments);
   const CollectionKind* kind = kindOfExtension(extensionOf(path));
-  frmEditor* editor =
-      kind != nullptr && kind->opensFromCommandLine ? editorOf(kind->editor) : nullptr;
-  if (editor == nullptr) {
+  if (kind == nullptr || !kind->opensFromCommandLine) {
     state.dataFolder = files.currentFolder();
     showStartScreen();
     return;
   }
   // The data folder stays empty then: a collection made later goes to the root folder.
   state.currentPath = isFullPath(path) ? path : fullPath(path, files.currentFolder());
-  editor->open();
+  editorOf(kind->editor).open();
 }
 
 void modQBX1::showStartScreen() {
-  if (!frmBegin2_) frmBegin2_ = std::make_unique<frmBegin2>(program_);
-  frmBegin2_->show();
-  frmBegin2_->activateWindow();
+  auto& start = program_.form<frmBegin2>();
+  start.show();
+  start.activateWindow();
 }
 
-frmEditor* modQBX1::editorOf(EditorForm form) {
-  if (form != EditorForm::music) return nullptr;
-  if (!frmMusic_) frmMusic_ = std::make_unique<frmMusic>(program_);
-  return frmMusic_.get();
+void modQBX1::FileOpen() {
+  AppState& state = program_.state();
+  const OpenCollection before = state;
+  const CollectionKind* kind = IO::chooseCollection(program_);
+  if (kind == nullptr) return;
+  try {
+    editorOf(kind->editor).open();
+  } catch (const RunTimeError&) {
+    // The form that asked comes back, and so does what it had open.
+    static_cast<OpenCollection&>(state) = before;
+    throw;
+  }
+  program_.form<frmBegin2>().hide();
+}
+
+void modQBX1::showNewCollection() {
+  auto& dialog = program_.form<frmNewCollection>();
+  dialog.openEditor = [this](const CollectionKind& kind) { openNew(kind); };
+  dialog.showWithOptions();
+}
+
+/// A collection that cannot be made leaves nothing to come back to but the start screen.
+void modQBX1::openNew(const CollectionKind& kind) {
+  try {
+    editorOf(kind.editor).open();
+  } catch (const RunTimeError& error) {
+    program_.state().newCollection = false;
+    program_.report(error);
+  }
+}
+
+frmEditor& modQBX1::editorOf(EditorForm form) {
+  switch (form) {
+    case EditorForm::music:
+      return program_.form<frmMusic>();
+    case EditorForm::video:
+      return program_.form<frmVideo>();
+    case EditorForm::software:
+      return program_.form<frmSoftware>();
+    case EditorForm::comics:
+      return program_.form<frmComics>();
+    case EditorForm::books:
+      return program_.form<frmBooks>();
+    case EditorForm::wave:
+      break;
+  }
+  return program_.form<frmWave>();
 }
 
 }  // namespace quillbox

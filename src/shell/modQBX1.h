@@ -1,16 +1,16 @@
 #pragma once
 
-#include <memory>
 #include <span>
 #include <string>
 
-#include "editors/frmMusic.h"
 #include "forms/program.h"
-#include "shell/frmBegin2.h"
+#include "records/kinds.h"
 
 namespace quillbox {
 
-/// The start-up module: starts the program and brings up its forms, each made when first needed.
+class frmEditor;
+
+/// The start-up module: starts the program and brings up its forms.
 class modQBX1 : public Shell {
  public:
   explicit modQBX1(Program& program);
@@ -20,14 +20,14 @@ class modQBX1 : public Shell {
   void Main(std::span<const std::string> arguments);
 
   void showStartScreen() override;
+  void FileOpen() override;
+  void showNewCollection() override;
 
  private:
-  /// The editor of a kind; nullptr when there is none yet.
-  frmEditor* editorOf(EditorForm form);
+  frmEditor& editorOf(EditorForm form);
+  void openNew(const CollectionKind& kind);
 
   Program& program_;
-  std::unique_ptr<frmBegin2> frmBegin2_;
-  std::unique_ptr<frmMusic> frmMusic_;
 };
 
 }  // namespace quillbox

@@ -157,7 +157,7 @@ TEST_F(OpeningMusic, UpgradesAnOldFileAndKeepsItAsTheBackup) {
 TEST_F(OpeningMusic, AFileMarkedByNewFileIsUpgradedWithTheOldLength) {
   writeFile(path(), musicFile({album("Miles Davis"), album("The Beatles"), album("C")}));
   start({path()});
-  program_->run([&] { dynamic_cast<frmMusic&>(form()).NewFile_Click(); });
+  choose("NewFile");
   const std::string marked = file();
   expectUpgrade();
   restart({path()});

@@ -771,18 +771,18 @@ TEST_F(MusicEditor, ExitCollectionReturnsToTheStartScreen) {
 
 TEST_F(MusicEditor, NewFileLeavesTheFileMarkedForTheUpgradeAsItAlwaysHas) {
   open({album("A"), album("B")});
-  program_->run([&] { dynamic_cast<frmMusic&>(form()).NewFile_Click(); });
+  choose("NewFile");
   EXPECT_EQ(headerOf(file()).FileType, 4);
   EXPECT_EQ(headerOf(file()).Count, 2);
   EXPECT_EQ(file().substr(12), musicFile({album("A"), album("B")}).substr(12));
-  EXPECT_EQ(formName(), "frmBegin2") << "never an empty desktop";
+  EXPECT_EQ(formName(), "frmNewCollection");
 }
 
 TEST_F(MusicEditor, AFailedNewFileKeepsTheEditor) {
   open({album("A")});
   files_.failNth(0, ErrorNumber::permissionDenied);
   desktop_.expectMessage("Quillbox", "Run-time error '70':\n\nPermission denied\n" + path());
-  program_->run([&] { dynamic_cast<frmMusic&>(form()).NewFile_Click(); });
+  choose("NewFile");
   EXPECT_EQ(formName(), "frmMusic");
 }
 

@@ -29,6 +29,9 @@ class ProgramTest : public testing::Test, public Shell {
     start_.show();
   }
 
+  void FileOpen() override {}
+  void showNewCollection() override {}
+
   TestFolder folder_;
   FailingFiles files_;
   FakeDesktop desktop_;

@@ -58,7 +58,7 @@ class CollectionStoreTest : public testing::Test {
   std::string path_ = folder_.path("jazz.MCS");
   FailingFiles files_;
   AppState state_{files_};
-  CollectionStore store_{state_, kindOfCode(1)};
+  CollectionStore store_{state_, *kindOfCode(1)};
 };
 
 TEST_F(CollectionStoreTest, ANewFileIsItsTwelveHeaderBytes) {
@@ -71,9 +71,9 @@ TEST_F(CollectionStoreTest, EveryKindsHeaderIsTheSame) {
   for (const CollectionKind& kind : collectionKinds()) {
     CollectionStore store(state_, kind);
     state_.currentPath = folder_.path(kind.extension);
-    store.writeHeader(258, kind.fileType, OpenMode::create);
+    store.writeHeader(258, kind.rules.fileType, OpenMode::create);
     std::string expected = "\x02\x01\x01\x00\x31\x2e\x37\x31\x20\x20\x20\x20"s;
-    expected[2] = static_cast<char>(kind.fileType);
+    expected[2] = static_cast<char>(kind.rules.fileType);
     EXPECT_EQ(readFile(state_.currentPath), expected) << kind.extension;
     EXPECT_EQ(store.readHeader().Count, 258);
   }
@@ -297,8 +297,8 @@ TEST_F(CollectionStoreTest, ASlotBeyondCountIsNotReused) {
 }
 
 TEST_F(CollectionStoreTest, AKindThatReusesNoSlotsAppends) {
-  CollectionKind kind = kindOfCode(1);
-  kind.reusesDeletedSlots = false;
+  CollectionKind kind = *kindOfCode(1);
+  kind.rules.reusesDeletedSlots = false;
   CollectionStore store(state_, kind);
   items({album(kDeleted), album("B")});
   store.writeNewItem(bytesOf(album("C")));
@@ -443,7 +443,7 @@ TEST_F(CollectionStoreTest, AReadThatFailsHalfWayLeavesTheCallersRecordAsItWas) 
   BadDisk disk;
   AppState state(disk);
   state.currentPath = path_;
-  CollectionStore store(state, kindOfCode(1));
+  CollectionStore store(state, *kindOfCode(1));
   MusicRecord record = album("shown", "before");
   const Failure failure = failureOf([&] { store.readItem(1, bytesOf(record)); });
   EXPECT_EQ(failure.number, 57);
@@ -514,7 +514,7 @@ TEST_F(CollectionStoreTest, TheStoreFollowsTheCurrentPath) {
   EXPECT_EQ(store_.readHeader().Count, 1);
   state_.currentPath = folder_.path("b.MCS");
   EXPECT_EQ(store_.readHeader().Count, 2);
-  EXPECT_EQ(&store_.kind(), &kindOfCode(1));
+  EXPECT_EQ(&store_.kind(), kindOfCode(1));
 }
 
 }  // namespace

@@ -51,25 +51,25 @@ TEST(Kinds, TheTableOfTheNineKinds) {
     EXPECT_EQ(kind.captionPrefix, rows[i].captionPrefix);
     EXPECT_EQ(kind.editor, rows[i].editor) << kind.extension;
     EXPECT_EQ(kind.opensFromCommandLine, rows[i].opensFromCommandLine) << kind.extension;
-    EXPECT_EQ(kind.fileType, rows[i].fileType) << kind.extension;
-    EXPECT_EQ(kind.deletedMarker, rows[i].deletedMarker) << kind.extension;
+    EXPECT_EQ(kind.rules.fileType, rows[i].fileType) << kind.extension;
+    EXPECT_EQ(kind.rules.deletion.marker, rows[i].deletedMarker) << kind.extension;
     EXPECT_EQ(kindOfExtension(rows[i].extension), &kind);
-    EXPECT_EQ(&kindOfCode(rows[i].code), &kind);
+    EXPECT_EQ(kindOfCode(rows[i].code), &kind);
   }
 }
 
 TEST(Kinds, TheEditorsFirstCaptions) {
-  EXPECT_EQ(kindOfCode(1).designCaption, "Music Collection Manager");
-  EXPECT_EQ(kindOfCode(2).designCaption, "Comic Collection Manager");
-  EXPECT_EQ(kindOfCode(3).designCaption, "Video Tape Collection Manager");
-  EXPECT_EQ(kindOfCode(4).designCaption, "Software Collection Manager");
-  EXPECT_EQ(kindOfCode(5).designCaption, "Book Collection  Manager");
+  EXPECT_EQ(kindOfCode(1)->designCaption, "Music Collection Manager");
+  EXPECT_EQ(kindOfCode(2)->designCaption, "Comic Collection Manager");
+  EXPECT_EQ(kindOfCode(3)->designCaption, "Video Tape Collection Manager");
+  EXPECT_EQ(kindOfCode(4)->designCaption, "Software Collection Manager");
+  EXPECT_EQ(kindOfCode(5)->designCaption, "Book Collection  Manager");
 }
 
 TEST(Kinds, TheMusicKindStepsOverDeletedAlbumsAndReusesTheirSlots) {
-  const CollectionKind& music = kindOfCode(1);
-  EXPECT_EQ(music.stepping, Stepping::skipsDeleted);
-  EXPECT_TRUE(music.reusesDeletedSlots);
+  const CollectionKind& music = *kindOfCode(1);
+  EXPECT_EQ(music.rules.stepping, Stepping::skipsDeleted);
+  EXPECT_TRUE(music.rules.reusesDeletedSlots);
   EXPECT_EQ(music.fields.data(), kMusicFields.data());
   EXPECT_EQ(music.fields.size(), kMusicFields.size());
   EXPECT_EQ(music.fields.front().name, "Artist");
@@ -99,23 +99,23 @@ TEST(Kinds, TheRecordLabelNamesPositionAndCount) {
       {9, "Record #: 5 of 12", "Record #:None", ""},
   };
   for (const auto& row : rows) {
-    const CollectionKind& kind = kindOfCode(row.code);
+    const CollectionKind& kind = *kindOfCode(row.code);
     EXPECT_EQ(recordLabel(kind, 5, 12), row.label);
-    EXPECT_EQ(kind.label.empty, row.empty) << row.code;
+    EXPECT_EQ(kind.rules.label.empty, row.empty) << row.code;
     if (row.code <= 5) {
-      EXPECT_EQ(kind.label.fresh, row.fresh) << row.code;
+      EXPECT_EQ(kind.rules.label.fresh, row.fresh) << row.code;
     }
   }
 }
 
 TEST(Kinds, TheRecordLabelsNumbersHaveABlankWhereNoSignStands) {
-  const CollectionKind& music = kindOfCode(1);
+  const CollectionKind& music = *kindOfCode(1);
   EXPECT_EQ(recordLabel(music, -1, 12), "Record #:-1 Of 12");
   EXPECT_EQ(recordLabel(music, 0, 0), "Record #: 0 Of 0");
   EXPECT_EQ(recordLabel(music, 13, -2), "Record #: 13 Of-2");
   EXPECT_EQ(recordLabel(music, 32767, 32767), "Record #: 32767 Of 32767");
-  EXPECT_EQ(recordLabel(kindOfCode(3), -1, 12), "Record #-1 of 12");
-  EXPECT_EQ(recordLabel(kindOfCode(9), -1, 12), "Record #:-1 of 12");
+  EXPECT_EQ(recordLabel(*kindOfCode(3), -1, 12), "Record #-1 of 12");
+  EXPECT_EQ(recordLabel(*kindOfCode(9), -1, 12), "Record #:-1 of 12");
 }
 
 }  // namespace

@@ -73,7 +73,7 @@ class MusicFileTest : public testing::Test {
   std::string backup_ = folder_.path("jazz.BAK");
   FailingFiles files_;
   AppState state_{files_};
-  CollectionStore store_{state_, kindOfCode(1)};
+  CollectionStore store_{state_, *kindOfCode(1)};
 };
 
 using OpenMusicFile = MusicFileTest;

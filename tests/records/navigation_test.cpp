@@ -57,7 +57,7 @@ class NavigationTest : public testing::Test {
   std::string path_ = folder_.path("jazz.MCS");
   FailingFiles files_;
   AppState state_{files_};
-  CollectionStore store_{state_, kindOfCode(1)};
+  CollectionStore store_{state_, *kindOfCode(1)};
   MusicRecord item_{};
   int laps_ = 0;
 };
@@ -302,8 +302,8 @@ TEST_F(Previous, AReadErrorNamesTheFileAndLeavesNothingHalfDone) {
 class PlainSteppingTest : public NavigationTest {
  protected:
   static CollectionKind plainKind() {
-    CollectionKind kind = kindOfCode(1);
-    kind.stepping = Stepping::plain;
+    CollectionKind kind = *kindOfCode(1);
+    kind.rules.stepping = Stepping::plain;
     return kind;
   }
 

@@ -67,6 +67,11 @@ std::unique_ptr<File> FailingFiles::open(const std::string& path, OpenMode mode)
   return std::make_unique<FailingFile>(*this, path, disk_.open(path, mode));
 }
 
+std::vector<FolderEntry> FailingFiles::list(const std::string& folder) {
+  if (const auto error = next(FileOperation::list, folder)) throw RunTimeError(*error);
+  return disk_.list(folder);
+}
+
 bool FailingFiles::exists(const std::string& path) {
   if (const auto error = next(FileOperation::exists, path)) throw RunTimeError(*error);
   return disk_.exists(path);

@@ -10,7 +10,7 @@
 
 namespace quillbox::test {
 
-enum class FileOperation { open, read, write, flush, close, exists, remove, rename };
+enum class FileOperation { open, read, write, flush, close, exists, remove, rename, list };
 
 /// One operation as it was asked for.
 struct OperationRecord {
@@ -47,6 +47,9 @@ class FailingFiles : public FileSystem {
   void remove(const std::string& path) override;
   void rename(const std::string& from, const std::string& to) override;
   std::string currentFolder() override { return disk_.currentFolder(); }
+  void setCurrentFolder(const std::string& folder) override { disk_.setCurrentFolder(folder); }
+  std::string programFolder() override { return disk_.programFolder(); }
+  std::vector<FolderEntry> list(const std::string& folder) override;
 
   /// Writes the operation down; returns the error when this is the one to fail.
   std::optional<RunTimeError> next(FileOperation operation, const std::string& path);

@@ -24,6 +24,16 @@ void FakeDesktop::expectInput(std::string prompt, std::string title,
       {Kind::input, std::move(title), std::move(prompt), Answer::ok, std::move(answer)});
 }
 
+void FakeDesktop::expectOpen(std::string title, std::string filter,
+                             std::optional<std::string> answer) {
+  expected_.push_back(
+      {Kind::open, std::move(title), std::move(filter), Answer::ok, std::move(answer)});
+}
+
+void FakeDesktop::expectSave(std::string title, std::optional<std::string> answer) {
+  expected_.push_back({Kind::save, std::move(title), "", Answer::ok, std::move(answer)});
+}
+
 void FakeDesktop::moveLastToFront() {
   expected_.push_front(std::move(expected_.back()));
   expected_.pop_back();
@@ -45,6 +55,16 @@ Answer FakeDesktop::messageBox(const MessageBox& box) {
 std::optional<std::string> FakeDesktop::inputBox(const std::string& prompt,
                                                  const std::string& title) {
   const auto next = take(Kind::input, title, prompt);
+  return next ? next->typed : std::nullopt;
+}
+
+std::optional<std::string> FakeDesktop::openDialog(const FileDialog& dialog) {
+  const auto next = take(Kind::open, dialog.title, dialog.filter);
+  return next ? next->typed : std::nullopt;
+}
+
+std::optional<std::string> FakeDesktop::saveDialog(const FileDialog& dialog) {
+  const auto next = take(Kind::save, dialog.title, dialog.filter);
   return next ? next->typed : std::nullopt;
 }
 

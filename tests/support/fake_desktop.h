@@ -22,6 +22,9 @@ class FakeDesktop : public Desktop {
   void expectQuestion(std::string title, std::string text, Answer answer);
   void expectInput(std::string prompt, std::string title, std::optional<std::string> answer);
 
+  void expectOpen(std::string title, std::string filter, std::optional<std::string> answer);
+  void expectSave(std::string title, std::optional<std::string> answer);
+
   /// Makes the box expected last the one expected next.
   void moveLastToFront();
 
@@ -31,6 +34,7 @@ class FakeDesktop : public Desktop {
   void expectNothingLeft();
 
   std::string today = "11/21/2026";
+  std::string dateForm = "M/d/yy";
   std::function<void()> onRest;  ///< run by every rest()
 
   /// Answers every box that was not expected, without a failure.
@@ -43,6 +47,9 @@ class FakeDesktop : public Desktop {
 
   Answer messageBox(const MessageBox& box) override;
   std::optional<std::string> inputBox(const std::string& prompt, const std::string& title) override;
+  std::optional<std::string> openDialog(const FileDialog& dialog) override;
+  std::optional<std::string> saveDialog(const FileDialog& dialog) override;
+  std::string shortDateForm() override { return dateForm; }
   std::string todayText() override { return today; }
   void printerSetup() override { ++printerSetups; }
   void rest(int milliseconds, const std::function<bool()>& over) override;
@@ -50,7 +57,7 @@ class FakeDesktop : public Desktop {
   void endAtOnce() override { endedAtOnce = true; }
 
  private:
-  enum class Kind { message, question, input };
+  enum class Kind { message, question, input, open, save };
   struct Expected {
     Kind kind;
     std::string title;

@@ -14,6 +14,7 @@
 #include <string>
 #include <string_view>
 
+#include "editors/frmMusic.h"
 #include "forms/program.h"
 #include "shell/modQBX1.h"
 #include "support/failing_files.h"

@@ -4,6 +4,8 @@
 #include <QDate>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QFile>
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QLocale>
 #include <QMessageBox>
@@ -32,6 +34,30 @@ QMessageBox::Icon iconOf(MessageIcon icon) {
 /// The toolkit takes "[*]" in a caption for the place of a mark; doubled it stands for itself.
 QString captionText(const std::string& text) {
   return QString::fromStdString(text).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+}
+
+/// "Description (*.A, *.B)|*.A;*.B|..." as the toolkit has it: "Description (*.A *.B)", ...
+QStringList nameFilters(const std::string& filter) {
+  QStringList filters;
+  const QStringList parts = QString::fromStdString(filter).split(QLatin1Char('|'));
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+    const QString description = parts[i].section(QLatin1Char('('), 0, 0).trimmed();
+    QString patterns = parts[i + 1];
+    filters << QStringLiteral("%1 (%2)").arg(
+        description, patterns.replace(QLatin1Char(';'), QLatin1Char(' ')));
+  }
+  return filters;
+}
+
+std::optional<std::string> askForFile(const FileDialog& asked, QFileDialog::AcceptMode mode) {
+  QFileDialog dialog(QApplication::activeWindow(), captionText(asked.title));
+  // The toolkit's own dialog: its patterns match capitals and small letters alike everywhere.
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setAcceptMode(mode);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  if (!asked.filter.empty()) dialog.setNameFilters(nameFilters(asked.filter));
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();
 }
 
 }  // namespace
@@ -66,6 +92,18 @@ std::optional<std::string> QtDesktop::inputBox(const std::string& prompt,
   dialog.setWindowModality(Qt::ApplicationModal);
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.textValue().toStdString();
+}
+
+std::optional<std::string> QtDesktop::openDialog(const FileDialog& dialog) {
+  return askForFile(dialog, QFileDialog::AcceptOpen);
+}
+
+std::optional<std::string> QtDesktop::saveDialog(const FileDialog& dialog) {
+  return askForFile(dialog, QFileDialog::AcceptSave);
+}
+
+std::string QtDesktop::shortDateForm() {
+  return QLocale::system().dateFormat(QLocale::ShortFormat).toStdString();
 }
 
 std::string QtDesktop::todayText() {

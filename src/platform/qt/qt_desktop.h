@@ -16,6 +16,9 @@ class QtDesktop : public Desktop {
 
   Answer messageBox(const MessageBox& box) override;
   std::optional<std::string> inputBox(const std::string& prompt, const std::string& title) override;
+  std::optional<std::string> openDialog(const FileDialog& dialog) override;
+  std::optional<std::string> saveDialog(const FileDialog& dialog) override;
+  std::string shortDateForm() override;
   std::string todayText() override;
   void printerSetup() override;
   void rest(int milliseconds, const std::function<bool()>& over) override;

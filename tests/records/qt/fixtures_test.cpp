@@ -93,10 +93,15 @@ TEST_P(Fixtures, DecodeToTheirContents) {
         }
         case FieldType::flag:
         case FieldType::choice:
+        case FieldType::whole:
           EXPECT_EQ(wholeOf(field, record), value.toInt());
           break;
         case FieldType::money:
           EXPECT_EQ(moneyOf(field, record), std::llround(value.toDouble() * kMoneyScale));
+          break;
+        case FieldType::date:
+        case FieldType::size:
+          EXPECT_EQ(realOf(field, record), value.toDouble());
           break;
       }
     }
@@ -128,10 +133,15 @@ TEST_P(Fixtures, AreWhatTheirContentsEncodeTo) {
         }
         case FieldType::flag:
         case FieldType::choice:
+        case FieldType::whole:
           setWhole(field, record, checked16(value.toInt()));
           break;
         case FieldType::money:
           setMoney(field, record, std::llround(value.toDouble() * kMoneyScale));
+          break;
+        case FieldType::date:
+        case FieldType::size:
+          setReal(field, record, value.toDouble());
           break;
       }
     }

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "editors/frmFamily.h"
+
+namespace quillbox {
+
+/// The editor of book collections.
+class frmBooks : public frmFamily {
+ public:
+  explicit frmBooks(Program& program);
+};
+
+}  // namespace quillbox

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <memory>
+
+#include "editors/frmEditor.h"
+#include "editors/frmListPage.h"
+
+namespace quillbox {
+
+inline constexpr const char* kFamilyHelp =
+    "Type into the boxes and choose Write Data to keep the item in the collection's file; nothing "
+    "else saves it.\n\n"
+    "Clear Data starts a new item. The Previous and Next buttons and GoTo move through the "
+    "collection. Edit, Edit Titles opens the item's list, where there is one; it is kept with the "
+    "item's next Write Data.";
+
+/// What an editor of the video-to-book family has besides the tables of every editor.
+struct FamilyTables {
+  EditorTables editor;
+  const ListPageTables* listPage = nullptr;  ///< none in the book editor
+  /// A deleted record leaves the screen as it is (video only).
+  bool hidesDeleted = false;
+  /// Clicking a caption goes to its input (software only).
+  bool captionsClickable = false;
+  /// After a new item the form is cleared without starting a new one again (books only).
+  bool clearsScreenOnly = false;
+};
+
+/// The editors of video, software, comics and books: one family, told once.
+class frmFamily : public frmEditor {
+ protected:
+  /// `extension` is the kind's. The tables must outlive the form.
+  frmFamily(Program& program, std::string_view extension, const FamilyTables& tables);
+
+  void Form_Load() override;
+  void choose(Command command) override;
+  void UpdateScreen() override;
+  void GetScreen() override;
+  void ClearData() override;
+  void afterNewItem() override;
+
+ private:
+  void clearscreen();
+  void showListPosition(int item);
+
+  const FamilyTables& family_;
+  std::unique_ptr<frmListPage> listPage_;
+};
+
+}  // namespace quillbox

@@ -1,0 +1,90 @@
+#include "editors/frmListPage.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "forms/qt_text.h"
+#include "forms/text_box.h"
+
+namespace quillbox {
+namespace {
+
+/// Characters that most entries have room in; longer ones scroll.
+constexpr int kUsualEntry = 50;
+
+}  // namespace
+
+frmListPage::frmListPage(Program& program, const ListPageTables& tables, Owner owner)
+    : Form(program, tables.formName), tables_(tables), owner_(std::move(owner)) {
+  setCaption(fromUtf8Text(tables.caption));
+  auto* page = new QWidget;
+  setCentralWidget(page);
+  auto* column = new QVBoxLayout(page);
+  auto* grid = new QGridLayout;
+  const auto numbered = [](const char* name, int number) {
+    return QStringLiteral("%1_%2").arg(QString::fromUtf8(name)).arg(number);
+  };
+  for (int entry = 0; const char* text : tables.captions) {
+    auto* box = new TextBox(static_cast<int>(tables.field->width));
+    box->setObjectName(numbered(tables.boxName, entry));
+    box->setAccessibleName(withoutAccessKey(text));
+    box->setMinimumWidth(fontMetrics().averageCharWidth() * kUsualEntry);
+    auto* caption = new QLabel(QString::fromUtf8(text));
+    caption->setObjectName(numbered(tables.captionName, entry));
+    caption->setBuddy(box);
+    grid->addWidget(caption, entry, 0);
+    grid->addWidget(box, entry, 1);
+    boxes_.push_back(box);
+    ++entry;
+  }
+  column->addLayout(grid);
+  column->addStretch(1);
+  auto* row = new QHBoxLayout;
+  row->addStretch(1);
+  for (const auto& [command, name, text] : tables.buttons) {
+    auto* made = new QPushButton(QString::fromUtf8(text));
+    made->setObjectName(QString::fromUtf8(name));
+    made->setAccessibleName(withoutAccessKey(text));
+    made->setAutoDefault(true);
+    onClick(*made, [this, which = command] { choose(which); });
+    row->addWidget(made);
+  }
+  column->addLayout(row);
+}
+
+void frmListPage::choose(Command command) {
+  if (command == Command::next) step(1);
+  if (command == Command::previous) step(-1);
+  if (command == Command::exitCollection) owner_.leave();
+}
+
+void frmListPage::step(int by) {
+  const int count = state().Count;
+  if (count < 1) return;  // nothing to step through
+  int item = state().ListPos + by;
+  if (by > 0 && item > count) item = 1;
+  if (by < 0 && item < 1) item = count;
+  checked16(item);
+  owner_.showItem(item);
+}
+
+void frmListPage::show(std::span<const std::byte> record) {
+  for (std::size_t entry = 0; entry < boxes_.size(); ++entry)
+    boxes_[entry]->setText(
+        fromRecordText(withoutTrailingBlanks(upToNul(textOf(*tables_.field, record, entry)))));
+}
+
+void frmListPage::store(std::span<std::byte> record) const {
+  for (std::size_t entry = 0; entry < boxes_.size(); ++entry)
+    setText(*tables_.field, record, toRecordText(boxes_[entry]->text()), entry);
+}
+
+void frmListPage::clear() {
+  for (TextBox* box : boxes_) box->clear();
+}
+
+}  // namespace quillbox

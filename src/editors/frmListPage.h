@@ -1,0 +1,59 @@
+#pragma once
+
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "editors/frmEditor.h"
+#include "forms/form.h"
+
+namespace quillbox {
+
+class TextBox;
+
+/// What the second page of an editor is made of: the entries of one list field.
+struct ListPageTables {
+  const char* formName;
+  const char* caption;
+  const Field* field;                     ///< the list
+  const char* boxName;                    ///< of the boxes, followed by "_" and their number from 0
+  const char* captionName;                ///< of their captions, likewise
+  std::span<const char* const> captions;  ///< one for each entry
+  std::span<const ButtonRow> buttons;     ///< exitCollection leaves the page
+};
+
+/// The second page of an editor. It holds nothing but its boxes: the editor fills, empties and
+/// reads them. It steps through the collection by the second position, round and round, whatever
+/// item the editor itself is at.
+class frmListPage : public Form {
+ public:
+  /// What the page asks of its editor.
+  struct Owner {
+    std::function<void(int item)> showItem;  ///< reads an item into the record buffer and shows it
+    std::function<void()> leave;
+  };
+
+  frmListPage(Program& program, const ListPageTables& tables, Owner owner);
+
+  /// List field to boxes, without trailing blanks.
+  void show(std::span<const std::byte> record);
+
+  /// Boxes to list field.
+  void store(std::span<std::byte> record) const;
+
+  void clear();
+
+ protected:
+  void Form_Unload() override { owner_.leave(); }
+
+ private:
+  void choose(Command command);
+  void step(int by);
+
+  const ListPageTables& tables_;
+  Owner owner_;
+  std::vector<TextBox*> boxes_;
+};
+
+}  // namespace quillbox

@@ -1,0 +1,106 @@
+#include "editors/frmVideo.h"
+
+#include "records/video_record.h"
+
+namespace quillbox {
+namespace {
+
+enum Row { tapeHeading, title, publisher, media, purchaseHeading, prices, notesHeading, notes };
+
+constexpr HeadingRow kHeadings[] = {
+    {"Tape", tapeHeading}, {"Purchase", purchaseHeading}, {"Notes", notesHeading}};
+
+using enum InputKind;
+
+constexpr InputRow kInputs[] = {
+    {textBox,
+     "txtVidTitle",
+     "&Label Text:",
+     videoField("Label"),
+     {title},
+     Shown::trimmed,
+     "lblVidTitle"},
+    {textBox, "txtPublisher", "&Publisher:", videoField("Publisher"), {publisher}},
+    {dropDown,
+     "cmbMediaType",
+     "&Media Type:",
+     videoField("MediaType"),
+     {media, 0, 2},
+     Shown::trimmed,
+     "lblMedia"},
+    {checkBox, "chkCommercial", "C&ommercially Recorded", videoField("Commercial"), {media, 2, 1}},
+    {textBox,
+     "txtPurPrice",
+     "&Purchase Price:",
+     videoField("PurPrice"),
+     {prices, 0, 1},
+     Shown::number,
+     "lblPurPrice"},
+    {textBox,
+     "txtCurrPrice",
+     "&Current Price:",
+     videoField("CurrPrice"),
+     {prices, 1, 1},
+     Shown::number,
+     "lblCurrPrice"},
+    {textBox,
+     "txtAquireDate",
+     "A&quisition Date:",
+     videoField("AquireDate"),
+     {prices, 2, 1},
+     Shown::number,
+     "lblAquireDate",
+     WhenEmpty::newYear1980},
+    {textBox, "txtNotes", "&Notes:", videoField("Notes"), {notes}, Shown::trimmed, "lblNotes"},
+};
+
+constexpr ButtonRow kButtons[] = {
+    {Command::previous, "cmdPrev", "Pre&vious Item"},
+    {Command::next, "cmdNext", "&Next Item"},
+    {Command::goTo, "Command1", "&GoTo"},
+    {Command::clear, "cmdClear", "Cle&ar Data"},
+    {Command::deleteItem, "cmdDelete", "&Delete Item"},
+    {Command::write, "cmdUpdate", "&Write Data"},
+};
+
+constexpr MenuRow kMenus[] = {
+    {"FileMenu", "&File", Command::newFile, "NewFile", "&New File"},
+    {"FileMenu", "&File", Command::openFile, "OpenFile", "&Open File"},
+    {"FileMenu", "&File", Command::exitCollection, "ExitCollection", "E&xit Collection"},
+    {"EditMenu", "&Edit", Command::editSubList, "EditTitles", "Edit &Titles"},
+    {"EditMenu", "&Edit", Command::sort, "SortRecords", "S&ort Records"},
+    {"EditMenu", "&Edit", Command::search, "SearchRecords", "S&earch Records"},
+    {"PrintMenu", "P&rint", Command::printList, "PrintList", "&Print List"},
+    {"PrintMenu", "P&rint", Command::printerSetup, "SetupPrinter", "&Setup Printer"},
+    {"PrintMenu", "P&rint", Command::exportData, "ExportData", "&Export Data"},
+    {"HelpVideos", "&Help", Command::about, "AboutVideos", "&About"},
+    {"HelpVideos", "&Help", Command::contents, "ContentVideos", "&Contents"},
+};
+
+constexpr const char* kCaptions[] = {
+    "Movie &1:", "Movie &2:", "Movie &3:", "Movie &4:", "Movie &5:",
+    "Movie &6:", "Movie &7:", "Movie &8:", "Movie &9:", "Movie 1&0:"};
+
+constexpr ButtonRow kPageButtons[] = {
+    {Command::previous, "cmdPrev", "Pre&vious Item"},
+    {Command::next, "cmdNext", "&Next Item"},
+    {Command::exitCollection, "cmdExit", "E&xit Window"},
+};
+
+constexpr ListPageTables kPage = {"frmVideoTitles",     "Video Tape Collection Manager",
+                                  videoField("Movies"), "txtMovieTitle",
+                                  "lblvidtitles",       kCaptions,
+                                  kPageButtons};
+
+constexpr FamilyTables kTables = {
+    .editor = {"frmVideo", "lblIndex", "Record #:", kInputs, kHeadings, kButtons, kMenus,
+               "About Video Collection", "Video", kFamilyHelp},
+    .listPage = &kPage,
+    .hidesDeleted = true,
+};
+
+}  // namespace
+
+frmVideo::frmVideo(Program& program) : frmFamily(program, "VCS", kTables) {}
+
+}  // namespace quillbox

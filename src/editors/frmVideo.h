@@ -1,0 +1,13 @@
+#pragma once
+
+#include "editors/frmFamily.h"
+
+namespace quillbox {
+
+/// The editor of video collections.
+class frmVideo : public frmFamily {
+ public:
+  explicit frmVideo(Program& program);
+};
+
+}  // namespace quillbox

@@ -1,0 +1,96 @@
+#include "editors/media_loader.h"
+
+#include <algorithm>
+#include <array>
+#include <unordered_set>
+
+#include "platform/paths.h"
+#include "records/record_file.h"
+#include "records/version.h"
+#include "records/windows1252.h"
+
+namespace quillbox {
+namespace {
+
+constexpr std::array<LoaderRow, 4> kLoaders = {{
+    {"Wave Collection", "Wave Files (*.WAV)|*.WAV", true},
+    {"MIDI Collection", "MIDI Files (*.MID)|*.MID", true},
+    {"Graphics Collection",
+     "Graphics Files (*.JPG,*.GIF,*.BMP,*.TIF,*.RLE)|*.JPG;*.GIF;*.BMP;*.TIF;*.RLE", false},
+    {"MPEG Layer3(MP3) Audio Collection", "MPEG Files (*.MP3)|*.MP3", false},
+}};
+
+constexpr std::size_t kMostPatterns = 10;
+
+/// The names of all items, as stored.
+using Names = std::unordered_set<std::string>;
+
+Names namesOf(RecordFile& file, int count) {
+  Names names;
+  MediaFileRecord record;
+  for (int item = 1; item <= count; ++item) {
+    file.read(recordNumberOf(item), bytesOf(record));
+    names.emplace(withoutTrailingBlanks(record.FileName.view()));
+  }
+  return names;
+}
+
+}  // namespace
+
+const LoaderRow& loaderRow(int mediaCode) {
+  return kLoaders.at(static_cast<std::size_t>(mediaCode - 1));
+}
+
+std::vector<std::string> loaderPatterns(std::string_view filter) {
+  std::vector<std::string> patterns;
+  filter.remove_prefix(std::min(filter.find('|') + 1, filter.size()));
+  while (!filter.empty() && patterns.size() < kMostPatterns) {
+    const auto end = std::min(filter.find(';'), filter.size());
+    patterns.emplace_back(filter.substr(0, end));
+    filter.remove_prefix(std::min(end + 1, filter.size()));
+  }
+  return patterns;
+}
+
+std::vector<std::string> filesToLoad(FileSystem& files, const std::string& folder,
+                                     const std::vector<std::string>& patterns) {
+  const std::vector<FolderEntry> entries = files.list(folder);
+  std::vector<std::string> names;
+  for (const std::string& pattern : patterns)
+    for (const FolderEntry& entry : entries)
+      if (entry.isPlainFile && !entry.name.starts_with('.') && matchesPattern(entry.name, pattern))
+        names.push_back(entry.name);
+  return names;
+}
+
+void loadFiles(AppState& state, const CollectionKind& kind, const std::string& folder,
+               const std::vector<std::string>& names, Board& board) {
+  RecordFile file(state.files, state.currentPath, kind.recordLength, OpenMode::update);
+  HeaderRecord header;
+  file.read(kHeaderRecordNumber, bytesOf(header));
+  state.Count = std::max<std::int16_t>(header.Count, 0);
+  header.FileType = kind.rules.fileType;
+  header.Version = kVersionText;
+  Names known = namesOf(file, state.Count);
+
+  const int total = static_cast<int>(names.size());
+  for (int done = 0; const std::string& name : names) {
+    board.print(name);
+    board.progress(++done, total);
+    MediaFileRecord& record = state.mediaFile;
+    record.FileName = fromUtf8(name);
+    if (!known.emplace(withoutTrailingBlanks(record.FileName.view())).second) continue;
+    record.FilePath = fromUtf8(folder);
+    record.FileSize = 0;  // never measured
+    record.Description = "";
+    const std::int16_t count = checked16(state.Count + 1);
+    header.Count = count;
+    // The item first: a header that counts it is never without it.
+    file.write(recordNumberOf(count), bytesOf(record));
+    file.write(kHeaderRecordNumber, bytesOf(header));
+    state.Count = count;
+  }
+  file.close();
+}
+
+}  // namespace quillbox

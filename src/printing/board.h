@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+namespace quillbox {
+
+/// The one progress board: a caption, lines of text printed below one another, and how far work of
+/// a known length is. While it works, window events are let through but no input.
+class Board {
+ public:
+  virtual ~Board() = default;
+
+  virtual void open(const std::string& caption) = 0;
+  virtual void setBoardCaption(const std::string& caption) = 0;
+  virtual void clear() = 0;
+
+  /// Prints a line (UTF-8). However many lines are printed, the board is repainted only as often as
+  /// an eye can follow; the last line is always shown in the end.
+  virtual void print(const std::string& line) = 0;
+
+  /// `done` of `total` steps are done; a total of 0 is work of unknown length.
+  virtual void progress(int done, int total) = 0;
+
+  virtual void close() = 0;
+};
+
+}  // namespace quillbox

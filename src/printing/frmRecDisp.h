@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QStringList>
+
+#include "forms/form.h"
+#include "printing/board.h"
+
+class QLabel;
+class QProgressBar;
+
+namespace quillbox {
+
+/// The progress board as a form.
+class frmRecDisp : public Form, public Board {
+ public:
+  explicit frmRecDisp(Program& program);
+
+  void open(const std::string& caption) override;
+  void setBoardCaption(const std::string& caption) override;
+  void clear() override;
+  void print(const std::string& line) override;
+  void progress(int done, int total) override;
+  void close() override;
+
+ protected:
+  void Form_Unload() override { hide(); }
+
+ private:
+  void repaintNow();
+  void repaintIfDue();
+
+  QLabel* text_;
+  QProgressBar* bar_;
+  QStringList lines_;  // the last ones, as many as fit
+  int done_ = 0;
+  int total_ = 0;
+  QElapsedTimer sinceRepaint_;
+};
+
+}  // namespace quillbox

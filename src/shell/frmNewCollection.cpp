@@ -1,0 +1,115 @@
+#include "shell/frmNewCollection.h"
+
+#include <QFile>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "forms/qt_text.h"
+#include "platform/paths.h"
+#include "records/kinds.h"
+#include "shell/IO.h"
+
+namespace quillbox {
+namespace {
+
+/// A font of the old days; where there is none of that name, the one that all else is written in.
+QFont optionFont(QFont font) {
+  font.setFamilies({QStringLiteral("MS Sans Serif"), font.family()});
+  return font;
+}
+
+}  // namespace
+
+frmNewCollection::frmNewCollection(Program& program) : Form(program, "frmNewCollection") {
+  setCaption(QStringLiteral("New Collection"));
+  auto* page = new QWidget;
+  setCentralWidget(page);
+  auto* column = new QVBoxLayout(page);
+
+  auto* row = new QHBoxLayout;
+  auto* caption = new QLabel(QStringLiteral("C&ollection Name:"));
+  txtColName_ = new QLineEdit;
+  txtColName_->setObjectName(QStringLiteral("txtColName"));
+  txtColName_->setAccessibleName(QStringLiteral("Collection Name:"));
+  txtColName_->setMinimumWidth(fontMetrics().averageCharWidth() * 32);
+  caption->setBuddy(txtColName_);
+  row->addWidget(caption);
+  row->addWidget(txtColName_, 1);
+  column->addLayout(row);
+
+  options_ = new QVBoxLayout;
+  column->addLayout(options_);
+  column->addStretch(1);
+
+  auto* cmdNew = new QPushButton(QStringLiteral("&Go"));
+  cmdNew->setObjectName(QStringLiteral("cmdNew"));
+  cmdNew->setAutoDefault(true);
+  onClick(*cmdNew, [this] { cmdNew_Click(); });
+  connect(txtColName_, &QLineEdit::returnPressed, cmdNew, [cmdNew] { cmdNew->click(); });
+  column->addWidget(cmdNew, 0, Qt::AlignRight);
+}
+
+void frmNewCollection::showWithOptions() {
+  drawoptions();
+  show();
+  activateWindow();
+  txtColName_->setFocus();
+  txtColName_->selectAll();
+}
+
+void frmNewCollection::drawoptions() {
+  undrawopt();
+  QWidget* before = txtColName_;
+  for (int element = 1; const CollectionKind& kind : collectionKinds()) {
+    auto* option = new QRadioButton(fromUtf8Text(kind.optionCaption));
+    option->setObjectName(QStringLiteral("optQBX_%1").arg(element++));
+    option->setFont(optionFont(font()));
+    options_->addWidget(option);
+    setTabOrder(before, option);
+    before = option;
+    optQBX_.push_back(option);
+  }
+}
+
+void frmNewCollection::undrawopt() {
+  for (QRadioButton* option : optQBX_) delete option;
+  optQBX_.clear();
+}
+
+const CollectionKind* frmNewCollection::selectedKind() const {
+  for (std::size_t i = 0; i < optQBX_.size(); ++i)
+    if (optQBX_[i]->isChecked()) return &collectionKinds()[i];
+  return nullptr;
+}
+
+void frmNewCollection::cmdNew_Click() {
+  const std::string name = QFile::encodeName(txtColName_->text()).toStdString();
+  if (name.empty()) {
+    program().message("QBX - File Manager", "Must specify filename!");
+    return;
+  }
+  state().currentPath = joinPath(state().dataFolder, name);
+  state().newCollection = true;
+  const CollectionKind* kind = selectedKind();
+  if (kind == nullptr) return;
+  state().currentPath.append(".").append(kind->extension);
+  state().kindCode = kind->code;
+  state().mediaCode = checked16(mediaCodeOf(*kind));
+  IO::DelFile(program(), state().currentPath);
+  undrawopt();
+  hide();
+  openEditor(*kind);
+}
+
+void frmNewCollection::Form_Unload() {
+  undrawopt();
+  hide();
+  program().shell().showStartScreen();
+}
+
+}  // namespace quillbox

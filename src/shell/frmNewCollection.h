@@ -1,0 +1,40 @@
+#pragma once
+
+#include <vector>
+
+#include "forms/form.h"
+
+class QLineEdit;
+class QRadioButton;
+class QVBoxLayout;
+
+namespace quillbox {
+
+struct CollectionKind;
+
+/// The new-collection dialog: a name, a kind, and Go.
+class frmNewCollection : public Form {
+ public:
+  explicit frmNewCollection(Program& program);
+
+  /// Draws the kinds and shows the dialog.
+  void showWithOptions();
+
+  /// Opens the editor of a kind on the new collection; set by the start-up module.
+  std::function<void(const CollectionKind&)> openEditor;
+
+ protected:
+  void Form_Unload() override;
+
+ private:
+  void drawoptions();
+  void undrawopt();
+  void cmdNew_Click();
+  const CollectionKind* selectedKind() const;
+
+  QLineEdit* txtColName_;
+  QVBoxLayout* options_;
+  std::vector<QRadioButton*> optQBX_;  // one for each kind, in the table's order
+};
+
+}  // namespace quillbox
