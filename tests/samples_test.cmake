@@ -1,14 +1,19 @@
-# Every committed sample is what its readable source says, to the byte.
-file(GLOB sources ${SAMPLES}/sources/*.txt)
-if(NOT sources)
-  message(FATAL_ERROR "no sources in ${SAMPLES}/sources")
+# Every committed sample is what its readable source says, to the byte: a text of the same name, or
+# for media files the folder they were loaded from.
+file(GLOB samples RELATIVE ${SAMPLES} ${SAMPLES}/*.?CS ${SAMPLES}/*.MPS)
+list(LENGTH samples count)
+if(NOT count EQUAL 9)
+  message(FATAL_ERROR "a sample of each of the nine kinds is wanted in ${SAMPLES}: ${samples}")
 endif()
-foreach(source IN LISTS sources)
-  get_filename_component(name ${source} NAME_WE)
-  file(GLOB sample ${SAMPLES}/${name}.?[CP]S)
-  get_filename_component(file ${sample} NAME)
-  set(made ${CMAKE_CURRENT_BINARY_DIR}/made-${file})
-  execute_process(COMMAND ${MAKE_SAMPLES} ${source} ${made} COMMAND_ERROR_IS_FATAL ANY)
-  execute_process(COMMAND ${CMAKE_COMMAND} -E compare_files ${sample} ${made}
+foreach(sample IN LISTS samples)
+  get_filename_component(name ${sample} NAME_WE)
+  set(source sources/${name}.txt)
+  if(NOT EXISTS ${SAMPLES}/${source})
+    set(source media)
+  endif()
+  set(made ${CMAKE_CURRENT_BINARY_DIR}/made-${sample})
+  execute_process(COMMAND ${MAKE_SAMPLES} ${source} ${made} WORKING_DIRECTORY ${SAMPLES}
+                          COMMAND_ERROR_IS_FATAL ANY)
+  execute_process(COMMAND ${CMAKE_COMMAND} -E compare_files ${SAMPLES}/${sample} ${made}
                           COMMAND_ERROR_IS_FATAL ANY)
 endforeach()

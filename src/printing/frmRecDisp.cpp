@@ -34,6 +34,9 @@ frmRecDisp::frmRecDisp(Program& program) : Form(program, "frmRecDisp") {
   column->addWidget(text_);
   column->addWidget(bar_);
   setCentralWidget(page);
+  last_.setSingleShot(true);
+  last_.setInterval(kMillisecondsBetweenRepaints);
+  connect(&last_, &QTimer::timeout, this, &frmRecDisp::showState);
 }
 
 void frmRecDisp::open(const std::string& caption) {
@@ -65,17 +68,22 @@ void frmRecDisp::close() { hide(); }
 void frmRecDisp::repaintIfDue() {
   if (!isVisible()) return;
   if (sinceRepaint_.isValid() && sinceRepaint_.elapsed() < kMillisecondsBetweenRepaints) {
-    text_->update();  // painted from what was printed last, as soon as the work is done
+    if (!last_.isActive()) last_.start();
     return;
   }
   repaintNow();
 }
 
-void frmRecDisp::repaintNow() {
+void frmRecDisp::showState() {
   text_->setText(lines_.join(QLatin1Char('\n')));
   bar_->setVisible(total_ > 0);
   bar_->setRange(0, total_);
   bar_->setValue(done_);
+}
+
+void frmRecDisp::repaintNow() {
+  last_.stop();
+  showState();
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
   sinceRepaint_.start();
 }

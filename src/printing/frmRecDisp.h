@@ -2,6 +2,7 @@
 
 #include <QElapsedTimer>
 #include <QStringList>
+#include <QTimer>
 
 #include "forms/form.h"
 #include "printing/board.h"
@@ -27,6 +28,7 @@ class frmRecDisp : public Form, public Board {
   void Form_Unload() override { hide(); }
 
  private:
+  void showState();
   void repaintNow();
   void repaintIfDue();
 
@@ -36,6 +38,7 @@ class frmRecDisp : public Form, public Board {
   int done_ = 0;
   int total_ = 0;
   QElapsedTimer sinceRepaint_;
+  QTimer last_;  // shows what was printed last, as soon as the work lets it
 };
 
 }  // namespace quillbox

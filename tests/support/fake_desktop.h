@@ -40,6 +40,9 @@ class FakeDesktop : public Desktop {
   /// Answers every box that was not expected, without a failure.
   bool tolerateMessages = false;
 
+  /// Answers the open dialog without its being expected.
+  std::optional<std::string> tolerateOpen;
+
   int rests = 0;
   int printerSetups = 0;
   bool quitAsked = false;

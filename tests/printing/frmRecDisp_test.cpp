@@ -1,0 +1,99 @@
+#include "printing/frmRecDisp.h"
+
+#include <QProgressBar>
+
+#include "support/form_fixture.h"
+
+namespace quillbox::test {
+namespace {
+
+class ProgressBoard : public FormTest {
+ protected:
+  ProgressBoard() { start(); }
+  frmRecDisp& board() { return program_->form<frmRecDisp>(); }
+  std::string lines() { return board().findChild<QLabel*>("lblLines")->text().toStdString(); }
+  QProgressBar& bar() { return *board().findChild<QProgressBar*>("barProgress"); }
+};
+
+/// Counts the times a widget is painted.
+class Paints : public QObject {
+ public:
+  explicit Paints(QWidget& watched) { watched.installEventFilter(this); }
+  int count = 0;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++count;
+    return QObject::eventFilter(watched, event);
+  }
+};
+
+TEST_F(ProgressBoard, ShowsItsCaptionAndLines) {
+  EXPECT_EQ(board().windowTitle(), "Printing Status...");
+  board().open("Loading Data");
+  EXPECT_TRUE(board().isVisible());
+  EXPECT_EQ(board().windowTitle(), "Loading Data");
+  board().print("first <b>");
+  board().print("last");
+  QTest::qWait(80);
+  EXPECT_EQ(lines(), "first <b>\nlast");
+  board().setBoardCaption("Writing File...");
+  EXPECT_EQ(board().windowTitle(), "Writing File...");
+  board().clear();
+  board().print("again");
+  QTest::qWait(80);
+  EXPECT_EQ(lines(), "again");
+  board().close();
+  EXPECT_FALSE(board().isVisible());
+}
+
+TEST_F(ProgressBoard, IsRepaintedOnlyAsOftenAsAnEyeCanFollow) {
+  board().open("Reading");
+  const Paints paints(*board().findChild<QLabel*>("lblLines"));
+  QElapsedTimer elapsed;
+  elapsed.start();
+  constexpr int manyLines = 20'000;
+  for (int i = 0; i < manyLines; ++i) board().print("line " + std::to_string(i));
+  // A repaint a thirtieth of a second, and one to begin with.
+  EXPECT_LE(paints.count, elapsed.elapsed() / 30 + 2);
+  QTest::qWait(80);
+  EXPECT_TRUE(lines().ends_with("line 19999")) << "the last line is always shown";
+}
+
+TEST_F(ProgressBoard, ShowsHowFarWorkOfAKnownLengthIs) {
+  board().open("Loading Data");
+  EXPECT_TRUE(bar().isHidden()) << "work of unknown length has no bar";
+  board().progress(3, 12);
+  QTest::qWait(80);
+  EXPECT_FALSE(bar().isHidden());
+  EXPECT_EQ(bar().maximum(), 12);
+  EXPECT_EQ(bar().value(), 3);
+  EXPECT_FALSE(bar().accessibleName().isEmpty());
+}
+
+TEST_F(ProgressBoard, LetsNoInputThroughWhileItWorks) {
+  int clicked = 0;
+  QPushButton other;
+  other.show();
+  QObject::connect(&other, &QPushButton::clicked, [&clicked] { ++clicked; });
+  board().open("Reading");
+  for (int i = 0; i < 5; ++i) {
+    QTest::qSleep(40);
+    board().print("line");
+  }
+  EXPECT_EQ(clicked, 0);
+  EXPECT_TRUE(board().isVisible());
+}
+
+TEST_F(ProgressBoard, LeadsToTheStartScreenWhenTheUserClosesIt) {
+  QMainWindow& start = form();
+  program_->run([&] {
+    board().open("Reading");
+    start.hide();
+  });
+  board().QWidget::close();
+  EXPECT_EQ(formName(), "frmBegin2");
+}
+
+}  // namespace
+}  // namespace quillbox::test
