@@ -42,13 +42,13 @@ void makeCollection(const std::string& path, bool deleted) {
   DiskFileSystem fileSystem;
   AppState state(fileSystem);
   state.currentPath = path;
-  CollectionStore(state, kind).writeHeader(kItems, kind.fileType, OpenMode::create);
+  CollectionStore(state, kind).writeHeader(kItems, kind.rules.fileType, OpenMode::create);
 
   // Not item by item through the store, which would look for a deleted slot each time.
   RecordFile file(state.files, path, kind.recordLength, OpenMode::update);
   for (int item = 1; item <= kItems; ++item) {
     MusicRecord record = makeItem(item);
-    if (deleted && isBetweenFirstAndLast(item)) record.Artist = kind.deletedMarker;
+    if (deleted && isBetweenFirstAndLast(item)) record.Artist = kind.rules.deletion.marker;
     file.write(recordNumberOf(item), bytesOf(record));
   }
   file.flush();  // nothing is left to be written back while something is timed

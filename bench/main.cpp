@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "collections.h"
+#include "loads.h"
 #include "starts.h"
 #include "steps.h"
 #include "temporary_folder.h"
@@ -55,6 +56,7 @@ void printHeader(const std::string& collection, int runs) {
 #endif
   std::printf("step, skip: median of %d repetitions, both sides in random order\n",
               kStepRepetitions);
+  std::printf("load:       %d files into a catalogue of %d items\n", kFilesToLoad, kItemsBefore);
   std::printf("start:      median of %d runs after %d warm-ups, in turn\n", runs, kWarmUps);
   std::printf("collection: %d items, %.1f MiB (for skip %d of them deleted)\n\n", kItems,
               static_cast<double>(std::filesystem::file_size(collection)) / kBytesPerMib,
@@ -62,7 +64,7 @@ void printHeader(const std::string& collection, int runs) {
   std::fflush(stdout);
 }
 
-void printTable(const StepTimes& steps, const StartFigures& starts) {
+void printTable(const StepTimes& steps, const LoadFigures& loads, const StartFigures& starts) {
   constexpr double mostAllowedForReading = 1.3;
   constexpr double mostAllowedForStart = 1.15;
   constexpr double mostMibAllowed = 12;
@@ -73,6 +75,9 @@ void printTable(const StepTimes& steps, const StartFigures& starts) {
            "----------------------");
   printRatio("step", steps.step, "%.3f us", nsPerUs, mostAllowedForReading);
   printRatio("skip", steps.skip, "%.2f ms", nsPerMs, mostAllowedForReading);
+  constexpr double mostAllowedForLoading = 3;
+  printRatio("load folder", loads.time, "%.1f ms", 1, mostAllowedForLoading);
+  printRow("load, memory", formatted("%.2f MiB", loads.memory), "", "", "none");
   printRatio("start, time", starts.time, "%.2f ms", 1, mostAllowedForStart);
   const double more = starts.memory.quillbox - starts.memory.peer;
   printRow("start, memory", formatted("%.2f MiB", starts.memory.quillbox),
@@ -96,9 +101,10 @@ void runAll(int runs) {
   printHeader(full, runs);
 
   const StepTimes steps = timeSteps(full, deleted);
+  const LoadFigures loads = timeLoads(folder.path());
   const auto programs = std::filesystem::read_symlink("/proc/self/exe").parent_path();
   const StartFigures starts = timeStarts(programs, folder.path(), full, runs);
-  printTable(steps, starts);
+  printTable(steps, loads, starts);
 }
 
 /// The number behind --runs; 0 when the command line is not understood.

@@ -71,20 +71,6 @@ TEST_F(ProgressBoard, ShowsHowFarWorkOfAKnownLengthIs) {
   EXPECT_FALSE(bar().accessibleName().isEmpty());
 }
 
-TEST_F(ProgressBoard, LetsNoInputThroughWhileItWorks) {
-  int clicked = 0;
-  QPushButton other;
-  other.show();
-  QObject::connect(&other, &QPushButton::clicked, [&clicked] { ++clicked; });
-  board().open("Reading");
-  for (int i = 0; i < 5; ++i) {
-    QTest::qSleep(40);
-    board().print("line");
-  }
-  EXPECT_EQ(clicked, 0);
-  EXPECT_TRUE(board().isVisible());
-}
-
 TEST_F(ProgressBoard, LeadsToTheStartScreenWhenTheUserClosesIt) {
   QMainWindow& start = form();
   program_->run([&] {

@@ -1,0 +1,122 @@
+#include "loads.h"
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <fstream>
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "editors/media_loader.h"
+#include "median.h"
+#include "platform/disk_file_system.h"
+
+namespace quillbox::bench {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kRounds = 9;
+constexpr double kKibPerMib = 1024;
+
+/// A board that nobody looks at; what it costs to paint one is not the loader's.
+class NoBoard : public Board {
+ public:
+  void open(const std::string&) override {}
+  void setBoardCaption(const std::string&) override {}
+  void clear() override {}
+  void print(const std::string&) override {}
+  void progress(int, int) override {}
+  void close() override {}
+};
+
+void makeFiles(const fs::path& folder) {
+  fs::create_directory(folder);
+  for (int i = 0; i < kFilesToLoad; ++i)
+    std::ofstream(folder / ("sound number " + std::to_string(i) + ".wav"));
+}
+
+void makeCatalogue(const std::string& path) {
+  DiskFileSystem files;
+  AppState state(files);
+  state.currentPath = path;
+  const CollectionKind& kind = *kindOfMediaCode(1);
+  CollectionStore(state, kind).writeHeader(0, kind.rules.fileType, OpenMode::create);
+  std::vector<std::string> names;
+  for (int i = 0; i < kItemsBefore; ++i) names.push_back("old " + std::to_string(i) + ".wav");
+  NoBoard board;
+  loadFiles(state, kind, "/sounds", names, board);
+}
+
+void load(const std::string& catalogue, const std::string& folder) {
+  DiskFileSystem files;
+  AppState state(files);
+  state.currentPath = catalogue;
+  NoBoard board;
+  const auto names = filesToLoad(files, folder, loaderPatterns(loaderRow(1).filter));
+  loadFiles(state, *kindOfMediaCode(1), folder, names, board);
+  if (state.Count != kItemsBefore + kFilesToLoad) throw std::runtime_error("not all were loaded");
+}
+
+void listAndAppend(const std::string& catalogue, const std::string& folder) {
+  const int file = ::open(catalogue.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC);
+  MediaFileRecord record{};
+  int appended = 0;
+  for (const auto& entry : fs::directory_iterator(folder)) {
+    record.FileName = entry.path().filename().string();
+    record.FilePath = folder;
+    if (::write(file, &record, sizeof record) == sizeof record) ++appended;
+  }
+  ::close(file);
+  if (appended != kFilesToLoad) throw std::runtime_error("not all were appended");
+}
+
+double milliseconds(const std::function<void()>& work) {
+  const auto begin = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin)
+      .count();
+}
+
+/// The peak of a process that does the work and nothing else.
+double peakMib(const std::function<void()>& work) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    work();
+    ::_exit(0);
+  }
+  int status = 0;
+  struct rusage usage {};
+  ::wait4(child, &status, 0, &usage);
+  return static_cast<double>(usage.ru_maxrss) / kKibPerMib;
+}
+
+}  // namespace
+
+LoadFigures timeLoads(const fs::path& workFolder) {
+  const std::string folder = workFolder / "sounds";
+  const std::string empty = workFolder / "Empty.WCS";
+  const std::string catalogue = workFolder / "Sounds.WCS";
+  makeFiles(folder);
+  peakMib([&] { makeCatalogue(empty); });  // elsewhere, so that this process stays small
+  const auto fresh = [&] { fs::copy_file(empty, catalogue, fs::copy_options::overwrite_existing); };
+  fresh();
+  const double without = peakMib([] {});
+  const double with = peakMib([&] { load(catalogue, folder); });
+  std::vector<double> ours;
+  std::vector<double> peers;
+  for (int round = 0; round < kRounds; ++round) {
+    fresh();
+    ours.push_back(milliseconds([&] { load(catalogue, folder); }));
+    fresh();
+    peers.push_back(milliseconds([&] { listAndAppend(catalogue, folder); }));
+  }
+  return {{median(ours), median(peers)}, with - without};
+}
+
+}  // namespace quillbox::bench
