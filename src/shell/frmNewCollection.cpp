@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -50,7 +51,7 @@ frmNewCollection::frmNewCollection(Program& program) : Form(program, "frmNewColl
   cmdNew->setObjectName(QStringLiteral("cmdNew"));
   cmdNew->setAutoDefault(true);
   onClick(*cmdNew, [this] { cmdNew_Click(); });
-  connect(txtColName_, &QLineEdit::returnPressed, cmdNew, [cmdNew] { cmdNew->click(); });
+  cmdNew_ = cmdNew;
   column->addWidget(cmdNew, 0, Qt::AlignRight);
 }
 
@@ -104,6 +105,16 @@ void frmNewCollection::cmdNew_Click() {
   undrawopt();
   hide();
   openEditor(*kind);
+}
+
+/// Enter goes and Escape leaves, wherever in the dialog the focus is.
+void frmNewCollection::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    cmdNew_->click();
+  else if (event->key() == Qt::Key_Escape)
+    close();
+  else
+    Form::keyPressEvent(event);
 }
 
 void frmNewCollection::Form_Unload() {

@@ -5,6 +5,7 @@
 #include "forms/form.h"
 
 class QLineEdit;
+class QPushButton;
 class QRadioButton;
 class QVBoxLayout;
 
@@ -25,6 +26,7 @@ class frmNewCollection : public Form {
 
  protected:
   void Form_Unload() override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void drawoptions();
@@ -33,6 +35,7 @@ class frmNewCollection : public Form {
   const CollectionKind* selectedKind() const;
 
   QLineEdit* txtColName_;
+  QPushButton* cmdNew_;
   QVBoxLayout* options_;
   std::vector<QRadioButton*> optQBX_;  // one for each kind, in the table's order
 };

@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <iterator>
+#include <map>
 #include <span>
 #include <string>
 #include <string_view>
@@ -280,6 +281,15 @@ TEST_F(DiskFileSystemTest, RenamingAMissingFileIsAnErrorThatNamesIt) {
   EXPECT_FALSE(std::filesystem::exists("jazz.BAK"));
 }
 
+TEST_F(DiskFileSystemTest, RenamingIntoAMissingFolderIsAnErrorThatNamesTheTarget) {
+  const std::string from = folder_.path("jazz.MCS");
+  const std::string to = folder_.path("missing/jazz.BAK");
+  writeFile(from, "the collection");
+  EXPECT_EQ(failureOf([&] { files_.rename(from, to); }), (Failure{76, to}));
+  EXPECT_EQ(readFile(from), "the collection");
+  EXPECT_FALSE(std::filesystem::exists(folder_.path("missing")));
+}
+
 TEST_F(DiskFileSystemTest, WhateverHasTheNameExists) {
   writeFile("file", "");
   std::filesystem::create_directory("folder");
@@ -318,6 +328,89 @@ TEST_F(DiskFileSystemTest, ACurrentFolderThatIsGoneIsAnError) {
   std::filesystem::remove(folder_.path("below"));
   EXPECT_EQ(failureOf([&] { files_.currentFolder(); }).number, 76);
   EXPECT_NE(openFailure("jazz.MCS", OpenMode::create).number, 0);
+}
+
+TEST_F(DiskFileSystemTest, TheCurrentFolderCanBeSet) {
+  std::filesystem::create_directories("below/deeper");
+  files_.setCurrentFolder("below");
+  EXPECT_EQ(std::filesystem::path(files_.currentFolder()),
+            std::filesystem::canonical(folder_.path()) / "below");
+  files_.setCurrentFolder(folder_.path("below/deeper"));
+  writeFile(folder_.path("below/deeper/jazz.MCS"), "found");
+  EXPECT_EQ(read(*files_.open("jazz.MCS", OpenMode::read), 0, 5), "found");
+}
+
+TEST_F(DiskFileSystemTest, WhatCannotBeTheCurrentFolderIsAnErrorThatNamesIt) {
+  const std::string missing = folder_.path("missing");
+  const std::string file = folder_.path("file");
+  const std::string closed = folder_.path("closed");
+  writeFile(file, "");
+  std::filesystem::create_directory(closed);
+  std::filesystem::permissions(closed, std::filesystem::perms::none);
+  const std::string before = files_.currentFolder();
+  EXPECT_EQ(failureOf([&] { files_.setCurrentFolder(missing); }), (Failure{76, missing}));
+  EXPECT_EQ(failureOf([&] { files_.setCurrentFolder(file); }), (Failure{76, file}));
+  const OrdinaryUser user(folder_);
+  EXPECT_EQ(failureOf([&] { files_.setCurrentFolder(closed); }), (Failure{70, closed}));
+  EXPECT_EQ(files_.currentFolder(), before);
+}
+
+TEST_F(DiskFileSystemTest, TheProgramsFolderIsWhereTheProgramLies) {
+  const std::filesystem::path program = std::filesystem::canonical("/proc/self/exe");
+  EXPECT_EQ(files_.programFolder(), program.parent_path().string());
+  EXPECT_TRUE(std::filesystem::is_regular_file(files_.programFolder() / program.filename()));
+  EXPECT_NE(files_.programFolder(), files_.currentFolder());
+}
+
+/// What a folder lists: the names, and whether each is a plain file.
+std::map<std::string, bool> listed(DiskFileSystem& files, const std::string& folder) {
+  std::map<std::string, bool> entries;
+  for (const FolderEntry& entry : files.list(folder)) {
+    EXPECT_TRUE(entries.emplace(entry.name, entry.isPlainFile).second) << entry.name;
+  }
+  return entries;
+}
+
+TEST_F(DiskFileSystemTest, AFolderListsAllItHoldsAndWhichArePlainFiles) {
+  EXPECT_TRUE(files_.list(folder_.path()).empty());
+  writeFile("jazz.MCS", "");
+  writeFile(".hidden", "");
+  writeFile("d\xE9j\xE0 [*].wav", "");
+  std::filesystem::create_directory("folder");
+  std::filesystem::create_directory(".git");
+  writeFile("folder/inside", "");
+  ASSERT_EQ(::mkfifo("pipe", 0600), 0);
+  std::filesystem::create_symlink("jazz.MCS", "to file");
+  std::filesystem::create_directory_symlink("folder", "to folder");
+  std::filesystem::create_symlink("missing", "to nothing");
+  const std::map<std::string, bool> expected = {
+      {"jazz.MCS", true}, {".hidden", true},    {"d\xE9j\xE0 [*].wav", true},
+      {"folder", false},  {".git", false},      {"pipe", false},
+      {"to file", true},  {"to folder", false}, {"to nothing", false},
+  };
+  EXPECT_EQ(listed(files_, folder_.path()), expected);
+  EXPECT_EQ(listed(files_, folder_.path() + "/"), expected);
+  EXPECT_EQ(listed(files_, "."), expected);
+  EXPECT_EQ(listed(files_, "to folder"), (std::map<std::string, bool>{{"inside", true}}));
+}
+
+TEST_F(DiskFileSystemTest, ALongFolderIsListedWhole) {
+  for (int n = 0; n < 3'000; ++n) writeFile(std::to_string(n) + ".wav", "");
+  EXPECT_EQ(listed(files_, folder_.path()).size(), 3'000U);
+}
+
+TEST_F(DiskFileSystemTest, WhatCannotBeListedIsAnErrorThatNamesIt) {
+  const std::string missing = folder_.path("missing");
+  const std::string file = folder_.path("file");
+  const std::string closed = folder_.path("closed");
+  writeFile(file, "");
+  std::filesystem::create_directory(closed);
+  std::filesystem::permissions(closed, std::filesystem::perms::none);
+  EXPECT_EQ(failureOf([&] { files_.list(missing); }), (Failure{76, missing}));
+  EXPECT_EQ(failureOf([&] { files_.list(file); }), (Failure{76, file}));
+  EXPECT_EQ(failureOf([&] { files_.list(""); }), (Failure{76, ""}));
+  const OrdinaryUser user(folder_);
+  EXPECT_EQ(failureOf([&] { files_.list(closed); }), (Failure{70, closed}));
 }
 
 TEST_F(DiskFileSystemTest, AFullDiskIsAnError) {

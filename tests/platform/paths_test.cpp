@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <string_view>
+
 namespace quillbox {
 namespace {
 
@@ -47,6 +50,112 @@ TEST(Paths, AFullPathHasNoDotsButTheNamesOwn) {
   EXPECT_EQ(fullPath("./jazz.MCS", "/data"), "/data/jazz.MCS");
   EXPECT_EQ(fullPath("../jazz.MCS", "/data/music"), "/data/jazz.MCS");
   EXPECT_EQ(fullPath("jazz.MCS", "/data"), "/data/jazz.MCS");
+}
+
+TEST(Paths, FolderIsWhatStandsBeforeTheLastSeparatorOfEitherKind) {
+  EXPECT_EQ(folderOf("/home/ann/jazz.MCS"), "/home/ann");
+  EXPECT_EQ(folderOf("C:\\Data\\jazz.mcs"), "C:\\Data");
+  EXPECT_EQ(folderOf("/a\\b/c"), "/a\\b");
+  EXPECT_EQ(folderOf("/a/b\\c"), "/a/b");
+  EXPECT_EQ(folderOf("music/jazz.MCS"), "music");
+  EXPECT_EQ(folderOf("/home/ann/"), "/home/ann");
+  EXPECT_EQ(folderOf("jazz.MCS"), "");
+  EXPECT_EQ(folderOf(""), "");
+}
+
+TEST(Paths, TheRootFolderKeepsItsSeparator) {
+  EXPECT_EQ(folderOf("/jazz.MCS"), "/");
+  EXPECT_EQ(folderOf("\\jazz.MCS"), "\\");
+  EXPECT_EQ(folderOf("/"), "/");
+}
+
+TEST(Paths, FolderAndFileNameJoinedAreThePathAgain) {
+  for (const char* path : {"/home/ann/jazz.MCS", "/jazz.MCS", "music/jazz.MCS"})
+    EXPECT_EQ(joinPath(folderOf(path), fileNameOf(path)), path);
+}
+
+TEST(Paths, APatternStandsForRunsAndCharactersWhateverTheirCapitals) {
+  using namespace std::string_view_literals;
+  const struct {
+    std::string_view name;
+    std::string_view pattern;
+    bool matches;
+  } rows[] = {
+      {"a.wav", "*.WAV", true},
+      {"A.WAV", "*.wav", true},
+      {"a.WaV", "*.wAv", true},
+      {".wav", "*.WAV", true},
+      {"a.b.wav", "*.WAV", true},
+      {"a.wav.wav", "*.WAV", true},
+      {"a.wave", "*.WAV", false},
+      {"a.wav.txt", "*.WAV", false},
+      {"awav", "*.WAV", false},
+      {"a.wa", "*.WAV", false},
+      {"wav", "*.WAV", false},
+      {"", "*.WAV", false},
+      {"jazz.MCS", "*.?CS", true},
+      {"jazz.vcs", "*.?CS", true},
+      {"jazz.CS", "*.?CS", false},
+      {"jazz.MMCS", "*.?CS", false},
+      {"jazz.MPS", "*.?CS", false},
+      {".cs", "*.?CS", false},
+      {"abc", "a*b*c", true},
+      {"aXbYc", "a*b*c", true},
+      {"abbcbc", "a*b*c", true},
+      {"acbc", "a*b*c", true},
+      {"ac", "a*b*c", false},
+      {"abcd", "a*b*c", false},
+      {"xabc", "a*b*c", false},
+      {"aab", "*ab", true},
+      {"ababab", "*abab", true},
+      {"mississippi", "m*iss*pi", true},
+      {"mississippi", "m*iss*ppx", false},
+      {"", "", true},
+      {"a", "", false},
+      {"", "*", true},
+      {"anything at all", "*", true},
+      {"", "**", true},
+      {"abc", "**", true},
+      {"abc", "a**c", true},
+      {"abc", "abc*", true},
+      {"abc", "abc**", true},
+      {"abcd", "abc*", true},
+      {"ab", "abc*", false},
+      {"abc", "abc?", false},
+      {"abc", "ab?", true},
+      {"abc", "???", true},
+      {"abc", "????", false},
+      {"abc", "??", false},
+      {"", "?", false},
+      {"a", "?", true},
+      {"a", "*?", true},
+      {"", "*?", false},
+      {"a", "?*", true},
+      {"a", "?*?", false},
+      {"ab", "?*?", true},
+      {"abc", "abc", true},
+      {"ABC", "abc", true},
+      {"abc", "abd", false},
+      {"a[1].wav", "a[1].WAV", true},
+      {"a1.wav", "a[1].WAV", false},
+      {"a*.wav", "a*.wav", true},
+      {"\xE9.wav", "\xE9.WAV", true},
+      {"\xE9.wav", "\xC9.WAV", false},
+      {"\xE9.wav", "?.WAV", true},
+      {"@", "`", false},
+      {"{", "[", false},
+  };
+  for (const auto& row : rows)
+    EXPECT_EQ(matchesPattern(row.name, row.pattern), row.matches)
+        << row.name << " and " << row.pattern;
+}
+
+TEST(Paths, ManyStarsAgainstALongNameAreNoWork) {
+  const std::string name(5'000, 'a');
+  std::string pattern;
+  for (int i = 0; i < 50; ++i) pattern += "a*";
+  EXPECT_TRUE(matchesPattern(name, pattern));
+  EXPECT_FALSE(matchesPattern(name, pattern + "b"));
 }
 
 }  // namespace

@@ -93,18 +93,17 @@ TEST(FamilyRecords, FreshOnesAreZeroBytes) {
 
 TEST(FamilyRecords, TheFieldsOfAVideo) {
   using enum FieldType;
-  expectFields(kVideoFields,
-               std::to_array<Row>({
-                   {"Label", text, 0, offsetof(VideoRecord, Label), 50, 1},
-                   {"Commercial", flag, 50, offsetof(VideoRecord, Commercial), 2, 1},
-                   {"Movies", text, 52, offsetof(VideoRecord, Movies), 50, kMovies},
-                   {"Publisher", text, 552, offsetof(VideoRecord, Publisher), 50, 1},
-                   {"MediaType", choice, 602, offsetof(VideoRecord, MediaType), 2, 1},
-                   {"PurPrice", money, 604, offsetof(VideoRecord, PurPrice), 8, 1},
-                   {"CurrPrice", money, 612, offsetof(VideoRecord, CurrPrice), 8, 1},
-                   {"AquireDate", date, 620, offsetof(VideoRecord, AquireDate), 8, 1},
-                   {"Notes", text, 628, offsetof(VideoRecord, Notes), 50, 1},
-               }));
+  expectFields(kVideoFields, std::to_array<Row>({
+                                 {"Label", text, 0, offsetof(VideoRecord, Label), 50, 1},
+                                 {"Commercial", flag, 50, offsetof(VideoRecord, Commercial), 2, 1},
+                                 {"Movies", text, 52, offsetof(VideoRecord, Movies), 50, kMovies},
+                                 {"Publisher", text, 552, offsetof(VideoRecord, Publisher), 50, 1},
+                                 {"MediaType", choice, 602, offsetof(VideoRecord, MediaType), 2, 1},
+                                 {"PurPrice", money, 604, offsetof(VideoRecord, PurPrice), 8, 1},
+                                 {"CurrPrice", money, 612, offsetof(VideoRecord, CurrPrice), 8, 1},
+                                 {"AquireDate", date, 620, offsetof(VideoRecord, AquireDate), 8, 1},
+                                 {"Notes", text, 628, offsetof(VideoRecord, Notes), 50, 1},
+                             }));
   EXPECT_EQ(videoField("AquireDate")->offset, 620U);
 }
 
@@ -205,8 +204,8 @@ TEST(FamilyRecords, AVideosFieldsReadAndWriteItsMembers) {
 TEST(FamilyRecords, EachEntryOfAListIsItsOwnFiftyBytes) {
   SoftwareRecord disk{};
   for (std::size_t entry = 0; entry < kPrograms; ++entry)
-    setText(*softwareField("Programs"), bytesOf(disk), std::string(60, static_cast<char>('0' + entry)),
-            entry);
+    setText(*softwareField("Programs"), bytesOf(disk),
+            std::string(60, static_cast<char>('0' + entry)), entry);
   ComicRecord comic{};
   for (std::size_t entry = 0; entry < kComicNotes; ++entry)
     setText(*comicField("Notes"), bytesOf(comic), std::string(60, static_cast<char>('0' + entry)),
@@ -272,7 +271,8 @@ TEST(FamilyRecords, TheListsAreInTheOrderOfTheFileFormat) {
             (Words{"3.5\" Floppy Disk", "5.25\" Floppy Disk", "CD-ROM", "ZIP Disk", "WORM Disk"}));
   EXPECT_EQ(list(bookField("Genre")),
             (Words{"Fantasy", "Horror", "Periodical", "Reference", "Romance", "Science Fiction"}));
-  EXPECT_EQ(list(bookField("MediaType")), (Words{"Audio Books", "Brail", "Hardcover", "Paperback"}));
+  EXPECT_EQ(list(bookField("MediaType")),
+            (Words{"Audio Books", "Brail", "Hardcover", "Paperback"}));
   for (const Field& field : kComicFields) EXPECT_TRUE(field.choices.empty()) << field.name;
   for (const Field& field : kMediaFileFields) EXPECT_TRUE(field.choices.empty()) << field.name;
 }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
+#include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <limits>
@@ -22,6 +24,8 @@ static_assert(alignof(FixedText<1>) == 1 && sizeof(FixedText<1>) == 1);
 static_assert(alignof(FixedText<36>) == 1 && sizeof(FixedText<36>) == 36);
 static_assert(alignof(WholeNumber) == 1 && sizeof(WholeNumber) == 2);
 static_assert(alignof(Money) == 1 && sizeof(Money) == 8);
+static_assert(alignof(Real) == 1 && sizeof(Real) == 8);
+static_assert(std::is_trivially_copyable_v<Real>);
 static_assert(std::is_trivially_copyable_v<FixedText<50>>);
 static_assert(std::is_trivially_copyable_v<WholeNumber> && std::is_trivially_copyable_v<Money>);
 
@@ -122,6 +126,48 @@ TEST(MoneyField, IsLittleEndianInItsBytes) {
     std::memcpy(&back, row.bytes.data(), sizeof back);
     EXPECT_EQ(back, row.value);
   }
+}
+
+TEST(RealField, IsLittleEndianInItsBytes) {
+  const struct {
+    double value;
+    std::string_view bytes;
+  } rows[] = {
+      {0.0, "\0\0\0\0\0\0\0\0"sv},
+      {-0.0, "\0\0\0\0\0\0\0\x80"sv},
+      {1.0, "\0\0\0\0\0\0\xF0\x3F"sv},
+      {-2.0, "\0\0\0\0\0\0\0\xC0"sv},
+      {29221.0, "\0\0\0\0\x40\x89\xDC\x40"sv},
+      {36526.75, "\0\0\0\0\xD8\xD5\xE1\x40"sv},
+      {0.1, "\x9A\x99\x99\x99\x99\x99\xB9\x3F"sv},
+      {std::numeric_limits<double>::infinity(), "\0\0\0\0\0\0\xF0\x7F"sv},
+  };
+  for (const auto& row : rows) {
+    Real real;
+    real = row.value;
+    EXPECT_EQ(bytes(real), row.bytes) << row.value;
+    Real back;
+    std::memcpy(&back, row.bytes.data(), sizeof back);
+    EXPECT_EQ(back, row.value);
+    EXPECT_EQ(std::signbit(back), std::signbit(row.value));
+  }
+}
+
+TEST(RealField, EveryBitOfItsValueSurvives) {
+  for (const double value : {5e-324, -5e-324, std::numeric_limits<double>::max(),
+                             std::numeric_limits<double>::lowest(), 2'147'483'648.0, 1.0 / 3}) {
+    Real real;
+    real = value;
+    EXPECT_EQ(std::bit_cast<std::uint64_t>(double{real}), std::bit_cast<std::uint64_t>(value));
+  }
+  Real real;
+  real = std::numeric_limits<double>::quiet_NaN();
+  EXPECT_TRUE(std::isnan(double{real}));
+}
+
+TEST(RealField, AFreshOneIsZero) {
+  EXPECT_EQ(bytes(Real{}), "\0\0\0\0\0\0\0\0"sv);
+  EXPECT_EQ(Real{}, 0.0);
 }
 
 TEST(HeaderRecord, IsTwelveBytesInOrder) {

@@ -303,5 +303,54 @@ TEST(WholeNumberText, BeyondSixteenBitsIsAnOverflow) {
     EXPECT_EQ(errorOf([&] { wholeNumber(text); }), 6) << text;
 }
 
+TEST(LeadingWhole, IsTheNumberThatTheTextBeginsWithAnExactHalfToTheEvenOne) {
+  const struct {
+    std::string_view text;
+    int number;
+  } rows[] = {
+      {"12.50", 12},
+      {"12.5abc", 12},
+      {"12.51", 13},
+      {"13.5", 14},
+      {"13.49", 13},
+      {"0.5", 0},
+      {"1.5", 2},
+      {"-0.5", 0},
+      {"-12.5", -12},
+      {"-13.5", -14},
+      {"", 0},
+      {"   ", 0},
+      {"abc", 0},
+      {"$12", 0},
+      {"-", 0},
+      {"&H10", 0},
+      {"5", 5},
+      {"  5", 5},
+      {"+5", 5},
+      {"007", 7},
+      {"1 234", 1},
+      {"1,234", 1},
+      {"12 EUR", 12},
+      {"1e2", 100},
+      {"5e", 5},
+      {"1.2.3", 1},
+      {"1e-1000000", 0},
+      {"32767", 32767},
+      {"32767.4", 32767},
+      {"32767.49 EUR", 32767},
+      {"-32768", -32768},
+      {"-32768.5", -32768},
+      {"-32768.5 EUR", -32768},
+  };
+  for (const auto& row : rows) EXPECT_EQ(leadingWhole(row.text), row.number) << row.text;
+}
+
+TEST(LeadingWhole, BeyondSixteenBitsIsAnOverflow) {
+  for (const char* text :
+       {"99999", "32768", "32767.5", "32767.5 EUR", "40000x", "-32769", "-32768.51", "-99999",
+        "65536", "1e5", "1e1000000", "-1e1000000", "99999999999999999999999999"})
+    EXPECT_EQ(errorOf([&] { leadingWhole(text); }), 6) << text;
+}
+
 }  // namespace
 }  // namespace quillbox

@@ -255,6 +255,20 @@ TEST_F(NewCollection, GoesWithEnter) {
   EXPECT_EQ(formName(), "frmMusic");
 }
 
+TEST_F(NewCollection, GoesWithEnterFromAKindAndLeavesWithEscape) {
+  openDialog();
+  name("Jazz");
+  select(1);
+  QTest::keyClick(&control<QRadioButton>("optQBX_1"), Qt::Key_Escape);
+  QApplication::processEvents();
+  EXPECT_EQ(formName(), "frmBegin2");
+  choose("N");
+  select(2);
+  QTest::keyClick(&control<QRadioButton>("optQBX_2"), Qt::Key_Return);
+  QApplication::processEvents();
+  EXPECT_EQ(formName(), "frmVideo");
+}
+
 TEST_F(NewCollection, AsksBeforeItDeletesAnOldCollection) {
   writeFile(path("Jazz.MCS"), musicFile({album("A")}));
   openDialog();

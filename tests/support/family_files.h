@@ -13,6 +13,7 @@
 #include "platform/desktop.h"
 #include "records/field.h"
 #include "records/field_types.h"
+#include "support/test_folder.h"
 
 namespace quillbox::test {
 

@@ -5,15 +5,19 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
+#include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
 #include <QWindow>
 #include <functional>
 
+#include "records/date_text.h"
 #include "support/keys.h"
+#include "support/test_folder.h"
 
 namespace quillbox::test {
 namespace {
@@ -92,6 +96,66 @@ TEST_F(QtDesktopTest, AnInputBoxLeftEmptyIsNotCancelled) {
 TEST_F(QtDesktopTest, AnInputBoxIsCancelledWithEscape) {
   onDialog<QInputDialog>([](QInputDialog& dialog) { key(dialog, Qt::Key_Escape); });
   EXPECT_EQ(desktop_.inputBox("Record #", "Go To Record"), std::nullopt);
+}
+
+const FileDialog kOpen{"Open Collection",
+                       "All Collections (*.?CS, *.MPS)|*.?CS;*.MPS|Music Collection (*.MCS)|*.MCS"};
+
+/// Types into the dialog's name box and presses Enter.
+void answer(QFileDialog& dialog, const std::string& name) {
+  auto* line = dialog.findChild<QLineEdit*>();
+  ASSERT_NE(line, nullptr);
+  line->setText(QString::fromStdString(name));
+  QTest::keyClick(line, Qt::Key_Return);
+}
+
+TEST_F(QtDesktopTest, TheOpenDialogTurnsTheFilterIntoItsOwn) {
+  onDialog<QFileDialog>([](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.windowHandle()->title(), "Open Collection");
+    EXPECT_EQ(dialog.nameFilters(),
+              (QStringList{"All Collections (*.?CS *.MPS)", "Music Collection (*.MCS)"}));
+    EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptOpen);
+    key(dialog, Qt::Key_Escape);
+  });
+  EXPECT_EQ(desktop_.openDialog(kOpen), std::nullopt);
+}
+
+TEST_F(QtDesktopTest, TheOpenDialogListsFilesWhateverTheirCapitals) {
+  const TestFolder folder;
+  writeFile(folder.path("jazz.mcs"), "");
+  writeFile(folder.path("letter.txt"), "");
+  onDialog<QFileDialog>([&folder](QFileDialog& dialog) {
+    dialog.setDirectory(QString::fromStdString(folder.path()));
+    auto* list = dialog.findChild<QListView*>("listView");
+    ASSERT_NE(list, nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == 1; }));
+    key(dialog, Qt::Key_Escape);
+  });
+  EXPECT_EQ(desktop_.openDialog(kOpen), std::nullopt);
+}
+
+TEST_F(QtDesktopTest, TheOpenDialogLetsAMissingNameThrough) {
+  const TestFolder folder;
+  const std::string missing = folder.path("gone.MCS");
+  onDialog<QFileDialog>([&](QFileDialog& dialog) { answer(dialog, missing); });
+  EXPECT_EQ(desktop_.openDialog(kOpen), missing);
+}
+
+TEST_F(QtDesktopTest, TheSaveDialogGivesTheNameAsTyped) {
+  const TestFolder folder;
+  const std::string name = folder.path("my list");
+  onDialog<QFileDialog>([&](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
+    answer(dialog, name);
+  });
+  EXPECT_EQ(desktop_.saveDialog({"File Save As", ""}), name);
+}
+
+TEST_F(QtDesktopTest, TheShortDateFormIsOneThatDatesCanBeReadBackFrom) {
+  const std::string form = desktop_.shortDateForm();
+  EXPECT_FALSE(form.empty());
+  constexpr double newYear1980 = 29'221;
+  EXPECT_EQ(dateOf(dateText(newYear1980, form), form), newYear1980);
 }
 
 TEST_F(QtDesktopTest, TodayIsAShortDate) {
