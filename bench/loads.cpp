@@ -24,17 +24,6 @@ namespace fs = std::filesystem;
 constexpr int kRounds = 9;
 constexpr double kKibPerMib = 1024;
 
-/// A board that nobody looks at; what it costs to paint one is not the loader's.
-class NoBoard : public Board {
- public:
-  void open(const std::string&) override {}
-  void setBoardCaption(const std::string&) override {}
-  void clear() override {}
-  void print(const std::string&) override {}
-  void progress(int, int) override {}
-  void close() override {}
-};
-
 void makeFiles(const fs::path& folder) {
   fs::create_directory(folder);
   for (int i = 0; i < kFilesToLoad; ++i)

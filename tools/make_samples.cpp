@@ -100,17 +100,6 @@ class SourceReader {
   std::size_t entry_ = 0;
 };
 
-/// A board that nobody looks at.
-class NoBoard : public Board {
- public:
-  void open(const std::string&) override {}
-  void setBoardCaption(const std::string&) override {}
-  void clear() override {}
-  void print(const std::string&) override {}
-  void progress(int, int) override {}
-  void close() override {}
-};
-
 void loadFolder(AppState& state, const CollectionKind& kind, const std::string& folder) {
   const LoaderRow& loader = loaderRow(mediaCodeOf(kind));
   auto names = filesToLoad(state.files.fileSystem(), folder, loaderPatterns(loader.filter));

@@ -11,6 +11,7 @@
 #include <chrono>
 
 #include "forms/about.h"
+#include "forms/controls.h"
 #include "forms/qt_text.h"
 #include "platform/paths.h"
 #include "records/navigation.h"
@@ -72,11 +73,8 @@ void frmEditor::makeButtons() {
   lblIndex_->setFont(font);
   row->addWidget(lblIndex_, 1);
   for (const auto& [command, name, caption] : tables_.buttons) {
-    auto* made = new QPushButton(QString::fromUtf8(caption));
-    made->setObjectName(QString::fromUtf8(name));
-    made->setAccessibleName(withoutAccessKey(caption));
+    auto* made = makeButton(QString::fromUtf8(name), QString::fromUtf8(caption));
     made->setIcon(iconOf(command, *style()));
-    made->setAutoDefault(true);  // Enter presses the button that has the focus
     onClick(*made, [this, which = command] { choose(which); });
     buttons_[command] = made;
     row->addWidget(made);

@@ -26,7 +26,10 @@ void frmFamily::Form_Load() {
   resetForm();
   setFileCaption(store().kind().captionPrefix);
   if (isMissing) setRecordLabel("New File");
-  if (!isNew && !isMissing) showFirstItem(first);
+  if (isNew || isMissing) return;
+  // Ahead of the item itself, which may be a deleted one that shows nothing.
+  setRecordLabel(recordLabel(store().kind(), 1, state().Count));
+  showFirstItem(first);
 }
 
 void frmFamily::choose(Command command) {
@@ -49,10 +52,14 @@ void frmFamily::GetScreen() {
 
 void frmFamily::ClearData() {
   frmEditor::ClearData();
-  if (listPage_) listPage_->clear();
+  clearscreen();
 }
 
-void frmFamily::clearscreen() { sheet().clear(); }
+void frmFamily::clearscreen() {
+  sheet().clear();
+  if (listPage_) listPage_->clear();
+  setRecordLabel(std::string(store().kind().rules.label.fresh));
+}
 
 void frmFamily::afterNewItem() {
   if (!family_.clearsScreenOnly) return frmEditor::afterNewItem();

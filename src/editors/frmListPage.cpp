@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "forms/controls.h"
 #include "forms/qt_text.h"
 #include "forms/text_box.h"
 
@@ -30,12 +31,9 @@ frmListPage::frmListPage(Program& program, const ListPageTables& tables, Owner o
   };
   for (int entry = 0; const char* text : tables.captions) {
     auto* box = new TextBox(static_cast<int>(tables.field->width));
-    box->setObjectName(numbered(tables.boxName, entry));
-    box->setAccessibleName(withoutAccessKey(text));
     box->setMinimumWidth(fontMetrics().averageCharWidth() * kUsualEntry);
-    auto* caption = new QLabel(QString::fromUtf8(text));
+    auto* caption = makeCaption(*box, numbered(tables.boxName, entry), QString::fromUtf8(text));
     caption->setObjectName(numbered(tables.captionName, entry));
-    caption->setBuddy(box);
     grid->addWidget(caption, entry, 0);
     grid->addWidget(box, entry, 1);
     boxes_.push_back(box);
@@ -46,10 +44,7 @@ frmListPage::frmListPage(Program& program, const ListPageTables& tables, Owner o
   auto* row = new QHBoxLayout;
   row->addStretch(1);
   for (const auto& [command, name, text] : tables.buttons) {
-    auto* made = new QPushButton(QString::fromUtf8(text));
-    made->setObjectName(QString::fromUtf8(name));
-    made->setAccessibleName(withoutAccessKey(text));
-    made->setAutoDefault(true);
+    auto* made = makeButton(QString::fromUtf8(name), QString::fromUtf8(text));
     onClick(*made, [this, which = command] { choose(which); });
     row->addWidget(made);
   }

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "forms/controls.h"
 #include "forms/qt_text.h"
 #include "forms/text_box.h"
 #include "records/field.h"
@@ -42,14 +43,12 @@ frmSongEdit::frmSongEdit(Program& program, int page, Owner owner)
   auto* column = new QVBoxLayout(holder);
 
   auto* grid = new QGridLayout;
-  auto* caption = new QLabel(QStringLiteral("A&dd Song:"));
   txtSongEdit_ = new TextBox(kSongWidth);
-  txtSongEdit_->setObjectName(QStringLiteral("txtSongEdit"));
   txtSongEdit_->setPlaceholderText(QStringLiteral("Type a title and press Enter"));
-  txtSongEdit_->setAccessibleName(QStringLiteral("Add Song:"));
-  caption->setBuddy(txtSongEdit_);
   connect(txtSongEdit_, &QLineEdit::returnPressed, this, &frmSongEdit::txtSongEdit_Enter);
-  grid->addWidget(caption, 0, 0);
+  grid->addWidget(
+      makeCaption(*txtSongEdit_, QStringLiteral("txtSongEdit"), QStringLiteral("A&dd Song:")), 0,
+      0);
   grid->addWidget(txtSongEdit_, 0, 1, 1, 3);
   makeSongs(*grid);
   column->addLayout(grid);
@@ -63,12 +62,9 @@ frmSongEdit::frmSongEdit(Program& program, int page, Owner owner)
 void frmSongEdit::makeSongs(QGridLayout& grid) {
   constexpr int rows = static_cast<int>(kSongsPerPage) / 2;
   for (int song = 0; song < 2 * rows; ++song) {
-    const QString text = songCaption(page_, song);
-    auto* caption = new QLabel(text);
     auto* box = new TextBox(kSongWidth);
-    box->setObjectName(QStringLiteral("txtSongTitle_%1").arg(song));
-    box->setAccessibleName(text);
-    caption->setBuddy(box);
+    auto* caption =
+        makeCaption(*box, QStringLiteral("txtSongTitle_%1").arg(song), songCaption(page_, song));
     box->setMinimumWidth(fontMetrics().averageCharWidth() * kUsualTitle);
     if (song >= rows) caption->setIndent(fontMetrics().averageCharWidth());
     const int row = 1 + song % rows;
@@ -87,10 +83,7 @@ void frmSongEdit::makeButtons(QHBoxLayout& row) {
   lblIndex_->setTextFormat(Qt::PlainText);
   row.addWidget(lblIndex_, 1);
   const auto add = [&](const char* name, const char* caption, std::function<void()> handler) {
-    auto* made = new QPushButton(QString::fromUtf8(caption));
-    made->setObjectName(QString::fromUtf8(name));
-    made->setAccessibleName(withoutAccessKey(caption));
-    made->setAutoDefault(true);
+    auto* made = makeButton(QString::fromUtf8(name), QString::fromUtf8(caption));
     onClick(*made, std::move(handler));
     row.addWidget(made);
   };

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cassert>
 
+#include "forms/controls.h"
 #include "forms/drop_down.h"
 #include "forms/qt_text.h"
 #include "forms/text_box.h"
@@ -76,11 +77,13 @@ FieldSheet::Bound FieldSheet::makeInput(const InputRow& row, QGridLayout& grid) 
       break;
     }
   }
-  made.input->setObjectName(QString::fromUtf8(row.name));
-  made.input->setAccessibleName(withoutAccessKey(row.caption));
-  if (row.kind != InputKind::checkBox) {
-    made.caption = new QLabel(QString::fromUtf8(row.caption), this);
-    made.caption->setBuddy(made.input);
+  const QString name = QString::fromUtf8(row.name);
+  const QString caption = QString::fromUtf8(row.caption);
+  if (row.kind == InputKind::checkBox) {
+    made.input->setObjectName(name);
+    made.input->setAccessibleName(withoutAccessKey(caption));
+  } else {
+    made.caption = makeCaption(*made.input, name, caption);
     if (row.captionName != nullptr) made.caption->setObjectName(QString::fromUtf8(row.captionName));
     // Farther from the input before it than from its own.
     if (row.place.column > 0) made.caption->setIndent(fontMetrics().averageCharWidth());

@@ -23,8 +23,6 @@ std::string toUtf8Text(const QString& text) { return text.toStdString(); }
 
 QString fromPath(std::string_view path) { return QFile::decodeName(bytesOfText(path)); }
 
-QString withoutAccessKey(const char* caption) {
-  return QString::fromUtf8(caption).remove(QLatin1Char('&'));
-}
+QString withoutAccessKey(QString caption) { return caption.remove(QLatin1Char('&')); }
 
 }  // namespace quillbox

@@ -19,6 +19,6 @@ std::string toUtf8Text(const QString& text);
 QString fromPath(std::string_view path);
 
 /// A control's caption without the "&" that marks its access key.
-QString withoutAccessKey(const char* caption);
+QString withoutAccessKey(QString caption);
 
 }  // namespace quillbox

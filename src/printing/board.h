@@ -24,4 +24,15 @@ class Board {
   virtual void close() = 0;
 };
 
+/// A board that nobody looks at.
+class NoBoard : public Board {
+ public:
+  void open(const std::string& /*caption*/) override {}
+  void setBoardCaption(const std::string& /*caption*/) override {}
+  void clear() override {}
+  void print(const std::string& /*line*/) override {}
+  void progress(int /*done*/, int /*total*/) override {}
+  void close() override {}
+};
+
 }  // namespace quillbox

@@ -10,6 +10,7 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "forms/controls.h"
 #include "forms/qt_text.h"
 #include "platform/paths.h"
 #include "records/kinds.h"
@@ -33,13 +34,10 @@ frmNewCollection::frmNewCollection(Program& program) : Form(program, "frmNewColl
   auto* column = new QVBoxLayout(page);
 
   auto* row = new QHBoxLayout;
-  auto* caption = new QLabel(QStringLiteral("C&ollection Name:"));
   txtColName_ = new QLineEdit;
-  txtColName_->setObjectName(QStringLiteral("txtColName"));
-  txtColName_->setAccessibleName(QStringLiteral("Collection Name:"));
   txtColName_->setMinimumWidth(fontMetrics().averageCharWidth() * 32);
-  caption->setBuddy(txtColName_);
-  row->addWidget(caption);
+  row->addWidget(
+      makeCaption(*txtColName_, QStringLiteral("txtColName"), QStringLiteral("C&ollection Name:")));
   row->addWidget(txtColName_, 1);
   column->addLayout(row);
 
@@ -47,12 +45,9 @@ frmNewCollection::frmNewCollection(Program& program) : Form(program, "frmNewColl
   column->addLayout(options_);
   column->addStretch(1);
 
-  auto* cmdNew = new QPushButton(QStringLiteral("&Go"));
-  cmdNew->setObjectName(QStringLiteral("cmdNew"));
-  cmdNew->setAutoDefault(true);
-  onClick(*cmdNew, [this] { cmdNew_Click(); });
-  cmdNew_ = cmdNew;
-  column->addWidget(cmdNew, 0, Qt::AlignRight);
+  cmdNew_ = makeButton(QStringLiteral("cmdNew"), QStringLiteral("&Go"));
+  onClick(*cmdNew_, [this] { cmdNew_Click(); });
+  column->addWidget(cmdNew_, 0, Qt::AlignRight);
 }
 
 void frmNewCollection::showWithOptions() {

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+class QLabel;
+class QPushButton;
+class QWidget;
+
+/// How every form makes its controls, so that each is found by its name and known by its caption.
+namespace quillbox {
+
+/// Names an input and gives it the caption it is known by; returns the label that shows the caption
+/// and leads to the input by its access key.
+QLabel* makeCaption(QWidget& input, const QString& name, const QString& caption);
+
+/// A button; Enter presses it while it has the focus, as the space bar does.
+QPushButton* makeButton(const QString& name, const QString& caption);
+
+}  // namespace quillbox
