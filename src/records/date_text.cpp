@@ -41,7 +41,10 @@ std::string_view takePiece(std::string_view& form) {
   return piece;
 }
 
+/// A form of pieces that are known, with a day, a month and a year among them.
 bool isUnderstood(std::string_view form) {
+  for (const char part : {'d', 'M', 'y'})
+    if (form.find(part) == std::string_view::npos) return false;
   while (!form.empty()) {
     const std::string_view piece = takePiece(form);
     if (!isLetter(piece.front())) continue;

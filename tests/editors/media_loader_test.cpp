@@ -396,10 +396,9 @@ TEST_F(MediaLoaderTest, WhenTheCatalogueIsFullWhatWasAddedIsKept) {
   const std::string after = file();
   ASSERT_EQ(after.size(), 32768U * sizeof(MediaFileRecord));
   EXPECT_TRUE(after.substr(0, 12) == headerBytes(32767));
-  EXPECT_EQ(text(item(32766).FileName), "a.wav");
-  EXPECT_EQ(text(item(32767).FileName), "b.wav");
-  EXPECT_EQ(failureOf([&] { load({"c.wav"}); }).number, 6);
-  EXPECT_EQ(failureOf([&] { load({"b.wav", "a.wav"}); }).number, 0);
+  EXPECT_TRUE(after.substr(32766 * sizeof(MediaFileRecord)).starts_with("a.wav   "));
+  EXPECT_TRUE(after.substr(32767 * sizeof(MediaFileRecord)).starts_with("b.wav   "));
+  EXPECT_EQ(failureOf([&] { load({"b.wav", "a.wav", "c.wav"}); }).number, 6);
   EXPECT_EQ(state_.Count, 32767);
   EXPECT_TRUE(file() == after);
 }

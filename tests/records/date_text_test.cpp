@@ -323,7 +323,7 @@ TEST(DateText, IsUnderstoodAgainForEveryDayOfTwoCenturies) {
 
 TEST(DateText, IsUnderstoodAgainWithEveryTimeToTheSecond) {
   for (const std::string_view form : kForms)
-    for (int second = 0; second < 86'400; second += 11) {
+    for (int second = 0; second < 86'400; second += 97) {
       const int day = second % 73'000 + 2;
       const double date = day + second / 86'400.0;
       ASSERT_EQ(dateOf(dateText(date, form), form), date) << form << ' ' << dateText(date, form);
@@ -339,6 +339,14 @@ TEST(DateText, IsUnderstoodAgainBeforeDayZeroAndInFarYears) {
                             2'958'465.0, 2'958'465.5, 100'000.25})
     for (const std::string_view form : kForms)
       EXPECT_EQ(dateOf(dateText(date, form), form), date) << form << ' ' << dateText(date, form);
+}
+
+TEST(DateText, AFormWithoutADayAMonthOrAYearCountsAsYearMonthDay) {
+  for (const char* form : {"", "M/d", "yyyy", "d.yyyy"}) {
+    SCOPED_TRACE(form);
+    EXPECT_EQ(dateText(29221, form), "1980-01-01");
+    EXPECT_EQ(dateOf("1980-01-01", form), 29221);
+  }
 }
 
 }  // namespace
