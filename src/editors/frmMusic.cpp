@@ -136,6 +136,7 @@ void frmMusic::Form_Load() {
   const auto first = found == MusicFileState::refused ? std::nullopt : readFirstItem();
 
   showMediaTypes(mediaTypes);
+  sheet().setInputEnabled("chkBookLoaned", true);  // the loan rule may leave it as it is
   resetForm();
   setFileCaption(store().kind().captionPrefix);
   if (!isNew) showFirstItem(first);

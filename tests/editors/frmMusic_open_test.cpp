@@ -132,6 +132,20 @@ TEST_F(OpeningMusic, LoadsAgainEachTimeItIsOpened) {
   EXPECT_EQ(mediaTypes().size(), 7U);
 }
 
+TEST_F(OpeningMusic, LoadsAFormThatOwesNothingToTheLastCollection) {
+  MusicRecord withBooklet = album("A");
+  withBooklet.HasBook = 1;
+  withBooklet.Genre = 3;
+  writeFile(path(), musicFile({withBooklet}));
+  writeFile(path("other.MCS"), musicFile({album("B")}));
+  start({path()});
+  ASSERT_FALSE(check("chkBookLoaned").isEnabled());
+  state_->currentPath = path("other.MCS");
+  program_->run([&] { dynamic_cast<frmMusic&>(form()).open(); });
+  EXPECT_TRUE(check("chkBookLoaned").isEnabled());
+  EXPECT_EQ(list("cmbGenre").currentIndex(), 0);
+}
+
 // ---- The upgrade of type 4
 
 TEST_F(OpeningMusic, UpgradesAnOldFileAndKeepsItAsTheBackup) {
