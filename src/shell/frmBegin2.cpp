@@ -48,6 +48,9 @@ void frmBegin2::makeToolbar() {
   tbrBegin->setMovable(false);
   tbrBegin->setContextMenuPolicy(Qt::PreventContextMenu);
   tbrBegin->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+  // The toolkit's own button for what does not fit has no name by itself.
+  if (auto* more = tbrBegin->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button")))
+    more->setAccessibleName(QStringLiteral("More"));
   for (const ToolRow& tool : kTools) {
     QAction* action = tbrBegin->addAction(
         QIcon::fromTheme(QString::fromUtf8(tool.themeIcon), style()->standardIcon(tool.icon)),

@@ -43,8 +43,8 @@ QStringList nameFilters(const std::string& filter) {
   for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
     const QString description = parts[i].section(QLatin1Char('('), 0, 0).trimmed();
     QString patterns = parts[i + 1];
-    filters << QStringLiteral("%1 (%2)").arg(
-        description, patterns.replace(QLatin1Char(';'), QLatin1Char(' ')));
+    filters << QStringLiteral("%1 (%2)").arg(description,
+                                             patterns.replace(QLatin1Char(';'), QLatin1Char(' ')));
   }
   return filters;
 }
