@@ -69,7 +69,7 @@ void frmListPage::step(int by) {
 
 void frmListPage::show(std::span<const std::byte> record) {
   for (std::size_t entry = 0; entry < boxes_.size(); ++entry)
-    boxes_[entry]->setText(
+    boxes_[entry]->showText(
         fromRecordText(withoutTrailingBlanks(upToNul(textOf(*tables_.field, record, entry)))));
 }
 

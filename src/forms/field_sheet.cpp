@@ -139,14 +139,14 @@ void FieldSheet::showField(const Bound& bound, std::span<const std::byte> record
   }
   auto* box = static_cast<TextBox*>(bound.input);
   if (field.type != FieldType::text) {
-    box->setText(fromUtf8Text(numberText(field, record, bound.row->shown)));
+    box->showText(fromUtf8Text(numberText(field, record, bound.row->shown)));
     return;
   }
   const std::string_view text = upToNul(textOf(field, record));
   if (bound.row->shown == Shown::padded)
     box->showPadded(fromRecordText(text));
   else
-    box->setText(fromRecordText(withoutTrailingBlanks(text)));
+    box->showText(fromRecordText(withoutTrailingBlanks(text)));
 }
 
 std::string FieldSheet::numberText(const Field& field, std::span<const std::byte> record,

@@ -22,6 +22,11 @@ TextBox::TextBox(int width, QWidget* parent) : QLineEdit(parent), width_(width) 
   connect(this, &QLineEdit::selectionChanged, this, &TextBox::stayBeforePadding);
 }
 
+void TextBox::showText(const QString& text) {
+  setText(text);
+  setCursorPosition(0);
+}
+
 void TextBox::showPadded(const QString& text) {
   padding_ = 0;
   shown_ = text.left(width_);

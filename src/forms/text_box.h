@@ -12,7 +12,10 @@ class TextBox : public QLineEdit {
   /// Takes at most `width` characters.
   explicit TextBox(int width, QWidget* parent = nullptr);
 
-  /// Shows `text`; blanks at its end are padding.
+  /// Shows `text` from its beginning, however long it is.
+  void showText(const QString& text);
+
+  /// The same; blanks at its end are padding.
   void showPadded(const QString& text);
 
  private:

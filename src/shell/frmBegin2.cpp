@@ -25,7 +25,7 @@ struct ToolRow {
 const ToolRow kTools[] = {
     {"N", "New Collection", "document-new", QStyle::SP_FileIcon, QKeySequence::New},
     {"O", "Open Collection", "document-open", QStyle::SP_DialogOpenButton, QKeySequence::Open},
-    {"X", "Exit", "application-exit", QStyle::SP_DialogCloseButton, QKeySequence::Quit},
+    {"X", "Exit", "application-exit", QStyle::SP_DialogCancelButton, QKeySequence::Quit},
 };
 
 constexpr const char* kHelp =

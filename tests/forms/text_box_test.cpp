@@ -140,6 +140,14 @@ TEST_F(TextBoxTest, TakesTextSetByProgramAsItIs) {
   EXPECT_EQ(text(), "Red  x");
 }
 
+TEST_F(TextBoxTest, ShowsALongTextFromItsBeginning) {
+  box_.showText(QStringLiteral("0123456789"));
+  EXPECT_EQ(box_.cursorPosition(), 0);
+  key(Qt::Key_End);
+  key(Qt::Key_Backspace);
+  EXPECT_EQ(text(), "012345678");
+}
+
 TEST_F(TextBoxTest, ShowsTheNextTextWithItsOwnPadding) {
   key(Qt::Key_End);
   keys("s");
