@@ -22,14 +22,30 @@ read -r number <"$work/display"
 export DISPLAY=":$number"
 openbox >/dev/null 2>&1 &
 pids="$! $pids"
+# A window that appears while the window manager starts may never be shown.
+tries=0
+until xdotool get_num_desktops >/dev/null 2>&1 || [ "$tries" -gt 100 ]; do
+  tries=$((tries + 1))
+  sleep 0.1
+done
 "$program" "$collection" &
 pids="$! $pids"
 
-window() { timeout 30 xdotool search --sync --onlyvisible --name "$1" 2>/dev/null | head -n 1; }
+# The windows of that name that are on screen. None is no failure: windows come and go, and the
+# window manager may not be up yet.
+windows() { xdotool search --onlyvisible --name "$1" 2>/dev/null || true; }
 
-box=$(window '^QBX V')
-xdotool windowactivate --sync "$box"
-xdotool key Return
-window 'Manager \(|Collection \(|^Quillbox V' >/dev/null
+tries=0
+until [ -n "$(windows 'Manager \(|Collection \(|^Quillbox V')" ]; do
+  tries=$((tries + 1))
+  if [ "$tries" -gt 120 ]; then
+    echo "The program showed no form." >&2
+    exit 1
+  fi
+  for box in $(windows '^QBX V'); do
+    xdotool windowfocus "$box" key Return 2>/dev/null || true
+  done
+  sleep 0.5
+done
 sleep 1 # until the window manager and the program have drawn
 import -window root "$picture"
