@@ -62,7 +62,8 @@ constexpr FamilyTables kTables = {
                kMenus,
                "About Book Collection",
                "Book",
-               kFamilyHelp},
+               kFamilyHelp,
+               {kInputs, {}}},
     .clearsScreenOnly = true,
 };
 

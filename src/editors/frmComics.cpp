@@ -64,6 +64,11 @@ constexpr InputRow kInputs[] = {
     {checkBox, "chkBoarded", "B&oarded", comicField("Boarded"), {boxes, 1, 1}},
 };
 
+// The two boxes cannot be searched for.
+constexpr auto kSearchInputs = std::span(kInputs).first(std::size(kInputs) - 2);
+constexpr HeadingRow kSearchHeadings[] = {{"Input Data To Search For", comicHeading},
+                                          {"Purchase", purchaseHeading}};
+
 constexpr ButtonRow kButtons[] = {
     {Command::previous, "cmdPrevious", "Pre&vious Item"},
     {Command::next, "cmdNext", "&Next Item"},
@@ -101,8 +106,17 @@ constexpr ListPageTables kPage = {"frmComicTitles", "Comic Notes Data", comicFie
                                   kPageButtons};
 
 constexpr FamilyTables kTables = {
-    .editor = {"frmComics", "lblIndex", "Record #:", kInputs, kHeadings, kButtons, kMenus,
-               "About Comic Collection", "Comic", kFamilyHelp},
+    .editor = {"frmComics",
+               "lblIndex",
+               "Record #:",
+               kInputs,
+               kHeadings,
+               kButtons,
+               kMenus,
+               "About Comic Collection",
+               "Comic",
+               kFamilyHelp,
+               {kSearchInputs, kSearchHeadings}},
     .listPage = &kPage,
 };
 

@@ -43,8 +43,7 @@ QIcon iconOf(Command command, const QStyle& style) {
 
 /// What the program can do by now.
 bool isAvailable(Command command) {
-  return command != Command::sort && command != Command::search && command != Command::printList &&
-         command != Command::exportData;
+  return command != Command::printList && command != Command::exportData;
 }
 
 }  // namespace
@@ -112,6 +111,10 @@ void frmEditor::choose(Command command) {
       return OpenFile_Click();
     case Command::exitCollection:
       return ExitCollection_Click();
+    case Command::sort:
+      return SortRecords_Click();
+    case Command::search:
+      return SearchRecords_Click();
     case Command::printerSetup:
       return desktop().printerSetup();
     case Command::contents:
@@ -122,8 +125,6 @@ void frmEditor::choose(Command command) {
     case Command::mediaTypes:  // the list comes from the user's file alone
     case Command::editSubList:
     case Command::loadFolder:
-    case Command::sort:
-    case Command::search:
     case Command::printList:
     case Command::exportData:
       return;
@@ -163,22 +164,70 @@ std::optional<std::vector<std::byte>> frmEditor::readFirstItem() {
 
 void frmEditor::Form_Unload() { ExitCollection_Click(); }
 
-void frmEditor::ExitCollection_Click() {
-  unloaded_ = true;
+void frmEditor::leaveCollection() {
   hide();
   state().files.closeAll();
+}
+
+void frmEditor::ExitCollection_Click() {
+  unloaded_ = true;
+  leaveCollection();
   program().shell().showStartScreen();
 }
 
 void frmEditor::OpenFile_Click() {
-  hide();
+  leaveCollection();
   program().shell().FileOpen();
 }
 
 void frmEditor::NewFile_Click() {
   store_.writeHeader(state().Count, newFileType());
-  hide();
+  leaveCollection();
   program().shell().showNewCollection();
+}
+
+void frmEditor::SortRecords_Click() {
+  if (!sort_)
+    sort_ = std::make_unique<frmSort>(
+        program(), store_.kind(),
+        frmSort::Owner{[this] { showSorted(); }, [this] { showInsteadOf(*sort_); }});
+  sort_->open(*this);
+}
+
+/// The form as if the collection had been opened at this position: what was on it may be another
+/// item's by now. A new item stays as typed.
+void frmEditor::showSorted() {
+  // There may be fewer items than there were.
+  const auto item = std::min(position(), state().Count);
+  if (state().CurRec >= 1 && item < 1) {
+    resetForm();
+    showNothing();
+  } else if (state().CurRec >= 1) {
+    std::vector<std::byte> record(buffer().size());
+    store_.readItem(item, record);
+    resetForm();
+    // Ahead of the item itself, which may be a deleted one that shows nothing.
+    setRecordLabel(recordLabel(store_.kind(), item, state().Count));
+    showItem(item, record);
+  }
+  showInsteadOf(*sort_);
+}
+
+void frmEditor::SearchRecords_Click() {
+  if (!search_)
+    search_ = std::make_unique<frmSearch>(program(), store_.kind(), tables_.search,
+                                          frmSearch::Owner{[this](int item) {
+                                                             readAndShow(item);
+                                                             showInsteadOf(*search_);
+                                                           },
+                                                           [this] {
+                                                             // The search has read others into it.
+                                                             std::ranges::copy(shownRecord_,
+                                                                               buffer().begin());
+                                                             showInsteadOf(*search_);
+                                                           }});
+  shownRecord_.assign(buffer().begin(), buffer().end());
+  search_->open(*this, *sheet_);
 }
 
 void frmEditor::setFileCaption(std::string_view prefix) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <map>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -12,6 +13,8 @@
 #include "forms/field_sheet.h"
 #include "forms/form.h"
 #include "records/collection_store.h"
+#include "sortsearch/frmSearch.h"
+#include "sortsearch/frmSort.h"
 
 class QLabel;
 class QPushButton;
@@ -71,6 +74,7 @@ struct EditorTables {
   const char* aboutTitle;
   const char* aboutArea;
   const char* help;
+  SearchPage search;  ///< what of the inputs the search form repeats
 };
 
 /// The editor of a collection: shows one item at a time and lets the user step, jump, write, clear
@@ -121,6 +125,8 @@ class frmEditor : public Form {
   void ExitCollection_Click();
   void OpenFile_Click();
   void NewFile_Click();
+  void SortRecords_Click();
+  void SearchRecords_Click();
 
   /// The file type in the header that New File writes.
   virtual int newFileType() const { return store_.kind().rules.fileType; }
@@ -164,13 +170,18 @@ class frmEditor : public Form {
   void makeMenus();
   bool restBetweenLaps(int milliseconds);
   void setControlsEnabled(bool enabled);
+  void leaveCollection();
+  void showSorted();
 
   CollectionStore store_;
   const EditorTables& tables_;
   FieldSheet* sheet_;
   QLabel* lblIndex_ = nullptr;
   std::map<Command, QPushButton*> buttons_;
-  bool unloaded_ = false;  // since the running handler began
+  std::unique_ptr<frmSort> sort_;  // made when they are first shown
+  std::unique_ptr<frmSearch> search_;
+  std::vector<std::byte> shownRecord_;  // the record buffer while the search form is shown
+  bool unloaded_ = false;               // since the running handler began
 };
 
 }  // namespace quillbox

@@ -104,9 +104,17 @@ constexpr const char* kHelp =
     "Write Data.\n\n"
     "Delete Item marks the item as deleted; the next new item takes its place.";
 
-constexpr EditorTables kTables = {"frmMusic", "lblIndex", "Record #:", kInputs,
-                                  kHeadings,  kButtons,   kMenus,      "About Music Collection",
-                                  "Music",    kHelp};
+constexpr EditorTables kTables = {"frmMusic",
+                                  "lblIndex",
+                                  "Record #:",
+                                  kInputs,
+                                  kHeadings,
+                                  kButtons,
+                                  kMenus,
+                                  "About Music Collection",
+                                  "Music",
+                                  kHelp,
+                                  {kInputs, kHeadings}};
 
 }  // namespace
 

@@ -102,8 +102,17 @@ constexpr ListPageTables kPage = {"frmSoftwareTitles",
                                   kPageButtons};
 
 constexpr FamilyTables kTables = {
-    .editor = {"frmSoftware", "lblIndex", "Record #:", kInputs, kHeadings, kButtons, kMenus,
-               "About Software Collection", "Software", kFamilyHelp},
+    .editor = {"frmSoftware",
+               "lblIndex",
+               "Record #:",
+               kInputs,
+               kHeadings,
+               kButtons,
+               kMenus,
+               "About Software Collection",
+               "Software",
+               kFamilyHelp,
+               {kInputs, kHeadings}},
     .listPage = &kPage,
     .captionsClickable = true,
 };

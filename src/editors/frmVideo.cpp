@@ -92,8 +92,17 @@ constexpr ListPageTables kPage = {"frmVideoTitles",     "Video Tape Collection M
                                   kPageButtons};
 
 constexpr FamilyTables kTables = {
-    .editor = {"frmVideo", "lblIndex", "Record #:", kInputs, kHeadings, kButtons, kMenus,
-               "About Video Collection", "Video", kFamilyHelp},
+    .editor = {"frmVideo",
+               "lblIndex",
+               "Record #:",
+               kInputs,
+               kHeadings,
+               kButtons,
+               kMenus,
+               "About Video Collection",
+               "Video",
+               kFamilyHelp,
+               {kInputs, kHeadings}},
     .listPage = &kPage,
     .hidesDeleted = true,
 };

@@ -36,6 +36,10 @@ constexpr InputRow kInputs[] = {
      "Label2"},
 };
 
+// Only the name can be searched for; its caption has no access key here.
+constexpr InputRow kSearchInputs[] = {
+    {textBox, "txtFileName", "FileName:", mediaFileField("FileName"), {fileName}}};
+
 constexpr ButtonRow kButtons[] = {
     {Command::previous, "cmdPrev", "Pre&vious Item"},
     {Command::next, "cmdNext", "Ne&xt Item"},
@@ -67,19 +71,8 @@ constexpr EditorTables kTables = {"frmWave",
                                   kMenus,
                                   "About Wav/MIDI/Graphic Collection",
                                   "Wave/Midi/Graphics",
-                                  ""};
-
-/// Hides the board again, however the work on it ends.
-class OpenBoard {
- public:
-  OpenBoard(Board& board, const std::string& caption) : board_(board) { board_.open(caption); }
-  OpenBoard(const OpenBoard&) = delete;
-  OpenBoard& operator=(const OpenBoard&) = delete;
-  ~OpenBoard() { board_.close(); }
-
- private:
-  Board& board_;
-};
+                                  "",
+                                  {kSearchInputs, {}}};
 
 }  // namespace
 

@@ -108,6 +108,38 @@ void FieldSheet::store(std::span<std::byte> record) {
   }
 }
 
+std::vector<Entered> FieldSheet::entered() const {
+  std::vector<Entered> all;
+  for (const Bound& bound : bound_) {
+    Entered input{bound.row->field};
+    switch (bound.row->kind) {
+      case InputKind::textBox:
+        input.text = toRecordText(static_cast<QLineEdit*>(bound.input)->text());
+        break;
+      case InputKind::checkBox:
+        input.whole = static_cast<QCheckBox*>(bound.input)->isChecked() ? 1 : 0;
+        break;
+      case InputKind::dropDown:
+        input.whole = checked16(static_cast<QComboBox*>(bound.input)->currentIndex());
+        break;
+    }
+    all.push_back(std::move(input));
+  }
+  return all;
+}
+
+void FieldSheet::takeChoices(const FieldSheet& other) {
+  for (const Bound& mine : bound_) {
+    if (mine.row->kind != InputKind::dropDown) continue;
+    auto& to = static_cast<QComboBox&>(*mine.input);
+    const auto& from = static_cast<QComboBox&>(*other.bound(mine.row->name).input);
+    const int chosen = to.currentIndex();
+    to.clear();
+    for (int entry = 0; entry < from.count(); ++entry) to.addItem(from.itemText(entry));
+    to.setCurrentIndex(chosen < to.count() ? chosen : -1);
+  }
+}
+
 void FieldSheet::clear() {
   for (const Bound& bound : bound_) {
     if (bound.row->kind == InputKind::textBox) static_cast<QLineEdit*>(bound.input)->clear();

@@ -77,6 +77,12 @@ class FieldSheet : public QWidget {
   /// range and 13 for a text that is no date: controls and record are as they were then.
   void store(std::span<std::byte> record);
 
+  /// What stands in each input, as it would be stored, but nothing put into an empty box.
+  std::vector<Entered> entered() const;
+
+  /// Offers in each drop-down list what the list of that name on `other` offers.
+  void takeChoices(const FieldSheet& other);
+
   /// Empties the texts and clears the boxes.
   void clear();
 

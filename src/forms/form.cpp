@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <utility>
@@ -58,6 +59,21 @@ void Form::onClick(QAbstractButton& button, std::function<void()> handler) {
 void Form::onTriggered(QAction& action, std::function<void()> handler) {
   connect(&action, &QAction::triggered, this,
           [this, handler = std::move(handler)] { program_.run(handler); });
+}
+
+void Form::actAsDialog(QAbstractButton* onEnter) {
+  isDialog_ = true;
+  onEnter_ = onEnter;
+}
+
+void Form::keyPressEvent(QKeyEvent* event) {
+  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (isEnter && onEnter_ != nullptr)
+    onEnter_->click();
+  else if (event->key() == Qt::Key_Escape && isDialog_)
+    close();
+  else
+    QMainWindow::keyPressEvent(event);
 }
 
 void Form::closeEvent(QCloseEvent* event) {

@@ -50,10 +50,17 @@ class Form : public QMainWindow {
   void onClick(QAbstractButton& button, std::function<void()> handler);
   void onTriggered(QAction& action, std::function<void()> handler);
 
+  /// From now on Escape closes the window, wherever in it the focus is, and Enter clicks `onEnter`
+  /// if there is one. A button that has the focus keeps Enter for itself.
+  void actAsDialog(QAbstractButton* onEnter);
+
   void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   Program& program_;
+  bool isDialog_ = false;
+  QAbstractButton* onEnter_ = nullptr;
 };
 
 }  // namespace quillbox

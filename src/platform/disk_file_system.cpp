@@ -32,7 +32,8 @@ RunTimeError folderError(const std::error_code& error, const std::string& folder
 
 class DiskFile : public File {
  public:
-  DiskFile(int descriptor, std::string path) : descriptor_(descriptor), path_(std::move(path)) {}
+  DiskFile(int descriptor, std::string path, bool mayBeNew)
+      : descriptor_(descriptor), path_(std::move(path)), mayBeNew_(mayBeNew) {}
   DiskFile(const DiskFile&) = delete;
   DiskFile& operator=(const DiskFile&) = delete;
   ~DiskFile() override {
@@ -69,6 +70,7 @@ class DiskFile : public File {
 
   void flush() override {
     if (::fsync(descriptor_) != 0) throw errorFromErrno(errno, path_);
+    if (mayBeNew_) flushFolder();
   }
 
   void close() override {
@@ -77,8 +79,20 @@ class DiskFile : public File {
   }
 
  private:
+  /// Makes the name of a new file last, too. Not every folder can be opened or flushed; where it
+  /// cannot, the name is as safe as the file system makes it.
+  void flushFolder() {
+    const auto folder = std::filesystem::path(path_).parent_path();
+    const int descriptor =
+        ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0) return;
+    ::fsync(descriptor);
+    ::close(descriptor);
+  }
+
   int descriptor_;
   std::string path_;
+  bool mayBeNew_;
 };
 
 int openFlags(OpenMode mode) {
@@ -101,7 +115,7 @@ std::unique_ptr<File> DiskFileSystem::open(const std::string& path, OpenMode mod
   constexpr mode_t permissions = 0666;  // less the user's mask
   const int descriptor = ::open(path.c_str(), openFlags(mode), permissions);
   if (descriptor < 0) throw openError(errno, path);
-  return std::make_unique<DiskFile>(descriptor, path);
+  return std::make_unique<DiskFile>(descriptor, path, mode == OpenMode::create);
 }
 
 bool DiskFileSystem::exists(const std::string& path) {

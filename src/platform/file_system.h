@@ -28,7 +28,7 @@ class File {
   /// Writes all of `from`; a gap before `offset` reads as zeros.
   virtual void writeAt(std::uint64_t offset, std::span<const std::byte> from) = 0;
 
-  /// Returns when what was written will survive a power cut.
+  /// Returns when what was written, and the name of a file just made, will survive a power cut.
   virtual void flush() = 0;
 
   /// Closes the file; called once, by whoever wants to hear of a failure. Destroying an open file

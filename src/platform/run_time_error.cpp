@@ -67,6 +67,8 @@ RunTimeError::RunTimeError(ErrorNumber number, std::string file)
   if (!file_.empty()) message_.append("\n").append(file_);
 }
 
+void RunTimeError::addNote(std::string_view note) { message_.append("\n\n").append(note); }
+
 RunTimeError errorFromErrno(int error, const std::string& file) {
   return RunTimeError(numberFromErrno(error), file);
 }

@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <string>
+#include <string_view>
 
 namespace quillbox {
 
@@ -33,6 +34,10 @@ class RunTimeError : public std::exception {
   /// The text of the message box: "Run-time error '58':", an empty line, the standard text, and
   /// below it the file if there is one.
   const std::string& message() const { return message_; }
+
+  /// Adds a paragraph to the message: what the user must know besides the error itself.
+  void addNote(std::string_view note);
+
   const char* what() const noexcept override { return message_.c_str(); }
 
  private:

@@ -24,6 +24,18 @@ class Board {
   virtual void close() = 0;
 };
 
+/// Keeps the board open for as long as the work lasts, however it ends.
+class OpenBoard {
+ public:
+  OpenBoard(Board& board, const std::string& caption) : board_(board) { board_.open(caption); }
+  OpenBoard(const OpenBoard&) = delete;
+  OpenBoard& operator=(const OpenBoard&) = delete;
+  ~OpenBoard() { board_.close(); }
+
+ private:
+  Board& board_;
+};
+
 /// A board that nobody looks at.
 class NoBoard : public Board {
  public:

@@ -28,6 +28,13 @@ struct Field {
   std::span<const std::string_view> choices = {};  ///< the built-in list of a choice
 };
 
+/// What the user put into the input of a field.
+struct Entered {
+  const Field* field;
+  std::string text = {};   ///< of a text box, in the record's characters
+  std::int16_t whole = 0;  ///< 0 or 1 of a check box, the place in a list or -1
+};
+
 /// All `width` characters of an entry.
 std::string_view textOf(const Field& field, std::span<const std::byte> record,
                         std::size_t entry = 0);

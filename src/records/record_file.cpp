@@ -39,6 +39,12 @@ void RecordFile::read(int recordNumber, std::span<std::byte> into,
     std::ranges::copy(blank.subspan(there), into.subspan(there).begin());
 }
 
+void RecordFile::readWhole(int recordNumber, std::span<std::byte> into) {
+  assert(into.size() <= recordLength_);
+  if (files_.file(number_).readAt(offsetOf(recordNumber), into) < into.size())
+    throw RunTimeError(ErrorNumber::badRecordNumber, path_);
+}
+
 void RecordFile::write(int recordNumber, std::span<const std::byte> from) {
   assert(from.size() <= recordLength_);
   files_.file(number_).writeAt(offsetOf(recordNumber), from);

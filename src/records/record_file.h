@@ -21,6 +21,9 @@ class RecordFile {
   /// from the same place of `blank`, which is as long as `into`, or is zeros when it is empty.
   void read(int recordNumber, std::span<std::byte> into, std::span<const std::byte> blank = {});
 
+  /// Fills `into`; run-time error 63 when the file does not hold all of it.
+  void readWhole(int recordNumber, std::span<std::byte> into);
+
   /// Writes `from` to the start of a record and leaves the rest of it alone.
   void write(int recordNumber, std::span<const std::byte> from);
 

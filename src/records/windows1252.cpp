@@ -16,6 +16,22 @@ constexpr char32_t kHighFirst = 0x80;
 constexpr char32_t kHighLast = 0x9F;
 constexpr char32_t kByteLast = 0xFF;
 
+constexpr std::array<char, 256> capitals() {
+  constexpr unsigned toCapital = 0x20;  // from a small letter down to its capital
+  constexpr unsigned division = 0xF7;   // a sign among the small letters
+  std::array<char, 256> table{};
+  for (unsigned code = 0; code < table.size(); ++code) {
+    const bool small = (code >= 'a' && code <= 'z') || (code >= 0xE0 && code <= 0xFE);
+    table[code] = static_cast<char>(small && code != division ? code - toCapital : code);
+  }
+  table[0x9A] = static_cast<char>(0x8A);  // s with caron
+  table[0x9C] = static_cast<char>(0x8C);  // oe
+  table[0x9E] = static_cast<char>(0x8E);  // z with caron
+  table[0xFF] = static_cast<char>(0x9F);  // y with diaeresis
+  return table;
+}
+constexpr std::array<char, 256> kCapitals = capitals();
+
 char32_t characterOf(char byte) {
   const auto code = static_cast<unsigned char>(byte);
   return code >= kHighFirst && code <= kHighLast ? kHigh.at(code - kHighFirst) : code;
@@ -65,6 +81,14 @@ std::optional<char32_t> takeCharacter(std::string_view& text) {
 }
 
 }  // namespace
+
+char capitalOf(char character) { return kCapitals[static_cast<unsigned char>(character)]; }
+
+std::string inCapitals(std::string_view text) {
+  std::string capitals(text);
+  std::ranges::transform(capitals, capitals.begin(), capitalOf);
+  return capitals;
+}
 
 std::string toUtf8(std::string_view windows1252) {
   std::string text;

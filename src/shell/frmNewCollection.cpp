@@ -3,7 +3,6 @@
 #include <QFile>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -45,9 +44,10 @@ frmNewCollection::frmNewCollection(Program& program) : Form(program, "frmNewColl
   column->addLayout(options_);
   column->addStretch(1);
 
-  cmdNew_ = makeButton(QStringLiteral("cmdNew"), QStringLiteral("&Go"));
-  onClick(*cmdNew_, [this] { cmdNew_Click(); });
-  column->addWidget(cmdNew_, 0, Qt::AlignRight);
+  auto* cmdNew = makeButton(QStringLiteral("cmdNew"), QStringLiteral("&Go"));
+  onClick(*cmdNew, [this] { cmdNew_Click(); });
+  column->addWidget(cmdNew, 0, Qt::AlignRight);
+  actAsDialog(cmdNew);
 }
 
 void frmNewCollection::showWithOptions() {
@@ -100,16 +100,6 @@ void frmNewCollection::cmdNew_Click() {
   undrawopt();
   hide();
   openEditor(*kind);
-}
-
-/// Enter goes and Escape leaves, wherever in the dialog the focus is.
-void frmNewCollection::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-    cmdNew_->click();
-  else if (event->key() == Qt::Key_Escape)
-    close();
-  else
-    Form::keyPressEvent(event);
 }
 
 void frmNewCollection::Form_Unload() {

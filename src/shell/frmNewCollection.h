@@ -5,7 +5,6 @@
 #include "forms/form.h"
 
 class QLineEdit;
-class QPushButton;
 class QRadioButton;
 class QVBoxLayout;
 
@@ -26,7 +25,6 @@ class frmNewCollection : public Form {
 
  protected:
   void Form_Unload() override;
-  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void drawoptions();
@@ -35,7 +33,6 @@ class frmNewCollection : public Form {
   const CollectionKind* selectedKind() const;
 
   QLineEdit* txtColName_;
-  QPushButton* cmdNew_;
   QVBoxLayout* options_;
   std::vector<QRadioButton*> optQBX_;  // one for each kind, in the table's order
 };

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "forms/form.h"
+#include "records/kinds.h"
+
+class QCheckBox;
+class QPushButton;
+
+namespace quillbox {
+
+/// The sort form of an editor: a box for each key, and a button that sorts. It is hidden, never
+/// unloaded, so that the boxes stay as they are.
+class frmSort : public Form {
+ public:
+  /// What the form asks of its editor.
+  struct Owner {
+    std::function<void()> sorted;  ///< shows itself, now that the items have other places
+    std::function<void()> leave;   ///< shows itself as it was
+  };
+
+  frmSort(Program& program, const CollectionKind& kind, Owner owner);
+
+  /// Shows the form instead of its editor.
+  void open(Form& editor);
+
+ protected:
+  void Form_Unload() override { owner_.leave(); }
+
+ private:
+  void cmdBeginSort_Click();
+
+  const CollectionKind& kind_;
+  Owner owner_;
+  std::vector<QCheckBox*> boxes_;  // one for each key that has one
+  QPushButton* begin_;
+};
+
+}  // namespace quillbox

@@ -1,0 +1,135 @@
+#include "sortsearch/search_engine.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "records/date_text.h"
+#include "records/header_record.h"
+#include "records/number_text.h"
+#include "records/record_file.h"
+#include "records/windows1252.h"
+
+namespace quillbox {
+namespace {
+
+std::string progressLine(int item, int count) {
+  // Each number keeps the blank of its sign.
+  return std::string("Searching Record ")
+      .append(numberText(item))
+      .append(" of ")
+      .append(numberText(count))
+      .append("...");
+}
+
+}  // namespace
+
+Query::Query(const CollectionKind& kind, std::span<const Entered> inputs, std::string dateForm)
+    : rules_(searchRulesOf(kind)), dateForm_(std::move(dateForm)), record_(kind.recordLength) {
+  fillBlank(kind.fields, record_);
+  for (const Entered& input : inputs) add(input);
+}
+
+void Query::add(const Entered& input) {
+  const Field& field = *input.field;
+  const bool takesPart = field.type == FieldType::flag     ? true
+                         : field.type == FieldType::choice ? input.whole >= 0
+                                                           : !input.text.empty();
+  if (!takesPart) return;
+  Condition condition{&field, {}};
+  switch (field.type) {
+    case FieldType::text:
+      setText(field, record_, taken(field, input.text));
+      condition.text = wanted(textOf(field, record_), input.text);
+      break;
+    case FieldType::date:
+      condition.text = withoutTrailingBlanks(input.text);
+      break;
+    case FieldType::money:
+      setMoney(field, record_, leadingAmount(input.text));
+      break;
+    case FieldType::whole:
+      setWhole(field, record_, leadingWhole(input.text));
+      break;
+    case FieldType::flag:
+    case FieldType::choice:
+      setWhole(field, record_, input.whole);
+      break;
+    case FieldType::size:
+      return;  // never on a form
+  }
+  conditions_.push_back(std::move(condition));
+}
+
+bool Query::matches(std::span<const std::byte> record) const {
+  return std::ranges::all_of(conditions_, [&](const Condition& c) { return meets(record, c); });
+}
+
+bool Query::meets(std::span<const std::byte> record, const Condition& condition) const {
+  const Field& field = *condition.field;
+  switch (field.type) {
+    case FieldType::text:
+      return textMeets(textOf(field, record), condition.text);
+    case FieldType::date:
+      return dateText(realOf(field, record), dateForm_) == condition.text;
+    case FieldType::money:
+      return moneyOf(field, record) == moneyOf(field, record_);
+    case FieldType::whole:
+    case FieldType::choice:
+      return wholeOf(field, record) == wholeOf(field, record_);
+    case FieldType::flag:
+      return (wholeOf(field, record) != 0) == (wholeOf(field, record_) != 0);
+    case FieldType::size:
+      break;
+  }
+  return true;
+}
+
+/// What of a typed text is looked for.
+std::string_view Query::taken(const Field& field, std::string_view typed) const {
+  const bool isDate = std::ranges::find(rules_.dates, &field) != rules_.dates.end();
+  const bool startsAsDate = typed.front() >= '1' && typed.front() <= '9';
+  return isDate && !startsAsDate ? std::string_view() : typed;
+}
+
+/// What a text of the record must be, as textMeets compares it.
+std::string Query::wanted(std::string_view stored, std::string_view typed) const {
+  if (rules_.texts == TextMatch::ignoresCase) return inCapitals(typed);
+  return std::string(rules_.texts == TextMatch::trimmed ? withoutTrailingBlanks(stored) : stored);
+}
+
+bool Query::textMeets(std::string_view text, std::string_view wanted) const {
+  switch (rules_.texts) {
+    case TextMatch::trimmed:
+      return withoutTrailingBlanks(text) == wanted;
+    case TextMatch::full:
+      return text == wanted;
+    case TextMatch::ignoresCase:
+      return std::ranges::equal(withoutTrailingBlanks(text), wanted, {}, capitalOf);
+  }
+  return false;
+}
+
+std::optional<int> findItem(AppState& state, const CollectionKind& kind, const Query& query,
+                            Board& board) {
+  if (state.Count < 1) return std::nullopt;
+  const SearchRules& rules = searchRulesOf(kind);
+  std::optional<OpenBoard> open;
+  if (rules.showsProgress) open.emplace(board, "Searching...");
+  RecordFile file(state.files, state.currentPath, kind.recordLength, OpenMode::read,
+                  file_number::collection);
+  const std::span<std::byte> record = kind.buffer(state);
+  for (int item = 1; item <= state.Count; ++item) {
+    if (rules.showsProgress) {
+      board.print(progressLine(item, state.Count));
+      board.progress(item, state.Count);
+    }
+    file.readWhole(recordNumberOf(item), record);
+    if (!query.matches(record)) continue;
+    state.CurRec = checked16(item);
+    if (rules.setsListPos) state.ListPos = state.CurRec;
+    return item;
+  }
+  return std::nullopt;
+}
+
+}  // namespace quillbox

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "printing/board.h"
+#include "records/app_state.h"
+#include "sortsearch/search_rules.h"
+
+namespace quillbox {
+
+/// What to look for: a record of the kind with the conditions that the user set on it.
+class Query {
+ public:
+  /// An empty text sets no condition, and neither does a list with nothing chosen; a check box
+  /// always does. What was typed is stored into the field as the editor stores it: run-time error 6
+  /// for a number beyond its range. A date that is stored as a number is compared as its text in
+  /// the short form `dateForm`.
+  Query(const CollectionKind& kind, std::span<const Entered> inputs, std::string dateForm);
+
+  /// Whether a record meets every condition; a flag other than 0 is ticked.
+  bool matches(std::span<const std::byte> record) const;
+
+ private:
+  struct Condition {
+    const Field* field;
+    std::string text;  // what the record's must be, of a text or a date
+  };
+
+  void add(const Entered& input);
+  std::string_view taken(const Field& field, std::string_view typed) const;
+  std::string wanted(std::string_view stored, std::string_view typed) const;
+  bool meets(std::span<const std::byte> record, const Condition& condition) const;
+  bool textMeets(std::string_view text, std::string_view wanted) const;
+
+  const SearchRules& rules_;
+  std::string dateForm_;
+  std::vector<std::byte> record_;
+  std::vector<Condition> conditions_;
+};
+
+/// Looks for the first item that matches, from item 1 on, deleted items included. Each is read into
+/// the kind's record buffer. A hit sets `CurRec`, and `ListPos` where the kind does that. Run-time
+/// error 63 when the file is shorter than its `Count`; an empty collection is not even opened.
+std::optional<int> findItem(AppState& state, const CollectionKind& kind, const Query& query,
+                            Board& board);
+
+}  // namespace quillbox
