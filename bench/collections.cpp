@@ -1,5 +1,11 @@
 #include "collections.h"
 
+#include <algorithm>
+#include <functional>
+#include <numeric>
+#include <random>
+#include <vector>
+
 #include "platform/disk_file_system.h"
 #include "records/collection_store.h"
 #include "records/music_record.h"
@@ -26,7 +32,7 @@ MusicRecord makeItem(int item) {
   record.MediaType = static_cast<std::int16_t>(item % 8);
   record.CurrLoaned = 1;
   record.Borrower = "A neighbour across the landing";
-  record.DateLoaned = "02/11/1999";
+  record.DateLoaned = "2/11/1999";
   record.DueDate = "30/11/1999";
   record.BookLoaned = 1;
   record.Notes = "Small scratch on side two, sleeve as new";
@@ -37,28 +43,39 @@ MusicRecord makeItem(int item) {
 
 bool isBetweenFirstAndLast(int item) { return item > 1 && item < kItems; }
 
-void makeCollection(const std::string& path, bool deleted) {
+void makeCollection(const std::string& path, int count,
+                    const std::function<MusicRecord(int item)>& itemAt) {
   const CollectionKind& kind = *kindOfExtension("MCS");
   DiskFileSystem fileSystem;
   AppState state(fileSystem);
   state.currentPath = path;
-  CollectionStore(state, kind).writeHeader(kItems, kind.rules.fileType, OpenMode::create);
+  CollectionStore(state, kind).writeHeader(count, kind.rules.fileType, OpenMode::create);
 
   // Not item by item through the store, which would look for a deleted slot each time.
   RecordFile file(state.files, path, kind.recordLength, OpenMode::update);
-  for (int item = 1; item <= kItems; ++item) {
-    MusicRecord record = makeItem(item);
-    if (deleted && isBetweenFirstAndLast(item)) record.Artist = kind.rules.deletion.marker;
-    file.write(recordNumberOf(item), bytesOf(record));
-  }
+  for (int item = 1; item <= count; ++item) file.write(recordNumberOf(item), bytesOf(itemAt(item)));
   file.flush();  // nothing is left to be written back while something is timed
   file.close();
 }
 
 }  // namespace
 
-void makeFullCollection(const std::string& path) { makeCollection(path, false); }
+void makeFullCollection(const std::string& path) { makeCollection(path, kItems, makeItem); }
 
-void makeDeletedCollection(const std::string& path) { makeCollection(path, true); }
+void makeMixedCollection(const std::string& path, int count) {
+  std::vector<int> order(static_cast<std::size_t>(count));
+  std::iota(order.begin(), order.end(), 1);
+  std::shuffle(order.begin(), order.end(), std::minstd_rand(1));
+  makeCollection(path, count,
+                 [&](int item) { return makeItem(order[static_cast<std::size_t>(item - 1)]); });
+}
+
+void makeDeletedCollection(const std::string& path) {
+  makeCollection(path, kItems, [](int item) {
+    MusicRecord record = makeItem(item);
+    if (isBetweenFirstAndLast(item)) record.Artist = kindOfExtension("MCS")->rules.deletion.marker;
+    return record;
+  });
+}
 
 }  // namespace quillbox::bench

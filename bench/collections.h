@@ -13,7 +13,10 @@ inline constexpr int kDeletedItems = kItems - 2;
 /// Makes a music collection of kItems items with every field filled in.
 void makeFullCollection(const std::string& path);
 
-/// The same with every item between the first and the last deleted.
+/// Makes one of `count` items in no order, every field filled in.
+void makeMixedCollection(const std::string& path, int count);
+
+/// A full collection with every item between the first and the last deleted.
 void makeDeletedCollection(const std::string& path);
 
 }  // namespace quillbox::bench

@@ -1,18 +1,15 @@
 #include "loads.h"
 
 #include <fcntl.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <fstream>
-#include <functional>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "editors/media_loader.h"
+#include "measuring.h"
 #include "median.h"
 #include "platform/disk_file_system.h"
 
@@ -22,7 +19,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int kRounds = 9;
-constexpr double kKibPerMib = 1024;
 
 void makeFiles(const fs::path& folder) {
   fs::create_directory(folder);
@@ -63,26 +59,6 @@ void listAndAppend(const std::string& catalogue, const std::string& folder) {
   }
   ::close(file);
   if (appended != kFilesToLoad) throw std::runtime_error("not all were appended");
-}
-
-double milliseconds(const std::function<void()>& work) {
-  const auto begin = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin)
-      .count();
-}
-
-/// The peak of a process that does the work and nothing else.
-double peakMib(const std::function<void()>& work) {
-  const pid_t child = ::fork();
-  if (child == 0) {
-    work();
-    ::_exit(0);
-  }
-  int status = 0;
-  struct rusage usage {};
-  ::wait4(child, &status, 0, &usage);
-  return static_cast<double>(usage.ru_maxrss) / kKibPerMib;
 }
 
 }  // namespace

@@ -12,6 +12,8 @@
 
 #include "collections.h"
 #include "loads.h"
+#include "searches.h"
+#include "sorts.h"
 #include "starts.h"
 #include "steps.h"
 #include "temporary_folder.h"
@@ -57,6 +59,8 @@ void printHeader(const std::string& collection, int runs) {
   std::printf("step, skip: median of %d repetitions, both sides in random order\n",
               kStepRepetitions);
   std::printf("load:       %d files into a catalogue of %d items\n", kFilesToLoad, kItemsBefore);
+  std::printf("search:     all texts of an item of the collection below, one of them wrong\n");
+  std::printf("sort:       by all five keys; the peer exchanges whole records in memory\n");
   std::printf("start:      median of %d runs after %d warm-ups, in turn\n", runs, kWarmUps);
   std::printf("collection: %d items, %.1f MiB (for skip %d of them deleted)\n\n", kItems,
               static_cast<double>(std::filesystem::file_size(collection)) / kBytesPerMib,
@@ -64,7 +68,31 @@ void printHeader(const std::string& collection, int runs) {
   std::fflush(stdout);
 }
 
-void printTable(const StepTimes& steps, const LoadFigures& loads, const StartFigures& starts) {
+void printSort(const SortFigures& sort) {
+  constexpr double fewestTimes = 50;
+  constexpr int fewestItemsOfTheGoal = 2'000;  // of fewer the flush to the disk takes the most
+  const std::string name = "sort " + std::to_string(sort.items);
+  const double times = sort.exchange.peer / sort.exchange.quillbox;
+  const bool hasGoal = sort.items >= fewestItemsOfTheGoal;
+  printRow(name, formatted("%.1f ms", sort.exchange.quillbox),
+           formatted(sort.estimated ? "~ %.0f ms" : "%.0f ms", sort.exchange.peer),
+           formatted("1 : %.0f", times),
+           hasGoal ? goalText(formatted("1 : %.0f", fewestTimes), times >= fewestTimes) : "none");
+  printRow(name + ", db", formatted("%.1f ms", sort.exchange.quillbox),
+           formatted("%.1f ms", sort.database),
+           formatted("%.3f", sort.exchange.quillbox / sort.database), "none");
+}
+
+void printSortMemory(const SortFigures& largest) {
+  constexpr double mostMemory = 1.15;
+  const double ratio = largest.memory / largest.fileSize;
+  printRow("sort, memory", formatted("%.2f MiB", largest.memory),
+           formatted("%.2f MiB file", largest.fileSize), formatted("%.3f", ratio),
+           goalText(formatted("ratio <= %.2f", mostMemory), ratio <= mostMemory));
+}
+
+void printTable(const StepTimes& steps, const LoadFigures& loads, const SearchFigures& searches,
+                const std::vector<SortFigures>& sorts, const StartFigures& starts) {
   constexpr double mostAllowedForReading = 1.3;
   constexpr double mostAllowedForStart = 1.15;
   constexpr double mostMibAllowed = 12;
@@ -78,6 +106,11 @@ void printTable(const StepTimes& steps, const LoadFigures& loads, const StartFig
   constexpr double mostAllowedForLoading = 3;
   printRatio("load folder", loads.time, "%.1f ms", 1, mostAllowedForLoading);
   printRow("load, memory", formatted("%.2f MiB", loads.memory), "", "", "none");
+  constexpr double mostAllowedForSearching = 0.5;
+  printRatio("search, miss", searches.miss, "%.1f ms", 1, mostAllowedForSearching);
+  printRatio("search, hit", searches.hit, "%.1f ms", 1, mostAllowedForSearching);
+  for (const SortFigures& sort : sorts) printSort(sort);
+  printSortMemory(sorts.back());
   printRatio("start, time", starts.time, "%.2f ms", 1, mostAllowedForStart);
   const double more = starts.memory.quillbox - starts.memory.peer;
   printRow("start, memory", formatted("%.2f MiB", starts.memory.quillbox),
@@ -104,7 +137,10 @@ void runAll(int runs) {
   const LoadFigures loads = timeLoads(folder.path());
   const auto programs = std::filesystem::read_symlink("/proc/self/exe").parent_path();
   const StartFigures starts = timeStarts(programs, folder.path(), full, runs);
-  printTable(steps, loads, starts);
+  // After the starts, whose memory is measured by a process that must still be small.
+  const SearchFigures searches = timeSearches(folder.path(), full);
+  const std::vector<SortFigures> sorts = timeSorts(folder.path());
+  printTable(steps, loads, searches, sorts, starts);
 }
 
 /// The number behind --runs; 0 when the command line is not understood.

@@ -2,7 +2,7 @@
 
 packages_to_build="g++ cmake ninja-build qt6-base-dev fonts-dejavu-core"
 packages_to_test="libgtest-dev"
-packages_to_bench="libbenchmark-dev"
+packages_to_bench="libbenchmark-dev libsqlite3-dev"
 packages_to_picture="xvfb openbox xdotool imagemagick"
 packages_to_check="clang-format git"
 

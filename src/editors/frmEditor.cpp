@@ -215,19 +215,22 @@ void frmEditor::showSorted() {
 
 void frmEditor::SearchRecords_Click() {
   if (!search_)
-    search_ = std::make_unique<frmSearch>(program(), store_.kind(), tables_.search,
-                                          frmSearch::Owner{[this](int item) {
-                                                             readAndShow(item);
-                                                             showInsteadOf(*search_);
-                                                           },
-                                                           [this] {
-                                                             // The search has read others into it.
-                                                             std::ranges::copy(shownRecord_,
-                                                                               buffer().begin());
-                                                             showInsteadOf(*search_);
-                                                           }});
+    search_ = std::make_unique<frmSearch>(
+        program(), store_.kind(), tables_.search,
+        frmSearch::Owner{[this](int item) { showFound(item); }, [this] { leaveSearch(); }});
   shownRecord_.assign(buffer().begin(), buffer().end());
   search_->open(*this, *sheet_);
+}
+
+void frmEditor::showFound(int item) {
+  readAndShow(item);
+  showInsteadOf(*search_);
+}
+
+/// The search has read others' records into the buffer; it goes back to what the form shows.
+void frmEditor::leaveSearch() {
+  std::ranges::copy(shownRecord_, buffer().begin());
+  showInsteadOf(*search_);
 }
 
 void frmEditor::setFileCaption(std::string_view prefix) {

@@ -172,6 +172,8 @@ class frmEditor : public Form {
   void setControlsEnabled(bool enabled);
   void leaveCollection();
   void showSorted();
+  void showFound(int item);
+  void leaveSearch();
 
   CollectionStore store_;
   const EditorTables& tables_;

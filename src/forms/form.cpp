@@ -27,8 +27,10 @@ void Form::setCaption(const QString& text) {
 void Form::showInsteadOf(Form& other) {
   if (!isVisible()) move(other.pos());
   show();
+  other.focusWhenHidden_ = other.focusWidget();
   other.hide();
   activateWindow();
+  if (focusWhenHidden_) focusWhenHidden_->setFocus();
 }
 
 void Form::addMenuItem(const MenuItem& item) {

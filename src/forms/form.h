@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QString>
 #include <functional>
 #include <string_view>
@@ -32,7 +33,8 @@ class Form : public QMainWindow {
   /// The window's caption, shown exactly: nothing in it is taken for markup or a placeholder.
   void setCaption(const QString& text);
 
-  /// Shows the form where `other` stands and hides `other`.
+  /// Shows the form where `other` stands, with the focus where it was when it was hidden this way,
+  /// and hides `other`.
   void showInsteadOf(Form& other);
 
  protected:
@@ -61,6 +63,7 @@ class Form : public QMainWindow {
   Program& program_;
   bool isDialog_ = false;
   QAbstractButton* onEnter_ = nullptr;
+  QPointer<QWidget> focusWhenHidden_;  // hiding a window moves its focus on
 };
 
 }  // namespace quillbox

@@ -4,13 +4,13 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "forms/qt_text.h"
 
 namespace quillbox {
 namespace {
 
-constexpr int kLinesShown = 12;
 constexpr int kLineLength = 60;  // characters; a longer line is cut by the window
 constexpr int kMillisecondsBetweenRepaints = 33;
 
@@ -26,7 +26,7 @@ frmRecDisp::frmRecDisp(Program& program) : Form(program, "frmRecDisp") {
   text_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
   // The text must not widen the window: a long path is cut, not followed.
   text_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-  text_->setFixedHeight(fontMetrics().lineSpacing() * kLinesShown);
+  text_->setFixedHeight(fontMetrics().lineSpacing() * static_cast<int>(lines_.size()));
   page->setMinimumWidth(fontMetrics().averageCharWidth() * kLineLength);
   bar_ = new QProgressBar;
   bar_->setObjectName(QStringLiteral("barProgress"));
@@ -49,11 +49,11 @@ void frmRecDisp::open(const std::string& caption) {
 
 void frmRecDisp::setBoardCaption(const std::string& caption) { setCaption(fromUtf8Text(caption)); }
 
-void frmRecDisp::clear() { lines_.clear(); }
+void frmRecDisp::clear() { printed_ = 0; }
 
+/// Most lines are never seen: they are made into what the window shows only when it is painted.
 void frmRecDisp::print(const std::string& line) {
-  if (lines_.size() == kLinesShown) lines_.removeFirst();
-  lines_ << fromUtf8Text(line);
+  lines_.at(printed_++ % lines_.size()) = line;
   repaintIfDue();
 }
 
@@ -75,7 +75,11 @@ void frmRecDisp::repaintIfDue() {
 }
 
 void frmRecDisp::showState() {
-  text_->setText(lines_.join(QLatin1Char('\n')));
+  QStringList lines;
+  const std::size_t first = printed_ - std::min(printed_, lines_.size());
+  for (std::size_t line = first; line < printed_; ++line)
+    lines << fromUtf8Text(lines_.at(line % lines_.size()));
+  text_->setText(lines.join(QLatin1Char('\n')));
   bar_->setVisible(total_ > 0);
   bar_->setRange(0, total_);
   bar_->setValue(done_);

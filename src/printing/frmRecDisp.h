@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QElapsedTimer>
-#include <QStringList>
 #include <QTimer>
+#include <array>
+#include <cstddef>
+#include <string>
 
 #include "forms/form.h"
 #include "printing/board.h"
@@ -34,7 +36,8 @@ class frmRecDisp : public Form, public Board {
 
   QLabel* text_;
   QProgressBar* bar_;
-  QStringList lines_;  // the last ones, as many as fit
+  std::array<std::string, 12> lines_;  // the last ones, as many as fit, over and over
+  std::size_t printed_ = 0;            // since the board was cleared
   int done_ = 0;
   int total_ = 0;
   QElapsedTimer sinceRepaint_;

@@ -41,7 +41,7 @@ void setText(const Field& field, std::span<std::byte> record, std::string_view t
              std::size_t entry) {
   const auto bytes = entryOf(field, record, entry);
   const auto length = std::min(text.size(), bytes.size());
-  std::memcpy(bytes.data(), text.data(), length);
+  std::ranges::copy(std::as_bytes(std::span(text).first(length)), bytes.begin());
   std::ranges::fill(bytes.subspan(length), std::byte{' '});
 }
 

@@ -41,9 +41,14 @@ void RecordFile::read(int recordNumber, std::span<std::byte> into,
 
 void RecordFile::readWhole(int recordNumber, std::span<std::byte> into) {
   assert(into.size() <= recordLength_);
-  if (files_.file(number_).readAt(offsetOf(recordNumber), into) < into.size())
-    throw RunTimeError(ErrorNumber::badRecordNumber, path_);
+  if (readRecords(recordNumber, into) < into.size()) failShort();
 }
+
+std::size_t RecordFile::readRecords(int firstRecordNumber, std::span<std::byte> into) {
+  return files_.file(number_).readAt(offsetOf(firstRecordNumber), into);
+}
+
+void RecordFile::failShort() const { throw RunTimeError(ErrorNumber::badRecordNumber, path_); }
 
 void RecordFile::write(int recordNumber, std::span<const std::byte> from) {
   assert(from.size() <= recordLength_);

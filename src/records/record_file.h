@@ -24,6 +24,15 @@ class RecordFile {
   /// Fills `into`; run-time error 63 when the file does not hold all of it.
   void readWhole(int recordNumber, std::span<std::byte> into);
 
+  /// Reads into all of `into`, which may span many records; returns the number of bytes that were
+  /// there, less than asked only at the end of the file.
+  std::size_t readRecords(int firstRecordNumber, std::span<std::byte> into);
+
+  /// Run-time error 63: the file is shorter than it should be.
+  [[noreturn]] void failShort() const;
+
+  std::size_t recordLength() const { return recordLength_; }
+
   /// Writes `from` to the start of a record and leaves the rest of it alone.
   void write(int recordNumber, std::span<const std::byte> from);
 

@@ -114,8 +114,8 @@ void frmSearch::open(Form& editor, const FieldSheet& editorSheet) {
   else if (media >= 1 && media <= kMediaCaptions.size())
     setCaption(QString::fromUtf8(kMediaCaptions.at(media - 1)));
   sheet_->takeChoices(editorSheet);
-  sheet_->focusFirst();
   showInsteadOf(editor);
+  sheet_->focusFirst();
 }
 
 void frmSearch::cmdSearch_Click() {

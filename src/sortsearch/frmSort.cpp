@@ -99,10 +99,10 @@ frmSort::frmSort(Program& program, const CollectionKind& kind, Owner owner)
 }
 
 void frmSort::open(Form& editor) {
+  showInsteadOf(editor);
   QWidget* first = begin_;
   if (!boxes_.empty()) first = boxes_.front();
   first->setFocus();
-  showInsteadOf(editor);
 }
 
 void frmSort::cmdBeginSort_Click() {

@@ -7,19 +7,26 @@
 #include "records/header_record.h"
 #include "records/number_text.h"
 #include "records/record_file.h"
+#include "records/record_reader.h"
 #include "records/windows1252.h"
 
 namespace quillbox {
 namespace {
 
-std::string progressLine(int item, int count) {
+/// What the board shows of each item; one text for all, as there may be tens of thousands.
+class ProgressLine {
+ public:
   // Each number keeps the blank of its sign.
-  return std::string("Searching Record ")
-      .append(numberText(item))
-      .append(" of ")
-      .append(numberText(count))
-      .append("...");
-}
+  explicit ProgressLine(int count) : end_(" of " + numberText(count) + "...") {}
+
+  const std::string& of(int item) {
+    return line_.assign("Searching Record ").append(numberText(item)).append(end_);
+  }
+
+ private:
+  std::string end_;
+  std::string line_;
+};
 
 }  // namespace
 
@@ -100,7 +107,8 @@ std::string Query::wanted(std::string_view stored, std::string_view typed) const
 bool Query::textMeets(std::string_view text, std::string_view wanted) const {
   switch (rules_.texts) {
     case TextMatch::trimmed:
-      return withoutTrailingBlanks(text) == wanted;
+      return text.starts_with(wanted) &&
+             text.find_first_not_of(' ', wanted.size()) == std::string_view::npos;
     case TextMatch::full:
       return text == wanted;
     case TextMatch::ignoresCase:
@@ -117,14 +125,17 @@ std::optional<int> findItem(AppState& state, const CollectionKind& kind, const Q
   if (rules.showsProgress) open.emplace(board, "Searching...");
   RecordFile file(state.files, state.currentPath, kind.recordLength, OpenMode::read,
                   file_number::collection);
-  const std::span<std::byte> record = kind.buffer(state);
+  RecordReader reader(file, state.Count);
+  ProgressLine line(state.Count);
   for (int item = 1; item <= state.Count; ++item) {
     if (rules.showsProgress) {
-      board.print(progressLine(item, state.Count));
+      board.print(line.of(item));
       board.progress(item, state.Count);
     }
-    file.readWhole(recordNumberOf(item), record);
-    if (!query.matches(record)) continue;
+    const auto record = reader.next();
+    const bool isHit = query.matches(record);
+    if (isHit || item == state.Count) std::ranges::copy(record, kind.buffer(state).begin());
+    if (!isHit) continue;
     state.CurRec = checked16(item);
     if (rules.setsListPos) state.ListPos = state.CurRec;
     return item;

@@ -42,9 +42,10 @@ class Query {
   std::vector<Condition> conditions_;
 };
 
-/// Looks for the first item that matches, from item 1 on, deleted items included. Each is read into
-/// the kind's record buffer. A hit sets `CurRec`, and `ListPos` where the kind does that. Run-time
-/// error 63 when the file is shorter than its `Count`; an empty collection is not even opened.
+/// Looks for the first item that matches, from item 1 on, deleted items included. The kind's record
+/// buffer takes the item found, or else the last one. A hit sets `CurRec`, and `ListPos` where the
+/// kind does that. Run-time error 63 when the file is shorter than its `Count`; an empty collection
+/// is not even opened.
 std::optional<int> findItem(AppState& state, const CollectionKind& kind, const Query& query,
                             Board& board);
 

@@ -27,18 +27,20 @@ int compareKeys(const Field& key, std::span<const std::byte> a, std::span<const 
 }
 
 /// One repetition over what is to be sorted: the rank of a slot's key and, so that no two are
-/// equal and equal keys keep their order, the slot it began in. True when anything was exchanged.
-bool exchangeNeighbours(std::span<std::uint32_t> keys) {
-  bool exchanged = false;
+/// equal and equal keys keep their order, the slot it began in. Returns where the last exchange
+/// was, 0 for none: from there on everything is in its place for good.
+std::size_t exchangeNeighbours(std::span<std::uint32_t> keys) {
+  std::size_t last = 0;
   std::uint32_t carried = keys.front();  // the greatest so far, on its way up
   for (std::size_t i = 1; i < keys.size(); ++i) {
     const std::uint32_t next = keys[i];
-    exchanged |= carried > next;
-    keys[i - 1] = std::min(carried, next);
-    carried = std::max(carried, next);
+    const bool exchange = carried > next;
+    last = exchange ? i : last;  // chosen rather than branched to: no guess can be wrong
+    keys[i - 1] = exchange ? next : carried;
+    carried = exchange ? carried : next;
   }
   keys.back() = carried;
-  return exchanged;
+  return last;
 }
 
 }  // namespace
@@ -74,8 +76,11 @@ void SortSlots::exchangeSort(const Field& key, const std::function<void()>& onRe
   const std::vector<std::uint16_t> rank = ranks(key);
   for (std::uint32_t slot = 0; slot < keys.size(); ++slot)
     keys[slot] = (std::uint32_t{rank[slot]} << kBitsOfASlot) | slot;
-  do onRepetition();
-  while (exchangeNeighbours(keys));
+  std::size_t unsorted = keys.size();
+  do {
+    onRepetition();
+    unsorted = exchangeNeighbours(std::span(keys).first(unsorted));
+  } while (unsorted > 0);
 
   const std::vector<Number> before = slots_;
   for (std::size_t slot = 0; slot < keys.size(); ++slot)

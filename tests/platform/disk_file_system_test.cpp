@@ -22,6 +22,8 @@
 namespace quillbox::test {
 namespace {
 
+using namespace std::string_literals;
+
 constexpr OpenMode kModes[] = {OpenMode::read, OpenMode::update, OpenMode::create};
 
 std::string read(File& file, std::uint64_t offset, std::size_t length) {
@@ -203,6 +205,41 @@ TEST_F(DiskFileSystemTest, AGapBeforeWhatIsWrittenReadsAsZeros) {
   write(*file, 5000, "xyz");
   file->close();
   EXPECT_EQ(readFile("jazz.MCS"), "abc" + std::string(4997, '\0') + "xyz");
+}
+
+TEST_F(DiskFileSystemTest, AFileJustMadeCanBeFlushedWhereverItIs) {
+  std::filesystem::create_directory("below");
+  const auto before = openDescriptors();
+  for (const std::string& path : {folder_.path("jazz.MCS"), folder_.path("below/jazz.MCS"),
+                                  "below/blues.MCS"s, "soul.MCS"s}) {
+    const auto file = files_.open(path, OpenMode::create);
+    write(*file, 0, "header");
+    EXPECT_EQ(failureOf([&] { file->flush(); }), Failure{}) << path;
+    EXPECT_EQ(openDescriptors(), before + 1) << path;
+    write(*file, 6, " and more");
+    EXPECT_EQ(failureOf([&] { file->flush(); }), Failure{}) << path;
+    file->close();
+    EXPECT_EQ(readFile(path), "header and more");
+    EXPECT_EQ(openDescriptors(), before) << path;
+  }
+}
+
+TEST_F(DiskFileSystemTest, AFileJustMadeCanBeFlushedInAFolderThatMayNotBeRead) {
+  const std::string closed = folder_.path("closed");
+  std::filesystem::create_directory(closed);
+  using std::filesystem::perms;
+  std::filesystem::permissions(
+      closed, perms::owner_write | perms::owner_exec | perms::group_write | perms::group_exec);
+  std::filesystem::current_path(closed);
+  const OrdinaryUser user(folder_);
+  EXPECT_EQ(failureOf([&] { files_.list(closed); }).number, 70);
+  for (const std::string& path : {closed + "/jazz.MCS", "soul.MCS"s}) {
+    const auto file = files_.open(path, OpenMode::create);
+    write(*file, 0, "header");
+    EXPECT_EQ(failureOf([&] { file->flush(); }), Failure{}) << path;
+    file->close();
+    EXPECT_EQ(readFile(path), "header");
+  }
 }
 
 TEST_F(DiskFileSystemTest, ADestroyedFileIsClosed) {

@@ -59,6 +59,42 @@ TEST(RunTimeError, ACopyKeepsNumberFileAndMessage) {
   EXPECT_STREQ(copy.what(), "Run-time error '61':\n\nDisk full\n/data/jazz.MCS");
 }
 
+TEST(RunTimeError, ANoteIsAParagraphBelowTheMessage) {
+  RunTimeError withFile(ErrorNumber::diskFull, "/data/jazz.MCS");
+  withFile.addNote("The old collection is in /data/jazz.BAK.");
+  EXPECT_EQ(withFile.message(),
+            "Run-time error '61':\n\nDisk full\n/data/jazz.MCS\n\n"
+            "The old collection is in /data/jazz.BAK.");
+  EXPECT_STREQ(withFile.what(), withFile.message().c_str());
+  EXPECT_EQ(withFile.number(), ErrorNumber::diskFull);
+  EXPECT_EQ(withFile.file(), "/data/jazz.MCS");
+
+  RunTimeError withoutFile(ErrorNumber::overflow);
+  withoutFile.addNote("First.");
+  withoutFile.addNote("Second.");
+  EXPECT_EQ(withoutFile.message(), "Run-time error '6':\n\nOverflow\n\nFirst.\n\nSecond.");
+  EXPECT_EQ(withoutFile.file(), "");
+}
+
+TEST(RunTimeError, ANoteStaysWithTheErrorOnItsWayUp) {
+  const auto fail = [] {
+    try {
+      throw RunTimeError(ErrorNumber::deviceIo, "/data/jazz.MCS");
+    } catch (RunTimeError& error) {
+      error.addNote("Nothing was changed.");
+      throw;
+    }
+  };
+  try {
+    fail();
+    FAIL() << "no error";
+  } catch (const RunTimeError& error) {
+    EXPECT_STREQ(error.what(),
+                 "Run-time error '57':\n\nDevice I/O error\n/data/jazz.MCS\n\n"
+                 "Nothing was changed.");
+  }
+}
+
 TEST(RunTimeError, EveryFailedSystemCallHasANumber) {
   const struct {
     int error;

@@ -150,6 +150,35 @@ TEST(Windows1252, AFaultAtTheVeryEndCounts) {
   EXPECT_TRUE(isUtf8(std::string(10'000, 'x') + "\xC3\xA9"));
 }
 
+TEST(Windows1252, OnlyALetterHasACapital) {
+  const std::string letters =
+      fromUtf8("abcdefghijklmnopqrstuvwxyzàáâãäåæçèéêëìíîïðñòóôõöøùúûüýþšœžÿ");
+  const std::string capitals =
+      fromUtf8("ABCDEFGHIJKLMNOPQRSTUVWXYZÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÑÒÓÔÕÖØÙÚÛÜÝÞŠŒŽŸ");
+  ASSERT_EQ(letters.size(), 60U);
+  ASSERT_EQ(capitals.size(), letters.size());
+  std::string all;
+  std::string allInCapitals;
+  for (int code = 0; code <= 255; ++code) {
+    const char character = static_cast<char>(code);
+    const auto letter = letters.find(character);
+    const char expected = letter == std::string::npos ? character : capitals[letter];
+    EXPECT_EQ(toUtf8({&expected, 1}), toUtf8(std::string(1, capitalOf(character)))) << code;
+    all += character;
+    allInCapitals += expected;
+  }
+  EXPECT_EQ(inCapitals(all), allInCapitals);
+  EXPECT_EQ(inCapitals(allInCapitals), allInCapitals);
+}
+
+TEST(Windows1252, ATextInCapitalsKeepsItsLengthAndWhatIsNoLetter) {
+  EXPECT_EQ(inCapitals(""), "");
+  EXPECT_EQ(inCapitals("  song 1.mp3 "), "  SONG 1.MP3 ");
+  EXPECT_EQ(inCapitals("a\0b"sv), "A\0B"sv);
+  EXPECT_EQ(toUtf8(inCapitals(fromUtf8("Straße, été, œuvre, ÷ × µ ƒ €"))),
+            "STRAßE, ÉTÉ, ŒUVRE, ÷ × µ ƒ €");
+}
+
 TEST(Windows1252, RandomBytesNeverGrow) {
   std::mt19937 random(20261121);
   for (int round = 0; round < 2'000; ++round) {

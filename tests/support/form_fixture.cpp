@@ -2,11 +2,15 @@
 
 #include <QApplication>
 #include <QWindow>
+#include <algorithm>
+#include <cstring>
+#include <stdexcept>
 #include <vector>
 
 #include "forms/about.h"
 #include "forms/form.h"
 #include "forms/qt_text.h"
+#include "records/version.h"
 
 namespace quillbox::test {
 
@@ -93,6 +97,99 @@ void FormTest::pick(const char* name, int index) {
 void FormTest::close() {
   form().close();
   QApplication::processEvents();
+}
+
+EditorTest::EditorTest(const EditorKind& editor)
+    : editor_(editor), kind_(*kindOfExtension(editor.extension)) {}
+
+const Field& EditorTest::field(std::string_view name) const {
+  const auto found = std::ranges::find(kind_.fields, name, &Field::name);
+  if (found == kind_.fields.end()) throw std::invalid_argument("no such field");
+  return *found;
+}
+
+std::string EditorTest::item(std::string_view first) const {
+  std::string item(kind_.recordLength, '\0');
+  const auto record = std::as_writable_bytes(std::span(item));
+  fillBlank(kind_.fields, record);
+  for (const Field& field : kind_.fields) switch (field.type) {
+      case FieldType::text:
+        for (std::size_t entry = 0; entry < field.count; ++entry)
+          setText(field, record, std::string(first) + ' ' + std::to_string(entry), entry);
+        break;
+      case FieldType::flag:
+        break;
+      case FieldType::choice:
+        setWhole(field, record, 1);
+        break;
+      case FieldType::money:
+        setMoney(field, record, 15'000);
+        break;
+      case FieldType::whole:
+        setWhole(field, record, 3);
+        break;
+      case FieldType::date:
+        setReal(field, record, 29'221);  // 1 January 1980
+        break;
+      case FieldType::size:
+        setReal(field, record, 5'000);
+        break;
+    }
+  setText(kind_.fields.front(), record, first);
+  return item;
+}
+
+std::string EditorTest::collection(std::initializer_list<std::string> items) const {
+  HeaderRecord header;
+  header.Count = checked16(static_cast<int>(items.size()));
+  header.FileType = kind_.rules.fileType;
+  header.Version = kVersionText;
+  std::string bytes(kind_.recordLength, '\0');
+  std::memcpy(bytes.data(), &header, sizeof header);
+  for (const std::string& item : items) bytes += item;
+  return bytes;
+}
+
+void EditorTest::openBytes(std::string_view bytes) {
+  writeFile(collectionPath(), bytes);
+  if (kind_.opensFromCommandLine) {
+    restart({collectionPath()});
+  } else {
+    restart();
+    desktop_.tolerateOpen = collectionPath();
+    choose("O");
+    desktop_.tolerateOpen.reset();
+  }
+  ASSERT_EQ(formName(), editor_.formName);
+}
+
+std::string EditorTest::first() {
+  return std::string(withoutTrailingBlanks(std::string_view(shown(editor_.firstBox))));
+}
+
+void EditorTest::openSideForm(const SideForm& opened) {
+  choose(opened.action);
+  ASSERT_EQ(formName(), opened.formName);
+}
+
+void EditorTest::leaveSideForm(const SideForm& left, WayOut way) {
+  ASSERT_EQ(formName(), left.formName);
+  switch (way) {
+    case WayOut::exitButton:
+      press(left.exit);
+      break;
+    case WayOut::escape:
+      QTest::keyClick(form().focusWidget(), Qt::Key_Escape);
+      break;
+    case WayOut::closeWindow:
+      close();
+      break;
+  }
+  EXPECT_EQ(formName(), editor_.formName);
+}
+
+void EditorTest::expectError(const std::string& numberAndText) {
+  desktop_.expectMessage("Quillbox", "Run-time error " + numberAndText);
 }
 
 }  // namespace quillbox::test

@@ -10,12 +10,16 @@
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QPushButton>
+#include <array>
+#include <initializer_list>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <string_view>
 
 #include "editors/frmMusic.h"
 #include "forms/program.h"
+#include "records/kinds.h"
 #include "shell/modQBX1.h"
 #include "support/failing_files.h"
 #include "support/fake_desktop.h"
@@ -79,6 +83,155 @@ class FormTest : public testing::Test {
   std::unique_ptr<AppState> state_;
   std::unique_ptr<Program> program_;
   std::unique_ptr<modQBX1> modQBX1_;
+};
+
+/// The sort or the search form of an editor.
+struct SideForm {
+  const char* action;  ///< the editor's menu item that opens it
+  const char* formName;
+  const char* begin;
+  const char* exit;
+};
+
+/// An editor as a user of what all six have in common sees it. One of them serves the four kinds of
+/// media files.
+struct EditorKind {
+  const char* name;
+  const char* extension;
+  const char* formName;
+  const char* indicator;
+  const char* firstBox;  ///< of the first text, which carries the deleted marker
+  const char* otherBox;  ///< of another text
+  const char* next;
+  const char* clear;
+  const char* write;
+  SideForm sort;
+  SideForm search;
+};
+
+inline constexpr EditorKind kMusicEditor = {
+    "Music",
+    "MCS",
+    "frmMusic",
+    "lblIndex",
+    "txtArtist",
+    "txtAlbum",
+    "cmdNext",
+    "cmdClearData",
+    "cmdWriteData",
+    {"SortRecords", "frmMusicSort", "cmdBeginSort", "cmdExitSort"},
+    {"SearchRecords", "frmMusSearch", "cmdSearch", "cmdExit"}};
+
+inline constexpr EditorKind kVideoEditor = {
+    "Video",
+    "VCS",
+    "frmVideo",
+    "lblIndex",
+    "txtVidTitle",
+    "txtPublisher",
+    "cmdNext",
+    "cmdClear",
+    "cmdUpdate",
+    {"SortRecords", "frmVideoSort", "cmdBeginSort", "cmdExit"},
+    {"SearchRecords", "frmVideoSearch", "cmbBeginSearch", "cmdExit"}};
+
+inline constexpr EditorKind kSoftwareEditor = {
+    "Software",
+    "SCS",
+    "frmSoftware",
+    "lblIndex",
+    "txtSftWare_0",
+    "txtSftWare_1",
+    "cmdNext",
+    "cmdClear",
+    "cmdUpdate",
+    {"SortRecords", "frmSoftwareSort", "cmbBeginSort", "cmdExit"},
+    {"Search", "frmSoftwareSearch", "cmdBeginSearch", "cmdExit"}};
+
+inline constexpr EditorKind kComicEditor = {
+    "Comics",
+    "CCS",
+    "frmComics",
+    "lblIndex",
+    "txtCmic_0",
+    "txtCmic_6",
+    "cmdNext",
+    "cmdClearData",
+    "cmdUpdate",
+    {"SortRecords", "frmComicSort", "cmdBeginSort", "cmdExit"},
+    {"Search", "frmComicSearch", "cmdSearch", "cmdExit"}};
+
+inline constexpr EditorKind kBookEditor = {
+    "Books",
+    "BCS",
+    "frmBooks",
+    "lblBookCap",
+    "txtBooks_0",
+    "txtBooks_2",
+    "cmdNext",
+    "cmdClearData",
+    "cmdWriteData",
+    {"SortBooks", "frmBookSort", "cmdSort", "cmdExit"},
+    {"SearchBooks", "frmBookSearch", "cmdBeginSearch", "cmdExitWindow"}};
+
+inline constexpr EditorKind kMediaEditor = {
+    "MediaFiles",
+    "WCS",
+    "frmWave",
+    "lblRec",
+    "txtFileName",
+    "txtDesc",
+    "cmdNext",
+    "cmdClear",
+    "cmdWrite",
+    {"SortCollection", "frmWaveSort", "cmdBeginSort", "cmdExit"},
+    {"SearchCollection", "frmWaveSearch", "cmbBeginSearch", "cmdExit"}};
+
+inline void PrintTo(const EditorKind& editor, std::ostream* out) { *out << editor.name; }
+
+/// How a user gets out of a sort or search form again.
+enum class WayOut { exitButton, escape, closeWindow };
+inline constexpr std::array<WayOut, 3> kWaysOut = {WayOut::exitButton, WayOut::escape,
+                                                   WayOut::closeWindow};
+
+/// The program with a collection open in one of the six editors.
+class EditorTest : public FormTest {
+ protected:
+  explicit EditorTest(const EditorKind& editor);
+
+  const EditorKind& editor() const { return editor_; }
+  const CollectionKind& kind() const { return kind_; }
+  const Field& field(std::string_view name) const;
+
+  std::string name() const { return std::string("mine.") + editor_.extension; }
+  std::string collectionPath() const { return path(name()); }
+  std::string backup() const { return path("mine.bak"); }
+  std::string bytes() { return file(name()); }
+
+  /// The bytes of an item that has something in every field, but no flag set. A form that shows it
+  /// stores the same bytes again.
+  std::string item(std::string_view first) const;
+
+  /// The bytes of an item that was never written.
+  std::string blankItem() const { return std::string(kind_.recordLength, '\0'); }
+
+  /// The bytes of a collection of these items.
+  std::string collection(std::initializer_list<std::string> items) const;
+
+  /// Puts such a collection into the test's folder and starts the program on it.
+  void open(std::initializer_list<std::string> items) { openBytes(collection(items)); }
+  void openBytes(std::string_view bytes);
+
+  std::string first();  ///< as shown, without padding
+  std::string other() { return shown(editor_.otherBox); }
+  std::string indicator() { return label(editor_.indicator); }
+  void openSideForm(const SideForm& opened);
+  void leaveSideForm(const SideForm& left, WayOut way = WayOut::exitButton);
+  void expectError(const std::string& numberAndText);
+
+ private:
+  const EditorKind& editor_;
+  const CollectionKind& kind_;
 };
 
 }  // namespace quillbox::test

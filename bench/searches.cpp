@@ -1,0 +1,88 @@
+#include "searches.h"
+
+#include <stdexcept>
+#include <vector>
+
+#include "collections.h"
+#include "database.h"
+#include "measuring.h"
+#include "median.h"
+#include "platform/disk_file_system.h"
+#include "records/collection_store.h"
+#include "sortsearch/search_engine.h"
+
+namespace quillbox::bench {
+namespace {
+
+constexpr int kRounds = 15;
+
+/// What a user types who looks for exactly this record: all texts but the songs, and its flags.
+std::vector<Entered> allTextsOf(const MusicRecord& record) {
+  std::vector<Entered> inputs;
+  for (const Field& field : kMusicFields) {
+    if (field.type == FieldType::text && field.count == 1)
+      inputs.push_back(
+          {&field, std::string(withoutTrailingBlanks(textOf(field, bytesOf(record)))), 0});
+    if (field.type == FieldType::flag)
+      inputs.push_back({&field, {}, wholeOf(field, bytesOf(record))});
+  }
+  return inputs;
+}
+
+/// The same condition for the database.
+std::string statementFor(const std::vector<Entered>& inputs, std::vector<std::string>& arguments) {
+  std::string statement = "SELECT * FROM music WHERE 1";
+  for (const Entered& input : inputs) {
+    statement.append(" AND ").append(input.field->name).append(" = ");
+    if (input.field->type == FieldType::flag) {
+      statement.append(std::to_string(input.whole));
+    } else {
+      statement.append("?");
+      arguments.push_back(input.text);
+    }
+  }
+  return statement.append(" LIMIT 1");
+}
+
+Pair timeOne(const std::string& collection, const std::string& database, const MusicRecord& wanted,
+             bool isThere) {
+  const std::vector<Entered> inputs = allTextsOf(wanted);
+  std::vector<std::string> arguments;
+  const std::string statement = statementFor(inputs, arguments);
+  DiskFileSystem files;
+  AppState state(files);
+  state.currentPath = collection;
+  state.Count = kItems;
+  const CollectionKind& kind = *kindOfExtension("MCS");
+  NoBoard board;
+  std::vector<double> ours;
+  std::vector<double> peers;
+  bool agree = true;
+  for (int round = 0; round < kRounds; ++round) {
+    ours.push_back(milliseconds([&] {
+      const Query query(kind, inputs, "M/d/yy");
+      agree &= findItem(state, kind, query, board).has_value() == isThere;
+    }));
+    peers.push_back(milliseconds(
+        [&] { agree &= (Database(database).run(statement, arguments) == 1) == isThere; }));
+  }
+  if (!agree) throw std::runtime_error("the searches found different items");
+  return {median(ours), median(peers)};
+}
+
+}  // namespace
+
+SearchFigures timeSearches(const std::filesystem::path& workFolder, const std::string& collection) {
+  const std::string database = workFolder / "Full.db";
+  Database::make(database, collection);
+  DiskFileSystem files;
+  AppState state(files);
+  state.currentPath = collection;
+  MusicRecord last{};
+  CollectionStore(state, *kindOfExtension("MCS")).readItem(kItems - 1, bytesOf(last));
+  MusicRecord none = last;
+  none.BarCode = "on no sleeve";
+  return {timeOne(collection, database, none, false), timeOne(collection, database, last, true)};
+}
+
+}  // namespace quillbox::bench

@@ -1,0 +1,96 @@
+#include "records/record_reader.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+#include "records/header_record.h"
+#include "support/failing_files.h"
+#include "support/failure.h"
+#include "support/test_folder.h"
+
+namespace quillbox::test {
+namespace {
+
+constexpr std::size_t kBlock = 128 * 1024;
+
+/// The record of an item: its number over and over.
+std::string recordOf(int item, std::size_t length) {
+  std::string record;
+  while (record.size() < length) record += std::to_string(item) + " ";
+  return record.substr(0, length);
+}
+
+class RecordReaderTest : public testing::TestWithParam<std::size_t> {
+ protected:
+  std::size_t length() const { return GetParam(); }
+
+  void makeFile(int count) {
+    std::string bytes(length(), 'h');
+    for (int item = 1; item <= count; ++item) bytes += recordOf(item, length());
+    writeFile(path_, bytes);
+  }
+
+  std::string next(RecordReader& reader) {
+    const auto record = reader.next();
+    return {reinterpret_cast<const char*>(record.data()), record.size()};
+  }
+
+  int reads() const {
+    return static_cast<int>(
+        std::ranges::count(files_.operations(), FileOperation::read, &OperationRecord::operation));
+  }
+
+  TestFolder folder_;
+  std::string path_ = folder_.path("items");
+  FailingFiles files_;
+  OpenFiles open_{files_};
+};
+
+TEST_P(RecordReaderTest, HandsOutEveryItemInOrder) {
+  const int count = static_cast<int>(2 * kBlock / length()) + 3;
+  makeFile(count);
+  RecordFile file(open_, path_, length(), OpenMode::read);
+  RecordReader reader(file, count);
+  for (int item = 1; item <= count; ++item)
+    ASSERT_EQ(next(reader), recordOf(item, length())) << item;
+}
+
+TEST_P(RecordReaderTest, ReadsTheFileInBlocksOfWholeRecords) {
+  const int perBlock = static_cast<int>(std::max<std::size_t>(kBlock / length(), 1));
+  const int count = 2 * perBlock + 1;
+  makeFile(count);
+  RecordFile file(open_, path_, length(), OpenMode::read);
+  RecordReader reader(file, count);
+  for (int item = 1; item <= count; ++item) {
+    reader.next();
+    EXPECT_EQ(reads(), (item - 1) / perBlock + 1) << item;
+  }
+}
+
+TEST_P(RecordReaderTest, AShortFileGivesTheItemsItHoldsWhole) {
+  makeFile(2);
+  for (const std::size_t missing : {std::size_t{1}, length() - 1, length()}) {
+    writeFile(path_, readFile(path_).substr(0, 3 * length() - missing));
+    RecordFile file(open_, path_, length(), OpenMode::read);
+    RecordReader reader(file, 5);
+    EXPECT_EQ(next(reader), recordOf(1, length()));
+    for (int attempt = 0; attempt < 2; ++attempt)
+      EXPECT_EQ(failureOf([&] { reader.next(); }), (Failure{63, path_})) << missing;
+  }
+}
+
+TEST_P(RecordReaderTest, AFailedReadIsReported) {
+  makeFile(3);
+  RecordFile file(open_, path_, length(), OpenMode::read);
+  RecordReader reader(file, 3);
+  files_.failNth(FileOperation::read, 0, ErrorNumber::deviceIo);
+  EXPECT_EQ(failureOf([&] { reader.next(); }), (Failure{57, path_}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Lengths, RecordReaderTest,
+                         testing::Values(224, 2372, kBlock - 1, kBlock, kBlock + 1));
+
+}  // namespace
+}  // namespace quillbox::test

@@ -1,0 +1,271 @@
+#include "sortsearch/sort_engine.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "support/sort_model.h"
+
+namespace quillbox::test {
+namespace {
+
+using namespace std::string_literals;
+
+/// Every kind but books, which are never written.
+constexpr SortedKind kWrittenKinds[] = {
+    kSortedMusic,
+    kSortedComics,
+    kSortedVideo,
+    kSortedSoftware,
+    kSortedWaves,
+    sortedMediaFiles("Midi", 7),
+    sortedMediaFiles("Graphics", 8),
+    sortedMediaFiles("Mp3", 9),
+};
+
+class SortEngine : public SortFixture, public testing::Test {};
+
+class SortEngineKinds : public SortFixture, public testing::TestWithParam<SortedKind> {
+ protected:
+  const SortedKind& kind() const { return GetParam(); }
+};
+
+TEST_P(SortEngineKinds, TheFirstTickedKeyCountsMostAndTheNextBreaksItsTies) {
+  for (std::size_t major = 0; major < kind().keys.size(); ++major) {
+    for (std::size_t minor = major + 1; minor < kind().keys.size(); ++minor) {
+      SCOPED_TRACE("keys " + std::to_string(major) + " and " + std::to_string(minor));
+      const std::string values[][2] = {{"2", "2"}, {"2", "1"}, {"1", "2"}, {"1", "1"}};
+      std::vector<std::string> items;
+      char filler = 'a';
+      for (const auto& value : values) {
+        std::vector<std::string> keys(kind().keys.size(), "5");
+        keys[major] = value[0];
+        keys[minor] = value[1];
+        items.push_back(sortItem(kind(), keys, filler++));
+      }
+      const std::pair<std::vector<bool>, std::string> rows[] = {
+          {kind().ticks({}), "abcd"},      {kind().ticks({major}), "cdab"},
+          {kind().ticks({minor}), "bdac"}, {kind().ticks({major, minor}), "dcba"},
+          {kind().everyTick(), "dcba"},
+      };
+      for (const auto& [ticked, expected] : rows) {
+        put(kind(), items);
+        sort(ticked);
+        EXPECT_EQ(fillers(), expected) << testing::PrintToString(ticked);
+        EXPECT_EQ(state_.Count, 4);
+      }
+    }
+  }
+}
+
+TEST_P(SortEngineKinds, TheNewFileIsTheHeaderAndTheItemsAndTheBackupIsGone) {
+  putNamed(kind(), {"C", "A", "B"});
+  sort(kind().everyTick());
+  expectOnlyTheCollection(sortFile(
+      kind(), {named(kind(), "A", 'b'), named(kind(), "B", 'c'), named(kind(), "C", 'a')}));
+  EXPECT_EQ(state_.Count, 3);
+  expectNothingOpen();
+}
+
+TEST_P(SortEngineKinds, BlankItemsGoAndTheCountDrops) {
+  putNamed(kind(), {"C", "\0"s, "A", "\0"s, "\0"s, "B"});
+  sort(kind().everyTick());
+  EXPECT_EQ(fillers(), "cfa");
+  EXPECT_EQ(state_.Count, 3);
+  EXPECT_EQ(file().substr(0, 2), "\x03\x00"s);
+}
+
+TEST_P(SortEngineKinds, DeletedItemsAreSortedLikeOthers) {
+  const std::string marker(kind().marker());
+  putNamed(kind(), {"E", marker, "C", marker});
+  sort(kind().everyTick());
+  EXPECT_EQ(fillers(), "cbda");
+  EXPECT_EQ(state_.Count, 4);
+}
+
+TEST_P(SortEngineKinds, DeletedItemsOfZeroBytesAreKept) {
+  std::string deleted(kind().recordLength, '\0');
+  deleted.replace(0, kind().keys[0].width, sortItem(kind(), {std::string(kind().marker())}), 0,
+                  kind().keys[0].width);
+  put(kind(), {named(kind(), "A", 'a'), deleted, named(kind(), "Z", 'z')});
+  sort(kind().everyTick());
+  EXPECT_EQ(fillers(), "a\0z"s);
+  EXPECT_EQ(state_.Count, 3);
+}
+
+TEST_P(SortEngineKinds, EqualItemsKeepTheirOrder) {
+  putNamed(kind(), {"Same", "Same", "Same", "Same"});
+  sort(kind().everyTick());
+  EXPECT_EQ(fillers(), "abcd");
+  putNamed(kind(), {"ABBA", "abba", "Abba", "abbA"});
+  sort(kind().everyTick());
+  EXPECT_EQ(fillers(), "abcd");
+  putNamed(kind(), {"\xE9t\xE9", "\xC9T\xC9", "\xFF", "\x9F"});
+  sort(kind().everyTick());
+  EXPECT_EQ(fillers(), "cdab");
+}
+
+TEST_P(SortEngineKinds, NoItemsAtAllLeaveTheHeader) {
+  put(kind(), {});
+  sort(kind().everyTick());
+  expectOnlyTheCollection(sortFile(kind(), {}));
+  EXPECT_EQ(state_.Count, 0);
+  putNamed(kind(), {"\0"s, "\0"s});
+  sort(kind().everyTick());
+  expectOnlyTheCollection(sortFile(kind(), {}));
+  EXPECT_EQ(state_.Count, 0);
+}
+
+TEST_P(SortEngineKinds, OneItemStaysAsItIs) {
+  putNamed(kind(), {"A"});
+  sort(kind().everyTick());
+  expectOnlyTheCollection(sortFile(kind(), {named(kind(), "A", 'a')}));
+  EXPECT_EQ(state_.Count, 1);
+}
+
+TEST_P(SortEngineKinds, TheHeaderKeepsItsFileTypeAndItsVersion) {
+  for (const SortHeader& header : {SortHeader{4, "0.9     "}, SortHeader{-1, "whatever"}}) {
+    const std::vector<std::string> items = {named(kind(), "A", 'a'), named(kind(), "B", 'b')};
+    put(kind(), items, header);
+    sort(kind().everyTick());
+    expectOnlyTheCollection(sortFile(kind(), items, header));
+  }
+}
+
+TEST_P(SortEngineKinds, AFileOfZeroBytesBecomesAHeaderOfZeros) {
+  put(kind(), {});
+  putBytes(state_.currentPath, "");
+  sort(kind().everyTick());
+  expectOnlyTheCollection(std::string(12, '\0'));
+}
+
+TEST_P(SortEngineKinds, WhatLiesBehindTheLastItemIsLeftOut) {
+  putNamed(kind(), {"B", "A"});
+  putBytes(state_.currentPath, old_ + named(kind(), "0", '0') + "garbage");
+  sort(kind().everyTick());
+  expectOnlyTheCollection(sortFile(kind(), {named(kind(), "A", 'b'), named(kind(), "B", 'a')}));
+}
+
+TEST_P(SortEngineKinds, TheNewFileIsOnTheDiskBeforeTheBackupIsDeleted) {
+  putNamed(kind(), {"B", "A"});
+  files_.forget();
+  sort(kind().everyTick());
+  using enum FileOperation;
+  const auto placeOf = [&](FileOperation operation, const std::string& path) {
+    const auto& all = files_.operations();
+    const auto found = std::ranges::find(all, OperationRecord{operation, path});
+    EXPECT_NE(found, all.end());
+    return found - all.begin();
+  };
+  EXPECT_EQ(placeOf(rename, state_.currentPath), 0);
+  EXPECT_LT(placeOf(write, state_.currentPath), placeOf(flush, state_.currentPath));
+  EXPECT_LT(placeOf(flush, state_.currentPath), placeOf(close, state_.currentPath));
+  EXPECT_LT(placeOf(close, state_.currentPath), placeOf(remove, backup_));
+  EXPECT_EQ(files_.operations().back(), (OperationRecord{remove, backup_}));
+  std::vector<FileOperation> onNewFile;
+  for (const OperationRecord& record : files_.operations())
+    if (record.path == state_.currentPath) onNewFile.push_back(record.operation);
+  EXPECT_EQ(onNewFile[onNewFile.size() - 2], flush);
+}
+
+TEST_P(SortEngineKinds, AfterwardsTheSecondPositionIsTheFirstItem) {
+  putNamed(kind(), {"B", "A"});
+  state_.CurRec = 2;
+  state_.ListPos = 7;
+  sort(kind().everyTick());
+  EXPECT_EQ(state_.CurRec, 2);
+  EXPECT_EQ(state_.ListPos, 7);
+  finish();
+  EXPECT_EQ(state_.CurRec, 2);
+  EXPECT_EQ(state_.ListPos, kind().code == 1 ? 7 : 1);
+}
+
+TEST_P(SortEngineKinds, OnlyMediaFilesAreLeftOpen) {
+  putNamed(kind(), {"B", "A"});
+  sort(kind().everyTick());
+  const std::string sorted = file();
+  files_.forget();
+  finish();
+  for (int number = 1; number <= 255; ++number)
+    EXPECT_EQ(state_.files.isOpen(number), kind().alwaysSorted && number == 255) << number;
+  const OperationRecord write = {FileOperation::write, state_.currentPath};
+  EXPECT_EQ(std::ranges::count(files_.operations(), write), kind().alwaysSorted ? 1 : 0);
+  EXPECT_TRUE(file() == sorted);
+}
+
+TEST_P(SortEngineKinds, ASortedCollectionCanBeSortedAgain) {
+  putNamed(kind(), {"C", "B", "A"});
+  sort(kind().everyTick());
+  finish();
+  const std::string sorted = file();
+  sort(kind().everyTick());
+  expectOnlyTheCollection(sorted);
+  expectNothingOpen();
+  finish();
+  if (!kind().alwaysSorted) return;
+  // What is open is the new file, not the one that was deleted.
+  state_.files.file(255).writeAt(0, bytesOf(WholeNumber{}));
+  EXPECT_EQ(file().substr(0, 2), "\0\0"s);
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, SortEngineKinds, testing::ValuesIn(kWrittenKinds), nameOfSorted);
+
+TEST_F(SortEngine, AlbumsBySeveralKeys) {
+  const std::vector<std::string> items = {
+      sortItem(kSortedMusic, {"Queen", "Jazz", "EMI", "2", "1"}, 'a'),
+      sortItem(kSortedMusic, {"abba", "Voulez-Vous", "Polar", "-1", "3"}, 'b'),
+      sortItem(kSortedMusic, {"ABBA", "Arrival", "Polar", "0", "3"}, 'c'),
+      sortItem(kSortedMusic, {"Queen", "Innuendo", "emi", "0", "-1"}, 'd'),
+  };
+  const std::pair<std::vector<bool>, std::string> rows[] = {
+      {kSortedMusic.ticks({}), "abcd"},     {kSortedMusic.ticks({0}), "bcad"},
+      {kSortedMusic.ticks({0, 1}), "cbda"}, {kSortedMusic.ticks({1}), "cdab"},
+      {kSortedMusic.ticks({2}), "adbc"},    {kSortedMusic.ticks({2, 4}), "dabc"},
+      {kSortedMusic.ticks({3}), "bcda"},    {kSortedMusic.ticks({4}), "dabc"},
+      {kSortedMusic.ticks({3, 4}), "bdca"},
+  };
+  for (const auto& [ticked, expected] : rows) {
+    put(kSortedMusic, items);
+    sort(ticked);
+    EXPECT_EQ(fillers(), expected) << testing::PrintToString(ticked);
+  }
+}
+
+TEST_F(SortEngine, AFlagOfMinusOneComesBeforeOneOfZero) {
+  std::vector<std::string> items;
+  for (const char* flag : {"1", "0", "-1", "0", "-1", "2"})
+    items.push_back(
+        sortItem(kSortedVideo, {"Same", "", "0", flag}, static_cast<char>('a' + items.size())));
+  put(kSortedVideo, items);
+  sort(kSortedVideo.ticks({3}));
+  EXPECT_EQ(fillers(), "cebdaf");
+}
+
+TEST_F(SortEngine, FourAdjacentBlanksCostItems) {
+  const std::vector<std::string> items = {
+      named(kSortedWaves, "A", 'a'),   named(kSortedWaves, "\0"s, '1'),
+      named(kSortedWaves, "\0"s, '2'), named(kSortedWaves, "\0"s, '3'),
+      named(kSortedWaves, "\0"s, '4'), named(kSortedWaves, "B", 'b'),
+      named(kSortedWaves, "C", 'c'),   named(kSortedWaves, "D", 'd')};
+  put(kSortedWaves, items);
+  sort({});
+  // One of the blank items is counted in the place of the last but one.
+  EXPECT_EQ(fillers(), "4ab");
+  EXPECT_EQ(state_.Count, 3);
+}
+
+TEST_F(SortEngine, AsManyItemsAsHaveRoomAreSorted) {
+  constexpr int count = 32765;
+  std::vector<std::string> items(count, sortItem(kSortedSoftware, {"A", "", "0", "-1"}));
+  items.front() = sortItem(kSortedSoftware, {"B", "", "0", "0"});
+  put(kSortedSoftware, items);
+  sort(kSortedSoftware.ticks({3}));
+  EXPECT_EQ(state_.Count, count);
+  std::ranges::rotate(items, items.begin() + 1);
+  expectOnlyTheCollection(sortFile(kSortedSoftware, items));
+}
+
+}  // namespace
+}  // namespace quillbox::test

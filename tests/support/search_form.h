@@ -1,0 +1,217 @@
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <ostream>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "sortsearch/search_engine.h"
+
+namespace quillbox::test {
+
+inline constexpr auto kMusicInputs = std::to_array<std::string_view>(
+    {"Artist", "Album", "RecordCo", "AquireDate", "AquireCost", "CurrCost", "HasBook", "MediaType",
+     "CurrLoaned", "Borrower", "DateLoaned", "DueDate", "BookLoaned", "Notes", "Genre", "BarCode"});
+inline constexpr auto kVideoInputs =
+    std::to_array<std::string_view>({"Label", "Commercial", "Publisher", "MediaType", "PurPrice",
+                                     "CurrPrice", "AquireDate", "Notes"});
+inline constexpr auto kSoftwareInputs =
+    std::to_array<std::string_view>({"DiskLabel", "Publisher", "PurPrice", "CurrPrice", "Notes",
+                                     "MediaType", "CDRequired", "Shareware", "Commercial"});
+inline constexpr auto kComicInputs = std::to_array<std::string_view>(
+    {"BookTitle", "ComicTitle", "Artists", "Heroes", "Villains", "FirstApp", "Publisher",
+     "PurPrice", "CurrPrice", "AquireDate"});
+inline constexpr auto kBookInputs = std::to_array<std::string_view>(
+    {"Author", "Title", "Publisher", "Notes", "Genre", "MediaType"});
+inline constexpr auto kMediaInputs = std::to_array<std::string_view>({"FileName"});
+
+/// What the search form of a kind asks for.
+struct FormRow {
+  std::string_view extension;
+  std::span<const std::string_view> inputs;
+};
+inline constexpr FormRow kForms[] = {
+    {"MCS", kMusicInputs}, {"VCS", kVideoInputs}, {"SCS", kSoftwareInputs},
+    {"CCS", kComicInputs}, {"BCS", kBookInputs},  {"WCS", kMediaInputs},
+    {"ICS", kMediaInputs}, {"GCS", kMediaInputs}, {"MPS", kMediaInputs},
+};
+
+/// One input of a kind's form.
+struct Input {
+  std::string_view extension;
+  std::string_view name;
+
+  bool operator==(const Input&) const = default;
+};
+inline std::ostream& operator<<(std::ostream& out, const Input& input) {
+  return out << input.extension << " " << input.name;
+}
+
+/// Texts that are dates.
+inline constexpr Input kDates[] = {
+    {"MCS", "AquireDate"}, {"MCS", "DateLoaned"}, {"MCS", "DueDate"}, {"CCS", "AquireDate"}};
+inline constexpr Input kVideoDate = {"VCS", "AquireDate"};
+
+inline const CollectionKind& kindOf(std::string_view extension) {
+  const CollectionKind* kind = kindOfExtension(extension);
+  if (kind == nullptr) throw std::logic_error("no such kind");
+  return *kind;
+}
+
+inline const Field& fieldOf(const Input& input) {
+  const auto fields = kindOf(input.extension).fields;
+  const auto field = std::ranges::find(fields, input.name, &Field::name);
+  if (field == fields.end()) throw std::logic_error("no such field");
+  return *field;
+}
+
+inline std::vector<Input> everyInput() {
+  std::vector<Input> inputs;
+  for (const FormRow& form : kForms)
+    for (const std::string_view name : form.inputs) inputs.push_back({form.extension, name});
+  return inputs;
+}
+
+inline std::vector<Input> inputsOf(FieldType type) {
+  std::vector<Input> inputs = everyInput();
+  std::erase_if(inputs, [&](const Input& input) { return fieldOf(input).type != type; });
+  return inputs;
+}
+
+/// The texts of the kinds that tell capitals from small letters.
+inline std::vector<Input> exactTexts() {
+  std::vector<Input> texts = inputsOf(FieldType::text);
+  std::erase_if(texts, [](const Input& input) { return input.name == "FileName"; });
+  return texts;
+}
+
+/// A record of a kind, blank at first.
+class Item {
+ public:
+  explicit Item(std::string_view extension) : kind_(kindOf(extension)), bytes_(kind_.recordLength) {
+    fillBlank(kind_.fields, bytes_);
+  }
+
+  std::span<const std::byte> bytes() const { return bytes_; }
+
+  Item& text(const Input& input, std::string_view text) {
+    setText(fieldOf(input), bytes_, text);
+    return *this;
+  }
+  Item& whole(const Input& input, int value) {
+    setWhole(fieldOf(input), bytes_, checked16(value));
+    return *this;
+  }
+  Item& money(const Input& input, std::int64_t tenThousandths) {
+    setMoney(fieldOf(input), bytes_, tenThousandths);
+    return *this;
+  }
+  Item& real(const Input& input, double value) {
+    setReal(fieldOf(input), bytes_, value);
+    return *this;
+  }
+
+  /// What wanted() looks for, into one field.
+  Item& put(const Field& field) {
+    switch (field.type) {
+      case FieldType::text:
+        for (std::size_t entry = 0; entry < field.count; ++entry)
+          setText(field, bytes_, "1/2/98", entry);
+        break;
+      case FieldType::money:
+        setMoney(field, bytes_, 125'000);
+        break;
+      case FieldType::whole:
+        setWhole(field, bytes_, 12);
+        break;
+      case FieldType::flag:
+      case FieldType::choice:
+        setWhole(field, bytes_, 1);
+        break;
+      case FieldType::date:
+      case FieldType::size:
+        setReal(field, bytes_, 46347);
+        break;
+    }
+    return *this;
+  }
+
+  /// The same into every other field.
+  Item& putAllBut(const Field& field) {
+    for (const Field& other : kind_.fields)
+      if (&other != &field) put(other);
+    return *this;
+  }
+
+ private:
+  const CollectionKind& kind_;
+  std::vector<std::byte> bytes_;
+};
+
+/// An input with something in it.
+inline Entered wanted(const Field& field) {
+  switch (field.type) {
+    case FieldType::money:
+      return {&field, "12.5"};
+    case FieldType::whole:
+      return {&field, "12"};
+    case FieldType::flag:
+    case FieldType::choice:
+      return {&field, "", 1};
+    case FieldType::date:
+      return {&field, "11/21/26"};
+    case FieldType::text:
+    case FieldType::size:
+      break;
+  }
+  return {&field, "1/2/98"};
+}
+
+/// A search form: nothing typed, chosen or ticked at first.
+class SearchForm {
+ public:
+  explicit SearchForm(std::string_view extension) : kind_(kindOf(extension)) {
+    for (const Input& input : everyInput()) {
+      if (input.extension != extension) continue;
+      const Field& field = fieldOf(input);
+      const bool isList = field.type == FieldType::choice;
+      entered_.push_back({&field, "", static_cast<std::int16_t>(isList ? -1 : 0)});
+    }
+  }
+
+  SearchForm& enter(Entered entered) {
+    const auto place = std::ranges::find(entered_, entered.field, &Entered::field);
+    if (place == entered_.end()) throw std::logic_error("not on the form");
+    *place = std::move(entered);
+    return *this;
+  }
+  SearchForm& type(const Input& input, std::string_view text) {
+    return enter({&fieldOf(input), std::string(text)});
+  }
+  SearchForm& choose(const Input& input, int place) {
+    return enter({&fieldOf(input), "", checked16(place)});
+  }
+  SearchForm& tick(const Input& box) { return choose(box, 1); }
+
+  Query query(const std::string& dateForm = "M/d/yy") const {
+    return Query(kind_, entered_, dateForm);
+  }
+  bool finds(const Item& item) const { return query().matches(item.bytes()); }
+
+ private:
+  const CollectionKind& kind_;
+  std::vector<Entered> entered_;
+};
+
+/// A form with nothing but that text typed.
+inline SearchForm typed(const Input& input, std::string_view text) {
+  return SearchForm(input.extension).type(input, text);
+}
+
+}  // namespace quillbox::test

@@ -1,0 +1,366 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <initializer_list>
+#include <ostream>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/run_time_error.h"
+#include "printing/board.h"
+#include "records/app_state.h"
+#include "records/kinds.h"
+#include "sortsearch/sort_engine.h"
+#include "support/failing_files.h"
+#include "support/test_folder.h"
+
+namespace quillbox::test {
+
+/// A key as it lies in a record: one of two bytes is a signed number, a wider one a text.
+struct KeyPlace {
+  std::size_t offset;
+  std::size_t width;
+  const char* passCaption = "";  ///< of the board
+
+  bool isNumber() const { return width == 2; }
+};
+
+namespace key_places {
+inline constexpr KeyPlace music[] = {{0, 50}, {50, 50}, {100, 50}, {2188, 2}, {2334, 2}};
+inline constexpr KeyPlace video[] = {{0, 50}, {552, 50}, {602, 2}, {50, 2}};
+inline constexpr KeyPlace software[] = {{0, 50}, {610, 50}, {54, 2}, {50, 2}};
+inline constexpr KeyPlace comics[] = {{0, 50, "Sorting by Book Title"},
+                                      {50, 50, "Sorting by Comic Title"},
+                                      {350, 50, "Sorting by Artists"}};
+inline constexpr KeyPlace books[] = {{0, 50, "Sorting by Author"},
+                                     {100, 50, "Sorting by Publisher"},
+                                     {152, 2, "Sorting by Media Type"},
+                                     {150, 2, "Sorting by Genre"}};
+inline constexpr KeyPlace mediaFiles[] = {{0, 64}};
+}  // namespace key_places
+
+/// A kind as its collections lie on disk. The first key is the text at the start of the record, and
+/// no key reaches to the record's last byte.
+struct SortedKind {
+  const char* name;
+  std::size_t recordLength;
+  std::span<const KeyPlace> keys;
+  int code;
+  bool showsProgress = false;
+  bool endsProgram = false;
+  bool alwaysSorted = false;  ///< there is nothing to tick
+
+  const CollectionKind& kind() const { return *kindOfCode(code); }
+  std::string_view marker() const { return code == 1 ? "DETELED" : "DELETED"; }
+
+  std::vector<bool> ticks(std::initializer_list<std::size_t> ticked) const {
+    std::vector<bool> flags(alwaysSorted ? 0 : keys.size());
+    for (const std::size_t key : ticked) flags.at(key) = true;
+    return flags;
+  }
+  std::vector<bool> everyTick() const {
+    return std::vector<bool>(alwaysSorted ? 0 : keys.size(), true);
+  }
+};
+
+inline constexpr SortedKind kSortedMusic = {"Music", 2372, key_places::music, 1};
+inline constexpr SortedKind kSortedComics = {.name = "Comics",
+                                             .recordLength = 640,
+                                             .keys = key_places::comics,
+                                             .code = 2,
+                                             .showsProgress = true};
+inline constexpr SortedKind kSortedVideo = {"Video", 678, key_places::video, 3};
+inline constexpr SortedKind kSortedSoftware = {"Software", 662, key_places::software, 4};
+inline constexpr SortedKind kSortedBooks = {.name = "Books",
+                                            .recordLength = 224,
+                                            .keys = key_places::books,
+                                            .code = 5,
+                                            .showsProgress = true,
+                                            .endsProgram = true};
+
+constexpr SortedKind sortedMediaFiles(const char* name, int code) {
+  return {.name = name,
+          .recordLength = 328,
+          .keys = key_places::mediaFiles,
+          .code = code,
+          .alwaysSorted = true};
+}
+inline constexpr SortedKind kSortedWaves = sortedMediaFiles("Waves", 6);
+
+inline constexpr SortedKind kSortedKinds[] = {
+    kSortedMusic,
+    kSortedComics,
+    kSortedVideo,
+    kSortedSoftware,
+    kSortedBooks,
+    kSortedWaves,
+    sortedMediaFiles("Midi", 7),
+    sortedMediaFiles("Graphics", 8),
+    sortedMediaFiles("Mp3", 9),
+};
+
+inline void PrintTo(const SortedKind& kind, std::ostream* out) { *out << kind.name; }
+
+inline std::string nameOfSorted(const testing::TestParamInfo<SortedKind>& row) {
+  return row.param.name;
+}
+
+/// The two bytes of a whole number.
+inline std::string wholeBytes(int value) {
+  const auto bits = static_cast<unsigned>(value);
+  return {static_cast<char>(bits & 0xFFU), static_cast<char>(bits >> 8U & 0xFFU)};
+}
+
+/// The bytes of an item with these keys, numbers in decimal; every other byte is `filler`.
+inline std::string sortItem(const SortedKind& kind, const std::vector<std::string>& keys,
+                            char filler = '.') {
+  std::string item(kind.recordLength, filler);
+  for (std::size_t key = 0; key < keys.size(); ++key) {
+    const KeyPlace& place = kind.keys[key];
+    std::string value = place.isNumber() ? wholeBytes(std::stoi(keys[key])) : keys[key];
+    value.resize(place.width, ' ');
+    item.replace(place.offset, place.width, value);
+  }
+  return item;
+}
+
+/// An item with that first key, and all others alike.
+inline std::string named(const SortedKind& kind, const std::string& first, char filler) {
+  std::vector<std::string> keys(kind.keys.size(), "5");
+  keys.front() = first;
+  return sortItem(kind, keys, filler);
+}
+
+/// Item by item its filler, which tells where each of them went.
+inline std::string fillersOf(const SortedKind& kind, std::string_view collection) {
+  std::string fillers;
+  for (std::size_t end = 2 * kind.recordLength; end <= collection.size(); end += kind.recordLength)
+    fillers += collection[end - 1];
+  return fillers;
+}
+
+/// What a header says besides its `Count`.
+struct SortHeader {
+  int fileType = 1;
+  std::string_view version = "1.71    ";
+};
+
+/// The bytes of a collection as a sort writes it.
+inline std::string sortFile(const SortedKind& kind, const std::vector<std::string>& items,
+                            const SortHeader& header = {}) {
+  std::string bytes = wholeBytes(static_cast<int>(items.size())) + wholeBytes(header.fileType);
+  bytes.append(header.version);
+  if (!items.empty()) bytes.resize(kind.recordLength);
+  for (const std::string& item : items) bytes += item;
+  return bytes;
+}
+
+/// A board that writes down what it is told.
+class RecordingBoard : public Board {
+ public:
+  void open(const std::string& caption) override { told.push_back("open: " + caption); }
+  void setBoardCaption(const std::string& caption) override {
+    told.push_back("caption: " + caption);
+  }
+  void clear() override { told.emplace_back("clear"); }
+  void print(const std::string& line) override { told.push_back("line: " + line); }
+  void progress(int done, int total) override { steps.emplace_back(done, total); }
+  void close() override { told.emplace_back("close"); }
+
+  std::vector<std::string> told;
+  std::vector<std::pair<int, int>> steps;
+};
+
+/// The sort spelled out step by step, on whole records in slots from 1. Slow, and the measure of
+/// the real one.
+class SortModel {
+ public:
+  SortModel(const SortedKind& kind, const std::vector<std::string>& items)
+      : count(static_cast<int>(items.size())),
+        kind_(kind),
+        slots_(items.size() + 3, std::string(kind.recordLength, '\0')) {
+    std::ranges::copy(items, slots_.begin() + 1);
+  }
+
+  void compact() {
+    for (int i = 1; i <= count; ++i) {
+      if (!isBlank(i)) continue;
+      for (int j = i; j <= count; ++j) slot(j) = slot(j + 1);
+    }
+    const int bound = count;
+    count = 0;
+    for (int i = 1; i <= bound; ++i)
+      if (!isBlank(i)) ++count;
+  }
+
+  /// The pass series of one key.
+  void passes(const KeyPlace& key) {
+    bool swapped = true;
+    while (swapped) {
+      told.push_back(std::string("caption: ") + key.passCaption);
+      told.push_back("line: Sorting " + std::to_string(count) + ". Please wait...");
+      swapped = false;
+      for (int i = 1; i <= count; ++i) {
+        if (!isGreater(key, slot(i), slot(i + 1))) continue;
+        std::swap(slot(i), slot(i + 1));
+        swapped = true;
+      }
+    }
+  }
+
+  /// From the first line read to the last slot, as for a kind that does not end the program.
+  void run(const std::vector<bool>& ticked) {
+    read();
+    compact();
+    for (std::size_t key = kind_.keys.size(); key-- > 0;) passesIf(ticked, key);
+    compact();
+    told.emplace_back("caption: Writing File...");
+  }
+
+  /// The same as far as books get.
+  void runToTheEndOfTheProgram(const std::vector<bool>& ticked) {
+    read();
+    compact();
+    for (const std::size_t key : {3U, 2U, 1U}) passesIf(ticked, key);
+  }
+
+  /// The records that count, in the order they are written in.
+  std::vector<std::string> items() const {
+    return {slots_.begin() + 1, slots_.begin() + 1 + count};
+  }
+
+  int count;
+  std::vector<std::string> told;  ///< to the board, between its opening and its closing
+
+ private:
+  std::string& slot(int number) { return slots_.at(static_cast<std::size_t>(number)); }
+  bool isBlank(int number) { return slot(number).front() == '\0'; }
+
+  void read() {
+    for (int item = 1; item <= count; ++item)
+      told.push_back("line: Reading " + std::to_string(item) + " of " + std::to_string(count) +
+                     "...");
+  }
+
+  void passesIf(const std::vector<bool>& ticked, std::size_t key) {
+    if (kind_.alwaysSorted || ticked.at(key)) passes(kind_.keys[key]);
+  }
+
+  static int capital(char character) {
+    const int code = static_cast<unsigned char>(character);
+    if (code >= 'a' && code <= 'z') return code - 0x20;
+    if (code == 0x9A || code == 0x9C || code == 0x9E) return code - 0x10;
+    if (code == 0xFF) return 0x9F;
+    if (code >= 0xE0 && code != 0xF7) return code - 0x20;
+    return code;
+  }
+
+  static int number(const std::string& record, std::size_t offset) {
+    const int bits = static_cast<unsigned char>(record[offset]) +
+                     256 * static_cast<unsigned char>(record[offset + 1]);
+    return bits < 32768 ? bits : bits - 65536;
+  }
+
+  static bool isGreater(const KeyPlace& key, const std::string& a, const std::string& b) {
+    if (key.isNumber()) return number(a, key.offset) > number(b, key.offset);
+    for (std::size_t at = key.offset; at < key.offset + key.width; ++at)
+      if (capital(a[at]) != capital(b[at])) return capital(a[at]) > capital(b[at]);
+    return false;
+  }
+
+  const SortedKind& kind_;
+  std::vector<std::string> slots_;  // the first one is not used
+};
+
+/// A collection on disk, its sort, and what came of it.
+class SortFixture {
+ protected:
+  /// Makes the collection, and none beside it. The header record is full to its end.
+  void put(const SortedKind& kind, const std::vector<std::string>& items,
+           const SortHeader& header = {}) {
+    kind_ = &kind;
+    std::string bytes = sortFile(kind, items, header);
+    bytes.resize(std::max(bytes.size(), kind.recordLength));
+    std::fill(bytes.begin() + 12, bytes.begin() + static_cast<std::ptrdiff_t>(kind.recordLength),
+              '=');
+    putBytes(folder_.path("things." + std::string(kind.kind().extension)), bytes);
+    state_.Count = static_cast<std::int16_t>(items.size());
+  }
+  void putBytes(const std::string& path, const std::string& bytes) {
+    state_.currentPath = path;
+    old_ = bytes;
+    std::filesystem::remove(backup_);
+    writeFile(path, bytes);
+  }
+
+  /// Items of these names, with fillers from "a" on.
+  void putNamed(const SortedKind& kind, const std::vector<std::string>& names) {
+    std::vector<std::string> items;
+    items.reserve(names.size());
+    char filler = 'a';
+    for (const std::string& name : names) items.push_back(named(kind, name, filler++));
+    put(kind, items);
+  }
+
+  void sort(const std::vector<bool>& ticked) {
+    sortCollection(state_, kind_->kind(), ticked, board_);
+  }
+  void finish() { finishSort(state_, kind_->kind()); }
+
+  /// The message of a sort that fails; empty when it does not.
+  std::string messageOf(const std::vector<bool>& ticked) {
+    try {
+      sort(ticked);
+    } catch (const RunTimeError& error) {
+      return error.message();
+    }
+    return {};
+  }
+
+  bool endsProgram(const std::vector<bool>& ticked) {
+    try {
+      sort(ticked);
+    } catch (const ProgramEnd&) {
+      return true;
+    }
+    return false;
+  }
+
+  static std::string noteOf(const std::string& backup) {
+    return "\n\nThe collection is now under its backup's name:\n" + backup;
+  }
+
+  std::string file() const { return readFile(state_.currentPath); }
+  std::string fillers() const { return fillersOf(*kind_, file()); }
+
+  void expectOnlyTheCollection(const std::string& bytes) const {
+    EXPECT_TRUE(file() == bytes);
+    EXPECT_FALSE(std::filesystem::exists(backup_));
+  }
+  void expectOnlyTheBackup() const {
+    EXPECT_FALSE(std::filesystem::exists(state_.currentPath));
+    EXPECT_TRUE(readFile(backup_) == old_);
+  }
+  void expectNothingOpen() const {
+    for (int number = 1; number <= 255; ++number)
+      EXPECT_FALSE(state_.files.isOpen(number)) << number;
+  }
+
+  TestFolder folder_;
+  std::string backup_ = folder_.path("things.bak");
+  FailingFiles files_;
+  AppState state_{files_};
+  RecordingBoard board_;
+  const SortedKind* kind_ = nullptr;
+  std::string old_;  ///< the collection before it is sorted
+};
+
+}  // namespace quillbox::test
