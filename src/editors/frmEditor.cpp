@@ -14,6 +14,10 @@
 #include "forms/controls.h"
 #include "forms/qt_text.h"
 #include "platform/paths.h"
+#include "printing/export.h"
+#include "printing/frmRecDisp.h"
+#include "printing/listing.h"
+#include "printing/print_engine.h"
 #include "records/navigation.h"
 #include "records/number_text.h"
 
@@ -39,11 +43,6 @@ QIcon iconOf(Command command, const QStyle& style) {
     default:
       return {};
   }
-}
-
-/// What the program can do by now.
-bool isAvailable(Command command) {
-  return command != Command::printList && command != Command::exportData;
 }
 
 }  // namespace
@@ -85,9 +84,7 @@ void frmEditor::makeButtons() {
 void frmEditor::makeMenus() {
   for (const MenuRow& row : tables_.menus) {
     const auto handler = [this, command = row.command] { choose(command); };
-    const bool available = isAvailable(row.command);
-    addMenuItem({row.menu, row.menuCaption, row.item, row.caption,
-                 available ? std::function<void()>(handler) : nullptr});
+    addMenuItem({row.menu, row.menuCaption, row.item, row.caption, handler});
   }
 }
 
@@ -115,8 +112,12 @@ void frmEditor::choose(Command command) {
       return SortRecords_Click();
     case Command::search:
       return SearchRecords_Click();
+    case Command::printList:
+      return PrintList_Click();
     case Command::printerSetup:
-      return desktop().printerSetup();
+      return PrinterSetup_Click();
+    case Command::exportData:
+      return ExportData_Click();
     case Command::contents:
       return program().message("Quillbox Help", tables_.help, MessageIcon::information);
     case Command::about:
@@ -125,8 +126,6 @@ void frmEditor::choose(Command command) {
     case Command::mediaTypes:  // the list comes from the user's file alone
     case Command::editSubList:
     case Command::loadFolder:
-    case Command::printList:
-    case Command::exportData:
       return;
   }
 }
@@ -231,6 +230,53 @@ void frmEditor::showFound(int item) {
 void frmEditor::leaveSearch() {
   std::ranges::copy(shownRecord_, buffer().begin());
   showInsteadOf(*search_);
+}
+
+PrintEngine& frmEditor::printEngine() {
+  Board& board = program().form<frmRecDisp>();
+  return program().shared<PrintEngine>(state(), desktop(), board);
+}
+
+Listing frmEditor::listing() {
+  const auto choice = [this](const Field& field, int index) {
+    return sheet_->choiceText(field, index);
+  };
+  return Listing(store_.kind(), {choice, desktop().shortDateForm()});
+}
+
+void frmEditor::PrinterSetup_Click() { printEngine().PrinterSetup(); }
+
+void frmEditor::PrintList_Click() {
+  PrintEngine& engine = printEngine();
+  Board& board = program().form<frmRecDisp>();
+  const Listing pages = listing();
+  std::int16_t mode = print_mode::printer;
+  engine.OpenPrinter(mode);
+  hide();
+  board.open("Printing Status");
+  board.print("Starting Print Routine...");
+  const std::int16_t count = composePages(state(), store_.kind(), pages, mode, engine, board);
+  if (count < 1) {
+    // The editor stays hidden and the board shown; who closes it comes to the start screen.
+    program().message(kDefaultTitle,
+                      "System Error! Print routines have FAILED! Please contact the author for a "
+                      "bug fix!");
+    return;
+  }
+  if (const auto heading = pages.fileHeading(state().mediaCode))
+    ignoringErrors([&] { engine.PrintOut(mode, count, *heading); });
+  ignoringErrors([&] { readAndShow(1); });
+  board.close();
+  show();
+  activateWindow();
+}
+
+void frmEditor::ExportData_Click() {
+  const auto fixedName = exportName(store_.kind());
+  const std::string name = fixedName ? *fixedName : program().shell().SaveAs();
+  if (name.empty()) return;
+  exportCollection(state(), store_.kind(), name);
+  program().message(kDefaultTitle, "Data Exported...");
 }
 
 void frmEditor::setFileCaption(std::string_view prefix) {

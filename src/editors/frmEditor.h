@@ -21,6 +21,9 @@ class QPushButton;
 
 namespace quillbox {
 
+class Listing;
+class PrintEngine;
+
 /// The commands that editors have buttons and menu items for.
 enum class Command {
   // buttons
@@ -127,6 +130,9 @@ class frmEditor : public Form {
   void NewFile_Click();
   void SortRecords_Click();
   void SearchRecords_Click();
+  void PrintList_Click();
+  void PrinterSetup_Click();
+  void ExportData_Click();
 
   /// The file type in the header that New File writes.
   virtual int newFileType() const { return store_.kind().rules.fileType; }
@@ -174,6 +180,8 @@ class frmEditor : public Form {
   void showSorted();
   void showFound(int item);
   void leaveSearch();
+  PrintEngine& printEngine();
+  Listing listing();
 
   CollectionStore store_;
   const EditorTables& tables_;

@@ -140,6 +140,13 @@ void FieldSheet::takeChoices(const FieldSheet& other) {
   }
 }
 
+std::string FieldSheet::choiceText(const Field& field, int index) const {
+  for (const Bound& bound : bound_)
+    if (bound.row->kind == InputKind::dropDown && bound.row->field == &field)
+      return toRecordText(static_cast<QComboBox*>(bound.input)->itemText(index));
+  return {};
+}
+
 void FieldSheet::clear() {
   for (const Bound& bound : bound_) {
     if (bound.row->kind == InputKind::textBox) static_cast<QLineEdit*>(bound.input)->clear();

@@ -83,6 +83,10 @@ class FieldSheet : public QWidget {
   /// Offers in each drop-down list what the list of that name on `other` offers.
   void takeChoices(const FieldSheet& other);
 
+  /// The entry that the drop-down list of a field has there, in record characters; empty when it
+  /// has none.
+  std::string choiceText(const Field& field, int index) const;
+
   /// Empties the texts and clears the boxes.
   void clear();
 

@@ -28,6 +28,9 @@ class Shell {
   /// Asks for a collection and shows its editor.
   virtual void FileOpen() = 0;
 
+  /// Asks for the name of a file to write; empty when the user cancels.
+  virtual std::string SaveAs() = 0;
+
   virtual void showNewCollection() = 0;
 };
 
@@ -67,6 +70,14 @@ class Program {
     return static_cast<SomeForm&>(*form);
   }
 
+  /// The one object of that class that all forms share, made from `parts` on first use.
+  template <typename Shared, typename... Parts>
+  Shared& shared(Parts&... parts) {
+    auto& shared = shared_[typeid(Shared)];
+    if (!shared) shared = std::make_shared<Shared>(parts...);
+    return *static_cast<Shared*>(shared.get());
+  }
+
   // Forms enter and leave the list of their own accord.
   void enter(Form& form) { forms_.push_back(&form); }
   void leave(Form& form) { std::erase(forms_, &form); }
@@ -85,6 +96,7 @@ class Program {
   int depth_ = 0;  // handlers running inside one another
   bool ending_ = false;
   std::unordered_map<std::type_index, std::unique_ptr<Form, DeleteForm>> single_;
+  std::unordered_map<std::type_index, std::shared_ptr<void>> shared_;
 };
 
 }  // namespace quillbox

@@ -6,6 +6,8 @@
 
 namespace quillbox {
 
+class Printer;
+
 enum class Buttons { ok, yesNo };
 enum class Answer { ok, yes, no };
 enum class MessageIcon { none, information, question, critical };
@@ -24,6 +26,12 @@ struct MessageBox {
 struct FileDialog {
   std::string title;
   std::string filter;
+  std::string fileName = {};  ///< offered, in the path's own bytes
+};
+
+/// What the user chose in the print dialog, besides what the printer was told at once.
+struct PrintChoice {
+  bool toFile = false;  ///< a text file is wanted, not paper
 };
 
 /// What the program asks of a desktop, so that a test can script every answer.
@@ -33,9 +41,9 @@ class Desktop {
 
   virtual Answer messageBox(const MessageBox& box) = 0;
 
-  /// Asks for a line of text (UTF-8); nothing when the user cancels.
-  virtual std::optional<std::string> inputBox(const std::string& prompt,
-                                              const std::string& title) = 0;
+  /// Asks for a line of text (UTF-8), offering `preset`; nothing when the user cancels.
+  virtual std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
+                                              const std::string& preset = {}) = 0;
 
   /// Asks for a file to open; it need not exist. The path's own bytes, or nothing when the user
   /// cancels.
@@ -52,6 +60,12 @@ class Desktop {
 
   /// Shows the platform's printer set-up dialog.
   virtual void printerSetup() = 0;
+
+  /// Asks where to print; nothing when the user cancels.
+  virtual std::optional<PrintChoice> printDialog(const std::string& title) = 0;
+
+  /// The printer that was chosen last.
+  virtual Printer& printer() = 0;
 
   /// Lets events through for about that long, or until `over` says so, without using the processor.
   virtual void rest(int milliseconds, const std::function<bool()>& over) = 0;

@@ -105,6 +105,8 @@ int openFlags(OpenMode mode) {
       return common | O_RDWR;
     case OpenMode::create:
       return common | O_RDWR | O_CREAT;
+    case OpenMode::replace:
+      return common | O_WRONLY | O_CREAT | O_TRUNC;
   }
   return common;
 }
@@ -115,7 +117,8 @@ std::unique_ptr<File> DiskFileSystem::open(const std::string& path, OpenMode mod
   constexpr mode_t permissions = 0666;  // less the user's mask
   const int descriptor = ::open(path.c_str(), openFlags(mode), permissions);
   if (descriptor < 0) throw openError(errno, path);
-  return std::make_unique<DiskFile>(descriptor, path, mode == OpenMode::create);
+  return std::make_unique<DiskFile>(descriptor, path,
+                                    mode == OpenMode::create || mode == OpenMode::replace);
 }
 
 bool DiskFileSystem::exists(const std::string& path) {
@@ -123,6 +126,11 @@ bool DiskFileSystem::exists(const std::string& path) {
   if (::stat(path.c_str(), &status) == 0) return true;
   if (errno == ENOENT || errno == ENOTDIR) return false;
   throw openError(errno, path);
+}
+
+bool DiskFileSystem::isSameFile(const std::string& a, const std::string& b) {
+  std::error_code unknown;
+  return std::filesystem::equivalent(a, b, unknown);
 }
 
 void DiskFileSystem::remove(const std::string& path) {

@@ -9,6 +9,7 @@ class DiskFileSystem : public FileSystem {
  public:
   std::unique_ptr<File> open(const std::string& path, OpenMode mode) override;
   bool exists(const std::string& path) override;
+  bool isSameFile(const std::string& a, const std::string& b) override;
   void remove(const std::string& path) override;
   void rename(const std::string& from, const std::string& to) override;
   std::string currentFolder() override;

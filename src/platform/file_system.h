@@ -14,6 +14,7 @@ enum class OpenMode {
   read,    ///< reading only; the file must exist
   update,  ///< reading and writing; the file must exist
   create,  ///< reading and writing; made empty when it does not exist
+  replace  ///< writing; made empty, whatever was there before
 };
 
 /// An open file. Every operation that fails throws a RunTimeError with the file's path.
@@ -52,6 +53,9 @@ class FileSystem {
 
   /// True when the name leads to something, whatever it is.
   virtual bool exists(const std::string& path) = 0;
+
+  /// True when both names lead to the same file; false when either leads nowhere.
+  virtual bool isSameFile(const std::string& a, const std::string& b) = 0;
 
   /// Deletes a file (never a folder); the file must exist.
   virtual void remove(const std::string& path) = 0;

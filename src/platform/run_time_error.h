@@ -49,6 +49,16 @@ class RunTimeError : public std::exception {
 /// The run-time error for a failed system call.
 RunTimeError errorFromErrno(int error, const std::string& file);
 
+/// Makes a call whose run-time errors are ignored on purpose; it ends where it fails.
+template <typename Call>
+void ignoringErrors(const Call& call) {
+  try {
+    call();
+  } catch (const RunTimeError&) {
+    // What the call is for goes on without it.
+  }
+}
+
 /// Unwinds to the end of the running handler, where the program is ended at once: files closed,
 /// nothing saved, nothing asked. Never caught anywhere else.
 struct ProgramEnd {};

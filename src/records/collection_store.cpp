@@ -90,4 +90,9 @@ std::optional<int> CollectionStore::firstDeletedSlot() {
   return std::nullopt;
 }
 
+void refuseToReplaceCollection(AppState& state, const std::string& path) {
+  if (state.files.fileSystem().isSameFile(path, state.currentPath))
+    throw RunTimeError(ErrorNumber::fileAlreadyOpen, path);
+}
+
 }  // namespace quillbox

@@ -65,4 +65,8 @@ class CollectionStore {
   std::optional<int> unfinishedSlot_;  // no longer deleted, not yet the new item
 };
 
+/// Run-time error 55 when `path` leads to the open collection, which must never be written over by
+/// what is made from it.
+void refuseToReplaceCollection(AppState& state, const std::string& path);
+
 }  // namespace quillbox

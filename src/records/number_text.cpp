@@ -1,6 +1,8 @@
 #include "records/number_text.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <limits>
 
 #include "platform/run_time_error.h"
@@ -95,6 +97,14 @@ std::int16_t whole16(const Decimal& number) {
 }  // namespace
 
 std::string numberText(int number) { return withLeadingBlank(std::to_string(number)); }
+
+std::string realText(double number) {
+  constexpr int digits = 15;
+  std::array<char, 32> text{};
+  const auto [end, error] = std::to_chars(text.data(), text.data() + text.size(), number,
+                                          std::chars_format::general, digits);
+  return {text.data(), end};
+}
 
 std::string plainAmount(std::int64_t tenThousandths) {
   const bool negative = tenThousandths < 0;

@@ -19,6 +19,9 @@ std::string plainAmount(std::int64_t tenThousandths);
 /// The same with one blank before an amount that is not negative.
 std::string signedAmount(std::int64_t tenThousandths);
 
+/// A number of bytes and the like: up to 15 digits, more with an exponent.
+std::string realText(double number);
+
 /// The number that `text` begins with, as an amount: leading blanks, a sign, digits with at most
 /// one point, an exponent; the first other character ends it. No number is 0. Rounded to four
 /// places, an exact half to the even one; run-time error 6 beyond the range of an amount.

@@ -16,12 +16,9 @@ RecordFile::RecordFile(OpenFiles& files, std::string path, std::size_t recordLen
       number_(files.open(number, path_, mode)) {}
 
 RecordFile::~RecordFile() {
-  if (closed_) return;  // the number may be another file's by now
-  try {
-    close();
-  } catch (const RunTimeError&) {
-    // Whoever wants to hear of it calls close().
-  }
+  // Once it is closed the number may be another file's. Whoever wants to hear of a failure calls
+  // close().
+  if (!closed_) ignoringErrors([this] { close(); });
 }
 
 void RecordFile::close() {

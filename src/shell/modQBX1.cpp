@@ -53,6 +53,12 @@ void modQBX1::showStartScreen() {
   start.activateWindow();
 }
 
+std::string modQBX1::SaveAs() {
+  std::string chosen;
+  IO::SaveAs(program_, chosen);
+  return chosen;
+}
+
 void modQBX1::FileOpen() {
   AppState& state = program_.state();
   const OpenCollection before = state;

@@ -21,6 +21,7 @@ class modQBX1 : public Shell {
 
   void showStartScreen() override;
   void FileOpen() override;
+  std::string SaveAs() override;
   void showNewCollection() override;
 
  private:

@@ -92,11 +92,8 @@ class Sort {
 
   /// Half a file under the collection's name would pass for the collection.
   void discard() {
-    try {
-      state_.files.fileSystem().remove(state_.currentPath);
-    } catch (const RunTimeError&) {
-      // The failure that led here is the one to report.
-    }
+    // The failure that led here is the one to report.
+    ignoringErrors([this] { state_.files.fileSystem().remove(state_.currentPath); });
   }
 
   AppState& state_;

@@ -30,6 +30,7 @@ class ProgramTest : public testing::Test, public Shell {
   }
 
   void FileOpen() override {}
+  std::string SaveAs() override { return {}; }
   void showNewCollection() override {}
 
   TestFolder folder_;

@@ -35,6 +35,7 @@ class MemoryFiles : public FileSystem {
     }
     return std::make_unique<MemoryFile>(files[path]);
   }
+  bool isSameFile(const std::string& a, const std::string& b) override { return a == b; }
   bool exists(const std::string& path) override { return files.contains(path); }
   void remove(const std::string& path) override {
     if (files.erase(path) == 0) throw RunTimeError(ErrorNumber::fileNotFound, path);

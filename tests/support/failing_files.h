@@ -44,6 +44,9 @@ class FailingFiles : public FileSystem {
 
   std::unique_ptr<File> open(const std::string& path, OpenMode mode) override;
   bool exists(const std::string& path) override;
+  bool isSameFile(const std::string& a, const std::string& b) override {
+    return disk_.isSameFile(a, b);
+  }
   void remove(const std::string& path) override;
   void rename(const std::string& from, const std::string& to) override;
   std::string currentFolder() override { return disk_.currentFolder(); }

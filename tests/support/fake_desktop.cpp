@@ -19,9 +19,9 @@ void FakeDesktop::expectQuestion(std::string title, std::string text, Answer ans
 }
 
 void FakeDesktop::expectInput(std::string prompt, std::string title,
-                              std::optional<std::string> answer) {
-  expected_.push_back(
-      {Kind::input, std::move(title), std::move(prompt), Answer::ok, std::move(answer)});
+                              std::optional<std::string> answer, std::string preset) {
+  expected_.push_back({Kind::input, std::move(title), std::move(prompt), Answer::ok,
+                       std::move(answer), std::move(preset)});
 }
 
 void FakeDesktop::expectOpen(std::string title, std::string filter,
@@ -31,7 +31,17 @@ void FakeDesktop::expectOpen(std::string title, std::string filter,
 }
 
 void FakeDesktop::expectSave(std::string title, std::optional<std::string> answer) {
-  expected_.push_back({Kind::save, std::move(title), "", Answer::ok, std::move(answer)});
+  expectSave(std::move(title), "", "", std::move(answer));
+}
+
+void FakeDesktop::expectSave(std::string title, std::string filter, std::string fileName,
+                             std::optional<std::string> answer) {
+  expected_.push_back({Kind::save, std::move(title), std::move(filter), Answer::ok,
+                       std::move(answer), std::move(fileName)});
+}
+
+void FakeDesktop::expectPrint(std::optional<PrintChoice> answer) {
+  expected_.push_back({Kind::print, "QBX List Print", "", Answer::ok, {}, {}, answer});
 }
 
 void FakeDesktop::moveLastToFront() {
@@ -53,8 +63,10 @@ Answer FakeDesktop::messageBox(const MessageBox& box) {
 }
 
 std::optional<std::string> FakeDesktop::inputBox(const std::string& prompt,
-                                                 const std::string& title) {
+                                                 const std::string& title,
+                                                 const std::string& preset) {
   const auto next = take(Kind::input, title, prompt);
+  EXPECT_EQ(next ? next->offered : preset, preset);
   return next ? next->typed : std::nullopt;
 }
 
@@ -66,7 +78,13 @@ std::optional<std::string> FakeDesktop::openDialog(const FileDialog& dialog) {
 
 std::optional<std::string> FakeDesktop::saveDialog(const FileDialog& dialog) {
   const auto next = take(Kind::save, dialog.title, dialog.filter);
+  EXPECT_EQ(next ? next->offered : dialog.fileName, dialog.fileName);
   return next ? next->typed : std::nullopt;
+}
+
+std::optional<PrintChoice> FakeDesktop::printDialog(const std::string& title) {
+  const auto next = take(Kind::print, title, "");
+  return next ? next->choice : std::nullopt;
 }
 
 void FakeDesktop::rest(int, const std::function<bool()>& over) {

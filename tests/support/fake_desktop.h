@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/desktop.h"
+#include "support/fake_printer.h"
 
 namespace quillbox::test {
 
@@ -20,10 +21,18 @@ class FakeDesktop : public Desktop {
 
   void expectMessage(std::string title, std::string text);
   void expectQuestion(std::string title, std::string text, Answer answer);
-  void expectInput(std::string prompt, std::string title, std::optional<std::string> answer);
+  void expectInput(std::string prompt, std::string title, std::optional<std::string> answer,
+                   std::string preset = {});
 
   void expectOpen(std::string title, std::string filter, std::optional<std::string> answer);
   void expectSave(std::string title, std::optional<std::string> answer);
+
+  /// A save dialog that offers `fileName`.
+  void expectSave(std::string title, std::string filter, std::string fileName,
+                  std::optional<std::string> answer);
+
+  /// A print dialog that is answered with paper or a text file, or cancelled.
+  void expectPrint(std::optional<PrintChoice> answer);
 
   /// Makes the box expected last the one expected next.
   void moveLastToFront();
@@ -45,28 +54,34 @@ class FakeDesktop : public Desktop {
 
   int rests = 0;
   int printerSetups = 0;
+  FakePrinter fakePrinter;
   bool quitAsked = false;
   bool endedAtOnce = false;
 
   Answer messageBox(const MessageBox& box) override;
-  std::optional<std::string> inputBox(const std::string& prompt, const std::string& title) override;
+  std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
+                                      const std::string& preset) override;
   std::optional<std::string> openDialog(const FileDialog& dialog) override;
   std::optional<std::string> saveDialog(const FileDialog& dialog) override;
   std::string shortDateForm() override { return dateForm; }
   std::string todayText() override { return today; }
   void printerSetup() override { ++printerSetups; }
+  std::optional<PrintChoice> printDialog(const std::string& title) override;
+  Printer& printer() override { return fakePrinter; }
   void rest(int milliseconds, const std::function<bool()>& over) override;
   void quit() override { quitAsked = true; }
   void endAtOnce() override { endedAtOnce = true; }
 
  private:
-  enum class Kind { message, question, input, open, save };
+  enum class Kind { message, question, input, open, save, print };
   struct Expected {
     Kind kind;
     std::string title;
     std::string text;
     Answer answer = Answer::ok;
     std::optional<std::string> typed;
+    std::string offered = {};
+    std::optional<PrintChoice> choice = {};
   };
 
   std::optional<Expected> take(Kind kind, const std::string& title, const std::string& text);

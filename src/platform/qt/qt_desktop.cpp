@@ -10,9 +10,11 @@
 #include <QLocale>
 #include <QMessageBox>
 #include <QPageSetupDialog>
-#include <QPrinter>
 #include <QTimer>
 #include <cstdlib>
+
+#include "platform/qt/print_dialog.h"
+#include "platform/qt/qt_printer.h"
 
 namespace quillbox {
 namespace {
@@ -56,8 +58,20 @@ std::optional<std::string> askForFile(const FileDialog& asked, QFileDialog::Acce
   dialog.setAcceptMode(mode);
   dialog.setFileMode(QFileDialog::AnyFile);
   if (!asked.filter.empty()) dialog.setNameFilters(nameFilters(asked.filter));
+  if (!asked.fileName.empty())
+    dialog.selectFile(QFile::decodeName(QByteArray::fromStdString(asked.fileName)));
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();
+}
+
+/// The name always ends as such documents do, so that none takes the place of another kind of file.
+std::optional<QString> askForPdf() {
+  const auto name = askForFile({"Save PDF Document", "PDF Documents (*.pdf)|*.pdf", "Listing.pdf"},
+                               QFileDialog::AcceptSave);
+  if (!name) return std::nullopt;
+  const QString path = QFile::decodeName(QByteArray::fromStdString(*name));
+  const QString ending = QStringLiteral(".pdf");
+  return path.endsWith(ending, Qt::CaseInsensitive) ? path : path + ending;
 }
 
 }  // namespace
@@ -83,12 +97,13 @@ Answer QtDesktop::messageBox(const MessageBox& box) {
   return Answer::ok;
 }
 
-std::optional<std::string> QtDesktop::inputBox(const std::string& prompt,
-                                               const std::string& title) {
+std::optional<std::string> QtDesktop::inputBox(const std::string& prompt, const std::string& title,
+                                               const std::string& preset) {
   QInputDialog dialog(QApplication::activeWindow());
   dialog.setWindowTitle(captionText(title));
   dialog.setLabelText(QString::fromStdString(prompt));
   dialog.setInputMode(QInputDialog::TextInput);
+  dialog.setTextValue(QString::fromStdString(preset));
   dialog.setWindowModality(Qt::ApplicationModal);
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.textValue().toStdString();
@@ -110,10 +125,33 @@ std::string QtDesktop::todayText() {
   return QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat).toStdString();
 }
 
+QtPrinter& QtDesktop::qtPrinter() {
+  if (!printer_) printer_ = std::make_unique<QtPrinter>();
+  return *printer_;
+}
+
+Printer& QtDesktop::printer() { return qtPrinter(); }
+
 void QtDesktop::printerSetup() {
-  if (!printer_) printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
-  QPageSetupDialog dialog(printer_.get(), QApplication::activeWindow());
+  QPageSetupDialog dialog(&qtPrinter().device(), QApplication::activeWindow());
   dialog.exec();
+}
+
+std::optional<PrintChoice> QtDesktop::printDialog(const std::string& title) {
+  PrintDialog dialog(captionText(title), QApplication::activeWindow());
+  while (dialog.exec() == QDialog::Accepted) {
+    if (dialog.toTextFile()) return PrintChoice{true};
+    if (!dialog.toPdf()) {
+      qtPrinter().printTo(dialog.printerName(), dialog.copies());
+      return PrintChoice{};
+    }
+    // Without a name for the document the user chooses again.
+    if (const auto name = askForPdf()) {
+      qtPrinter().printToPdf(*name);
+      return PrintChoice{};
+    }
+  }
+  return std::nullopt;
 }
 
 void QtDesktop::rest(int milliseconds, const std::function<bool()>& over) {

@@ -85,17 +85,17 @@ TEST_F(QtDesktopTest, AnInputBoxGivesWhatWasTyped) {
     QTest::keyClicks(line, "12");
     key(*line, Qt::Key_Return);
   });
-  EXPECT_EQ(desktop_.inputBox("Record #", "Go To Record"), "12");
+  EXPECT_EQ(desktop_.inputBox("Record #", "Go To Record", ""), "12");
 }
 
 TEST_F(QtDesktopTest, AnInputBoxLeftEmptyIsNotCancelled) {
   onDialog<QInputDialog>([](QInputDialog& dialog) { key(dialog, Qt::Key_Return); });
-  EXPECT_EQ(desktop_.inputBox("Record #", "Go To Record"), "");
+  EXPECT_EQ(desktop_.inputBox("Record #", "Go To Record", ""), "");
 }
 
 TEST_F(QtDesktopTest, AnInputBoxIsCancelledWithEscape) {
   onDialog<QInputDialog>([](QInputDialog& dialog) { key(dialog, Qt::Key_Escape); });
-  EXPECT_EQ(desktop_.inputBox("Record #", "Go To Record"), std::nullopt);
+  EXPECT_EQ(desktop_.inputBox("Record #", "Go To Record", ""), std::nullopt);
 }
 
 const FileDialog kOpen{"Open Collection",

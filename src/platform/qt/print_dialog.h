@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QDialog>
+
+class QCheckBox;
+class QComboBox;
+class QSpinBox;
+
+namespace quillbox {
+
+/// Asks where a listing is printed: on one of the system's printers, as a PDF document, which can
+/// always be chosen, or to a text file.
+class PrintDialog : public QDialog {
+ public:
+  explicit PrintDialog(const QString& title, QWidget* parent = nullptr);
+
+  bool toTextFile() const;
+  bool toPdf() const;
+  QString printerName() const;
+  int copies() const;
+
+ private:
+  void enableInputs();
+
+  QComboBox* destination_;  // the PDF document, then the printers
+  QSpinBox* copies_;
+  QCheckBox* toFile_;
+};
+
+}  // namespace quillbox

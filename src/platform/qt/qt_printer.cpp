@@ -1,0 +1,124 @@
+#include "platform/qt/qt_printer.h"
+
+#include <QFile>
+#include <QFontMetricsF>
+#include <QLocale>
+#include <QPageLayout>
+#include <QPageSize>
+#include <algorithm>
+
+#include "platform/qt/print_layout.h"
+#include "platform/run_time_error.h"
+
+namespace quillbox {
+namespace {
+
+constexpr double kPointsPerInch = 72;
+constexpr double kPdfMargin = 18;  // points, what desktop printers leave
+constexpr double kAscentOfALine = 0.8;
+
+/// How many whole steps fit, at least one.
+int fitting(double space, double step) {
+  constexpr double tolerance = 1e-6;
+  return std::max(1, static_cast<int>(space / step + tolerance));
+}
+
+QPageSize localPageSize() {
+  const bool metric = QLocale::system().measurementSystem() == QLocale::MetricSystem;
+  return QPageSize(metric ? QPageSize::A4 : QPageSize::Letter);
+}
+
+}  // namespace
+
+QtPrinter::QtPrinter() {
+  device_.setDocName(QStringLiteral("Quillbox"));
+  if (device_.outputFormat() != QPrinter::PdfFormat) return;
+  device_.setPageSize(localPageSize());
+  device_.setPageMargins(QMarginsF(kPdfMargin, kPdfMargin, kPdfMargin, kPdfMargin),
+                         QPageLayout::Point);
+}
+
+void QtPrinter::printToPdf(const QString& fileName) {
+  const QPageLayout layout = device_.pageLayout();
+  device_.setOutputFormat(QPrinter::PdfFormat);
+  device_.setPageLayout(layout);
+  device_.setOutputFileName(fileName);
+}
+
+void QtPrinter::printTo(const QString& printerName, int copies) {
+  device_.setOutputFileName(QString());
+  device_.setPrinterName(printerName);
+  device_.setCopyCount(copies);
+}
+
+void QtPrinter::setFont(const std::string& name, double points) {
+  // Where there is no font of that name, one whose letters are as wide, or at least all alike.
+  font_ = QFont(QStringList{QString::fromStdString(name), QStringLiteral("Liberation Mono"),
+                            QStringLiteral("Nimbus Mono PS"), QStringLiteral("DejaVu Sans Mono")});
+  font_.setStyleHint(QFont::TypeWriter);
+  font_.setFixedPitch(true);
+  font_.setPointSizeF(points);
+}
+
+double QtPrinter::printableHeight() {
+  return device_.pageLayout().paintRect(QPageLayout::Point).height();
+}
+
+void QtPrinter::print(const std::string& text) {
+  openSheet();
+  const double pointsWide = device_.pageLayout().paintRect(QPageLayout::Point).width();
+  const double letter = QFontMetricsF(font_, &device_).horizontalAdvance(QLatin1Char('0')) *
+                        kPointsPerInch / device_.logicalDpiX();
+  const auto sheets = sheetsOf(QString::fromStdString(text), fitting(pointsWide, letter),
+                               fitting(printableHeight(), font_.pointSizeF()));
+  for (std::size_t sheet = 0; sheet < sheets.size(); ++sheet) {
+    if (sheet > 0 && !device_.newPage()) fail();
+    drawSheet(sheets[sheet]);
+  }
+}
+
+void QtPrinter::drawSheet(const QStringList& lines) {
+  const double pitch = font_.pointSizeF() * device_.logicalDpiY() / kPointsPerInch;
+  painter_.setFont(font_);
+  double top = 0;
+  for (const QString& line : lines) {
+    painter_.drawText(QPointF(0, top + kAscentOfALine * pitch), line);
+    top += pitch;
+  }
+}
+
+void QtPrinter::newPage() {
+  if (isSheetDue_ || !painter_.isActive()) openSheet();
+  isSheetDue_ = true;
+}
+
+void QtPrinter::openSheet() {
+  if (!painter_.isActive()) {
+    if (!painter_.begin(&device_)) fail();
+  } else if (isSheetDue_ && !device_.newPage()) {
+    fail();
+  }
+  isSheetDue_ = false;
+}
+
+void QtPrinter::endDocument() {
+  isSheetDue_ = false;
+  if (!painter_.isActive()) return;
+  if (!painter_.end() || device_.printerState() == QPrinter::Error) fail();
+}
+
+void QtPrinter::dropDocument() {
+  isSheetDue_ = false;
+  if (!painter_.isActive()) return;
+  device_.abort();
+  painter_.end();
+}
+
+void QtPrinter::fail() const {
+  const bool isPdf = device_.outputFormat() == QPrinter::PdfFormat;
+  throw RunTimeError(ErrorNumber::deviceIo,
+                     isPdf ? QFile::encodeName(device_.outputFileName()).toStdString()
+                           : device_.printerName().toStdString());
+}
+
+}  // namespace quillbox

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QFont>
+#include <QPainter>
+#include <QPrinter>
+
+#include "platform/printer.h"
+
+namespace quillbox {
+
+/// The printer that the toolkit knows, or a PDF document. Lines are one font size apart.
+class QtPrinter : public Printer {
+ public:
+  QtPrinter();
+
+  /// For the dialogs that set it up.
+  QPrinter& device() { return device_; }
+
+  /// From now on what is printed becomes the PDF document `fileName`.
+  void printToPdf(const QString& fileName);
+
+  /// From now on what is printed goes to the system's printer of that name.
+  void printTo(const QString& printerName, int copies);
+
+  void setFont(const std::string& name, double points) override;
+  double printableHeight() override;
+  void print(const std::string& text) override;
+  void newPage() override;
+  void endDocument() override;
+  void dropDocument() override;
+
+ private:
+  void openSheet();
+  void drawSheet(const QStringList& lines);
+  [[noreturn]] void fail() const;
+
+  QPrinter device_{QPrinter::HighResolution};
+  QPainter painter_;
+  QFont font_;
+  bool isSheetDue_ = false;  // the next print begins a sheet
+};
+
+}  // namespace quillbox

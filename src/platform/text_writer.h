@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/open_files.h"
+
+namespace quillbox {
+
+/// A text file that is written from front to back and replaces what was there before. Whoever ends
+/// without close() has had a failure: what is in the file then is unfinished.
+class TextWriter {
+ public:
+  TextWriter(OpenFiles& files, const std::string& path, int number);
+  TextWriter(const TextWriter&) = delete;
+  TextWriter& operator=(const TextWriter&) = delete;
+  ~TextWriter();
+
+  void write(std::string_view text);
+
+  /// Writes what is left and closes the file.
+  void close();
+
+ private:
+  void writeBuffer();
+
+  OpenFiles& files_;
+  int number_;
+  std::string buffer_;
+  std::uint64_t written_ = 0;
+  bool closed_ = false;
+};
+
+}  // namespace quillbox

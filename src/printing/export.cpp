@@ -1,0 +1,88 @@
+#include "printing/export.h"
+
+#include <algorithm>
+#include <cassert>
+#include <span>
+
+#include "platform/text_writer.h"
+#include "records/collection_store.h"
+#include "records/record_reader.h"
+
+namespace quillbox {
+namespace {
+
+/// What becomes of an item.
+enum class ExportedAs { linePerEntry, nothing, number };
+
+struct ExportRules {
+  EditorForm editor;
+  ExportedAs items = ExportedAs::linePerEntry;
+  std::span<const Field* const> fields = {};  ///< at the start of each line
+  const Field* list = nullptr;                ///< its entries end the lines
+};
+
+constexpr const Field* kMusicStart[] = {musicField("Artist"), musicField("Album")};
+constexpr const Field* kVideoStart[] = {videoField("Label")};
+constexpr const Field* kSoftwareStart[] = {softwareField("DiskLabel")};
+constexpr const Field* kComicStart[] = {comicField("BookTitle"), comicField("ComicTitle")};
+
+constexpr ExportRules kRules[] = {
+    {.editor = EditorForm::music, .fields = kMusicStart, .list = musicField("Songs")},
+    {.editor = EditorForm::video, .fields = kVideoStart, .list = videoField("Movies")},
+    {.editor = EditorForm::software, .fields = kSoftwareStart, .list = softwareField("Programs")},
+    {.editor = EditorForm::comics, .fields = kComicStart, .list = comicField("Notes")},
+    {.editor = EditorForm::books, .items = ExportedAs::nothing},
+    {.editor = EditorForm::wave, .items = ExportedAs::number},
+};
+
+const ExportRules& exportRulesOf(const CollectionKind& kind) {
+  const auto* const rules = std::ranges::find(kRules, kind.editor, &ExportRules::editor);
+  assert(rules != std::end(kRules));
+  return *rules;
+}
+
+void appendQuoted(std::string& line, std::string_view text) {
+  line.append("\"").append(withoutTrailingBlanks(upToNul(text))).append("\"");
+}
+
+/// An entry is filled unless it begins with a zero byte; one of blanks is an empty field.
+void writeEntries(TextWriter& file, const ExportRules& rules, std::span<const std::byte> record) {
+  std::string start;
+  for (const Field* field : rules.fields) {
+    appendQuoted(start, textOf(*field, record));
+    start.append(",");
+  }
+  std::string line;
+  for (std::size_t entry = 0; entry < rules.list->count; ++entry) {
+    const std::string_view text = textOf(*rules.list, record, entry);
+    if (text.front() == '\0') continue;
+    line.assign(start);
+    appendQuoted(line, text);
+    file.write(line.append("\r\n"));
+  }
+}
+
+}  // namespace
+
+std::optional<std::string> exportName(const CollectionKind& kind) {
+  if (kind.editor == EditorForm::books) return "export.txt";
+  return std::nullopt;
+}
+
+void exportCollection(AppState& state, const CollectionKind& kind, const std::string& path) {
+  const ExportRules& rules = exportRulesOf(kind);
+  refuseToReplaceCollection(state, path);
+  TextWriter file(state.files, path, file_number::exportFile);
+  if (state.Count > 0) {
+    RecordFile collection(state.files, state.currentPath, kind.recordLength, OpenMode::read);
+    RecordReader reader(collection, state.Count);
+    for (int item = 1; item <= state.Count; ++item) {
+      const auto record = reader.next();
+      if (rules.items == ExportedAs::number) throw RunTimeError(ErrorNumber::typeMismatch);
+      if (rules.items == ExportedAs::linePerEntry) writeEntries(file, rules, record);
+    }
+  }
+  file.close();
+}
+
+}  // namespace quillbox

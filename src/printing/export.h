@@ -1,0 +1,24 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "records/app_state.h"
+#include "records/kinds.h"
+
+namespace quillbox {
+
+/// The fixed name that collections of a kind are exported under, in the current folder; nothing
+/// when the user is asked for one.
+std::optional<std::string> exportName(const CollectionKind& kind);
+
+/// Writes the open collection to the text file `path`, replacing it: a line of quoted fields,
+/// separated by commas, for each filled entry of each item's list, deleted items included. Texts
+/// are record characters; quotes in them are not doubled. Run-time error 55 when `path` is the
+/// collection itself, 63 when the collection is shorter than its `Count`.
+///
+/// Books leave the file empty. Media files do, too, and end in run-time error 13 at the first item:
+/// the line is taken for a number, which a quoted name never is. See docs/decisions.md.
+void exportCollection(AppState& state, const CollectionKind& kind, const std::string& path);
+
+}  // namespace quillbox

@@ -1,0 +1,150 @@
+#include "printing/listing.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "printing/listing_rules.h"
+#include "records/collection_store.h"
+#include "records/date_text.h"
+#include "records/number_text.h"
+#include "records/version.h"
+
+namespace quillbox {
+namespace {
+
+constexpr std::size_t kLabelWidth = 18;
+constexpr std::size_t kHeadingIndent = 35;
+constexpr std::size_t kLoanIndent = 31;
+
+/// A label and its value, which starts in column 21.
+std::string labelled(std::string_view label, std::string_view value) {
+  std::string line(label.substr(0, kLabelWidth));
+  line.resize(kLabelWidth, ' ');
+  return line.append(": ").append(value);
+}
+
+std::string indented(std::size_t blanks, std::string_view text) {
+  return std::string(blanks, ' ').append(text);
+}
+
+const char* yesOrNo(int flag) { return flag == 1 ? "Yes" : "No"; }
+
+std::string_view shownText(const Field& field, std::span<const std::byte> record,
+                           std::size_t entry = 0) {
+  return withoutTrailingBlanks(upToNul(textOf(field, record, entry)));
+}
+
+/// The lines of one block, in order.
+class Block {
+ public:
+  explicit Block(PrintLines& lines) : lines_(lines) {}
+  void add(std::string line) { lines_.at(++count_) = std::move(line); }
+  void add(std::string_view label, std::string_view value) { add(labelled(label, value)); }
+  std::int16_t count() const { return checked16(static_cast<int>(count_)); }
+
+ private:
+  PrintLines& lines_;
+  std::size_t count_ = 0;
+};
+
+void addLoan(Block& block, std::span<const std::byte> record) {
+  const auto text = [&](const Field* field) { return shownText(*field, record); };
+  const auto flag = [&](const Field* field) { return wholeOf(*field, record); };
+  if (flag(musicField("CurrLoaned")) != 1) return;
+  block.add(indented(kLoanIndent, "Currently Loaned!"));
+  block.add("Borrower", text(musicField("Borrower")));
+  block.add("Loaned On", text(musicField("DateLoaned")));
+  block.add("Due Back On", text(musicField("DueDate")));
+  if (flag(musicField("HasBook")) == 1)
+    block.add("Book Loaned", yesOrNo(flag(musicField("BookLoaned"))));
+}
+
+void addGroup(Block& block, const ListingGroup& group, std::span<const std::byte> record) {
+  if (group.field == nullptr) return;
+  bool isFirst = true;
+  for (std::size_t entry = 0; entry < group.field->count; ++entry) {
+    const std::string_view text = shownText(*group.field, record, entry);
+    if (text.empty()) continue;
+    if (isFirst && !group.heading.empty()) block.add(indented(kHeadingIndent, group.heading));
+    isFirst = false;
+    block.add(std::string(group.label).append(std::to_string(entry + 1)), text);
+  }
+}
+
+}  // namespace
+
+Listing::Listing(const CollectionKind& kind, ListingTexts texts)
+    : rules_(listingRulesOf(kind)), kind_(kind), texts_(std::move(texts)) {}
+
+std::string Listing::pageHeading() const {
+  return std::string("Quillbox V").append(kVersionText).append(rules_.pageHeading);
+}
+
+std::optional<std::string> Listing::fileHeading(int mediaCode) const {
+  const int heading = kind_.editor == EditorForm::wave ? mediaCode - 1 : 0;
+  if (heading < 0 || heading >= static_cast<int>(rules_.fileHeadings.size())) return std::nullopt;
+  return std::string("Quillbox V")
+      .append(kVersionText)
+      .append(rules_.fileHeadings[static_cast<std::size_t>(heading)]);
+}
+
+std::int16_t Listing::block(std::span<const std::byte> record, int item, int count,
+                            PrintLines& lines) const {
+  Block block(lines);
+  const auto name = withoutTrailingBlanks(textOf(kind_.fields.front(), record));
+  if (name == rules_.deletedMarker) {
+    block.add(std::string("Record #").append(numberText(item)).append(" Has been deleted."));
+    return block.count();
+  }
+  block.add("Record #", numberText(item).append(" of").append(numberText(count)));
+  for (const auto& [label, field] : rules_.lines)
+    block.add(label, field == nullptr ? std::string() : value(*field, record));
+  if (rules_.showsLoan) addLoan(block, record);
+  addGroup(block, rules_.group, record);
+  block.add(std::string(5, ' ').append(70, '-'));
+  return block.count();
+}
+
+std::string Listing::value(const Field& field, std::span<const std::byte> record) const {
+  switch (field.type) {
+    case FieldType::text:
+      return std::string(shownText(field, record));
+    case FieldType::flag:
+      return yesOrNo(wholeOf(field, record));
+    case FieldType::choice:
+      return texts_.choice(field, wholeOf(field, record));
+    case FieldType::money:
+      return signedAmount(moneyOf(field, record));
+    case FieldType::whole:
+      return numberText(wholeOf(field, record));
+    case FieldType::date:
+      return dateText(realOf(field, record), texts_.dateForm);
+    case FieldType::size:
+      return realText(realOf(field, record)).append(" Bytes");
+  }
+  return {};
+}
+
+std::int16_t composePages(AppState& state, const CollectionKind& kind, const Listing& listing,
+                          std::int16_t mode, PrintEngine& engine, Board& board) {
+  PrintLines lines;
+  std::int16_t pages = 0;
+  ignoringErrors([&] { engine.PrintData(lines, pages, print_mode::reset); });
+  lines.front() = listing.pageHeading();
+  CollectionStore store(state, kind);
+  std::vector<std::byte> blank(kind.recordLength);
+  fillBlank(kind.fields, blank);
+  const std::span<std::byte> record = kind.buffer(state);
+  for (int item = 1; item <= state.Count; ++item) {
+    std::ranges::copy(blank, record.begin());
+    ignoringErrors([&] { store.readItem(item, record); });
+    std::int16_t count = listing.block(record, item, state.Count, lines);
+    board.progress(item, state.Count);
+    ignoringErrors([&] { engine.PrintData(lines, count, mode); });
+  }
+  engine.PrintData(lines, pages, print_mode::pageCount);
+  return pages;
+}
+
+}  // namespace quillbox

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "printing/print_engine.h"
+#include "records/kinds.h"
+
+namespace quillbox {
+
+/// What of a record's values only the editor and the desktop know the text of.
+struct ListingTexts {
+  /// The entry of a choice's list, in record characters; empty when the list has none there.
+  std::function<std::string(const Field& field, int index)> choice;
+
+  std::string dateForm;  ///< the system's short date form, as date_text.h wants it
+};
+
+struct ListingRules;
+
+/// How the items of a kind are listed: a block of lines for each.
+class Listing {
+ public:
+  Listing(const CollectionKind& kind, ListingTexts texts);
+
+  /// The heading of every page, up to the page's number.
+  std::string pageHeading() const;
+
+  /// The first line of a text file; nothing for a media-file code that there is none for. The code
+  /// is 0 for other kinds.
+  std::optional<std::string> fileHeading(int mediaCode) const;
+
+  /// Puts the block of item `item` of `count` into the lines 1 on; returns how many those are. An
+  /// item with the marker that listings of the kind know is one line.
+  std::int16_t block(std::span<const std::byte> record, int item, int count,
+                     PrintLines& lines) const;
+
+ private:
+  std::string value(const Field& field, std::span<const std::byte> record) const;
+
+  const ListingRules& rules_;
+  const CollectionKind& kind_;
+  ListingTexts texts_;
+};
+
+/// Begins a printout, gives the engine a block for each item of the open collection and returns the
+/// number of pages.
+/// An item that cannot be read is blank; whatever else fails is left out.
+std::int16_t composePages(AppState& state, const CollectionKind& kind, const Listing& listing,
+                          std::int16_t mode, PrintEngine& engine, Board& board);
+
+}  // namespace quillbox

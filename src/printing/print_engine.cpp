@@ -1,0 +1,254 @@
+#include "printing/print_engine.h"
+
+#include <cassert>
+#include <cmath>
+#include <span>
+#include <string_view>
+#include <utility>
+
+#include "platform/printer.h"
+#include "platform/text_writer.h"
+#include "records/collection_store.h"
+#include "records/field.h"
+#include "records/number_text.h"
+#include "records/windows1252.h"
+
+namespace quillbox {
+namespace {
+
+constexpr const char* kSpoolName = "printer.tmp";
+constexpr const char* kFontName = "Courier New";
+constexpr int kFontSize = 10;
+constexpr int kFontSizeAfterSetup = 12;
+constexpr std::string_view kIndent = "     ";
+constexpr std::string_view kLineEnd = "\r\n";
+
+/// What is printed while it lives is handed over as a whole, or not at all.
+class Document {
+ public:
+  explicit Document(Printer& printer) : printer_(printer) {}
+  Document(const Document&) = delete;
+  Document& operator=(const Document&) = delete;
+  ~Document() {
+    if (!ended_) printer_.dropDocument();
+  }
+
+  void printSheet(const std::string& text) {
+    printer_.print(text);
+    printer_.newPage();
+  }
+  void end() {
+    printer_.endDocument();
+    ended_ = true;
+  }
+
+ private:
+  Printer& printer_;
+  bool ended_ = false;
+};
+
+/// To the nearest whole number, an exact half to the even one.
+std::int16_t rounded(double value) {
+  constexpr double largest = INT16_MAX;
+  if (!(std::abs(value) <= largest)) throw RunTimeError(ErrorNumber::overflow);
+  return checked16(static_cast<int>(std::lrint(value)));
+}
+
+}  // namespace
+
+PrintEngine::PrintEngine(AppState& state, Desktop& desktop, Board& board)
+    : state_(state), desktop_(desktop), board_(board) {}
+
+void PrintEngine::PrinterSetup() {
+  desktop_.printerSetup();
+  desktop_.printer().setFont(kFontName, kFontSizeAfterSetup);
+}
+
+void PrintEngine::OpenPrinter(std::int16_t& mode) {
+  try {
+    const auto choice = desktop_.printDialog("QBX List Print");
+    if (!choice) {
+      mode = print_mode::cancelled;
+      return;
+    }
+    if (!choice->toFile) return;
+    const auto dot = fileName_.find('.');
+    if (dot != std::string::npos) fileName_.replace(dot + 1, std::string::npos, "txt");
+    mode = print_mode::textFile;
+    const FileDialog dialog{"Print to FileName", "Text File (*.txt)|*.txt", fileName_};
+    if (const auto chosen = desktop_.saveDialog(dialog)) fileName_ = *chosen;
+  } catch (const RunTimeError&) {
+    // No printer is no reason not to compose the pages.
+  }
+}
+
+void PrintEngine::PrintData(PrintLines& lines, std::int16_t& count, std::int16_t mode) {
+  if (mode == print_mode::pageCount) {
+    count = page_;
+    return;
+  }
+  if (mode == print_mode::reset) return reset(lines);
+
+  measurePage();
+  if (page_ < 1) page_ = 1;
+  state_.files.close(file_number::spool);
+  if (mode != print_mode::textFile && pageText_.starts_with('\0')) setPageText(heading(lines));
+  if (page_ == 1 && linesOnPage_ == 0) setPageText(heading(lines));
+
+  RecordFile spool(state_.files, kSpoolName, kPageLength, OpenMode::create, file_number::spool);
+  addBlock(spool, lines, count, mode);
+  board_.clear();
+  board_.print("Generating page" + numberText(page_) + "...");
+  writePage(spool);
+  spool.close();
+}
+
+void PrintEngine::reset(PrintLines& lines) {
+  page_ = 0;
+  pageText_.clear();
+  deleteSpool();
+  lines.fill({});
+  lineCount_ = 0;
+  linesOnPage_ = 0;
+}
+
+void PrintEngine::measurePage() {
+  Printer& printer = desktop_.printer();
+  printer.setFont(kFontName, kFontSize);
+  constexpr int margin = kFontSize / 2;
+  linesPerPage_ = rounded(printer.printableHeight() / kFontSize - margin);
+}
+
+std::string PrintEngine::heading(const PrintLines& lines) const {
+  return std::string(lines.front()).append(numberText(page_)).append(kLineEnd);
+}
+
+void PrintEngine::addBlock(RecordFile& spool, PrintLines& lines, std::int16_t count,
+                           std::int16_t mode) {
+  const int filled = lineCount_ + count;
+  if (filled < linesPerPage_) {
+    addLines(lines, count);
+    lineCount_ = checked16(filled);
+    writePage(spool);
+  } else if (filled > linesPerPage_) {
+    startNextPage(spool, lines, mode);
+    addLines(lines, count);
+    lineCount_ = linesOnPage_;
+  } else {
+    // The next page counts as holding what this one held before the block: `lineCount_` stays.
+    addLines(lines, count);
+    startNextPage(spool, lines, mode);
+  }
+}
+
+void PrintEngine::addLines(PrintLines& lines, std::int16_t count) {
+  for (std::int16_t line = 1; line <= count; ++line) {
+    addLine(lines.at(static_cast<std::size_t>(line)));
+    linesOnPage_ = line;
+  }
+}
+
+/// Adds nothing for an empty line.
+void PrintEngine::addLine(std::string& line) {
+  if (line.empty()) return;
+  if (pageText_.starts_with('\0')) pageText_.clear();
+  pageText_.resize(withoutTrailingBlanks(pageText_).size());
+  pageText_.append(kIndent).append(line).append(kLineEnd);
+  if (pageText_.size() > kPageLength) pageText_.resize(kPageLength);
+  line.clear();
+}
+
+void PrintEngine::setPageText(std::string text) {
+  pageText_ = std::move(text);
+  if (pageText_.size() > kPageLength) pageText_.resize(kPageLength);
+}
+
+void PrintEngine::startNextPage(RecordFile& spool, const PrintLines& lines, std::int16_t mode) {
+  writePage(spool);
+  page_ = checked16(page_ + 1);
+  linesOnPage_ = 0;
+  setPageText(mode == print_mode::textFile ? std::string()
+                                           : std::string(kIndent).append(heading(lines)));
+}
+
+void PrintEngine::writePage(RecordFile& spool) const {
+  std::string record = pageText_;
+  record.resize(kPageLength, ' ');
+  spool.write(page_, std::as_bytes(std::span(record)));
+}
+
+void PrintEngine::PrintOut(std::int16_t mode, std::int16_t pages, const std::string& header) {
+  if (mode == print_mode::cancelled) return;
+  if (mode == print_mode::textFile)
+    writeToTextFile(pages, header);
+  else
+    printRange(pages);
+}
+
+void PrintEngine::writeToTextFile(std::int16_t pages, const std::string& header) {
+  board_.open("Writing to file...");
+  state_.files.close(file_number::collection);
+  state_.files.close(file_number::spool);
+  refuseToReplaceCollection(state_, fileName_);
+  TextWriter file(state_.files, fileName_, file_number::collection);
+  file.write(header);
+  file.write(kLineEnd);
+  RecordFile spool(state_.files, kSpoolName, kPageLength, OpenMode::create, file_number::spool);
+  for (int page = 1; page <= pages; ++page) {
+    board_.clear();
+    board_.print("Printing" + numberText(page) + " of" + numberText(pages) + " to file...");
+    board_.progress(page, pages);
+    file.write(withoutTrailingBlanks(readPage(spool, page)));
+    file.write(kLineEnd);
+  }
+  board_.close();
+  file.close();
+  spool.close();
+  deleteSpool();
+}
+
+void PrintEngine::printRange(std::int16_t pages) {
+  const auto first = askForPage("Starting Page", 1);
+  const auto last = first ? askForPage("Ending Page", pages) : std::nullopt;
+  if (!last) return deleteSpool();
+  RecordFile spool(state_.files, kSpoolName, kPageLength, OpenMode::create, file_number::spool);
+  board_.open("Printing to Printer...");
+  Document document(desktop_.printer());
+  // The page is counted from the first of all, the total from the first that is printed.
+  const int total = *last == pages ? pages : *last - *first + 1;
+  for (int page = *first; page <= *last; ++page) {
+    board_.clear();
+    board_.print("Printing Page" + numberText(page) + " of" + numberText(total) + "...");
+    board_.progress(page - *first + 1, *last - *first + 1);
+    const std::string record = readPage(spool, page);
+    const std::string_view text = withoutBlanksAround(record);
+    if (text.size() == kPageLength) continue;  // a page that was cut off is not printed
+    document.printSheet(toUtf8(text));
+  }
+  spool.close();
+  board_.close();
+  document.end();
+  deleteSpool();
+}
+
+/// Nothing when the user cancels.
+std::optional<std::int16_t> PrintEngine::askForPage(const std::string& prompt, int preset) {
+  const auto answer = desktop_.inputBox(prompt, "Printer Data", std::to_string(preset));
+  if (!answer) return std::nullopt;
+  return leadingWhole(*answer);
+}
+
+/// A page that is not in the file is empty.
+std::string PrintEngine::readPage(RecordFile& spool, int page) const {
+  std::string text(kPageLength, ' ');
+  if (page < 1) return text;
+  text.resize(spool.readRecords(page, std::as_writable_bytes(std::span(text))));
+  return text;
+}
+
+void PrintEngine::deleteSpool() {
+  FileSystem& files = state_.files.fileSystem();
+  if (files.exists(kSpoolName)) files.remove(kSpoolName);
+}
+
+}  // namespace quillbox

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "platform/desktop.h"
+#include "printing/board.h"
+#include "records/app_state.h"
+#include "records/record_file.h"
+
+namespace quillbox {
+
+/// Line 0 is the page heading, to which the page's number is added; lines 1 on are a block.
+/// Texts are record characters. The engine empties each line it has taken.
+using PrintLines = std::array<std::string, 101>;
+
+/// Where the pages go, and the two orders that PrintData takes in place of it.
+namespace print_mode {
+inline constexpr std::int16_t printer = 0;
+inline constexpr std::int16_t textFile = 255;
+inline constexpr std::int16_t cancelled = -1;
+inline constexpr auto reset = static_cast<std::int16_t>(33535);      // -32001
+inline constexpr auto pageCount = static_cast<std::int16_t>(33536);  // -32000
+}  // namespace print_mode
+
+/// Composes a printout page by page into the spool file, one record a page, and delivers the pages.
+/// A printout is OpenPrinter, PrintData with reset, PrintData for each block, PrintData with
+/// pageCount, PrintOut. What is kept between the calls is kept from one printout to the next.
+class PrintEngine {
+ public:
+  /// All three must outlive the engine.
+  PrintEngine(AppState& state, Desktop& desktop, Board& board);
+
+  /// Asks where the printout goes: leaves `mode` alone for the printer, makes it textFile, or
+  /// cancelled. A save dialog that is cancelled goes unnoticed. Errors are ignored.
+  void OpenPrinter(std::int16_t& mode);
+
+  /// Adds the lines 1 to `count` as one block, which is never split, after the page has been
+  /// measured. `mode` reset begins a new printout; pageCount sets `count` to the number of pages.
+  void PrintData(PrintLines& lines, std::int16_t& count, std::int16_t mode);
+
+  /// Delivers the pages: asks for a range and prints it, or writes all of them to the text file
+  /// after the line `header`. Deletes the spool file, unless the mode is cancelled.
+  void PrintOut(std::int16_t mode, std::int16_t pages, const std::string& header);
+
+  /// Shows the platform's printer set-up.
+  void PrinterSetup();
+
+ private:
+  // A page as a fixed text: padded with blanks, cut at the width. The padding is not kept, only
+  // what may be trimmed again.
+  static constexpr std::size_t kPageLength = 5520;
+
+  void reset(PrintLines& lines);
+  void measurePage();
+  std::string heading(const PrintLines& lines) const;
+  void addBlock(RecordFile& spool, PrintLines& lines, std::int16_t count, std::int16_t mode);
+  void addLines(PrintLines& lines, std::int16_t count);
+  void addLine(std::string& line);
+  void setPageText(std::string text);
+  void startNextPage(RecordFile& spool, const PrintLines& lines, std::int16_t mode);
+  void writePage(RecordFile& spool) const;
+  std::string readPage(RecordFile& spool, int page) const;
+
+  void writeToTextFile(std::int16_t pages, const std::string& header);
+  void printRange(std::int16_t pages);
+  std::optional<std::int16_t> askForPage(const std::string& prompt, int preset);
+  void deleteSpool();
+
+  AppState& state_;
+  Desktop& desktop_;
+  Board& board_;
+
+  std::string fileName_;  // of the text file, as the dialog last had it
+  std::int16_t page_ = 0;
+  std::string pageText_ = std::string(kPageLength, '\0');
+  std::int16_t lineCount_ = 0;    // lines on the page, the heading not counted
+  std::int16_t linesOnPage_ = 0;  // the last block line put on the page
+  std::int16_t linesPerPage_ = 0;
+};
+
+}  // namespace quillbox
