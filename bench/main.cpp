@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "collections.h"
+#include "listings.h"
 #include "loads.h"
 #include "searches.h"
 #include "sorts.h"
@@ -92,7 +93,8 @@ void printSortMemory(const SortFigures& largest) {
 }
 
 void printTable(const StepTimes& steps, const LoadFigures& loads, const SearchFigures& searches,
-                const std::vector<SortFigures>& sorts, const StartFigures& starts) {
+                const std::vector<SortFigures>& sorts, const ListingFigures& listings,
+                const StartFigures& starts) {
   constexpr double mostAllowedForReading = 1.3;
   constexpr double mostAllowedForStart = 1.15;
   constexpr double mostMibAllowed = 12;
@@ -111,6 +113,14 @@ void printTable(const StepTimes& steps, const LoadFigures& loads, const SearchFi
   printRatio("search, hit", searches.hit, "%.1f ms", 1, mostAllowedForSearching);
   for (const SortFigures& sort : sorts) printSort(sort);
   printSortMemory(sorts.back());
+  constexpr double mostAllowedForListing = 8;
+  constexpr double mostAllowedForExport = 2;
+  printRatio("listing", listings.listing, "%.0f ms", 1, mostAllowedForListing);
+  printRatio("export", listings.exporting, "%.0f ms", 1, mostAllowedForExport);
+  printRow("listing, memory", formatted("%.2f MiB", listings.listingMemory),
+           formatted("%.0f MiB text", listings.listedMib), "", "none");
+  printRow("export, memory", formatted("%.2f MiB", listings.exportMemory),
+           formatted("%.0f MiB text", listings.exportedMib), "", "none");
   printRatio("start, time", starts.time, "%.2f ms", 1, mostAllowedForStart);
   const double more = starts.memory.quillbox - starts.memory.peer;
   printRow("start, memory", formatted("%.2f MiB", starts.memory.quillbox),
@@ -139,8 +149,9 @@ void runAll(int runs) {
   const StartFigures starts = timeStarts(programs, folder.path(), full, runs);
   // After the starts, whose memory is measured by a process that must still be small.
   const SearchFigures searches = timeSearches(folder.path(), full);
+  const ListingFigures listings = timeListings(folder.path(), full);
   const std::vector<SortFigures> sorts = timeSorts(folder.path());
-  printTable(steps, loads, searches, sorts, starts);
+  printTable(steps, loads, searches, sorts, listings, starts);
 }
 
 /// The number behind --runs; 0 when the command line is not understood.

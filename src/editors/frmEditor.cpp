@@ -132,9 +132,9 @@ void frmEditor::choose(Command command) {
 
 void frmEditor::open() {
   Form_Load();
-  sheet_->focusFirst();
   show();
   activateWindow();
+  sheet_->focusFirst();
 }
 
 void frmEditor::resetForm() {

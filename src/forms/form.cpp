@@ -24,13 +24,17 @@ void Form::setCaption(const QString& text) {
   setWindowTitle(QString(text).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
 }
 
+void Form::setVisible(bool visible) {
+  if (!visible && isVisible()) focusWhenHidden_ = focusWidget();
+  QMainWindow::setVisible(visible);
+  if (visible && focusWhenHidden_) focusWhenHidden_->setFocus();
+}
+
 void Form::showInsteadOf(Form& other) {
   if (!isVisible()) move(other.pos());
   show();
-  other.focusWhenHidden_ = other.focusWidget();
   other.hide();
   activateWindow();
-  if (focusWhenHidden_) focusWhenHidden_->setFocus();
 }
 
 void Form::addMenuItem(const MenuItem& item) {

@@ -33,8 +33,10 @@ class Form : public QMainWindow {
   /// The window's caption, shown exactly: nothing in it is taken for markup or a placeholder.
   void setCaption(const QString& text);
 
-  /// Shows the form where `other` stands, with the focus where it was when it was hidden this way,
-  /// and hides `other`.
+  /// Shows or hides the window; shown again it has the focus where it was.
+  void setVisible(bool visible) override;
+
+  /// Shows the form where `other` stands and hides `other`.
   void showInsteadOf(Form& other);
 
  protected:

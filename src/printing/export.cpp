@@ -41,24 +41,19 @@ const ExportRules& exportRulesOf(const CollectionKind& kind) {
   return *rules;
 }
 
-void appendQuoted(std::string& line, std::string_view text) {
-  line.append("\"").append(withoutTrailingBlanks(upToNul(text))).append("\"");
-}
+std::string_view exported(std::string_view text) { return withoutTrailingBlanks(upToNul(text)); }
 
 /// An entry is filled unless it begins with a zero byte; one of blanks is an empty field.
 void writeEntries(TextWriter& file, const ExportRules& rules, std::span<const std::byte> record) {
-  std::string start;
-  for (const Field* field : rules.fields) {
-    appendQuoted(start, textOf(*field, record));
-    start.append(",");
-  }
-  std::string line;
+  std::string line = "\"";
+  for (const Field* field : rules.fields)
+    line.append(exported(textOf(*field, record))).append("\",\"");
+  const std::size_t start = line.size();
   for (std::size_t entry = 0; entry < rules.list->count; ++entry) {
     const std::string_view text = textOf(*rules.list, record, entry);
     if (text.front() == '\0') continue;
-    line.assign(start);
-    appendQuoted(line, text);
-    file.write(line.append("\r\n"));
+    line.resize(start);
+    file.write(line.append(exported(text)).append("\"\r\n"));
   }
 }
 

@@ -5,9 +5,10 @@
 #include <vector>
 
 #include "printing/listing_rules.h"
-#include "records/collection_store.h"
 #include "records/date_text.h"
+#include "records/header_record.h"
 #include "records/number_text.h"
+#include "records/record_file.h"
 #include "records/version.h"
 
 namespace quillbox {
@@ -16,17 +17,8 @@ namespace {
 constexpr std::size_t kLabelWidth = 18;
 constexpr std::size_t kHeadingIndent = 35;
 constexpr std::size_t kLoanIndent = 31;
-
-/// A label and its value, which starts in column 21.
-std::string labelled(std::string_view label, std::string_view value) {
-  std::string line(label.substr(0, kLabelWidth));
-  line.resize(kLabelWidth, ' ');
-  return line.append(": ").append(value);
-}
-
-std::string indented(std::size_t blanks, std::string_view text) {
-  return std::string(blanks, ' ').append(text);
-}
+constexpr std::size_t kSeparatorIndent = 5;
+constexpr std::size_t kSeparatorWidth = 70;
 
 const char* yesOrNo(int flag) { return flag == 1 ? "Yes" : "No"; }
 
@@ -35,12 +27,22 @@ std::string_view shownText(const Field& field, std::span<const std::byte> record
   return withoutTrailingBlanks(upToNul(textOf(field, record, entry)));
 }
 
-/// The lines of one block, in order.
+/// The lines of one block, in order. They are filled in place, as there may be millions.
 class Block {
  public:
   explicit Block(PrintLines& lines) : lines_(lines) {}
-  void add(std::string line) { lines_.at(++count_) = std::move(line); }
-  void add(std::string_view label, std::string_view value) { add(labelled(label, value)); }
+
+  /// A label and its value, which starts in column 21.
+  void add(std::string_view label, std::string_view value) {
+    std::string& line = next().assign(label.substr(0, kLabelWidth));
+    line.resize(kLabelWidth, ' ');
+    line.append(": ").append(value);
+  }
+  void addIndented(std::size_t blanks, std::string_view text) {
+    next().assign(blanks, ' ').append(text);
+  }
+
+  std::string& next() { return lines_.at(++count_); }
   std::int16_t count() const { return checked16(static_cast<int>(count_)); }
 
  private:
@@ -52,7 +54,7 @@ void addLoan(Block& block, std::span<const std::byte> record) {
   const auto text = [&](const Field* field) { return shownText(*field, record); };
   const auto flag = [&](const Field* field) { return wholeOf(*field, record); };
   if (flag(musicField("CurrLoaned")) != 1) return;
-  block.add(indented(kLoanIndent, "Currently Loaned!"));
+  block.addIndented(kLoanIndent, "Currently Loaned!");
   block.add("Borrower", text(musicField("Borrower")));
   block.add("Loaned On", text(musicField("DateLoaned")));
   block.add("Due Back On", text(musicField("DueDate")));
@@ -66,7 +68,7 @@ void addGroup(Block& block, const ListingGroup& group, std::span<const std::byte
   for (std::size_t entry = 0; entry < group.field->count; ++entry) {
     const std::string_view text = shownText(*group.field, record, entry);
     if (text.empty()) continue;
-    if (isFirst && !group.heading.empty()) block.add(indented(kHeadingIndent, group.heading));
+    if (isFirst && !group.heading.empty()) block.addIndented(kHeadingIndent, group.heading);
     isFirst = false;
     block.add(std::string(group.label).append(std::to_string(entry + 1)), text);
   }
@@ -94,7 +96,7 @@ std::int16_t Listing::block(std::span<const std::byte> record, int item, int cou
   Block block(lines);
   const auto name = withoutTrailingBlanks(textOf(kind_.fields.front(), record));
   if (name == rules_.deletedMarker) {
-    block.add(std::string("Record #").append(numberText(item)).append(" Has been deleted."));
+    block.next().assign("Record #").append(numberText(item)).append(" Has been deleted.");
     return block.count();
   }
   block.add("Record #", numberText(item).append(" of").append(numberText(count)));
@@ -102,7 +104,7 @@ std::int16_t Listing::block(std::span<const std::byte> record, int item, int cou
     block.add(label, field == nullptr ? std::string() : value(*field, record));
   if (rules_.showsLoan) addLoan(block, record);
   addGroup(block, rules_.group, record);
-  block.add(std::string(5, ' ').append(70, '-'));
+  block.next().assign(kSeparatorIndent, ' ').append(kSeparatorWidth, '-');
   return block.count();
 }
 
@@ -132,13 +134,15 @@ std::int16_t composePages(AppState& state, const CollectionKind& kind, const Lis
   std::int16_t pages = 0;
   ignoringErrors([&] { engine.PrintData(lines, pages, print_mode::reset); });
   lines.front() = listing.pageHeading();
-  CollectionStore store(state, kind);
   std::vector<std::byte> blank(kind.recordLength);
   fillBlank(kind.fields, blank);
   const std::span<std::byte> record = kind.buffer(state);
+  std::optional<RecordFile> file;
+  ignoringErrors(
+      [&] { file.emplace(state.files, state.currentPath, kind.recordLength, OpenMode::read); });
   for (int item = 1; item <= state.Count; ++item) {
     std::ranges::copy(blank, record.begin());
-    ignoringErrors([&] { store.readItem(item, record); });
+    if (file) ignoringErrors([&] { file->read(recordNumberOf(item), record, blank); });
     std::int16_t count = listing.block(record, item, state.Count, lines);
     board.progress(item, state.Count);
     ignoringErrors([&] { engine.PrintData(lines, count, mode); });

@@ -11,6 +11,7 @@
 #include "records/collection_store.h"
 #include "records/field.h"
 #include "records/number_text.h"
+#include "records/record_reader.h"
 #include "records/windows1252.h"
 
 namespace quillbox {
@@ -22,6 +23,10 @@ constexpr int kFontSize = 10;
 constexpr int kFontSizeAfterSetup = 12;
 constexpr std::string_view kIndent = "     ";
 constexpr std::string_view kLineEnd = "\r\n";
+
+std::string_view textOfPage(std::span<const std::byte> record) {
+  return {reinterpret_cast<const char*>(record.data()), record.size()};
+}
 
 /// What is printed while it lives is handed over as a whole, or not at all.
 class Document {
@@ -84,6 +89,7 @@ void PrintEngine::OpenPrinter(std::int16_t& mode) {
 
 void PrintEngine::PrintData(PrintLines& lines, std::int16_t& count, std::int16_t mode) {
   if (mode == print_mode::pageCount) {
+    ignoringErrors([this] { closeSpool(); });
     count = page_;
     return;
   }
@@ -91,21 +97,32 @@ void PrintEngine::PrintData(PrintLines& lines, std::int16_t& count, std::int16_t
 
   measurePage();
   if (page_ < 1) page_ = 1;
-  state_.files.close(file_number::spool);
   if (mode != print_mode::textFile && pageText_.starts_with('\0')) setPageText(heading(lines));
   if (page_ == 1 && linesOnPage_ == 0) setPageText(heading(lines));
 
-  RecordFile spool(state_.files, kSpoolName, kPageLength, OpenMode::create, file_number::spool);
-  addBlock(spool, lines, count, mode);
+  openSpool();
+  addBlock(lines, count, mode);
   board_.clear();
   board_.print("Generating page" + numberText(page_) + "...");
-  writePage(spool);
-  spool.close();
+  writePage();
+}
+
+/// The spool file stays open from block to block; the program's end, or leaving the collection, may
+/// have closed it.
+void PrintEngine::openSpool() {
+  if (spool_ && state_.files.isOpen(file_number::spool)) return;
+  spool_.emplace(state_.files, kSpoolName, kPageLength, OpenMode::create, file_number::spool);
+}
+
+void PrintEngine::closeSpool() {
+  if (spool_) spool_->close();
+  spool_.reset();
 }
 
 void PrintEngine::reset(PrintLines& lines) {
+  closeSpool();
   page_ = 0;
-  pageText_.clear();
+  setPageText({});
   deleteSpool();
   lines.fill({});
   lineCount_ = 0;
@@ -123,21 +140,20 @@ std::string PrintEngine::heading(const PrintLines& lines) const {
   return std::string(lines.front()).append(numberText(page_)).append(kLineEnd);
 }
 
-void PrintEngine::addBlock(RecordFile& spool, PrintLines& lines, std::int16_t count,
-                           std::int16_t mode) {
+void PrintEngine::addBlock(PrintLines& lines, std::int16_t count, std::int16_t mode) {
   const int filled = lineCount_ + count;
   if (filled < linesPerPage_) {
     addLines(lines, count);
     lineCount_ = checked16(filled);
-    writePage(spool);
+    writePage();
   } else if (filled > linesPerPage_) {
-    startNextPage(spool, lines, mode);
+    startNextPage(lines, mode);
     addLines(lines, count);
     lineCount_ = linesOnPage_;
   } else {
     // The next page counts as holding what this one held before the block: `lineCount_` stays.
     addLines(lines, count);
-    startNextPage(spool, lines, mode);
+    startNextPage(lines, mode);
   }
 }
 
@@ -151,6 +167,7 @@ void PrintEngine::addLines(PrintLines& lines, std::int16_t count) {
 /// Adds nothing for an empty line.
 void PrintEngine::addLine(std::string& line) {
   if (line.empty()) return;
+  isChanged_ = true;
   if (pageText_.starts_with('\0')) pageText_.clear();
   pageText_.resize(withoutTrailingBlanks(pageText_).size());
   pageText_.append(kIndent).append(line).append(kLineEnd);
@@ -158,23 +175,28 @@ void PrintEngine::addLine(std::string& line) {
   line.clear();
 }
 
-void PrintEngine::setPageText(std::string text) {
-  pageText_ = std::move(text);
+void PrintEngine::setPageText(std::string_view text) {
+  pageText_ = text;
+  isChanged_ = true;
   if (pageText_.size() > kPageLength) pageText_.resize(kPageLength);
 }
 
-void PrintEngine::startNextPage(RecordFile& spool, const PrintLines& lines, std::int16_t mode) {
-  writePage(spool);
+void PrintEngine::startNextPage(const PrintLines& lines, std::int16_t mode) {
+  writePage();
   page_ = checked16(page_ + 1);
   linesOnPage_ = 0;
   setPageText(mode == print_mode::textFile ? std::string()
                                            : std::string(kIndent).append(heading(lines)));
 }
 
-void PrintEngine::writePage(RecordFile& spool) const {
-  std::string record = pageText_;
-  record.resize(kPageLength, ' ');
-  spool.write(page_, std::as_bytes(std::span(record)));
+/// A page that is in the file as it stands is not written again.
+void PrintEngine::writePage() {
+  if (!isChanged_) return;
+  const std::size_t length = pageText_.size();
+  pageText_.resize(kPageLength, ' ');
+  spool_->write(page_, std::as_bytes(std::span(pageText_)));
+  pageText_.resize(length);
+  isChanged_ = false;
 }
 
 void PrintEngine::PrintOut(std::int16_t mode, std::int16_t pages, const std::string& header) {
@@ -194,11 +216,12 @@ void PrintEngine::writeToTextFile(std::int16_t pages, const std::string& header)
   file.write(header);
   file.write(kLineEnd);
   RecordFile spool(state_.files, kSpoolName, kPageLength, OpenMode::create, file_number::spool);
+  RecordReader reader(spool, pages, 1);
   for (int page = 1; page <= pages; ++page) {
     board_.clear();
     board_.print("Printing" + numberText(page) + " of" + numberText(pages) + " to file...");
     board_.progress(page, pages);
-    file.write(withoutTrailingBlanks(readPage(spool, page)));
+    file.write(withoutTrailingBlanks(textOfPage(reader.next())));
     file.write(kLineEnd);
   }
   board_.close();
@@ -216,12 +239,15 @@ void PrintEngine::printRange(std::int16_t pages) {
   Document document(desktop_.printer());
   // The page is counted from the first of all, the total from the first that is printed.
   const int total = *last == pages ? pages : *last - *first + 1;
+  std::string buffer(kPageLength, ' ');
   for (int page = *first; page <= *last; ++page) {
     board_.clear();
     board_.print("Printing Page" + numberText(page) + " of" + numberText(total) + "...");
     board_.progress(page - *first + 1, *last - *first + 1);
-    const std::string record = readPage(spool, page);
-    const std::string_view text = withoutBlanksAround(record);
+    // A page that is not in the file is empty.
+    const std::size_t there =
+        page < 1 ? 0 : spool.readRecords(page, std::as_writable_bytes(std::span(buffer)));
+    const auto text = withoutBlanksAround(std::string_view(buffer).substr(0, there));
     if (text.size() == kPageLength) continue;  // a page that was cut off is not printed
     document.printSheet(toUtf8(text));
   }
@@ -236,14 +262,6 @@ std::optional<std::int16_t> PrintEngine::askForPage(const std::string& prompt, i
   const auto answer = desktop_.inputBox(prompt, "Printer Data", std::to_string(preset));
   if (!answer) return std::nullopt;
   return leadingWhole(*answer);
-}
-
-/// A page that is not in the file is empty.
-std::string PrintEngine::readPage(RecordFile& spool, int page) const {
-  std::string text(kPageLength, ' ');
-  if (page < 1) return text;
-  text.resize(spool.readRecords(page, std::as_writable_bytes(std::span(text))));
-  return text;
 }
 
 void PrintEngine::deleteSpool() {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/desktop.h"
 #include "printing/board.h"
@@ -57,26 +58,29 @@ class PrintEngine {
   void reset(PrintLines& lines);
   void measurePage();
   std::string heading(const PrintLines& lines) const;
-  void addBlock(RecordFile& spool, PrintLines& lines, std::int16_t count, std::int16_t mode);
+  void addBlock(PrintLines& lines, std::int16_t count, std::int16_t mode);
   void addLines(PrintLines& lines, std::int16_t count);
   void addLine(std::string& line);
-  void setPageText(std::string text);
-  void startNextPage(RecordFile& spool, const PrintLines& lines, std::int16_t mode);
-  void writePage(RecordFile& spool) const;
-  std::string readPage(RecordFile& spool, int page) const;
+  void setPageText(std::string_view text);
+  void startNextPage(const PrintLines& lines, std::int16_t mode);
+  void writePage();
 
   void writeToTextFile(std::int16_t pages, const std::string& header);
   void printRange(std::int16_t pages);
   std::optional<std::int16_t> askForPage(const std::string& prompt, int preset);
+  void openSpool();
+  void closeSpool();
   void deleteSpool();
 
   AppState& state_;
   Desktop& desktop_;
   Board& board_;
 
-  std::string fileName_;  // of the text file, as the dialog last had it
+  std::optional<RecordFile> spool_;  // while pages are composed
+  std::string fileName_;             // of the text file, as the dialog last had it
   std::int16_t page_ = 0;
   std::string pageText_ = std::string(kPageLength, '\0');
+  bool isChanged_ = true;         // since it was written
   std::int16_t lineCount_ = 0;    // lines on the page, the heading not counted
   std::int16_t linesOnPage_ = 0;  // the last block line put on the page
   std::int16_t linesPerPage_ = 0;

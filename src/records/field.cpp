@@ -83,6 +83,9 @@ void fillBlank(std::span<const Field> fields, std::span<std::byte> record) {
 }
 
 std::string_view withoutTrailingBlanks(std::string_view text) {
+  // Eight at a time, as padding is much of every record.
+  constexpr std::string_view blanks = "        ";
+  while (text.ends_with(blanks)) text.remove_suffix(blanks.size());
   return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cassert>
 
-#include "records/header_record.h"
-
 namespace quillbox {
 namespace {
 
@@ -13,28 +11,32 @@ constexpr std::size_t kBlockBytes = 128 * 1024;
 
 }  // namespace
 
-RecordReader::RecordReader(RecordFile& file, int count)
-    : file_(file), recordLength_(file.recordLength()), count_(count) {}
+RecordReader::RecordReader(RecordFile& file, int count, int first)
+    : file_(file),
+      recordLength_(file.recordLength()),
+      next_(first),
+      end_(first + count),
+      firstOfBlock_(first) {}
 
 std::span<const std::byte> RecordReader::next() {
-  assert(item_ < count_);
-  ++item_;
-  auto at = static_cast<std::size_t>(item_ - firstOfBlock_) * recordLength_;
+  assert(next_ < end_);
+  auto at = static_cast<std::size_t>(next_ - firstOfBlock_) * recordLength_;
   if (at >= block_.size()) {
-    firstOfBlock_ = item_;
+    firstOfBlock_ = next_;
     at = 0;
     readBlock();
   }
+  ++next_;
   if (at + recordLength_ > there_) file_.failShort();
   return std::span(block_).subspan(at, recordLength_);
 }
 
 void RecordReader::readBlock() {
-  const auto left = static_cast<std::size_t>(count_ - firstOfBlock_ + 1);
+  const auto left = static_cast<std::size_t>(end_ - firstOfBlock_);
   const std::size_t records = std::min(left, std::max<std::size_t>(kBlockBytes / recordLength_, 1));
   block_.resize(records * recordLength_);
   there_ = 0;  // until the read is done
-  there_ = file_.readRecords(recordNumberOf(firstOfBlock_), block_);
+  there_ = file_.readRecords(firstOfBlock_, block_);
 }
 
 }  // namespace quillbox
