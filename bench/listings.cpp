@@ -102,7 +102,9 @@ std::string contentsOf(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-Pair timeBeside(const std::function<void()>& work, const std::string& path) {
+}  // namespace
+
+Pair timeBesideWriting(const std::function<void()>& work, const std::string& path) {
   std::vector<double> ours;
   std::vector<double> peers;
   const auto timed = [&](const std::function<void()>& call) {
@@ -118,8 +120,6 @@ Pair timeBeside(const std::function<void()>& work, const std::string& path) {
   return {median(ours), median(peers)};
 }
 
-}  // namespace
-
 ListingFigures timeListings(const fs::path& workFolder, const std::string& collection) {
   const std::string path = workFolder / "Listing.txt";
   const auto before = fs::current_path();
@@ -131,8 +131,8 @@ ListingFigures timeListings(const fs::path& workFolder, const std::string& colle
   figures.listedMib = sizeOf();
   figures.exportMemory = peakMib([&] { exportIt(collection, path); }) - without;
   figures.exportedMib = sizeOf();
-  figures.listing = timeBeside([&] { list(collection, path); }, path);
-  figures.exporting = timeBeside([&] { exportIt(collection, path); }, path);
+  figures.listing = timeBesideWriting([&] { list(collection, path); }, path);
+  figures.exporting = timeBesideWriting([&] { exportIt(collection, path); }, path);
   fs::current_path(before);
   return figures;
 }

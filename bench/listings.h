@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 
 #include "steps.h"
@@ -15,6 +16,10 @@ struct ListingFigures {
   double listingMemory = 0;  ///< MiB at the peak, above what the process has anyway
   double exportMemory = 0;
 };
+
+/// The milliseconds of work that makes the file `path`, and of writing the same bytes straight to
+/// it.
+Pair timeBesideWriting(const std::function<void()>& work, const std::string& path);
 
 /// Lists a full music collection to a text file, and exports it. The peer of each writes the same
 /// bytes straight to a file.

@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "collections.h"
+#include "items.h"
 #include "listings.h"
 #include "loads.h"
 #include "searches.h"
@@ -92,9 +93,19 @@ void printSortMemory(const SortFigures& largest) {
            goalText(formatted("ratio <= %.2f", mostMemory), ratio <= mostMemory));
 }
 
-void printTable(const StepTimes& steps, const LoadFigures& loads, const SearchFigures& searches,
-                const std::vector<SortFigures>& sorts, const ListingFigures& listings,
-                const StartFigures& starts) {
+/// Everything that is measured, in one run.
+struct Figures {
+  StepTimes steps;
+  ItemFigures items;
+  LoadFigures loads;
+  StartFigures starts;
+  SearchFigures searches;
+  ListingFigures listings;
+  std::vector<ExportFigures> exports;
+  std::vector<SortFigures> sorts;
+};
+
+void printTable(const Figures& figures) {
   constexpr double mostAllowedForReading = 1.3;
   constexpr double mostAllowedForStart = 1.15;
   constexpr double mostMibAllowed = 12;
@@ -103,36 +114,41 @@ void printTable(const StepTimes& steps, const LoadFigures& loads, const SearchFi
   printRow("case", "Quillbox (median)", "peer (median)", "ratio", "goal");
   printRow("------------------", "-----------------", "-------------", "----------",
            "----------------------");
-  printRatio("step", steps.step, "%.3f us", nsPerUs, mostAllowedForReading);
-  printRatio("skip", steps.skip, "%.2f ms", nsPerMs, mostAllowedForReading);
+  printRatio("open", figures.items.open, "%.2f us", 1, mostAllowedForReading);
+  printRatio("write item", figures.items.write, "%.2f us", 1, mostAllowedForReading);
+  printRatio("step", figures.steps.step, "%.3f us", nsPerUs, mostAllowedForReading);
+  printRatio("skip", figures.steps.skip, "%.2f ms", nsPerMs, mostAllowedForReading);
   constexpr double mostAllowedForLoading = 3;
-  printRatio("load folder", loads.time, "%.1f ms", 1, mostAllowedForLoading);
-  printRow("load, memory", formatted("%.2f MiB", loads.memory), "", "", "none");
+  printRatio("load folder", figures.loads.time, "%.1f ms", 1, mostAllowedForLoading);
+  printRow("load, memory", formatted("%.2f MiB", figures.loads.memory), "", "", "none");
   constexpr double mostAllowedForSearching = 0.5;
-  printRatio("search, miss", searches.miss, "%.1f ms", 1, mostAllowedForSearching);
-  printRatio("search, hit", searches.hit, "%.1f ms", 1, mostAllowedForSearching);
-  for (const SortFigures& sort : sorts) printSort(sort);
-  printSortMemory(sorts.back());
+  printRatio("search, miss", figures.searches.miss, "%.1f ms", 1, mostAllowedForSearching);
+  printRatio("search, hit", figures.searches.hit, "%.1f ms", 1, mostAllowedForSearching);
+  for (const SortFigures& sort : figures.sorts) printSort(sort);
+  printSortMemory(figures.sorts.back());
   constexpr double mostAllowedForListing = 8;
   constexpr double mostAllowedForExport = 2;
-  printRatio("listing", listings.listing, "%.0f ms", 1, mostAllowedForListing);
-  printRatio("export", listings.exporting, "%.0f ms", 1, mostAllowedForExport);
-  printRow("listing, memory", formatted("%.2f MiB", listings.listingMemory),
-           formatted("%.0f MiB text", listings.listedMib), "", "none");
-  printRow("export, memory", formatted("%.2f MiB", listings.exportMemory),
-           formatted("%.0f MiB text", listings.exportedMib), "", "none");
-  printRatio("start, time", starts.time, "%.2f ms", 1, mostAllowedForStart);
-  const double more = starts.memory.quillbox - starts.memory.peer;
-  printRow("start, memory", formatted("%.2f MiB", starts.memory.quillbox),
-           formatted("%.2f MiB", starts.memory.peer), formatted("%+.2f MiB", more),
+  printRatio("listing", figures.listings.listing, "%.0f ms", 1, mostAllowedForListing);
+  printRatio("export", figures.listings.exporting, "%.0f ms", 1, mostAllowedForExport);
+  for (const auto& [kind, time] : figures.exports)
+    printRatio(kind.c_str(), time, "%.0f ms", 1, mostAllowedForExport);
+  printRow("listing, memory", formatted("%.2f MiB", figures.listings.listingMemory),
+           formatted("%.0f MiB text", figures.listings.listedMib), "", "none");
+  printRow("export, memory", formatted("%.2f MiB", figures.listings.exportMemory),
+           formatted("%.0f MiB text", figures.listings.exportedMib), "", "none");
+  printRatio("start, time", figures.starts.time, "%.2f ms", 1, mostAllowedForStart);
+  const double more = figures.starts.memory.quillbox - figures.starts.memory.peer;
+  printRow("start, memory", formatted("%.2f MiB", figures.starts.memory.quillbox),
+           formatted("%.2f MiB", figures.starts.memory.peer), formatted("%+.2f MiB", more),
            goalText(formatted("<= +%.0f MiB", mostMibAllowed), more <= mostMibAllowed));
-  printRow("start, plain form", formatted("%.2f ms", starts.time.quillbox),
-           formatted("%.2f ms", starts.timeOfPlainForm),
-           formatted("%.3f", starts.time.quillbox / starts.timeOfPlainForm), "none");
-  printRow("start, box shown", formatted("%.2f ms", starts.timeWithBox),
-           formatted("%.2f ms", starts.time.peer),
-           formatted("%.3f", starts.timeWithBox / starts.time.peer),
-           formatted("none (%.2f MiB)", starts.memoryWithBox));
+  printRow("start, plain form", formatted("%.2f ms", figures.starts.time.quillbox),
+           formatted("%.2f ms", figures.starts.timeOfPlainForm),
+           formatted("%.3f", figures.starts.time.quillbox / figures.starts.timeOfPlainForm),
+           "none");
+  printRow("start, box shown", formatted("%.2f ms", figures.starts.timeWithBox),
+           formatted("%.2f ms", figures.starts.time.peer),
+           formatted("%.3f", figures.starts.timeWithBox / figures.starts.time.peer),
+           formatted("none (%.2f MiB)", figures.starts.memoryWithBox));
 }
 
 void runAll(int runs) {
@@ -143,15 +159,18 @@ void runAll(int runs) {
   makeDeletedCollection(deleted);
   printHeader(full, runs);
 
-  const StepTimes steps = timeSteps(full, deleted);
-  const LoadFigures loads = timeLoads(folder.path());
+  Figures figures;
+  figures.steps = timeSteps(full, deleted);
+  figures.items = timeItems(full);
+  figures.loads = timeLoads(folder.path());
   const auto programs = std::filesystem::read_symlink("/proc/self/exe").parent_path();
-  const StartFigures starts = timeStarts(programs, folder.path(), full, runs);
+  figures.starts = timeStarts(programs, folder.path(), full, runs);
   // After the starts, whose memory is measured by a process that must still be small.
-  const SearchFigures searches = timeSearches(folder.path(), full);
-  const ListingFigures listings = timeListings(folder.path(), full);
-  const std::vector<SortFigures> sorts = timeSorts(folder.path());
-  printTable(steps, loads, searches, sorts, listings, starts);
+  figures.searches = timeSearches(folder.path(), full);
+  figures.listings = timeListings(folder.path(), full);
+  figures.exports = timeExports(folder.path());
+  figures.sorts = timeSorts(folder.path());
+  printTable(figures);
 }
 
 /// The number behind --runs; 0 when the command line is not understood.

@@ -16,7 +16,9 @@ TextWriter::TextWriter(OpenFiles& files, const std::string& path, int number)
 
 TextWriter::~TextWriter() {
   // Whoever wants to hear of a failure calls close().
-  if (!closed_) ignoringErrors([this] { close(); });
+  if (closed_) return;
+  ignoringErrors([this] { writeBuffer(); });
+  ignoringErrors([this] { files_.close(number_); });
 }
 
 void TextWriter::write(std::string_view text) {

@@ -66,11 +66,12 @@ void addGroup(Block& block, const ListingGroup& group, std::span<const std::byte
   if (group.field == nullptr) return;
   bool isFirst = true;
   for (std::size_t entry = 0; entry < group.field->count; ++entry) {
-    const std::string_view text = shownText(*group.field, record, entry);
-    if (text.empty()) continue;
+    const auto filled = withoutTrailingBlanks(textOf(*group.field, record, entry));
+    if (filled.empty() || filled.front() == '\0') continue;
     if (isFirst && !group.heading.empty()) block.addIndented(kHeadingIndent, group.heading);
     isFirst = false;
-    block.add(std::string(group.label).append(std::to_string(entry + 1)), text);
+    block.add(std::string(group.label).append(std::to_string(entry + 1)),
+              shownText(*group.field, record, entry));
   }
 }
 

@@ -112,6 +112,7 @@ void PrintEngine::PrintData(PrintLines& lines, std::int16_t& count, std::int16_t
 void PrintEngine::openSpool() {
   if (spool_ && state_.files.isOpen(file_number::spool)) return;
   spool_.emplace(state_.files, kSpoolName, kPageLength, OpenMode::create, file_number::spool);
+  isChanged_ = true;  // it may be a new file
 }
 
 void PrintEngine::closeSpool() {

@@ -14,6 +14,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/run_time_error.h"
 #include "support/failure.h"
@@ -448,6 +449,99 @@ TEST_F(DiskFileSystemTest, WhatCannotBeListedIsAnErrorThatNamesIt) {
   EXPECT_EQ(failureOf([&] { files_.list(""); }), (Failure{76, ""}));
   const OrdinaryUser user(folder_);
   EXPECT_EQ(failureOf([&] { files_.list(closed); }), (Failure{70, closed}));
+}
+
+TEST_F(DiskFileSystemTest, AFileToBeReplacedIsEmptyFromTheStart) {
+  const std::string path = folder_.path("list.txt");
+  writeFile(path, "what was there before");
+  const auto file = files_.open(path, OpenMode::replace);
+  EXPECT_EQ(readFile(path), "");
+  write(*file, 0, "new");
+  write(*file, 3, " text");
+  file->flush();
+  file->close();
+  EXPECT_EQ(readFile(path), "new text");
+}
+
+TEST_F(DiskFileSystemTest, AMissingFileToBeReplacedIsMade) {
+  for (const std::string& path : {folder_.path("list.txt"), "d\xE9j\xE0 vu"s}) {
+    const auto file = files_.open(path, OpenMode::replace);
+    EXPECT_EQ(readFile(path), "");
+    write(*file, 0, "text");
+    EXPECT_EQ(failureOf([&] { file->flush(); }), Failure{});
+    file->close();
+    EXPECT_EQ(readFile(path), "text");
+  }
+}
+
+TEST_F(DiskFileSystemTest, ReplacingFollowsALinkToItsFile) {
+  writeFile("list.txt", "what was there before");
+  std::filesystem::create_symlink("list.txt", "link");
+  write(*files_.open("link", OpenMode::replace), 0, "new");
+  EXPECT_EQ(readFile("list.txt"), "new");
+  EXPECT_TRUE(std::filesystem::is_symlink("link"));
+}
+
+TEST_F(DiskFileSystemTest, WhatCannotBeReplacedIsAnErrorThatNamesIt) {
+  const std::string closed = folder_.path("closed");
+  std::filesystem::create_directory(folder_.path("folder"));
+  std::filesystem::create_directory(closed);
+  writeFile(folder_.path("locked"), "kept");
+  ASSERT_EQ(::mkfifo(folder_.path("pipe").c_str(), 0600), 0);
+  const Failure pipe = openFailure(folder_.path("pipe"), OpenMode::replace);
+  EXPECT_NE(pipe.number, 0);
+  EXPECT_EQ(pipe.file, folder_.path("pipe"));
+  using std::filesystem::perms;
+  std::filesystem::permissions(
+      closed, perms::owner_read | perms::owner_exec | perms::group_read | perms::group_exec);
+  std::filesystem::permissions(folder_.path("locked"), perms::owner_read | perms::group_read);
+  const OrdinaryUser user(folder_);
+  const std::pair<const char*, int> rows[] = {
+      {"folder", 75}, {"missing/list.txt", 76}, {"locked/list.txt", 76},
+      {"locked", 70}, {"closed/list.txt", 70},
+  };
+  for (const auto& [name, number] : rows)
+    EXPECT_EQ(openFailure(folder_.path(name), OpenMode::replace),
+              (Failure{number, folder_.path(name)}));
+  EXPECT_EQ(openFailure("", OpenMode::replace), (Failure{53, ""}));
+  EXPECT_EQ(readFile(folder_.path("locked")), "kept");
+}
+
+TEST_F(DiskFileSystemTest, TwoNamesOfOneFileAreTheSameFile) {
+  writeFile("jazz.MCS", "the collection");
+  std::filesystem::create_directory("below");
+  std::filesystem::create_hard_link("jazz.MCS", "hard");
+  std::filesystem::create_symlink("jazz.MCS", "symbolic");
+  std::filesystem::create_symlink("symbolic", "symbolic twice");
+  std::filesystem::create_directory_symlink(".", "here");
+  for (const std::string& name :
+       {"jazz.MCS"s, "./jazz.MCS"s, folder_.path("jazz.MCS"), "below/../jazz.MCS"s, "hard"s,
+        "symbolic"s, "symbolic twice"s, "here/jazz.MCS"s}) {
+    EXPECT_TRUE(files_.isSameFile("jazz.MCS", name)) << name;
+    EXPECT_TRUE(files_.isSameFile(name, "jazz.MCS")) << name;
+  }
+}
+
+TEST_F(DiskFileSystemTest, FilesThatAreAlikeAreNotTheSame) {
+  writeFile("jazz.MCS", "the collection");
+  std::filesystem::create_directory("below");
+  for (const std::string& name : {"jazz.mcs"s, "below/jazz.MCS"s, folder_.path("jazz.MCS.txt")}) {
+    std::filesystem::copy_file("jazz.MCS", name);
+    EXPECT_FALSE(files_.isSameFile("jazz.MCS", name)) << name;
+    EXPECT_FALSE(files_.isSameFile(name, "jazz.MCS")) << name;
+  }
+  EXPECT_FALSE(files_.isSameFile("jazz.MCS", "below"));
+}
+
+TEST_F(DiskFileSystemTest, ANameThatLeadsNowhereIsNoSameFile) {
+  writeFile("jazz.MCS", "the collection");
+  std::filesystem::create_symlink("missing", "to nothing");
+  for (const std::string& name :
+       {"missing"s, "missing/jazz.MCS"s, "jazz.MCS/below"s, "to nothing"s, ""s}) {
+    EXPECT_FALSE(files_.isSameFile("jazz.MCS", name)) << name;
+    EXPECT_FALSE(files_.isSameFile(name, "jazz.MCS")) << name;
+    EXPECT_FALSE(files_.isSameFile(name, name)) << name;
+  }
 }
 
 TEST_F(DiskFileSystemTest, AFullDiskIsAnError) {

@@ -507,6 +507,35 @@ TEST_F(CollectionStoreTest, AnItemIsDeletedWhenItsMarkerFieldIsTheMarkerAndTrail
   EXPECT_FALSE(store_.isDeleted(bytesOf(album("A", kDeleted))));
 }
 
+TEST_F(CollectionStoreTest, TheOpenCollectionIsRefusedAsATargetUnderAnyName) {
+  items({album("A")});
+  const std::string before = file();
+  std::filesystem::create_symlink(path_, "symbolic.txt");
+  std::filesystem::create_hard_link(path_, "hard.txt");
+  for (const std::string& name : {path_, "jazz.MCS"s, "./jazz.MCS"s, "symbolic.txt"s, "hard.txt"s,
+                                  folder_.path("symbolic.txt")})
+    EXPECT_EQ(failureOf([&] { refuseToReplaceCollection(state_, name); }), (Failure{55, name}));
+  EXPECT_TRUE(file() == before);
+  expectNothingOpen();
+}
+
+TEST_F(CollectionStoreTest, AnyOtherTargetIsLeftToTheCaller) {
+  items({album("A")});
+  writeFile("blues.MCS", file());
+  std::filesystem::create_symlink("blues.MCS", "symbolic.txt");
+  for (const std::string& name :
+       {"blues.MCS"s, "symbolic.txt"s, "missing.txt"s, "missing/jazz.MCS"s, folder_.path(), ""s})
+    EXPECT_EQ(failureOf([&] { refuseToReplaceCollection(state_, name); }), Failure{}) << name;
+}
+
+TEST_F(CollectionStoreTest, WithoutACollectionNoTargetIsRefused) {
+  for (const std::string& open : {path_, ""s}) {  // one that is gone, and none at all
+    state_.currentPath = open;
+    for (const std::string& name : {path_, "list.txt"s, ""s})
+      EXPECT_EQ(failureOf([&] { refuseToReplaceCollection(state_, name); }), Failure{}) << name;
+  }
+}
+
 TEST_F(CollectionStoreTest, TheStoreFollowsTheCurrentPath) {
   writeFile(folder_.path("a.MCS"), musicFile({album("A")}));
   writeFile(folder_.path("b.MCS"), musicFile({album("B"), album("C")}));

@@ -74,6 +74,36 @@ TEST(NumberText, AmountsAreDecimalWithoutTrailingZeros) {
   }
 }
 
+TEST(RealText, HasUpToFifteenDigitsAndAnExponentBeyond) {
+  const struct {
+    double number;
+    std::string_view text;
+  } rows[] = {
+      {0, "0"},
+      {1, "1"},
+      {12345, "12345"},
+      {1234567890123, "1234567890123"},
+      {999999999999999, "999999999999999"},
+      {4294967296, "4294967296"},
+      {100, "100"},
+      {1e14, "100000000000000"},
+      {0.5, "0.5"},
+      {0.1, "0.1"},
+      {1.25, "1.25"},
+      {0.1 + 0.2, "0.3"},
+      {1.0 / 3, "0.333333333333333"},
+      {2.0 / 3, "0.666666666666667"},
+      {1e15, "1e+15"},
+      {1e300, "1e+300"},
+      {1.5e300, "1.5e+300"},
+      {-1, "-1"},
+      {-12345, "-12345"},
+      {-0.5, "-0.5"},
+      {-1e300, "-1e+300"},
+  };
+  for (const auto& row : rows) EXPECT_EQ(realText(row.number), row.text);
+}
+
 TEST(LeadingAmount, IsTheNumberThatTheTextBeginsWith) {
   const struct {
     std::string_view text;

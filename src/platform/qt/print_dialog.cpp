@@ -1,31 +1,32 @@
 #include "platform/qt/print_dialog.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QListWidget>
 #include <QPrinterInfo>
 #include <QPushButton>
 #include <QSpinBox>
-#include <algorithm>
 
 namespace quillbox {
 namespace {
 
 constexpr int kMostCopies = 99;
+constexpr int kPrintersShown = 5;  // more scroll
 
 }  // namespace
 
 PrintDialog::PrintDialog(const QString& title, QWidget* parent) : QDialog(parent) {
   setObjectName(QStringLiteral("PrintDialog"));
   setWindowTitle(title);
-  destination_ = new QComboBox;
-  destination_->setObjectName(QStringLiteral("cmbPrinter"));
+  destination_ = new QListWidget;
+  destination_->setObjectName(QStringLiteral("lstPrinter"));
   destination_->setAccessibleName(QStringLiteral("Printer:"));
   destination_->addItem(QStringLiteral("PDF document"));
   destination_->addItems(QPrinterInfo::availablePrinterNames());
-  destination_->setCurrentIndex(
-      std::max(0, destination_->findText(QPrinterInfo::defaultPrinterName())));
+  const auto usual = destination_->findItems(QPrinterInfo::defaultPrinterName(), Qt::MatchExactly);
+  destination_->setCurrentRow(usual.isEmpty() ? 0 : destination_->row(usual.constFirst()));
+  destination_->setFixedHeight(kPrintersShown * fontMetrics().height());
   copies_ = new QSpinBox;
   copies_->setObjectName(QStringLiteral("spnCopies"));
   copies_->setAccessibleName(QStringLiteral("Copies:"));
@@ -36,14 +37,14 @@ PrintDialog::PrintDialog(const QString& title, QWidget* parent) : QDialog(parent
 
   auto* form = new QFormLayout(this);
   form->addRow(QStringLiteral("&Printer:"), destination_);
-  form->addRow(QStringLiteral("&Copies:"), copies_);
+  form->addRow(QStringLiteral("Cop&ies:"), copies_);
   form->addRow(QString(), toFile_);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   form->addRow(buttons);
 
-  connect(destination_, &QComboBox::currentIndexChanged, this, &PrintDialog::enableInputs);
+  connect(destination_, &QListWidget::currentRowChanged, this, &PrintDialog::enableInputs);
   connect(toFile_, &QCheckBox::toggled, this, &PrintDialog::enableInputs);
   enableInputs();
 }
@@ -55,8 +56,8 @@ void PrintDialog::enableInputs() {
 }
 
 bool PrintDialog::toTextFile() const { return toFile_->isChecked(); }
-bool PrintDialog::toPdf() const { return destination_->currentIndex() == 0; }
-QString PrintDialog::printerName() const { return destination_->currentText(); }
+bool PrintDialog::toPdf() const { return destination_->currentRow() == 0; }
+QString PrintDialog::printerName() const { return destination_->currentItem()->text(); }
 int PrintDialog::copies() const { return copies_->value(); }
 
 }  // namespace quillbox

@@ -3,7 +3,7 @@
 #include <QDialog>
 
 class QCheckBox;
-class QComboBox;
+class QListWidget;
 class QSpinBox;
 
 namespace quillbox {
@@ -22,7 +22,7 @@ class PrintDialog : public QDialog {
  private:
   void enableInputs();
 
-  QComboBox* destination_;  // the PDF document, then the printers
+  QListWidget* destination_;  // the PDF document, then the printers
   QSpinBox* copies_;
   QCheckBox* toFile_;
 };

@@ -1,6 +1,7 @@
 #include "platform/qt/qt_printer.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QFontMetricsF>
 #include <QLocale>
 #include <QPageLayout>
@@ -23,6 +24,15 @@ int fitting(double space, double step) {
   return std::max(1, static_cast<int>(space / step + tolerance));
 }
 
+/// The toolkit tells of nothing that could not be written when it closes a document.
+bool isWholeDocument(const QString& fileName) {
+  constexpr qint64 lastBytes = 32;
+  QFile file(fileName);
+  if (!file.open(QIODevice::ReadOnly) || !file.seek(std::max<qint64>(0, file.size() - lastBytes)))
+    return false;
+  return file.read(lastBytes).contains("%%EOF");
+}
+
 QPageSize localPageSize() {
   const bool metric = QLocale::system().measurementSystem() == QLocale::MetricSystem;
   return QPageSize(metric ? QPageSize::A4 : QPageSize::Letter);
@@ -32,7 +42,7 @@ QPageSize localPageSize() {
 
 QtPrinter::QtPrinter() {
   device_.setDocName(QStringLiteral("Quillbox"));
-  if (device_.outputFormat() != QPrinter::PdfFormat) return;
+  if (!isPdf()) return;
   device_.setPageSize(localPageSize());
   device_.setPageMargins(QMarginsF(kPdfMargin, kPdfMargin, kPdfMargin, kPdfMargin),
                          QPageLayout::Point);
@@ -105,6 +115,7 @@ void QtPrinter::endDocument() {
   isSheetDue_ = false;
   if (!painter_.isActive()) return;
   if (!painter_.end() || device_.printerState() == QPrinter::Error) fail();
+  if (isPdf() && !isWholeDocument(device_.outputFileName())) fail();
 }
 
 void QtPrinter::dropDocument() {
@@ -112,13 +123,17 @@ void QtPrinter::dropDocument() {
   if (!painter_.isActive()) return;
   device_.abort();
   painter_.end();
+  // A document of some of the pages would pass for all of them.
+  if (isPdf() && QFileInfo(device_.outputFileName()).isFile())
+    QFile::remove(device_.outputFileName());
 }
 
+bool QtPrinter::isPdf() const { return device_.outputFormat() == QPrinter::PdfFormat; }
+
 void QtPrinter::fail() const {
-  const bool isPdf = device_.outputFormat() == QPrinter::PdfFormat;
   throw RunTimeError(ErrorNumber::deviceIo,
-                     isPdf ? QFile::encodeName(device_.outputFileName()).toStdString()
-                           : device_.printerName().toStdString());
+                     isPdf() ? QFile::encodeName(device_.outputFileName()).toStdString()
+                             : device_.printerName().toStdString());
 }
 
 }  // namespace quillbox

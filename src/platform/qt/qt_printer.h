@@ -32,6 +32,7 @@ class QtPrinter : public Printer {
  private:
   void openSheet();
   void drawSheet(const QStringList& lines);
+  bool isPdf() const;
   [[noreturn]] void fail() const;
 
   QPrinter device_{QPrinter::HighResolution};

@@ -1,0 +1,330 @@
+// The print dialog, and what the desktop makes of the answers to it and to the dialogs around it.
+
+#include "platform/qt/print_dialog.h"
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QCheckBox>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPageSetupDialog>
+#include <QPrinterInfo>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QTimer>
+#include <QWindow>
+#include <functional>
+
+#include "platform/printer.h"
+#include "platform/qt/qt_desktop.h"
+#include "support/keys.h"
+#include "support/test_folder.h"
+
+namespace quillbox::test {
+namespace {
+
+template <typename Control>
+Control& control(const QDialog& dialog, const char* name) {
+  auto* found = dialog.findChild<Control*>(QString::fromUtf8(name));
+  if (found == nullptr) throw std::runtime_error(std::string("no control is called ") + name);
+  return *found;
+}
+
+QListWidget& printers(const QDialog& dialog) { return control<QListWidget>(dialog, "lstPrinter"); }
+QSpinBox& copies(const QDialog& dialog) { return control<QSpinBox>(dialog, "spnCopies"); }
+QCheckBox& toFile(const QDialog& dialog) { return control<QCheckBox>(dialog, "chkPrintToFile"); }
+
+class PrintDialogTest : public testing::Test {
+ protected:
+  PrintDialogTest() {
+    dialog_.open();
+    QApplication::processEvents();
+  }
+
+  /// Chooses a printer that is not there unless the test adds it.
+  void chooseAPrinter() {
+    printers(dialog_).addItem("Office");
+    printers(dialog_).setCurrentRow(printers(dialog_).count() - 1);
+  }
+  void choosePdf() { printers(dialog_).setCurrentRow(0); }
+  void accessKey(Qt::Key key) { QTest::keyClick(&dialog_, key, Qt::AltModifier); }
+
+  PrintDialog dialog_{"QBX List Print"};
+};
+
+TEST_F(PrintDialogTest, HasItsTitleAndCaptions) {
+  EXPECT_EQ(dialog_.windowTitle(), "QBX List Print");
+  EXPECT_EQ(dialog_.objectName(), "PrintDialog");
+  EXPECT_TRUE(dialog_.isModal());
+  EXPECT_EQ(printers(dialog_).accessibleName(), "Printer:");
+  EXPECT_EQ(copies(dialog_).accessibleName(), "Copies:");
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(&toFile(dialog_))->text(QAccessible::Name),
+            "Print to file");
+}
+
+TEST_F(PrintDialogTest, OffersAPdfDocumentAndThenThePrinters) {
+  EXPECT_EQ(printers(dialog_).item(0)->text(), "PDF document");
+  QStringList offered;
+  for (int item = 1; item < printers(dialog_).count(); ++item)
+    offered << printers(dialog_).item(item)->text();
+  EXPECT_EQ(offered, QPrinterInfo::availablePrinterNames());
+}
+
+TEST_F(PrintDialogTest, ChoosesTheDefaultPrinterAtFirstOrElseThePdfDocument) {
+  const QString printer = QPrinterInfo::defaultPrinterName();
+  EXPECT_EQ(printers(dialog_).currentItem()->text(), printer.isEmpty() ? "PDF document" : printer);
+  EXPECT_EQ(dialog_.toPdf(), printer.isEmpty());
+  EXPECT_FALSE(dialog_.toTextFile());
+  EXPECT_EQ(dialog_.copies(), 1);
+}
+
+TEST_F(PrintDialogTest, CopiesAreForPrintersAlone) {
+  chooseAPrinter();
+  EXPECT_FALSE(dialog_.toPdf());
+  EXPECT_EQ(dialog_.printerName(), "Office");
+  EXPECT_TRUE(copies(dialog_).isEnabled());
+  choosePdf();
+  EXPECT_TRUE(dialog_.toPdf());
+  EXPECT_FALSE(copies(dialog_).isEnabled());
+  EXPECT_TRUE(printers(dialog_).isEnabled());
+}
+
+TEST_F(PrintDialogTest, ATextFileNeedsNoPrinter) {
+  chooseAPrinter();
+  toFile(dialog_).click();
+  EXPECT_TRUE(dialog_.toTextFile());
+  EXPECT_FALSE(printers(dialog_).isEnabled());
+  EXPECT_FALSE(copies(dialog_).isEnabled());
+  toFile(dialog_).click();
+  EXPECT_FALSE(dialog_.toTextFile());
+  EXPECT_TRUE(printers(dialog_).isEnabled());
+  EXPECT_TRUE(copies(dialog_).isEnabled());
+  EXPECT_EQ(dialog_.printerName(), "Office");
+}
+
+TEST_F(PrintDialogTest, CopiesAreTypedAndAtLeastOne) {
+  chooseAPrinter();
+  const auto typed = [this](const char* keys) {
+    copies(dialog_).selectAll();
+    QTest::keyClicks(&copies(dialog_), keys);
+    QTest::keyClick(&copies(dialog_), Qt::Key_Tab);
+    return dialog_.copies();
+  };
+  EXPECT_EQ(typed("3"), 3);
+  EXPECT_EQ(typed("99"), 99);
+  EXPECT_EQ(typed("0"), 99) << "no copies are no choice";
+  EXPECT_EQ(typed("-7"), 7) << "a key that has no place in a number is not taken";
+}
+
+TEST_F(PrintDialogTest, EachInputHasItsAccessKey) {
+  chooseAPrinter();
+  accessKey(Qt::Key_I);
+  EXPECT_TRUE(copies(dialog_).hasFocus());
+  accessKey(Qt::Key_P);
+  EXPECT_TRUE(printers(dialog_).hasFocus());
+  accessKey(Qt::Key_F);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return dialog_.toTextFile(); }));
+}
+
+TEST_F(PrintDialogTest, EnterAcceptsAndEscapeRejectsFromEveryInput) {
+  chooseAPrinter();
+  for (QWidget* input :
+       std::initializer_list<QWidget*>{&printers(dialog_), &copies(dialog_), &toFile(dialog_)})
+    for (const auto& [key, result] :
+         {std::pair{Qt::Key_Return, QDialog::Accepted}, std::pair{Qt::Key_Enter, QDialog::Accepted},
+          std::pair{Qt::Key_Escape, QDialog::Rejected}}) {
+      SCOPED_TRACE(input->objectName().toStdString());
+      dialog_.setResult(-1);
+      dialog_.open();
+      input->setFocus();
+      QTest::keyClick(input, key);
+      EXPECT_EQ(dialog_.result(), result) << key;
+      EXPECT_FALSE(dialog_.isVisible());
+    }
+}
+
+TEST_F(PrintDialogTest, TabLeadsThroughTheInputsInTheirOrder) {
+  chooseAPrinter();
+  printers(dialog_).setFocus();
+  QTest::keyClick(&printers(dialog_), Qt::Key_Tab);
+  EXPECT_EQ(dialog_.focusWidget(), &copies(dialog_));
+  QTest::keyClick(&copies(dialog_), Qt::Key_Tab);
+  EXPECT_EQ(dialog_.focusWidget(), &toFile(dialog_));
+}
+
+// ---- The desktop's dialogs
+
+class PrintingOnTheDesktop : public testing::Test {
+ protected:
+  ~PrintingOnTheDesktop() override { EXPECT_EQ(dialogs_, expected_); }
+
+  /// Runs `action` on the next modal dialog of that class.
+  template <typename Dialog>
+  void onDialog(std::function<void(Dialog&)> action) {
+    ++expected_;
+    waitForDialog(std::move(action));
+  }
+  static void key(QWidget& widget, Qt::Key key) { QTest::keyClick(&widget, key); }
+
+  /// Types a name over the one that is offered, and presses Enter.
+  static void answer(QFileDialog& dialog, const std::string& name) {
+    auto& line = control<QLineEdit>(dialog, "fileNameEdit");
+    line.setText(QString::fromStdString(name));
+    key(line, Qt::Key_Return);
+  }
+
+  void onPdfChosen() {
+    onDialog<PrintDialog>([](PrintDialog& dialog) {
+      EXPECT_EQ(dialog.windowHandle()->title(), "QBX [*] Print");
+      printers(dialog).setCurrentRow(0);
+      key(dialog, Qt::Key_Return);
+    });
+  }
+  std::optional<PrintChoice> ask() { return desktop_.printDialog("QBX [*] Print"); }
+
+  /// Prints a line to where the dialog said.
+  void printALine() {
+    Printer& printer = desktop_.printer();
+    printer.setFont("Courier New", 10);
+    printer.print("text\r\n");
+    printer.endDocument();
+  }
+
+  TestFolder folder_;
+  QtDesktop desktop_;
+
+ private:
+  template <typename Dialog>
+  void waitForDialog(std::function<void(Dialog&)> action) {
+    QTimer::singleShot(0, [this, action = std::move(action)] {
+      auto* dialog = dynamic_cast<Dialog*>(QApplication::activeModalWidget());
+      if (dialog == nullptr) return waitForDialog<Dialog>(action);  // not yet
+      ++dialogs_;
+      action(*dialog);
+    });
+  }
+
+  int dialogs_ = 0;
+  int expected_ = 0;
+};
+
+TEST_F(PrintingOnTheDesktop, APdfDocumentIsAskedForAndPrintedTo) {
+  onPdfChosen();
+  onDialog<QFileDialog>([this](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Save PDF Document");
+    EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
+    EXPECT_EQ(dialog.nameFilters(), (QStringList{"PDF Documents (*.pdf)"}));
+    EXPECT_EQ(control<QLineEdit>(dialog, "fileNameEdit").text(), "Listing.pdf");
+    answer(dialog, folder_.path("mine.pdf"));
+  });
+  const auto choice = ask();
+  ASSERT_TRUE(choice.has_value());
+  EXPECT_FALSE(choice->toFile);
+  printALine();
+  EXPECT_TRUE(readFile(folder_.path("mine.pdf")).starts_with("%PDF-"));
+}
+
+TEST_F(PrintingOnTheDesktop, APdfDocumentsNameAlwaysEndsAsOne) {
+  const struct {
+    const char* typed;
+    const char* made;
+  } names[] = {{"mine", "mine.pdf"},
+               {"MINE.PDF", "MINE.PDF"},
+               {"jazz.MCS", "jazz.MCS.pdf"},
+               {"pdf", "pdf.pdf"}};
+  for (const auto& name : names) {
+    SCOPED_TRACE(name.typed);
+    onPdfChosen();
+    onDialog<QFileDialog>([&](QFileDialog& dialog) { answer(dialog, folder_.path(name.typed)); });
+    ASSERT_TRUE(ask().has_value());
+    printALine();
+    EXPECT_TRUE(std::filesystem::exists(folder_.path(name.made)));
+    EXPECT_EQ(std::filesystem::exists(folder_.path(name.typed)),
+              std::string(name.typed) == name.made);
+  }
+}
+
+TEST_F(PrintingOnTheDesktop, WithoutANameForThePdfTheUserChoosesAgain) {
+  onPdfChosen();
+  onDialog<QFileDialog>([this](QFileDialog& dialog) {
+    onDialog<PrintDialog>([](PrintDialog& again) {
+      EXPECT_TRUE(again.toPdf()) << "as it was left";
+      key(again, Qt::Key_Escape);
+    });
+    key(dialog, Qt::Key_Escape);
+  });
+  EXPECT_FALSE(ask().has_value());
+  EXPECT_TRUE(std::filesystem::is_empty(folder_.path()));
+}
+
+TEST_F(PrintingOnTheDesktop, ATextFileIsAChoiceOfItsOwn) {
+  onDialog<PrintDialog>([](PrintDialog& dialog) {
+    toFile(dialog).setFocus();
+    key(toFile(dialog), Qt::Key_Space);
+    key(toFile(dialog), Qt::Key_Return);
+  });
+  const auto choice = ask();
+  ASSERT_TRUE(choice.has_value());
+  EXPECT_TRUE(choice->toFile);
+}
+
+TEST_F(PrintingOnTheDesktop, CancelledIsNoChoice) {
+  onDialog<PrintDialog>([](PrintDialog& dialog) { key(dialog, Qt::Key_Escape); });
+  EXPECT_FALSE(ask().has_value());
+  onDialog<PrintDialog>([](PrintDialog& dialog) { dialog.close(); });
+  EXPECT_FALSE(ask().has_value());
+}
+
+TEST_F(PrintingOnTheDesktop, AnInputBoxOffersItsPresetToBeTypedOver) {
+  onDialog<QInputDialog>([](QInputDialog& dialog) {
+    const auto& line = *dialog.findChild<QLineEdit*>();
+    EXPECT_EQ(line.text(), "12");
+    EXPECT_EQ(line.selectedText(), "12");
+    key(dialog, Qt::Key_Return);
+  });
+  EXPECT_EQ(desktop_.inputBox("Ending Page", "Printer Data", "12"), "12");
+  onDialog<QInputDialog>([](QInputDialog& dialog) {
+    auto& line = *dialog.findChild<QLineEdit*>();
+    QTest::keyClicks(&line, "3");
+    key(line, Qt::Key_Return);
+  });
+  EXPECT_EQ(desktop_.inputBox("Ending Page", "Printer Data", "12"), "3");
+}
+
+TEST_F(PrintingOnTheDesktop, ASaveDialogOffersItsFileName) {
+  const std::string offered = folder_.path("my list.txt");
+  for (const std::string& name : {offered, std::string("my list.txt")}) {
+    onDialog<QFileDialog>([](QFileDialog& dialog) {
+      auto& line = control<QLineEdit>(dialog, "fileNameEdit");
+      EXPECT_EQ(line.text(), "my list.txt");
+      key(line, Qt::Key_Return);
+    });
+    EXPECT_EQ(desktop_.saveDialog({"Print to FileName", "Text File (*.txt)|*.txt", name}), offered);
+  }
+}
+
+TEST_F(PrintingOnTheDesktop, ThePrinterIsSetUpInADialogOfItsOwn) {
+  const double portrait = desktop_.printer().printableHeight();
+  const auto setUp = [this](Qt::Key end) {
+    onDialog<QPageSetupDialog>([end](QPageSetupDialog& dialog) {
+      control<QRadioButton>(dialog, "landscape").click();
+      key(dialog, end);
+    });
+    desktop_.printerSetup();
+    return desktop_.printer().printableHeight();
+  };
+  EXPECT_EQ(setUp(Qt::Key_Escape), portrait);
+  const double landscape = setUp(Qt::Key_Return);
+  EXPECT_LT(landscape, portrait - 100);
+  onPdfChosen();
+  onDialog<QFileDialog>([this](QFileDialog& dialog) { answer(dialog, folder_.path("mine.pdf")); });
+  ask();
+  EXPECT_NEAR(desktop_.printer().printableHeight(), landscape, 1) << "a document is no different";
+}
+
+}  // namespace
+}  // namespace quillbox::test

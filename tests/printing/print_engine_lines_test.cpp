@@ -1,0 +1,229 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "support/print_fixture.h"
+
+namespace quillbox::test {
+namespace {
+
+using PrintDataFailures = PrintDataTest;
+
+TEST_F(PrintDataTest, AnEmptyLineAddsNothingButIsCounted) {
+  holdLines(6);
+  block(Texts{"a", "", "b", "", ""});
+  EXPECT_EQ(pages(), (Texts{"Albums, page 1\r\n" + printed({"a", "b"})}));
+  block(Texts{"c"});  // the sixth line
+  EXPECT_EQ(pages(),
+            (Texts{"Albums, page 1\r\n" + printed({"a", "b", "c"}), "     Albums, page 2\r\n"}));
+  begin();
+  block("a", 3);
+  block(Texts{"", "", "b", ""});
+  block("c", 2);  // 6 with the empty ones of page 2
+  EXPECT_EQ(pages(), (Texts{"Albums, page 1\r\n" + printed("a", 3),
+                            "     Albums, page 2\r\n" + printed({"b"}) + printed("c", 2),
+                            "     Albums, page 3\r\n"}));
+}
+
+TEST_F(PrintDataTest, TheFirstPageGetsItsHeadingAnewUntilItHasHadALine) {
+  block(Texts{});
+  EXPECT_EQ(pages(), (Texts{"Albums, page 1\r\n"}));
+  lines_.front() = "Tapes";
+  block(Texts{""});
+  EXPECT_EQ(pages(), (Texts{"Tapes 1\r\n"}));
+  lines_.front() = "Books";
+  block(Texts{"a"});
+  EXPECT_EQ(pages(), (Texts{"Tapes 1\r\n" + printed({"a"})}));
+}
+
+TEST_F(PrintDataTest, ALineOfBlanksIsKept) {
+  block(Texts{"a", "   ", " ", "b  ", "  c"});
+  EXPECT_EQ(pages(), (Texts{"Albums, page 1\r\n"
+                            "     a\r\n"
+                            "        \r\n"
+                            "      \r\n"
+                            "     b  \r\n"
+                            "       c\r\n"}));
+  begin();
+  block(Texts{" "});
+  block(Texts{"a"});
+  EXPECT_EQ(pages(), (Texts{"Albums, page 1\r\n      \r\n     a\r\n"}));
+}
+
+TEST_F(PrintDataTest, WhatWasTakenIsEmptiedAndNothingElse) {
+  holdLines(10);
+  for (const int count : {4, 6, 5, 20}) {  // fits, fills the page, fits, does not fit
+    lines_.fill("left alone");
+    block("a", count);
+    for (std::size_t line = 0; line < lines_.size(); ++line)
+      EXPECT_EQ(lines_.at(line),
+                line == 0 || line > static_cast<std::size_t>(count) ? "left alone" : "")
+          << count << " lines, line " << line;
+  }
+}
+
+TEST_F(PrintDataTest, TextsAreStoredInTheCharactersOfRecords) {
+  begin("D\xE9j\xE0 vu");
+  block(Texts{"\x80 5, na\xEFve \x93quoted\x94"});
+  EXPECT_EQ(pages(), (Texts{"D\xE9j\xE0 vu 1\r\n     \x80 5, na\xEFve \x93quoted\x94\r\n"}));
+}
+
+TEST_F(PrintDataTest, WhatDoesNotGoIntoThePagesRecordIsCutOff) {
+  holdLines(90);
+  const Texts wide(80, std::string(100, 'w'));
+  block(wide);
+  const std::string whole = "Albums, page 1\r\n" + printed(wide);
+  ASSERT_GT(whole.size(), kPageLength);
+  EXPECT_TRUE(readFile("printer.tmp") == whole.substr(0, kPageLength));
+  block("a", 5);
+  EXPECT_TRUE(readFile("printer.tmp") == whole.substr(0, kPageLength));
+  EXPECT_EQ(lines_[1], "");
+  block("b", 6);
+  EXPECT_TRUE(readFile("printer.tmp") ==
+              whole.substr(0, kPageLength) + padded("     Albums, page 2\r\n" + printed("b", 6)));
+}
+
+TEST_F(PrintDataTest, APageIsCutOffToTheCharacter) {
+  const std::string heading = "Albums, page 1\r\n";
+  const std::size_t room = kPageLength - heading.size() - 7;  // the indent and the line's end
+  for (const std::size_t more : {0U, 1U, 2U, 3U}) {
+    begin();
+    const std::string line(room + more, 'w');
+    block(Texts{line});
+    const std::string whole = heading + "     " + line + "\r\n";
+    EXPECT_TRUE(readFile("printer.tmp") == whole.substr(0, kPageLength)) << more;
+  }
+}
+
+TEST_F(PrintDataTest, TheNextLineFollowsWhereTheBlanksAtACutEndBegan) {
+  block(Texts{"a" + std::string(6000, ' ')});
+  block(Texts{"b"});
+  EXPECT_EQ(pages(), (Texts{"Albums, page 1\r\n     a     b\r\n"}));
+}
+
+TEST_F(PrintDataTest, AHeadingMayFillThePage) {
+  holdLines(5);
+  begin(std::string(6000, 'h'));
+  block("a", 4);
+  block("b", 4);
+  EXPECT_TRUE(readFile("printer.tmp") ==
+              std::string(kPageLength, 'h') + "     " + std::string(kPageLength - 5, 'h'));
+}
+
+TEST_F(PrintDataTest, TheBoardTellsOfThePageThatTheBlockEndedOn) {
+  holdLines(5);
+  board_.told.clear();
+  block("a", 4);
+  block("b", 4);
+  block("c", 1);
+  EXPECT_EQ(board_.told,
+            (Texts{"clear", "line: Generating page 1...", "clear", "line: Generating page 2...",
+                   "clear", "line: Generating page 3..."}));
+}
+
+TEST_F(PrintDataTest, TheSpoolsFileNumberIsTakenFromWhoeverHasIt) {
+  writeFile("other", "kept");
+  state_.files.open(file_number::spool, "other", OpenMode::update);
+  state_.files.open(file_number::collection, "other", OpenMode::update);
+  block("a", 2);
+  EXPECT_EQ(pages(), (Texts{"Albums, page 1\r\n" + printed("a", 2)}));
+  EXPECT_EQ(readFile("other"), "kept");
+  EXPECT_TRUE(state_.files.isOpen(file_number::collection));
+}
+
+TEST_F(PrintDataTest, EveryFileMayBeClosedBetweenTwoBlocks) {
+  holdLines(5);
+  for (const char* name : {"a", "b", "c"}) {
+    block(name, 4);
+    state_.files.closeAll();
+  }
+  EXPECT_EQ(pages(), (Texts{"Albums, page 1\r\n" + printed("a", 4),
+                            "     Albums, page 2\r\n" + printed("b", 4),
+                            "     Albums, page 3\r\n" + printed("c", 4)}));
+  begin();
+  block("d", 4);
+  EXPECT_EQ(pages(), (Texts{"Albums, page 1\r\n" + printed("d", 4)}));
+}
+
+TEST_F(PrintDataTest, TheSpoolLiesInTheCurrentFolder) {
+  std::filesystem::create_directory("below");
+  std::filesystem::current_path("below");
+  block("a", 2);
+  std::filesystem::current_path(folder_.path());
+  EXPECT_TRUE(std::filesystem::exists("below/printer.tmp"));
+  EXPECT_FALSE(std::filesystem::exists("printer.tmp"));
+}
+
+TEST_F(PrintDataFailures, AfterAnyFailureAResetBeginsARightPrintout) {
+  for (const int count : {5, 7, 8}) {  // fits, fills the page, does not fit
+    for (const bool shortWrites : {false, true}) {
+      files_.shortWrites = shortWrites;
+      int failures = 0;
+      for (int nth = 0;; ++nth) {
+        SCOPED_TRACE(std::to_string(count) + " lines, operation " + std::to_string(nth));
+        holdLines(10);
+        begin();
+        files_.failNth(nth, ErrorNumber::diskFull);
+        const Failure failure = failureOf([&] {
+          block("a", 3);
+          block("b", count);
+        });
+        pageCount();
+        expectNothingOpen();
+        const bool allTried = !files_.hasFailed();
+        files_.failNth(-1, ErrorNumber::diskFull);  // nothing fails from here on
+        if (allTried) break;
+        if (failure.number != 0) {  // failing to close the spool is no matter
+          ++failures;
+          EXPECT_EQ(failure, (Failure{61, "printer.tmp"}));
+        }
+        begin();
+        block("c", 3);
+        EXPECT_EQ(pages(), (Texts{"Albums, page 1\r\n" + printed("c", 3)}));
+        EXPECT_EQ(pageCount(), 1);
+      }
+      EXPECT_GE(failures, 3);  // opening, and a write for each block
+    }
+  }
+}
+
+TEST_F(PrintDataFailures, WhatCouldNotBeWrittenIsWrittenWithTheNextBlock) {
+  for (const FileOperation operation : {FileOperation::open, FileOperation::write}) {
+    begin();
+    block("a", 2);
+    pageCount();
+    files_.failNth(operation, 0, ErrorNumber::diskFull);
+    EXPECT_EQ(failureOf([&] { block("b", 2); }), (Failure{61, "printer.tmp"}));
+    block(operation == FileOperation::open ? texts("b", 2) : Texts{""});
+    EXPECT_EQ(pages(), (Texts{"Albums, page 1\r\n" + printed("a", 2) + printed("b", 2)}));
+  }
+}
+
+TEST_F(PrintDataFailures, AResetThatCannotDeleteTheSpoolIsAnErrorAndCanBeRepeated) {
+  for (const FileOperation operation :
+       {FileOperation::close, FileOperation::exists, FileOperation::remove}) {
+    begin();
+    block("a", 3);
+    files_.failNth(operation, 0, ErrorNumber::permissionDenied);
+    EXPECT_EQ(failureOf([&] { begin(); }), (Failure{70, "printer.tmp"}));
+    expectNothingOpen();
+    begin("Tapes");
+    block("b", 3);
+    EXPECT_EQ(pages(), (Texts{"Tapes 1\r\n" + printed("b", 3)}));
+  }
+}
+
+TEST_F(PrintDataFailures, AFolderOfTheSpoolsNameIsAnError) {
+  std::filesystem::create_directory("printer.tmp");
+  EXPECT_EQ(failureOf([&] { block("a", 3); }), (Failure{75, "printer.tmp"}));
+  EXPECT_NE(failureOf([&] { begin(); }).number, 0);
+  expectNothingOpen();
+  std::filesystem::remove("printer.tmp");
+  begin();
+  block("b", 3);
+  EXPECT_EQ(pages(), (Texts{"Albums, page 1\r\n" + printed("b", 3)}));
+}
+
+}  // namespace
+}  // namespace quillbox::test

@@ -1,0 +1,180 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "printing/print_engine.h"
+#include "support/failing_files.h"
+#include "support/failure.h"
+#include "support/fake_desktop.h"
+#include "support/test_folder.h"
+
+namespace quillbox::test {
+
+using Texts = std::vector<std::string>;
+
+inline constexpr std::size_t kPageLength = 5520;
+inline constexpr std::int16_t kPrintModes[] = {print_mode::printer, print_mode::textFile,
+                                               print_mode::cancelled};
+
+/// A board that remembers what it was told.
+class PrintBoard : public Board {
+ public:
+  void open(const std::string& caption) override { told.push_back("open: " + caption); }
+  void setBoardCaption(const std::string& caption) override {
+    told.push_back("caption: " + caption);
+  }
+  void clear() override { told.emplace_back("clear"); }
+  void print(const std::string& line) override { told.push_back("line: " + line); }
+  void progress(int done, int total) override { steps.emplace_back(done, total); }
+  void close() override { told.emplace_back("close"); }
+
+  Texts told;
+  std::vector<std::pair<int, int>> steps;
+};
+
+/// The lines of a block: "a1", "a2", ...
+inline Texts texts(const std::string& name, int count) {
+  Texts all;
+  for (int n = 1; n <= count; ++n) all.push_back(name + std::to_string(n));
+  return all;
+}
+
+/// The lines as a page has them.
+inline std::string printed(const Texts& lines) {
+  std::string page;
+  for (const std::string& line : lines) page += "     " + line + "\r\n";
+  return page;
+}
+
+inline std::string printed(const std::string& name, int count) {
+  return printed(texts(name, count));
+}
+
+inline std::string padded(std::string page) {
+  page.resize(kPageLength, ' ');
+  return page;
+}
+
+/// Composes pages.
+class PrintDataTest : public testing::Test {
+ protected:
+  PrintDataTest() { begin(); }
+
+  /// Begins a printout, with a page heading of its own.
+  void begin(const std::string& heading = "Albums, page") {
+    std::int16_t none = 0;
+    engine_.PrintData(lines_, none, print_mode::reset);
+    lines_.front() = heading;
+  }
+
+  /// Makes a page hold that many lines and its heading.
+  void holdLines(int lines) { desktop_.fakePrinter.height = (lines + 5) * 10; }
+
+  void block(const Texts& texts, std::int16_t mode = print_mode::printer) {
+    std::ranges::copy(texts, lines_.begin() + 1);
+    auto count = static_cast<std::int16_t>(texts.size());
+    engine_.PrintData(lines_, count, mode);
+  }
+  void block(const std::string& name, int count, std::int16_t mode = print_mode::printer) {
+    block(texts(name, count), mode);
+  }
+
+  int pageCount() {
+    std::int16_t count = -7;
+    engine_.PrintData(lines_, count, print_mode::pageCount);
+    return count;
+  }
+
+  /// The pages of the spool, without the blanks that fill them up.
+  Texts pages() const {
+    const std::string spool = readFile("printer.tmp");
+    EXPECT_EQ(spool.size() % kPageLength, 0U);
+    Texts all;
+    for (std::size_t at = 0; at < spool.size(); at += kPageLength) {
+      std::string page = spool.substr(at, kPageLength);
+      page.resize(page.find_last_not_of(' ') + 1);
+      all.push_back(page);
+    }
+    return all;
+  }
+
+  void expectNothingOpen() const {
+    for (int number = 1; number <= 255; ++number)
+      EXPECT_FALSE(state_.files.isOpen(number)) << number;
+  }
+
+  TestFolder folder_;
+  FailingFiles files_;
+  AppState state_{files_};
+  FakeDesktop desktop_;
+  PrintBoard board_;
+  PrintEngine engine_{state_, desktop_, board_};
+  PrintLines lines_;
+};
+
+/// Delivers pages.
+class PrintOutTest : public testing::Test {
+ protected:
+  /// Makes the spool of these pages.
+  void spool(const Texts& pages) {
+    std::string bytes;
+    for (std::string page : pages) {
+      page.resize(kPageLength, ' ');
+      bytes += page;
+    }
+    writeFile("printer.tmp", bytes);
+  }
+  bool hasSpool() const { return std::filesystem::exists("printer.tmp"); }
+
+  /// Chooses a text file of that name.
+  void chooseFile(const std::optional<std::string>& name, const std::string& offered) {
+    desktop_.expectPrint(PrintChoice{true});
+    desktop_.expectSave("Print to FileName", "Text File (*.txt)|*.txt", offered, name);
+    std::int16_t mode = print_mode::printer;
+    engine_.OpenPrinter(mode);
+    EXPECT_EQ(mode, print_mode::textFile);
+    desktop_.expectNothingLeft();
+  }
+
+  void writeTo(const std::string& name, int pages, const std::string& header = "Albums") {
+    chooseFile(name, offered_);
+    offered_ = name.substr(0, name.find('.'));
+    if (offered_ != name) offered_ += ".txt";
+    engine_.PrintOut(print_mode::textFile, static_cast<std::int16_t>(pages), header);
+    expectNothingOpen();
+  }
+
+  void expectRange(const std::string& first, const std::optional<std::string>& last, int pages) {
+    desktop_.expectInput("Starting Page", "Printer Data", first, "1");
+    desktop_.expectInput("Ending Page", "Printer Data", last, std::to_string(pages));
+  }
+  void print(const std::string& first, const std::string& last, int pages) {
+    expectRange(first, last, pages);
+    engine_.PrintOut(print_mode::printer, static_cast<std::int16_t>(pages), "Albums");
+    expectNothingOpen();
+  }
+
+  FakePrinter& printer() { return desktop_.fakePrinter; }
+
+  void expectNothingOpen() const {
+    for (int number = 1; number <= 255; ++number)
+      EXPECT_FALSE(state_.files.isOpen(number)) << number;
+  }
+
+  TestFolder folder_;
+  FailingFiles files_;
+  AppState state_{files_};
+  FakeDesktop desktop_;
+  PrintBoard board_;
+  PrintEngine engine_{state_, desktop_, board_};
+  std::string offered_;  // what the next save dialog offers
+};
+
+}  // namespace quillbox::test

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QProcess>
+#include <QRectF>
+#include <QStringList>
+#include <QXmlStreamReader>
+#include <string>
+#include <vector>
+
+namespace quillbox::test {
+
+/// A word of a page and the box it takes, in points from the top left corner.
+struct Word {
+  QString text;
+  QRectF box;
+};
+
+struct Page {
+  QSizeF size;
+  QStringList lines;  ///< as linesOf() has them
+  std::vector<Word> words;
+};
+
+inline QByteArray pdfToText(const QString& layout, const std::string& path) {
+  QProcess reader;
+  reader.start(QStringLiteral("pdftotext"),
+               {layout, QStringLiteral("-enc"), QStringLiteral("UTF-8"),
+                QString::fromStdString(path), QStringLiteral("-")});
+  if (!reader.waitForFinished() || reader.exitStatus() != QProcess::NormalExit ||
+      reader.exitCode() != 0)
+    ADD_FAILURE() << "pdftotext: " << reader.errorString().toStdString() << " "
+                  << reader.readAllStandardError().toStdString();
+  return reader.readAllStandardOutput();
+}
+
+/// The lines that are not empty, with single blanks between their words.
+inline QStringList linesOf(const QString& text) {
+  QStringList lines;
+  for (const QString& line : text.split(QLatin1Char('\n')))
+    if (const QString words = line.simplified(); !words.isEmpty()) lines << words;
+  return lines;
+}
+
+/// The pages of a PDF document; one that cannot be read fails the test.
+inline std::vector<Page> pagesOf(const std::string& path) {
+  std::vector<Page> pages;
+  QXmlStreamReader xml(pdfToText(QStringLiteral("-bbox"), path));
+  while (!xml.atEnd()) {
+    if (xml.readNext() != QXmlStreamReader::StartElement) continue;
+    const auto points = [&](const char* name) {
+      return xml.attributes().value(QLatin1String(name)).toDouble();
+    };
+    if (xml.name() == QLatin1String("page")) {
+      pages.push_back({{points("width"), points("height")}, {}, {}});
+    } else if (xml.name() == QLatin1String("word")) {
+      const QRectF box(QPointF(points("xMin"), points("yMin")),
+                       QPointF(points("xMax"), points("yMax")));
+      pages.back().words.push_back({xml.readElementText(), box});
+    }
+  }
+  EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
+  // A form feed ends each page.
+  const QString text = QString::fromUtf8(pdfToText(QStringLiteral("-layout"), path));
+  const QStringList parts = text.split(QLatin1Char('\f'));
+  EXPECT_EQ(parts.size(), static_cast<qsizetype>(pages.size()) + 1);
+  for (std::size_t page = 0; page < pages.size(); ++page)
+    pages[page].lines = linesOf(parts.value(static_cast<qsizetype>(page)));
+  return pages;
+}
+
+inline void expectInsideThePage(const Page& page) {
+  const QRectF paper(QPointF(0, 0), page.size);
+  for (const Word& word : page.words)
+    EXPECT_TRUE(paper.contains(word.box)) << word.text.toStdString();
+}
+
+}  // namespace quillbox::test
