@@ -4,7 +4,9 @@ packages_to_build="g++ cmake ninja-build qt6-base-dev fonts-dejavu-core"
 packages_to_test="libgtest-dev poppler-utils"
 packages_to_bench="libbenchmark-dev libsqlite3-dev"
 packages_to_picture="xvfb openbox xdotool imagemagick"
+packages_to_fuzz="clang libclang-rt-14-dev"
 packages_to_check="clang-format git"
+packages_to_tidy="clang-tidy"
 
 is_installed() {
   [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]

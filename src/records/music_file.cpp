@@ -9,9 +9,22 @@
 
 namespace quillbox {
 
-MusicFileState openMusicFile(AppState& state, CollectionStore& store) {
-  if (!state.files.fileSystem().exists(state.currentPath))
+namespace {
+
+/// A file without its header would pass for one of an older type.
+void makeMusicFile(AppState& state, CollectionStore& store) {
+  try {
     store.writeHeader(0, music_file_type::current, OpenMode::create);
+  } catch (const RunTimeError&) {
+    ignoringErrors([&] { state.files.fileSystem().remove(state.currentPath); });
+    throw;
+  }
+}
+
+}  // namespace
+
+MusicFileState openMusicFile(AppState& state, CollectionStore& store) {
+  if (!state.files.fileSystem().exists(state.currentPath)) makeMusicFile(state, store);
   const HeaderRecord header = store.readHeader();
   state.Count = std::max<std::int16_t>(header.Count, 0);
   if (header.FileType < music_file_type::upgradable) return MusicFileState::refused;

@@ -60,6 +60,7 @@ void frmBegin2::makeToolbar() {
     onTriggered(*action, [this, key = tool.key] { tbrBegin_ButtonClick(key); });
     tbrBegin->widgetForAction(action)->setFocusPolicy(Qt::StrongFocus);
   }
+  tbrBegin->setMinimumWidth(tbrBegin->sizeHint().width());
 }
 
 void frmBegin2::makeMenus() {
@@ -87,6 +88,9 @@ void frmBegin2::makePage() {
     column->addWidget(label);
   }
   column->addStretch(2);
+  // However small the window is made, both texts stay whole.
+  const int narrowest = fontMetrics().averageCharWidth() * 40;
+  page->setMinimumSize(narrowest, column->heightForWidth(narrowest));
   setCentralWidget(page);
   resize(fontMetrics().averageCharWidth() * 84, fontMetrics().height() * 20);
 }

@@ -1,0 +1,300 @@
+#pragma once
+
+// Every window of the program, each opened as its users open it, large and small, light and dark,
+// empty and full. What all of them must keep is checked in all_forms_*_test.cpp.
+
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QFontInfo>
+#include <QLayout>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QRadioButton>
+#include <QStyle>
+#include <QToolButton>
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <ostream>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "platform/qt/print_dialog.h"
+#include "printing/frmRecDisp.h"
+#include "records/version.h"
+#include "support/form_fixture.h"
+
+namespace quillbox::test {
+
+/// One window, and the way that leads to it.
+struct FormCase {
+  enum class Window { form, board, printDialog };
+
+  const char* name;
+  const char* extension = nullptr;      ///< of the collection opened first; none: the start screen
+  std::vector<const char*> steps = {};  ///< menu items and buttons, in order
+  Window window = Window::form;
+};
+
+inline void PrintTo(const FormCase& form, std::ostream* out) { *out << form.name; }
+
+inline const FormCase kAllForms[] = {
+    {"Start"},
+    {"NewCollection", nullptr, {"N"}},
+    {"Music", "MCS"},
+    {"Songs1", "MCS", {"EditSongs"}},
+    {"Songs2", "MCS", {"EditSongs", "cmdNextPage"}},
+    {"MusicSort", "MCS", {kMusicEditor.sort.action}},
+    {"MusicSearch", "MCS", {kMusicEditor.search.action}},
+    {"Video", "VCS"},
+    {"VideoTitles", "VCS", {"EditTitles"}},
+    {"VideoSort", "VCS", {kVideoEditor.sort.action}},
+    {"VideoSearch", "VCS", {kVideoEditor.search.action}},
+    {"Software", "SCS"},
+    {"SoftwareTitles", "SCS", {"EditTitles"}},
+    {"SoftwareSort", "SCS", {kSoftwareEditor.sort.action}},
+    {"SoftwareSearch", "SCS", {kSoftwareEditor.search.action}},
+    {"Comics", "CCS"},
+    {"ComicTitles", "CCS", {"EditTitles"}},
+    {"ComicSort", "CCS", {kComicEditor.sort.action}},
+    {"ComicSearch", "CCS", {kComicEditor.search.action}},
+    {"Books", "BCS"},
+    {"BookSort", "BCS", {kBookEditor.sort.action}},
+    {"BookSearch", "BCS", {kBookEditor.search.action}},
+    {"MediaFiles", "WCS"},
+    {"MediaFileSort", "WCS", {kMediaEditor.sort.action}},
+    {"MediaFileSearch", "WCS", {kMediaEditor.search.action}},
+    {"Board", nullptr, {}, FormCase::Window::board},
+    {"PrintDialog", nullptr, {}, FormCase::Window::printDialog},
+};
+
+/// How a window is looked at.
+struct Look {
+  enum class Content { empty, longest };
+
+  double textScale;  ///< of the size that texts have by default
+  bool dark;
+  Content content;
+};
+
+inline std::string nameOf(const Look& look) {
+  return (look.textScale > 1 ? "large, " : "usual size, ") +
+         std::string(look.dark ? "dark, " : "light, ") +
+         (look.content == Look::Content::empty ? "empty" : "longest texts");
+}
+
+inline std::vector<Look> allLooks() {
+  std::vector<Look> looks;
+  for (const double scale : {1.0, 2.0})
+    for (const bool dark : {false, true})
+      for (const auto content : {Look::Content::empty, Look::Content::longest})
+        looks.push_back({scale, dark, content});
+  return looks;
+}
+
+inline bool isInput(const QWidget* widget) {
+  return qobject_cast<const QLineEdit*>(widget) != nullptr ||
+         qobject_cast<const QComboBox*>(widget) != nullptr ||
+         qobject_cast<const QListWidget*>(widget) != nullptr ||
+         qobject_cast<const QCheckBox*>(widget) != nullptr ||
+         qobject_cast<const QRadioButton*>(widget) != nullptr ||
+         qobject_cast<const QAbstractSpinBox*>(widget) != nullptr;
+}
+
+inline bool isControl(const QWidget* widget) {
+  return isInput(widget) || qobject_cast<const QLabel*>(widget) != nullptr ||
+         qobject_cast<const QAbstractButton*>(widget) != nullptr ||
+         qobject_cast<const QProgressBar*>(widget) != nullptr ||
+         qobject_cast<const QMenuBar*>(widget) != nullptr;
+}
+
+inline bool isPartOfControl(const QWidget* widget) {
+  const QWidget* around = widget->parentWidget();
+  return around != nullptr && !widget->isWindow() && (isControl(around) || isPartOfControl(around));
+}
+
+/// What a user sees there and reads or works with, but not the parts these are made of.
+inline std::vector<QWidget*> controlsOf(const QWidget& window) {
+  std::vector<QWidget*> controls;
+  for (QWidget* widget : window.findChildren<QWidget*>())
+    if (widget->window() == &window && widget->isVisible() && isControl(widget) &&
+        !isPartOfControl(widget))
+      controls.push_back(widget);
+  return controls;
+}
+
+/// The same for one class of controls.
+template <typename Control>
+std::vector<Control*> controlsOf(const QWidget& window) {
+  std::vector<Control*> chosen;
+  for (QWidget* widget : controlsOf(window))
+    if (auto* control = qobject_cast<Control*>(widget)) chosen.push_back(control);
+  return chosen;
+}
+
+inline std::vector<QWidget*> inputsOf(const QWidget& window) {
+  auto inputs = controlsOf(window);
+  std::erase_if(inputs, [](const QWidget* widget) { return !isInput(widget); });
+  return inputs;
+}
+
+inline QRect placeIn(const QWidget& window, const QWidget& control) {
+  return {control.mapTo(&window, QPoint(0, 0)), control.size()};
+}
+
+/// What a control says, access-key marks included; empty for one that is filled by its user.
+inline QString textOf(const QWidget* control) {
+  if (const auto* label = qobject_cast<const QLabel*>(control)) return label->text();
+  if (const auto* button = qobject_cast<const QAbstractButton*>(control)) return button->text();
+  return {};
+}
+
+/// How a control is called in these tests.
+inline std::string nameOf(const QWidget* control) {
+  if (control == nullptr) return "nothing";
+  if (!control->objectName().isEmpty()) return control->objectName().toStdString();
+  const std::string text = textOf(control).toStdString();
+  return text.empty() ? control->metaObject()->className() : '"' + text + '"';
+}
+
+class AllForms : public FormTest {
+ protected:
+  AllForms() : font_(QApplication::font()) {}
+  ~AllForms() override {
+    dialog_.reset();
+    modQBX1_.reset();
+    program_.reset();
+    QApplication::setFont(font_);
+    QApplication::setPalette(QPalette());
+  }
+
+  /// Opens the window anew.
+  QWidget& open(const FormCase& which, const Look& look) {
+    dialog_.reset();
+    setTextScale(look.textScale);
+    QApplication::setPalette(paletteOf(look));
+    restart();
+    QWidget& opened = follow(which, look.content);
+    if (look.content == Look::Content::longest) fill(opened);
+    settle(opened);
+    return opened;
+  }
+
+  static QPalette paletteOf(const Look& look) {
+    const QColor charcoal(53, 53, 53);
+    return look.dark ? QPalette(charcoal, charcoal) : QApplication::style()->standardPalette();
+  }
+
+  /// Lets the window take the size its controls ask for.
+  static void settle(QWidget& window) {
+    QApplication::processEvents();
+    window.layout()->activate();
+    QApplication::processEvents();
+  }
+
+ private:
+  void setTextScale(double scale) const {
+    QFont font = font_;
+    font.setPointSizeF(scale * QFontInfo(font_).pointSizeF());
+    QApplication::setFont(font);
+  }
+
+  QWidget& follow(const FormCase& way, Look::Content content) {
+    if (way.window == FormCase::Window::board) return openBoard(content);
+    if (way.window == FormCase::Window::printDialog) return openDialog();
+    if (way.extension != nullptr) openCollection(way.extension, content);
+    for (const char* step : way.steps) {
+      if (form().findChild<QAction*>(QString::fromUtf8(step)) != nullptr)
+        choose(step);
+      else
+        press(step);
+    }
+    return form();
+  }
+
+  void openCollection(const char* extension, Look::Content content) {
+    const CollectionKind& kind = *kindOfExtension(extension);
+    const bool full = content == Look::Content::longest;
+    constexpr std::int16_t most = 32767;
+    HeaderRecord header;
+    header.Count = full ? most : std::int16_t{0};
+    header.FileType = kind.rules.fileType;
+    header.Version = kVersionText;
+    std::string bytes(kind.recordLength, '\0');
+    std::memcpy(bytes.data(), &header, sizeof header);
+    if (full) {
+      std::string item(kind.recordLength, '\0');
+      fillBlank(kind.fields, std::as_writable_bytes(std::span(item)));
+      bytes += item;
+    }
+    const std::string name = path(std::string("mine.") + extension);
+    writeFile(name, bytes);
+    desktop_.tolerateOpen = name;
+    choose("O");
+    desktop_.tolerateOpen.reset();
+  }
+
+  QWidget& openBoard(Look::Content content) {
+    form().hide();
+    auto& board = program_->form<frmRecDisp>();
+    board.open("Printing Status");
+    if (content == Look::Content::empty) return board;
+    constexpr int lines = 12;
+    for (int line = 0; line < lines; ++line) board.print(std::string(kLongest, 'W'));
+    board.progress(1, 2);
+    const auto* bar = board.findChild<QProgressBar*>(QStringLiteral("barProgress"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bar->value() == 1; }));
+    return board;
+  }
+
+  QWidget& openDialog() {
+    form().hide();
+    dialog_ = std::make_unique<PrintDialog>(QStringLiteral("QBX List Print"));
+    dialog_->show();
+    return *dialog_;
+  }
+
+  /// The longest text in every box, the longest entry in every list, a tick in every box.
+  static void fill(QWidget& window) {
+    for (auto* box : controlsOf<QCheckBox>(window)) {
+      const bool endsPrinting = box->objectName() == QLatin1String("chkPrintToFile");
+      if (!box->isChecked() && !endsPrinting) box->click();
+    }
+    for (auto* box : controlsOf<QLineEdit>(window))
+      box->setText(QString(std::min(box->maxLength(), kLongest), QLatin1Char('W')));
+    for (auto* list : controlsOf<QComboBox>(window)) {
+      int longest = -1;
+      for (int entry = 0; entry < list->count(); ++entry)
+        if (longest < 0 || list->itemText(entry).size() > list->itemText(longest).size())
+          longest = entry;
+      list->setCurrentIndex(longest);
+    }
+  }
+
+  static constexpr int kLongest = 255;
+
+  QFont font_;
+  std::unique_ptr<PrintDialog> dialog_;
+};
+
+/// A test of each window by itself.
+class EachForm : public AllForms, public testing::WithParamInterface<FormCase> {
+ protected:
+  QWidget& open(const Look& look) { return AllForms::open(GetParam(), look); }
+
+  /// Does that to the window in each of the looks.
+  template <typename Step>
+  void inEach(const std::vector<Look>& looks, Step step) {
+    for (const Look& look : looks) {
+      SCOPED_TRACE(nameOf(look));
+      step(open(look));
+    }
+  }
+};
+
+inline std::string formCaseName(const testing::TestParamInfo<FormCase>& info) {
+  return info.param.name;
+}
+
+}  // namespace quillbox::test

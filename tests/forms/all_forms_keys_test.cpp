@@ -1,0 +1,216 @@
+// What a user without a mouse, or without a screen, has of every window: names, the way of the Tab
+// key, and access keys.
+
+#include <QAccessible>
+#include <QKeySequence>
+#include <QMenu>
+#include <map>
+#include <set>
+
+#include "forms/all_forms.h"
+#include "forms/qt_text.h"
+
+namespace quillbox::test {
+namespace {
+
+constexpr Look kEmpty{1, false, Look::Content::empty};
+constexpr Look kFull{1, false, Look::Content::longest};
+constexpr Look kLargeEmpty{2, false, Look::Content::empty};
+constexpr Look kLargeFull{2, false, Look::Content::longest};
+
+std::string spokenName(QWidget* control) {
+  const auto* spoken = QAccessible::queryAccessibleInterface(control);
+  return spoken == nullptr ? "" : spoken->text(QAccessible::Name).toStdString();
+}
+
+/// The caption that stands by an input or on it, as a screen shows it.
+std::string captionOf(const QWidget& window, const QWidget* input) {
+  if (qobject_cast<const QAbstractButton*>(input) != nullptr)
+    return withoutAccessKey(textOf(input)).toStdString();
+  for (const auto* label : controlsOf<QLabel>(window))
+    if (label->buddy() == input) return withoutAccessKey(label->text()).toStdString();
+  ADD_FAILURE() << nameOf(input) << " has no caption";
+  return {};
+}
+
+/// The song boxes of a page run down its columns, as they are numbered.
+bool runsDownColumns(const QWidget* control) {
+  return control->objectName().startsWith(QLatin1String("txtSongTitle_"));
+}
+
+/// Row by row from the top, each from the left. What runs down columns is one row of its own.
+std::vector<QWidget*> inReadingOrder(const QWidget& window, std::vector<QWidget*> controls) {
+  const auto middle = [&](const QWidget* control) { return placeIn(window, *control).center(); };
+  std::ranges::sort(controls, {}, [&](const QWidget* control) { return middle(control).y(); });
+  std::vector<QWidget*> ordered;
+  for (auto row = controls.begin(); row != controls.end();) {
+    const int tolerance = (*row)->height() / 2;
+    const auto end = std::find_if(row, controls.end(), [&](const QWidget* control) {
+      return runsDownColumns(*row) ? !runsDownColumns(control)
+                                   : middle(control).y() - middle(*row).y() >= tolerance;
+    });
+    std::sort(row, end, [&](const QWidget* one, const QWidget* other) {
+      const QPoint a = placeIn(window, *one).topLeft();
+      const QPoint b = placeIn(window, *other).topLeft();
+      return std::pair(a.x(), a.y()) < std::pair(b.x(), b.y());
+    });
+    ordered.insert(ordered.end(), row, end);
+    row = end;
+  }
+  return ordered;
+}
+
+/// Of options that exclude one another the Tab key stops at one; the arrow keys lead to the rest.
+bool isPassedBy(const QWidget* control) {
+  if (qobject_cast<const QRadioButton*>(control) == nullptr) return false;
+  const auto options =
+      control->parentWidget()->findChildren<QRadioButton*>(Qt::FindDirectChildrenOnly);
+  const auto chosen = std::ranges::find_if(options, &QRadioButton::isChecked);
+  return control != (chosen != options.end() ? *chosen : options.front());
+}
+
+/// Every input and button that the Tab key must stop at.
+std::vector<QWidget*> stopsOf(const QWidget& window) {
+  auto stops = controlsOf(window);
+  std::erase_if(stops, [](const QWidget* control) {
+    const bool works = isInput(control) || qobject_cast<const QAbstractButton*>(control) != nullptr;
+    return !works || !control->isEnabled() || isPassedBy(control);
+  });
+  return stops;
+}
+
+std::string namesOf(const std::vector<QWidget*>& controls) {
+  std::string names;
+  for (const QWidget* control : controls) names += nameOf(control) + '\n';
+  return names;
+}
+
+void expectTabsInReadingOrder(QWidget& window) {
+  const auto expected = inReadingOrder(window, stopsOf(window));
+  if (expected.empty()) return;  // only to be looked at
+  std::vector<QWidget*> reached;
+  expected.front()->setFocus(Qt::TabFocusReason);
+  for (std::size_t step = 0; step < expected.size(); ++step) {
+    QWidget* focus = window.focusWidget();
+    ASSERT_NE(focus, nullptr);
+    reached.push_back(focus);
+    QTest::keyClick(focus, Qt::Key_Tab);
+  }
+  EXPECT_EQ(namesOf(reached), namesOf(expected));
+  EXPECT_EQ(nameOf(window.focusWidget()), nameOf(expected.front())) << "and round again";
+  for (auto last = reached.rbegin(); last != reached.rend(); ++last) {
+    QTest::keyClick(window.focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(nameOf(window.focusWidget()), nameOf(*last)) << "backwards";
+  }
+}
+
+using Owners = std::map<std::string, std::vector<std::string>>;  // of each access key
+
+void addKey(Owners& owners, const QString& text, const std::string& owner) {
+  const QKeySequence key = QKeySequence::mnemonic(text);
+  if (!key.isEmpty()) owners[key.toString().toStdString()].push_back(owner);
+}
+
+std::set<std::string> clashesOf(const Owners& owners, const std::string& where) {
+  std::set<std::string> clashes;
+  for (const auto& [key, names] : owners) {
+    if (names.size() < 2) continue;
+    std::string clash = where + ' ' + key + ':';
+    for (const std::string& name : names) clash += ' ' + name;
+    clashes.insert(clash);
+  }
+  return clashes;
+}
+
+/// The access keys that more than one thing answers to: on the window itself, whose menu titles
+/// count, and in each of its menus.
+std::set<std::string> clashesOf(const QWidget& window) {
+  const std::string name = nameOf(&window);
+  std::set<std::string> clashes;
+  Owners owners;
+  for (const auto* bar : controlsOf<QMenuBar>(window))
+    for (const QAction* title : bar->actions()) {
+      addKey(owners, title->text(), nameOf(title->menu()));
+      if (title->menu() == nullptr) continue;
+      Owners items;
+      for (const QAction* item : title->menu()->actions())
+        addKey(items, item->text(), item->objectName().toStdString());
+      clashes.merge(clashesOf(items, name + ' ' + nameOf(title->menu())));
+    }
+  for (const QWidget* control : controlsOf(window)) {
+    const auto* label = qobject_cast<const QLabel*>(control);
+    if (label != nullptr && label->buddy() == nullptr) continue;
+    addKey(owners, textOf(control), nameOf(label != nullptr ? label->buddy() : control));
+  }
+  clashes.merge(clashesOf(owners, name));
+  return clashes;
+}
+
+// Users' fingers know these captions, so the keys that some of them share stay shared.
+const std::set<std::string> kSharedKeys = {
+    "frmBooks Alt+N: txtBooks_3 cmdNext",
+    "frmBooks Alt+P: PrintMenu txtBooks_2",
+    "frmComicSearch Alt+H: txtCmic_3 txtCmic_7",
+    "frmComics Alt+G: chkBagged cmdGoTo",
+    "frmComics Alt+H: HelpMenu txtCmic_3 txtCmic_7",
+    "frmComics Alt+V: txtCmic_4 cmdPrevious",
+    "frmMusSearch Alt+G: cmbGenre cmdSearch",
+    "frmMusSearch Alt+L: txtAlbum chkCurrLoaned",
+    "frmMusSearch Alt+O: txtBorrower chkBookLoaned",
+    "frmMusSearch Alt+U: txtAquireCost txtDueDate",
+    "frmMusic Alt+C: txtCurrCost cmdClearData",
+    "frmMusic Alt+L: txtAlbum chkCurrLoaned",
+    "frmMusic Alt+N: txtNotes cmdNext",
+    "frmMusic Alt+O: txtBorrower chkBookLoaned",
+    "frmMusic Alt+R: PrintMenu txtRecordCo",
+    "frmMusic Alt+T: SetupMenu txtDateLoaned cmdGoto",
+    "frmMusic Alt+U: txtAquireCost txtDueDate",
+    "frmNewCollection Alt+G: cmdNew optQBX_8",
+    "frmSoftware Alt+E: EditMenu chkCDRequired",
+    "frmSoftware Alt+L: cmdClear cmdDelete",
+    "frmSoftwareTitles Alt+X: cmdNext cmdExit",
+    "frmVideo Alt+N: txtNotes cmdNext",
+    "frmVideo Alt+P: txtPublisher txtPurPrice",
+    "frmVideoSearch Alt+P: txtPublisher txtPurPrice",
+    "frmWave Alt+P: PrintMenu txtPath",
+};
+
+using AllFormsKeys = EachForm;
+
+TEST_P(AllFormsKeys, CallsEveryInputByItsCaption) {
+  inEach({kEmpty, kFull}, [](const QWidget& window) {
+    for (QWidget* input : inputsOf(window)) {
+      EXPECT_NE(spokenName(input), "") << nameOf(input);
+      EXPECT_EQ(spokenName(input), captionOf(window, input)) << nameOf(input);
+    }
+    for (auto* button : controlsOf<QAbstractButton>(window))
+      EXPECT_EQ(spokenName(button), withoutAccessKey(button->text()).toStdString());
+    for (auto* bar : controlsOf<QProgressBar>(window)) EXPECT_NE(spokenName(bar), "");
+  });
+}
+
+TEST_P(AllFormsKeys, IsWalkedThroughInReadingOrder) {
+  inEach({kEmpty, kFull, kLargeEmpty, kLargeFull}, expectTabsInReadingOrder);
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, AllFormsKeys, testing::ValuesIn(kAllForms), formCaseName);
+
+TEST_F(AllForms, LeadThroughOptionsWithTheArrowKeys) {
+  const QWidget& window = open({"NewCollection", nullptr, {"N"}}, kEmpty);
+  const auto options = controlsOf<QRadioButton>(window);
+  ASSERT_EQ(options.size(), collectionKinds().size());
+  options.front()->setFocus();
+  for (std::size_t next = 1; next < options.size(); ++next) {
+    QTest::keyClick(window.focusWidget(), Qt::Key_Down);
+    EXPECT_EQ(nameOf(window.focusWidget()), nameOf(options.at(next)));
+  }
+}
+
+TEST_F(AllForms, ShareNoAccessKeysButTheKnownOnes) {
+  std::set<std::string> clashes;
+  for (const FormCase& which : kAllForms) clashes.merge(clashesOf(open(which, kFull)));
+  EXPECT_EQ(clashes, kSharedKeys);
+}
+
+}  // namespace
+}  // namespace quillbox::test

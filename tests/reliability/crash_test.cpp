@@ -1,0 +1,233 @@
+// The process that works on a collection is killed at a random moment, again and again. What it was
+// working on must be complete afterwards, under its own name or its backup's, and open again.
+//
+// A few times in an ordinary run; QUILLBOX_CRASHES in the environment says how often.
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <random>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "platform/disk_file_system.h"
+#include "records/collection_store.h"
+#include "records/music_file.h"
+#include "sortsearch/sort_engine.h"
+#include "support/test_folder.h"
+
+namespace quillbox::test {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using Microseconds = std::chrono::microseconds;
+
+constexpr int kItems = 5000;
+
+int crashes() {
+  constexpr int inAnOrdinaryRun = 6;
+  const char* asked = std::getenv("QUILLBOX_CRASHES");
+  return asked == nullptr ? inAnOrdinaryRun : std::atoi(asked);
+}
+
+/// Does the work in a process of its own, which is killed after `patience`. True when it was.
+bool killedWithin(Microseconds patience, const std::function<void()>& work) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    try {
+      work();
+    } catch (const ProgramEnd&) {
+      // Sorting books ends the program.
+    }
+    ::_exit(0);
+  }
+  std::this_thread::sleep_for(patience);
+  ::kill(child, SIGKILL);
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  return WIFSIGNALED(status);
+}
+
+Microseconds durationOf(const std::function<void()>& work) {
+  const auto begin = Clock::now();
+  killedWithin(Microseconds::zero(), [] {});  // what starting a process takes
+  const auto ready = Clock::now();
+  const pid_t child = ::fork();
+  if (child == 0) {
+    try {
+      work();
+    } catch (const ProgramEnd&) {
+      // As above.
+    }
+    ::_exit(0);
+  }
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  return std::chrono::duration_cast<Microseconds>(Clock::now() - ready + (ready - begin));
+}
+
+/// A collection whose records are all different and in no order.
+std::string collectionBytes(const CollectionKind& kind, int count, int fileType,
+                            std::size_t recordLength, unsigned seed) {
+  std::string bytes(recordLength, '\0');
+  bytes[0] = static_cast<char>(count & 0xFF);
+  bytes[1] = static_cast<char>(count >> 8);
+  bytes[2] = static_cast<char>(fileType);
+  bytes.replace(4, 8, "1.71    ");
+  std::mt19937 random(seed);
+  std::vector<std::byte> record(kind.recordLength);
+  for (int item = 1; item <= count; ++item) {
+    fillBlank(kind.fields, record);
+    setText(kind.fields.front(), record,
+            std::to_string(random() % 1000) + " item " + std::to_string(item));
+    bytes.append(reinterpret_cast<const char*>(record.data()), recordLength);
+  }
+  return bytes;
+}
+
+class CrashTest : public testing::TestWithParam<int> {
+ protected:
+  const CollectionKind& kind() const { return *kindOfCode(GetParam()); }
+
+  Microseconds anyMomentOf(Microseconds whole) {
+    // A little longer than the work, so that its end is met, too.
+    std::uniform_int_distribution<Microseconds::rep> moment(0, whole.count() * 5 / 4);
+    return Microseconds(moment(random_));
+  }
+
+  /// What a program started afterwards finds: a collection of that `Count`, and the item.
+  void expectOpens(const std::string& path, const CollectionKind& opened, int count, int item) {
+    DiskFileSystem files;
+    AppState state(files);
+    state.currentPath = path;
+    CollectionStore store(state, opened);
+    EXPECT_EQ(store.readHeader().Count, count);
+    store.readItem(item, opened.buffer(state));
+    EXPECT_NE(textOf(opened.fields.front(), opened.buffer(state)).front(), ' ');
+  }
+
+  static constexpr unsigned kSeed = 20261121;
+  std::mt19937 random_{kSeed};
+  TestFolder folder_;
+};
+
+using SortCrashTest = CrashTest;
+
+TEST_P(SortCrashTest, LeavesTheCollectionOrItsBackupComplete) {
+  const std::string path = folder_.path("mine." + std::string(kind().extension));
+  const std::string backup = folder_.path("mine.bak");
+  const std::string before =
+      collectionBytes(kind(), kItems, kind().rules.fileType, kind().recordLength, kSeed);
+  const auto sort = [&] {
+    DiskFileSystem files;
+    AppState state(files);
+    state.currentPath = path;
+    state.Count = kItems;
+    NoBoard board;
+    sortCollection(state, kind(), std::vector<bool>(5, true), board);
+  };
+  writeFile(path, before);
+  const Microseconds whole = durationOf(sort);
+  const bool endsProgram = kind().editor == EditorForm::books;
+  const std::string after = endsProgram ? before : readFile(path);
+  ASSERT_EQ(after.size(), before.size());
+  for (int crash = 0; crash < crashes(); ++crash) {
+    std::filesystem::remove(backup);
+    writeFile(path, before);
+    killedWithin(anyMomentOf(whole), sort);
+    if (std::filesystem::exists(backup)) {
+      ASSERT_TRUE(readFile(backup) == before) << "crash " << crash;
+      expectOpens(backup, kind(), kItems, kItems);
+    } else {
+      const std::string found = readFile(path);
+      ASSERT_TRUE(found == before || found == after) << "crash " << crash;
+      expectOpens(path, kind(), kItems, kItems);
+    }
+  }
+}
+
+using ItemCrashTest = CrashTest;
+
+TEST_P(ItemCrashTest, TouchesNoItemButItsOwn) {
+  constexpr int few = 50;
+  const std::string path = folder_.path("mine." + std::string(kind().extension));
+  const std::string before =
+      collectionBytes(kind(), few, kind().rules.fileType, kind().recordLength, kSeed);
+  const auto writeItems = [&] {
+    DiskFileSystem files;
+    AppState state(files);
+    state.currentPath = path;
+    state.Count = few;
+    CollectionStore store(state, kind());
+    std::vector<std::byte> record(kind().recordLength);
+    fillBlank(kind().fields, record);
+    setText(kind().fields.front(), record, "written");
+    for (int again = 0; again < 100; ++again) {
+      store.writeItem(7, record, state.Count);
+      store.writeNewItem(record);
+    }
+  };
+  writeFile(path, before);
+  const Microseconds whole = durationOf(writeItems);
+  for (int crash = 0; crash < crashes(); ++crash) {
+    writeFile(path, before);
+    killedWithin(anyMomentOf(whole), writeItems);
+    std::string found = readFile(path);
+    ASSERT_GE(found.size(), before.size());
+    found.resize(before.size());
+    const int count = static_cast<unsigned char>(found[0]) + 256 * found[1];
+    ASSERT_GE(count, few);
+    // All but the header's 12 bytes and the item that was being written.
+    std::string expected = before;
+    expected.replace(0, 12, found, 0, 12);
+    const std::size_t length = kind().recordLength;
+    expected.replace(7 * length, length, found, 7 * length, length);
+    ASSERT_TRUE(found == expected) << "crash " << crash;
+    expectOpens(path, kind(), count, few);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, SortCrashTest, testing::Range(1, 10));
+INSTANTIATE_TEST_SUITE_P(Kinds, ItemCrashTest, testing::Values(1, 2, 3, 6));
+
+class UpgradeCrashTest : public CrashTest {};
+
+TEST_P(UpgradeCrashTest, LeavesTheOldFileOrTheNewOne) {
+  const std::string path = folder_.path("jazz.MCS");
+  const std::string backup = folder_.path("jazz.BAK");
+  const std::string before =
+      collectionBytes(kind(), kItems, music_file_type::upgradable, kMusicRecordType4Length, kSeed);
+  const auto upgrade = [&] {
+    DiskFileSystem files;
+    AppState state(files);
+    state.currentPath = path;
+    upgradeMusicFile(state);
+  };
+  writeFile(path, before);
+  const Microseconds whole = durationOf(upgrade);
+  const std::string after = readFile(path);
+  for (int crash = 0; crash < crashes(); ++crash) {
+    std::filesystem::remove(backup);
+    writeFile(path, before);
+    killedWithin(anyMomentOf(whole), upgrade);
+    if (std::filesystem::exists(backup))
+      ASSERT_TRUE(readFile(backup) == before) << "crash " << crash;
+    else
+      ASSERT_TRUE(readFile(path) == before) << "crash " << crash;
+    if (std::filesystem::exists(path) && readFile(path) == after)
+      expectOpens(path, kind(), kItems, kItems - 1);  // the last item is not carried over
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Music, UpgradeCrashTest, testing::Values(1));
+
+}  // namespace
+}  // namespace quillbox::test

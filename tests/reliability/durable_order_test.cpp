@@ -1,0 +1,155 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "editors/media_loader.h"
+#include "printing/listing.h"
+#include "printing/print_engine.h"
+#include "records/music_file.h"
+#include "support/collection_path.h"
+#include "support/fake_desktop.h"
+#include "support/music_files.h"
+#include "support/sort_model.h"
+
+namespace quillbox::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+const char* nameOf(FileOperation operation) {
+  switch (operation) {
+    case FileOperation::open:
+      return "open";
+    case FileOperation::read:
+      return "read";
+    case FileOperation::write:
+      return "write";
+    case FileOperation::flush:
+      return "flush";
+    case FileOperation::close:
+      return "close";
+    case FileOperation::exists:
+      return "exists";
+    case FileOperation::remove:
+      return "remove";
+    case FileOperation::rename:
+      return "rename";
+    case FileOperation::list:
+      return "list";
+  }
+  return "";
+}
+
+class DurableOrder : public testing::Test {
+ protected:
+  void open(const std::string& name, const std::string& bytes, int count) {
+    state_.currentPath = folder_.path(name);
+    writeFile(state_.currentPath, bytes);
+    state_.Count = checked16(count);
+    files_.forget();
+  }
+
+  /// "write mine.MCS", ... Several in a row are told once.
+  Texts told() const {
+    Texts all;
+    for (const auto& [operation, path] : files_.operations()) {
+      const std::string line = std::string(nameOf(operation)).append(" ").append(fileNameOf(path));
+      if (all.empty() || all.back() != line) all.push_back(line);
+    }
+    return all;
+  }
+
+  TestFolder folder_;
+  FailingFiles files_;
+  AppState state_{files_};
+  NoBoard board_;
+};
+
+TEST_F(DurableOrder, ASortRemovesTheBackupWhenTheNewFileIsOnTheDiskAndClosed) {
+  for (const SortedKind& kind : kSortedKinds) {
+    if (kind.endsProgram) continue;
+    SCOPED_TRACE(kind.name);
+    const std::string name = "mine." + std::string(kind.kind().extension);
+    open(name, sortFile(kind, {named(kind, "B", 'b'), named(kind, "A", 'a')}), 2);
+    sortCollection(state_, kind.kind(), kind.everyTick(), board_);
+    EXPECT_EQ(told(), (Texts{"rename " + name, "open mine.bak", "read mine.bak", "close mine.bak",
+                             "open " + name, "write " + name, "flush " + name, "close " + name,
+                             "remove mine.bak"}));
+  }
+}
+
+TEST_F(DurableOrder, ASortOfBooksWritesAndRemovesNothing) {
+  const SortedKind& kind = kSortedBooks;
+  open("mine.BCS", sortFile(kind, {named(kind, "B", 'b'), named(kind, "A", 'a')}), 2);
+  EXPECT_THROW(sortCollection(state_, kind.kind(), kind.everyTick(), board_), ProgramEnd);
+  EXPECT_EQ(told(), (Texts{"rename mine.BCS", "open mine.bak", "read mine.bak", "close mine.bak"}));
+}
+
+TEST_F(DurableOrder, AnUpgradeRemovesAnEarlierBackupWhenTheCollectionIsOnTheDisk) {
+  const std::string old = musicFile(3, music_file_type::upgradable,
+                                    {album("A"), album("B"), album("C")}, kMusicRecordType4Length);
+  for (const bool hasBackup : {false, true}) {
+    writeFile(folder_.path("mine.BAK"), "an earlier backup");
+    if (!hasBackup) std::filesystem::remove("mine.BAK");
+    open("mine.MCS", old, 3);
+    upgradeMusicFile(state_);
+    Texts expected = {"exists mine.BAK"};
+    if (hasBackup)
+      expected.insert(expected.end(),
+                      {"open mine.MCS", "flush mine.MCS", "remove mine.BAK", "close mine.MCS"});
+    expected.insert(expected.end(),
+                    {"rename mine.MCS", "open mine.BAK", "open mine.MCS", "read mine.BAK",
+                     "write mine.MCS", "read mine.BAK", "write mine.MCS", "close mine.BAK",
+                     "write mine.MCS", "flush mine.MCS", "close mine.MCS"});
+    EXPECT_EQ(told(), expected);
+  }
+}
+
+/// A header that says "current" before the items are there would make half a file pass for a whole.
+TEST_F(DurableOrder, AnUpgradeWritesTheHeaderLast) {
+  open("mine.MCS",
+       musicFile(3, music_file_type::upgradable, {album("A"), album("B"), album("C")},
+                 kMusicRecordType4Length),
+       3);
+  files_.failNth(FileOperation::write, 2, ErrorNumber::diskFull);
+  EXPECT_THROW(upgradeMusicFile(state_), RunTimeError);
+  EXPECT_EQ(readFile("mine.MCS").substr(0, 12), std::string(12, '\0'));
+  EXPECT_EQ(readFile("mine.MCS").size(), 3 * sizeof(MusicRecord));
+}
+
+TEST_F(DurableOrder, ATextListingRemovesTheSpoolWhenTheTextFileIsClosed) {
+  const CollectionKind& kind = *kindOfExtension("BCS");
+  open("mine.BCS", plainCollection(kind, {plainItem(kind, "A"), plainItem(kind, "B")}), 2);
+  FakeDesktop desktop;
+  desktop.expectPrint(PrintChoice{.toFile = true});
+  desktop.expectSave("Print to FileName", "Text File (*.txt)|*.txt", "", folder_.path("list.txt"));
+  PrintEngine engine(state_, desktop, board_);
+  std::int16_t mode = print_mode::printer;
+  engine.OpenPrinter(mode);
+  const Listing listing(kind, {[](const Field&, int) { return ""; }, ""});
+  const std::int16_t pages = composePages(state_, kind, listing, mode, engine, board_);
+  files_.forget();
+  engine.PrintOut(mode, pages, "Books");
+  EXPECT_EQ(told(), (Texts{"open list.txt", "open printer.tmp", "read printer.tmp",
+                           "write list.txt", "close list.txt", "close printer.tmp",
+                           "exists printer.tmp", "remove printer.tmp"}));
+}
+
+TEST_F(DurableOrder, ALoadedFolderCountsNoItemThatIsNotThere) {
+  const CollectionKind& kind = *kindOfExtension("WCS");
+  for (const int failing : {0, 2, 4}) {  // the items
+    open("mine.WCS", plainCollection(kind, {}), 0);
+    files_.failNth(FileOperation::write, failing, ErrorNumber::diskFull);
+    EXPECT_THROW(loadFiles(state_, kind, "/music", {"a.wav", "b.wav", "c.wav"}, board_),
+                 RunTimeError);
+    EXPECT_EQ(headerOf(readFile("mine.WCS")).Count, failing / 2);
+    EXPECT_EQ(state_.Count, failing / 2);
+  }
+}
+
+}  // namespace
+}  // namespace quillbox::test

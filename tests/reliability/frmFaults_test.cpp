@@ -1,0 +1,134 @@
+#include <QRadioButton>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "support/fault_table.h"
+#include "support/form_fixture.h"
+
+namespace quillbox::test {
+namespace {
+
+/// A kind as the new-collection dialog offers it.
+struct NewKind {
+  const char* extension;
+  int option;
+  const char* formName;
+};
+
+constexpr NewKind kNewKinds[] = {
+    {"MCS", 1, "frmMusic"},    {"VCS", 2, "frmVideo"}, {"CCS", 3, "frmComics"},
+    {"SCS", 4, "frmSoftware"}, {"BCS", 5, "frmBooks"}, {"WCS", 6, "frmWave"},
+    {"ICS", 7, "frmWave"},     {"GCS", 8, "frmWave"},  {"MPS", 9, "frmWave"}};
+
+void PrintTo(const NewKind& kind, std::ostream* out) { *out << kind.extension; }
+
+class OverwriteFaults : public FormTest, public testing::WithParamInterface<NewKind> {
+ protected:
+  std::string name() const { return std::string("Things.") + GetParam().extension; }
+  std::string bytes() const { return bytesAt(path(name())); }
+
+  /// Puts the old collection there and fills the dialog in.
+  void openDialog() {
+    writeFile(path(name()), kOld);
+    restart();
+    fillIn();
+  }
+  void fillIn() {
+    if (formName() != "frmNewCollection") choose("N");
+    type("txtColName", "Things");
+    control<QRadioButton>(("optQBX_" + std::to_string(GetParam().option)).c_str()).click();
+  }
+  void expectQuestion(Answer answer) {
+    desktop_.expectQuestion("QBX - File Manager", "Overwrite Existing Collection?", answer);
+  }
+  void go() {
+    press("cmdNew");
+    desktop_.expectNothingLeft();
+  }
+
+  /// What the dialog has done in the end.
+  void expectMade() {
+    EXPECT_EQ(formName(), GetParam().formName);
+    EXPECT_EQ(state_->Count, 0);
+    EXPECT_TRUE(bytes().starts_with(header_));
+  }
+
+  /// The operations from Go to the editor.
+  std::vector<OperationRecord> operationsOf(Answer answer) {
+    openDialog();
+    files_.forget();
+    expectQuestion(answer);
+    go();
+    expectMade();
+    EXPECT_EQ(bytes(), answer == Answer::yes ? header_ : header_ + kOld.substr(header_.size()));
+    return files_.operations();
+  }
+
+  bool failsInCell(std::size_t nth, FileOperation operation, const Fault& fault, Answer answer) {
+    openDialog();
+    files_.shortWrites = fault.isShort;
+    files_.forget();
+    files_.failNth(static_cast<int>(nth), fault.error);
+    if (operation != FileOperation::exists) expectQuestion(answer);
+    desktop_.expectMessage("Quillbox", RunTimeError(fault.error, path(name())).message());
+    go();
+    const bool hasFailed = files_.hasFailed() && files_.operations().at(nth).operation == operation;
+    for (int number = 1; number <= 255; ++number)
+      EXPECT_FALSE(state_->files.isOpen(number)) << number;
+
+    const bool isBeforeTheEditor =
+        operation == FileOperation::exists || operation == FileOperation::remove;
+    EXPECT_EQ(formName(), isBeforeTheEditor ? "frmNewCollection" : "frmBegin2");
+    if (isBeforeTheEditor) {
+      EXPECT_EQ(bytes(), kOld);
+    } else {
+      EXPECT_FALSE(state_->newCollection);
+      expectOnlyPiecesChanged(
+          bytes(), answer == Answer::yes ? "" : kOld,
+          answer == Answer::yes ? header_ : header_ + kOld.substr(header_.size()),
+          {{0, header_.size()}}, fault.isShort);
+    }
+    expectTheNextTryToDo();
+    return hasFailed;
+  }
+
+  void expectTheNextTryToDo() {
+    files_.failNth(-1, ErrorNumber::deviceIo);
+    files_.shortWrites = false;
+    fillIn();
+    if (std::filesystem::exists(path(name()))) expectQuestion(Answer::yes);
+    go();
+    expectMade();
+  }
+
+  const std::string kOld = "the header and the items of an old collection";
+  const std::string header_ = std::string{0, 0, 1, 0} + "1.71    ";
+};
+
+TEST_P(OverwriteFaults, NoFaultCostsACollectionThatWasToStayOrTheNextTry) {
+  std::size_t cells = 0;
+  std::size_t failed = 0;
+  for (const Answer answer : {Answer::yes, Answer::no}) {
+    const auto operations = operationsOf(answer);
+    for (std::size_t nth = 0; nth < operations.size(); ++nth) {
+      if (operations[nth].path != path(name())) continue;  // the list of media types
+      for (const Fault& fault : faultsOf(operations[nth].operation)) {
+        if (fault.lasts) continue;  // the dialog gives up at the first failure
+        SCOPED_TRACE("operation " + std::to_string(nth) + ", error " +
+                     std::to_string(static_cast<int>(fault.error)));
+        ++cells;
+        if (failsInCell(nth, operations[nth].operation, fault, answer)) ++failed;
+      }
+    }
+  }
+  EXPECT_GT(cells, 0U);
+  EXPECT_EQ(failed, cells);
+  RecordProperty("cells", static_cast<int>(cells));
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, OverwriteFaults, testing::ValuesIn(kNewKinds),
+                         [](const auto& row) { return std::string(row.param.extension); });
+
+}  // namespace
+}  // namespace quillbox::test
