@@ -55,6 +55,13 @@ bool isUnderstood(std::string_view form) {
   return true;
 }
 
+/// The system's form, or the one that stands for what is not understood. Blanks around it would not
+/// be read back, as none around a text are looked at.
+std::string_view usedForm(std::string_view shortDate) {
+  const std::string_view form = withoutBlanksAround(shortDate);
+  return isUnderstood(form) ? form : kIso;
+}
+
 /// The form with its year in four digits, or in two.
 std::string withYear(std::string_view form, std::string_view yearPiece) {
   std::string changed;
@@ -174,7 +181,7 @@ std::optional<int> readTime(std::string_view text) {
 }
 
 std::optional<sys_days> readDateInAnyForm(std::string_view text, std::string_view shortDate) {
-  const std::string_view system = isUnderstood(shortDate) ? shortDate : kIso;
+  const std::string_view system = usedForm(shortDate);
   for (const std::string_view form : {system, kMonthDayYear})
     for (const std::string_view yearPiece : {"yyyy", "yy"})
       if (const auto date = readDate(text, withYear(form, yearPiece))) return date;
@@ -198,7 +205,7 @@ std::string dateText(double date, std::string_view shortDate) {
   const int yearShown = static_cast<int>(shown.year());
   if (yearShown < kFirstYear || yearShown > kLastYear) return {};
 
-  std::string form(isUnderstood(shortDate) ? shortDate : kIso);
+  std::string form(usedForm(shortDate));
   if (yearShown < kFirstShortYear || yearShown > kLastShortYear) form = withYear(form, "yyyy");
   std::string text = formatted(shown, form);
   if (seconds == 0) return text;

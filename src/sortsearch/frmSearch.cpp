@@ -17,6 +17,10 @@
 namespace quillbox {
 namespace {
 
+/// Characters across the inputs, so that a lone one has room for a name and the window for its
+/// caption.
+constexpr int kSheetWidth = 60;
+
 /// An input that can be used only while boxes are ticked.
 struct EnabledBy {
   const char* input;
@@ -87,6 +91,7 @@ frmSearch::frmSearch(Program& program, const CollectionKind& kind, const SearchP
   setCentralWidget(central);
   auto* column = new QVBoxLayout(central);
   column->addWidget(sheet_);
+  sheet_->setMinimumWidth(fontMetrics().averageCharWidth() * kSheetWidth);
   column->addStretch(1);
   column->addSpacing(column->spacing());
 
