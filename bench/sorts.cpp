@@ -33,7 +33,7 @@ std::vector<MusicRecord> readAll(const std::string& path, int count) {
   RecordFile file(open, path, sizeof(MusicRecord), OpenMode::read);
   std::vector<MusicRecord> records(static_cast<std::size_t>(count));
   for (int item = 1; item <= count; ++item)
-    file.readWhole(recordNumberOf(item), bytesOf(records[static_cast<std::size_t>(item - 1)]));
+    file.read(recordNumberOf(item), bytesOf(records[static_cast<std::size_t>(item - 1)]));
   return records;
 }
 

@@ -70,7 +70,8 @@ void exportCollection(AppState& state, const CollectionKind& kind, const std::st
   TextWriter file(state.files, path, file_number::exportFile);
   if (state.Count > 0) {
     RecordFile collection(state.files, state.currentPath, kind.recordLength, OpenMode::read);
-    RecordReader reader(collection, state.Count);
+    const std::vector<std::byte> blank = blankRecord(kind);
+    RecordReader reader(collection, state.Count, recordNumberOf(1), blank);
     for (int item = 1; item <= state.Count; ++item) {
       const auto record = reader.next();
       if (rules.items == ExportedAs::number) throw RunTimeError(ErrorNumber::typeMismatch);

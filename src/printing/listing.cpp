@@ -135,8 +135,7 @@ std::int16_t composePages(AppState& state, const CollectionKind& kind, const Lis
   std::int16_t pages = 0;
   ignoringErrors([&] { engine.PrintData(lines, pages, print_mode::reset); });
   lines.front() = listing.pageHeading();
-  std::vector<std::byte> blank(kind.recordLength);
-  fillBlank(kind.fields, blank);
+  const std::vector<std::byte> blank = blankRecord(kind);
   const std::span<std::byte> record = kind.buffer(state);
   std::optional<RecordFile> file;
   ignoringErrors(

@@ -16,9 +16,7 @@ HeaderRecord makeHeader(int count, int fileType) {
 }  // namespace
 
 CollectionStore::CollectionStore(AppState& state, const CollectionKind& kind)
-    : state_(state), kind_(kind), blank_(kind.recordLength), read_(kind.recordLength) {
-  fillBlank(kind.fields, blank_);
-}
+    : state_(state), kind_(kind), blank_(blankRecord(kind)), read_(kind.recordLength) {}
 
 HeaderRecord CollectionStore::readHeader() {
   RecordFile file(state_.files, state_.currentPath, kind_.recordLength, OpenMode::read);

@@ -118,6 +118,12 @@ const CollectionKind* kindOfMediaCode(int mediaCode) {
   return mediaCode < 1 ? nullptr : kindOfCode(mediaCode + kBeforeMediaFiles);
 }
 
+std::vector<std::byte> blankRecord(const CollectionKind& kind) {
+  std::vector<std::byte> record(kind.recordLength);
+  fillBlank(kind.fields, record);
+  return record;
+}
+
 std::string recordLabel(const CollectionKind& kind, int position, int count) {
   return std::string(kind.rules.label.before)
       .append(numberText(position))

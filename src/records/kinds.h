@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "records/field.h"
 
@@ -89,6 +90,9 @@ int mediaCodeOf(const CollectionKind& kind);
 
 /// The media-file kind of that code, or nullptr.
 const CollectionKind* kindOfMediaCode(int mediaCode);
+
+/// The blank record of a kind.
+std::vector<std::byte> blankRecord(const CollectionKind& kind);
 
 /// The record label of an item of a collection.
 std::string recordLabel(const CollectionKind& kind, int position, int count);

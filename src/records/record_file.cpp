@@ -36,11 +36,6 @@ void RecordFile::read(int recordNumber, std::span<std::byte> into,
     std::ranges::copy(blank.subspan(there), into.subspan(there).begin());
 }
 
-void RecordFile::readWhole(int recordNumber, std::span<std::byte> into) {
-  assert(into.size() <= recordLength_);
-  if (readRecords(recordNumber, into) < into.size()) failShort();
-}
-
 std::size_t RecordFile::readRecords(int firstRecordNumber, std::span<std::byte> into) {
   return files_.file(number_).readAt(offsetOf(firstRecordNumber), into);
 }

@@ -21,9 +21,6 @@ class RecordFile {
   /// from the same place of `blank`, which is as long as `into`, or is zeros when it is empty.
   void read(int recordNumber, std::span<std::byte> into, std::span<const std::byte> blank = {});
 
-  /// Fills `into`; run-time error 63 when the file does not hold all of it.
-  void readWhole(int recordNumber, std::span<std::byte> into);
-
   /// Reads into all of `into`, which may span many records; returns the number of bytes that were
   /// there, less than asked only at the end of the file.
   std::size_t readRecords(int firstRecordNumber, std::span<std::byte> into);

@@ -11,12 +11,13 @@ constexpr std::size_t kBlockBytes = 128 * 1024;
 
 }  // namespace
 
-RecordReader::RecordReader(RecordFile& file, int count, int first)
+RecordReader::RecordReader(RecordFile& file, int count, int first, std::span<const std::byte> blank)
     : file_(file),
       recordLength_(file.recordLength()),
       next_(first),
       end_(first + count),
-      firstOfBlock_(first) {}
+      firstOfBlock_(first),
+      blank_(blank) {}
 
 std::span<const std::byte> RecordReader::next() {
   assert(next_ < end_);
@@ -27,7 +28,11 @@ std::span<const std::byte> RecordReader::next() {
     readBlock();
   }
   ++next_;
-  if (at + recordLength_ > there_) file_.failShort();
+  if (at + recordLength_ > there_) {
+    const bool isMissing = next_ == end_ && at >= there_;
+    if (!isMissing || blank_.empty()) file_.failShort();
+    return blank_;
+  }
   return std::span(block_).subspan(at, recordLength_);
 }
 

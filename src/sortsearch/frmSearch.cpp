@@ -90,8 +90,8 @@ frmSearch::frmSearch(Program& program, const CollectionKind& kind, const SearchP
   auto* central = new QWidget;
   setCentralWidget(central);
   auto* column = new QVBoxLayout(central);
+  column->addStrut(fontMetrics().averageCharWidth() * kSheetWidth);
   column->addWidget(sheet_);
-  sheet_->setMinimumWidth(fontMetrics().averageCharWidth() * kSheetWidth);
   column->addStretch(1);
   column->addSpacing(column->spacing());
 

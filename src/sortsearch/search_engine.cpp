@@ -125,7 +125,8 @@ std::optional<int> findItem(AppState& state, const CollectionKind& kind, const Q
   if (rules.showsProgress) open.emplace(board, "Searching...");
   RecordFile file(state.files, state.currentPath, kind.recordLength, OpenMode::read,
                   file_number::collection);
-  RecordReader reader(file, state.Count);
+  const std::vector<std::byte> blank = blankRecord(kind);
+  RecordReader reader(file, state.Count, recordNumberOf(1), blank);
   ProgressLine line(state.Count);
   for (int item = 1; item <= state.Count; ++item) {
     if (rules.showsProgress) {

@@ -44,8 +44,8 @@ class Query {
 
 /// Looks for the first item that matches, from item 1 on, deleted items included. The kind's record
 /// buffer takes the item found, or else the last one. A hit sets `CurRec`, and `ListPos` where the
-/// kind does that. Run-time error 63 when the file is shorter than its `Count`; an empty collection
-/// is not even opened.
+/// kind does that. Run-time error 63 when the file is shorter than its `Count` by more than its
+/// last item; an empty collection is not even opened.
 std::optional<int> findItem(AppState& state, const CollectionKind& kind, const Query& query,
                             Board& board);
 

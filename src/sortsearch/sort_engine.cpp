@@ -1,5 +1,6 @@
 #include "sortsearch/sort_engine.h"
 
+#include <algorithm>
 #include <optional>
 #include <string>
 
@@ -7,6 +8,7 @@
 #include "records/header_record.h"
 #include "records/number_text.h"
 #include "records/record_file.h"
+#include "records/record_reader.h"
 #include "sortsearch/sort_slots.h"
 
 namespace quillbox {
@@ -37,9 +39,11 @@ class Sort {
     RecordFile file(state_.files, backup, kind_.recordLength, OpenMode::read, rules_.fileNumber);
     HeaderRecord header;
     file.read(kHeaderRecordNumber, bytesOf(header));
+    const std::vector<std::byte> blank = blankRecord(kind_);
+    RecordReader reader(file, slots.count(), recordNumberOf(1), blank);
     for (int item = 1; item <= slots.count(); ++item) {
       showReading(item, slots.count());
-      file.readWhole(recordNumberOf(item), slots.record(item));
+      std::ranges::copy(reader.next(), slots.record(item).begin());
     }
     return header;
   }

@@ -15,7 +15,8 @@ namespace quillbox {
 /// before the backup is deleted, so at every moment one of the two is complete. A failure leaves
 /// the collection under its own name or under the backup's alone; the message of the run-time error
 /// says so in the second case. Run-time error 58 when the backup's name is taken, 63 when the file
-/// is shorter than its `Count`, 6 when there are more than 32765 items.
+/// is shorter than its `Count` by more than its last item, which is blank then, 6 when there are
+/// more than 32765 items.
 ///
 /// Sorting books ends the program at once, with the collection under its backup's name.
 void sortCollection(AppState& state, const CollectionKind& kind, const std::vector<bool>& ticked,

@@ -281,10 +281,8 @@ TEST_F(Export, ACollectionThatIsTooShortIsExportedAsFarAsItsItemsAreWhole) {
   const struct {
     std::size_t cut;
     std::string_view lines;
-  } rows[] = {{1, "\"A\",\"\",\"1\"\r\n"},
-              {sizeof(MusicRecord), "\"A\",\"\",\"1\"\r\n"},
-              {sizeof(MusicRecord) + 1, ""},
-              {2 * sizeof(MusicRecord), ""}};
+  } rows[] = {
+      {1, "\"A\",\"\",\"1\"\r\n"}, {sizeof(MusicRecord) + 1, ""}, {2 * sizeof(MusicRecord), ""}};
   for (const auto& row : rows) {
     open("MCS", 2, bytes.substr(0, bytes.size() - row.cut));
     EXPECT_EQ(exportTo(target_), (Failure{63, path_})) << row.cut;
@@ -292,6 +290,15 @@ TEST_F(Export, ACollectionThatIsTooShortIsExportedAsFarAsItsItemsAreWhole) {
     expectCollectionUntouched();
     expectNothingOpen();
   }
+}
+
+TEST_F(Export, ALastItemThatIsMissingIsBlank) {
+  const std::string bytes = musicFile({withSongs("A", "", {"1"})});
+  open("MCS", 2, bytes);
+  EXPECT_EQ(exportTo(target_), Failure{});
+  std::string lines = "\"A\",\"\",\"1\"\r\n";
+  for (std::size_t song = 0; song < kSongs; ++song) lines += "\"\",\"\",\"\"\r\n";
+  EXPECT_EQ(readFile(target_), lines);
 }
 
 TEST_F(Export, ACollectionThatIsGoneIsReported) {

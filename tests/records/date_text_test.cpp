@@ -46,6 +46,12 @@ TEST(DateOf, TheSystemsShortFormIsUnderstood) {
   for (const auto& row : rows) EXPECT_EQ(dateOf(row.text, row.form), row.date) << row.text;
 }
 
+TEST(DateOf, BlanksAroundTheFormAreNoPartOfIt) {
+  constexpr double secondOfJanuary2000 = 36527.0;
+  EXPECT_EQ(dateText(secondOfJanuary2000, " d/M/yy "), "2/1/00");
+  EXPECT_EQ(dateOf("2/1/00", " d/M/yy "), secondOfJanuary2000);
+}
+
 TEST(DateOf, AMonthsNameIsItsFirstThreeLetters) {
   constexpr std::string_view names[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                         "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};

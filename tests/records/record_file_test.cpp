@@ -28,12 +28,6 @@ std::string read(RecordFile& file, int number, std::size_t length, std::string_v
   return bytes;
 }
 
-std::string readWhole(RecordFile& file, int number, std::size_t length) {
-  std::string bytes(length, '#');
-  file.readWhole(number, std::as_writable_bytes(std::span(bytes)));
-  return bytes;
-}
-
 class RecordFileTest : public testing::Test {
  protected:
   RecordFileTest() { writeFile("list", "AAAAABBBBBCCCCC"); }
@@ -86,46 +80,6 @@ TEST_F(RecordFileTest, AnEmptyFileIsAllBlank) {
   RecordFile file(open_, "list", kLength, OpenMode::read);
   EXPECT_EQ(read(file, 1, kLength), "\0\0\0\0\0"sv);
   EXPECT_EQ(read(file, 1, kLength, "vwxyz"), "vwxyz");
-}
-
-TEST_F(RecordFileTest, AWholeRecordIsReadAsItStands) {
-  RecordFile file(open_, "list", kLength, OpenMode::read);
-  EXPECT_EQ(readWhole(file, 1, kLength), "AAAAA");
-  EXPECT_EQ(readWhole(file, 3, kLength), "CCCCC");
-  EXPECT_EQ(readWhole(file, 2, 3), "BBB");
-}
-
-TEST_F(RecordFileTest, ARecordThatMustBeWholeIsAnErrorPastTheEndAndWhereItIsCutOff) {
-  const struct {
-    std::string_view bytes;
-    int number;
-  } rows[] = {{"", 1},          {"AAAA", 1},       {"AAAAA", 2},     {"AAAAAB", 2},
-              {"AAAAABBBB", 2}, {"AAAAABBBBB", 3}, {"AAAAA", 32768}, {"AAAAA", 0}};
-  for (const auto& row : rows) {
-    writeFile("list", row.bytes);
-    RecordFile file(open_, "list", kLength, OpenMode::update);
-    EXPECT_EQ(failureOf([&] { readWhole(file, row.number, kLength); }), (Failure{63, "list"}))
-        << row.number << " of [" << row.bytes << "]";
-    EXPECT_EQ(readFile("list"), row.bytes);
-  }
-}
-
-TEST_F(RecordFileTest, OnlyWhatIsAskedForOfARecordMustBeThere) {
-  writeFile("list", "AAAAABBB");
-  RecordFile file(open_, "list", kLength, OpenMode::read);
-  EXPECT_EQ(readWhole(file, 2, 3), "BBB");
-  EXPECT_EQ(failureOf([&] { readWhole(file, 2, 4); }), (Failure{63, "list"}));
-  EXPECT_EQ(readWhole(file, 1, kLength), "AAAAA");
-}
-
-TEST_F(RecordFileTest, AWholeRecordTakesOneReadAndReportsItsFailure) {
-  RecordFile file(open_, "list", kLength, OpenMode::read);
-  files_.forget();
-  readWhole(file, 2, kLength);
-  const std::vector<OperationRecord> expected = {{FileOperation::read, "list"}};
-  EXPECT_EQ(files_.operations(), expected);
-  files_.failNth(FileOperation::read, 0, ErrorNumber::deviceIo);
-  EXPECT_EQ(failureOf([&] { readWhole(file, 2, kLength); }), (Failure{57, "list"}));
 }
 
 TEST_F(RecordFileTest, WritingChangesOneRecordOnly) {

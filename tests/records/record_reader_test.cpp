@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "records/header_record.h"
 #include "support/failing_files.h"
@@ -52,7 +53,7 @@ TEST_P(RecordReaderTest, HandsOutEveryItemInOrder) {
   const int count = static_cast<int>(2 * kBlock / length()) + 3;
   makeFile(count);
   RecordFile file(open_, path_, length(), OpenMode::read);
-  RecordReader reader(file, count);
+  RecordReader reader(file, count, recordNumberOf(1));
   for (int item = 1; item <= count; ++item)
     ASSERT_EQ(next(reader), recordOf(item, length())) << item;
 }
@@ -62,7 +63,7 @@ TEST_P(RecordReaderTest, ReadsTheFileInBlocksOfWholeRecords) {
   const int count = 2 * perBlock + 1;
   makeFile(count);
   RecordFile file(open_, path_, length(), OpenMode::read);
-  RecordReader reader(file, count);
+  RecordReader reader(file, count, recordNumberOf(1));
   for (int item = 1; item <= count; ++item) {
     reader.next();
     EXPECT_EQ(reads(), (item - 1) / perBlock + 1) << item;
@@ -74,17 +75,45 @@ TEST_P(RecordReaderTest, AShortFileGivesTheItemsItHoldsWhole) {
   for (const std::size_t missing : {std::size_t{1}, length() - 1, length()}) {
     writeFile(path_, readFile(path_).substr(0, 3 * length() - missing));
     RecordFile file(open_, path_, length(), OpenMode::read);
-    RecordReader reader(file, 5);
+    RecordReader reader(file, 5, recordNumberOf(1));
     EXPECT_EQ(next(reader), recordOf(1, length()));
     for (int attempt = 0; attempt < 2; ++attempt)
       EXPECT_EQ(failureOf([&] { reader.next(); }), (Failure{63, path_})) << missing;
   }
 }
 
+TEST_P(RecordReaderTest, OnlyTheLastRecordMayBeMissingAndIsBlankThen) {
+  makeFile(2);
+  const std::vector<std::byte> blank(length(), std::byte{'b'});
+  const std::string whole = readFile(path_);
+  const auto readAll = [&](int count) {
+    RecordFile file(open_, path_, length(), OpenMode::read);
+    RecordReader reader(file, count, recordNumberOf(1), blank);
+    std::string all;
+    for (int item = 1; item <= count; ++item) all += next(reader);
+    return all;
+  };
+  EXPECT_EQ(readAll(2), recordOf(1, length()) + recordOf(2, length()));
+  EXPECT_EQ(readAll(3), recordOf(1, length()) + recordOf(2, length()) + std::string(length(), 'b'));
+  EXPECT_EQ(failureOf([&] { readAll(4); }), (Failure{63, path_})) << "two are missing";
+  writeFile(path_, whole + "x");
+  EXPECT_EQ(failureOf([&] { readAll(3); }), (Failure{63, path_})) << "it is cut off";
+  writeFile(path_, whole.substr(0, whole.size() - 1));
+  EXPECT_EQ(failureOf([&] { readAll(3); }), (Failure{63, path_})) << "the one before it is";
+}
+
+TEST_P(RecordReaderTest, ReadsFromAnyRecordOn) {
+  makeFile(3);
+  RecordFile file(open_, path_, length(), OpenMode::read);
+  RecordReader reader(file, 2, recordNumberOf(2));
+  EXPECT_EQ(next(reader), recordOf(2, length()));
+  EXPECT_EQ(next(reader), recordOf(3, length()));
+}
+
 TEST_P(RecordReaderTest, AFailedReadIsReported) {
   makeFile(3);
   RecordFile file(open_, path_, length(), OpenMode::read);
-  RecordReader reader(file, 3);
+  RecordReader reader(file, 3, recordNumberOf(1));
   files_.failNth(FileOperation::read, 0, ErrorNumber::deviceIo);
   EXPECT_EQ(failureOf([&] { reader.next(); }), (Failure{57, path_}));
 }

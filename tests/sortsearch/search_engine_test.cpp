@@ -325,8 +325,7 @@ TEST_P(SearchEngine, AFileShorterThanItsCountIsAnErrorThatNamesIt) {
               {length + 1, 0},
               {2 * length, 1},
               {2 * length + 1, 1},
-              {3 * length - 1, 1},
-              {3 * length, 2}};
+              {3 * length - 1, 1}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.size);
     openBytes(3, whole.substr(0, row.size));
@@ -336,6 +335,16 @@ TEST_P(SearchEngine, AFileShorterThanItsCountIsAnErrorThatNamesIt) {
     EXPECT_TRUE(readFile(path_) == whole.substr(0, row.size));
     expectNotMoved();
   }
+}
+
+TEST_P(SearchEngine, ALastItemThatIsMissingIsBlank) {
+  open({"A", "B"});
+  openBytes(3, readFile(path_));
+  EXPECT_EQ(find("wanted"), std::nullopt);
+  EXPECT_EQ(find("B"), 2);
+  const auto record = kind_.buffer(state_);
+  EXPECT_EQ(find("wanted"), std::nullopt);
+  EXPECT_TRUE(std::ranges::equal(record, blankRecord(kind_)));
 }
 
 TEST_P(SearchEngine, AMatchBeforeTheEndOfAShortFileIsFound) {

@@ -37,8 +37,9 @@ TEST_P(SortBackup, AMissingCollectionIsAnError) {
 }
 
 TEST_P(SortBackup, AFileShorterThanItsCountIsOnlyUnderItsBackupsName) {
-  for (const std::size_t missing : {std::size_t{1}, kind().recordLength - 1, kind().recordLength,
-                                    2 * kind().recordLength, 3 * kind().recordLength - 12}) {
+  for (const std::size_t missing :
+       {std::size_t{1}, kind().recordLength - 1, kind().recordLength + 1, 2 * kind().recordLength,
+        3 * kind().recordLength - 12}) {
     SCOPED_TRACE(std::to_string(missing) + " bytes missing");
     putNamed(kind(), {"B", "A"});
     putBytes(state_.currentPath, old_.substr(0, old_.size() - missing));
@@ -48,6 +49,23 @@ TEST_P(SortBackup, AFileShorterThanItsCountIsOnlyUnderItsBackupsName) {
     EXPECT_EQ(state_.Count, 2);
     expectNothingOpen();
   }
+}
+
+TEST_P(SortBackup, ALastItemThatIsMissingIsBlankAndSortedFirst) {
+  if (kind().kind().editor == EditorForm::books) return;  // sorting books ends the program
+  putNamed(kind(), {"B", "A"});
+  const std::string whole = file();
+  state_.Count = 3;
+  sort(kind().everyTick());
+  EXPECT_EQ(state_.Count, 3);
+  std::string expected = whole.substr(0, 12);
+  expected[0] = 3;
+  expected.resize(kind().recordLength);
+  const auto blank = blankRecord(kind().kind());
+  expected.append(reinterpret_cast<const char*>(blank.data()), blank.size());
+  expected.append(whole, 2 * kind().recordLength)
+      .append(whole, kind().recordLength, kind().recordLength);
+  EXPECT_TRUE(file() == expected);
 }
 
 TEST_P(SortBackup, ACountWithoutRoomForTwoMoreIsAnError) {

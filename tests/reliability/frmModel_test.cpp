@@ -1,0 +1,362 @@
+// Long random sequences of what users do in an editor, beside a model of its rules. After every
+// step the collection's bytes and what is on screen must be the model's.
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <utility>
+
+#include "support/model_fixture.h"
+
+namespace quillbox::test {
+namespace {
+
+constexpr int kSteps = 2'000;
+
+/// New items are not added to a collection of as many, and Next goes no farther beyond its end.
+constexpr int kManyItems = 10;
+constexpr int kFarBeyond = 3;
+
+class Model : public ModelFixture, public testing::WithParamInterface<ModelKind> {
+ protected:
+  Model() : ModelFixture(GetParam()) {}
+
+  std::size_t anyInput(bool boxes) {
+    for (;;) {
+      const int input = lots_.below(static_cast<int>(inputs_.size()));
+      const auto i = static_cast<std::size_t>(input);
+      if (kind().isMedia() || kind().inputs[i].isBox() == boxes) return i;
+    }
+  }
+
+  void fillInput() {
+    const std::size_t i = anyInput(!lots_.oneIn(4));
+    const ModelInput& input = kind().inputs[i];
+    if (!model().isEnabled(i)) return;
+    if (input.is == Is::flag) {
+      note("tick ", input.name);
+      static_cast<QCheckBox*>(inputs_[i])->click();
+      model().tick(i);
+    } else if (input.is == Is::choice) {
+      const int place = lots_.below(input.choices);
+      note("choose ", place, " of ", input.name);
+      static_cast<QComboBox*>(inputs_[i])->setCurrentIndex(place);
+      model().inputs[i].number = place;
+    } else {
+      typeInto(*static_cast<QLineEdit*>(inputs_[i]), input, model().inputs[i]);
+    }
+  }
+
+  // Buttons
+
+  void write() {
+    // With nothing shown the program would end.
+    if (model().curRec == 0) return;
+    const bool isNew = model().curRec == EditorModel::kNew;
+    if (isNew && model().newSlot() > std::max(model().count, kManyItems)) return;
+    note("Write Data");
+    expectError(model().write());
+    click(kind().buttons.write);
+  }
+
+  void clear() {
+    note("Clear Data");
+    model().clear();
+    click(kind().buttons.clear);
+  }
+
+  void removeItem() {
+    if (kind().buttons.remove == nullptr) return;
+    const auto& titles = kind().titles;
+    const bool yes = lots_.oneIn(2);
+    note("Delete, ", yes ? "yes" : "no");
+    desktop_.expectQuestion(titles.question, "Do you really want to delete this?!",
+                            yes ? Answer::yes : Answer::no);
+    const std::string error = yes ? model().removeItem() : std::string();
+    expectError(error);
+    if (!yes && titles.aborted != nullptr) desktop_.expectMessage(titles.aborted, "Aborted.");
+    if (yes && error.empty() && titles.deleted != nullptr)
+      desktop_.expectMessage(titles.deleted, "Deleted.");
+    click(kind().buttons.remove);
+  }
+
+  void next() {
+    if (!model().nextEnabled || model().position() > model().count + kFarBeyond) return;
+    note("Next");
+    model().next();
+    next_->click();
+  }
+
+  void previous() {
+    // Where there is nothing to be found it would go on searching.
+    const bool isEmpty = model().count < 1;
+    if (!model().previousEnabled || (!isEmpty && !model().previousItem())) return;
+    note("Previous");
+    model().previous();
+    previous_->click();
+  }
+
+  GoToAnswer anyAnswer() {
+    const int item = lots_.below(model().count + 2);
+    const std::string digits = std::to_string(item);
+    if (!lots_.oneIn(3)) return {digits, item};
+    return lots_.of<GoToAnswer>({{" " + digits + " ", item},
+                                 {digits + ".25", item},
+                                 {"2.5", 2},
+                                 {"3.5", 4},
+                                 {"-1", -1},
+                                 {"32767", 32'767},
+                                 {"x", {}, 13},
+                                 {"", {}, 13},
+                                 {digits + " x", {}, 13},
+                                 {"70000", {}, 6}});
+  }
+
+  void goTo(const GoToAnswer& answer) {
+    if (model().isItem(answer))
+      model().show(*answer.item);
+    else if (answer.item || kind().skipsDeleted())
+      desktop_.expectMessage(kind().titles.invalid, "Invalid input?!");
+    else
+      expectError(errorText(answer.error));
+  }
+
+  void jump() {
+    const GoToAnswer answer = anyAnswer();
+    const bool isCancelled = lots_.oneIn(8);
+    note("Go To '", answer.text, isCancelled ? "', cancelled" : "'");
+    desktop_.expectInput("Record #", "Go To Record",
+                         isCancelled ? std::nullopt : std::optional(answer.text));
+    if (!isCancelled) goTo(answer);
+    click(kind().buttons.goTo);
+  }
+
+  // The other forms
+
+  void visitList() {
+    if (kind().list.entries == 0) return;
+    note("open the list");
+    trigger(kind().list.action);
+    if (kind().isMusic()) return visitSongs();
+    EXPECT_EQ(formName(), kind().list.formName);
+    for (int steps = lots_.below(5); steps > 0; --steps) {
+      const int by = lots_.below(4);
+      if (by < 2) {
+        note(by == 0 ? "next on the list" : "previous on the list");
+        model().stepList(by == 0 ? 1 : -1);
+        click(by == 0 ? "cmdNext" : kind().list.previous);
+      } else {
+        typeEntry(lots_.below(kind().list.entries), 0);
+      }
+      expectList(0, kind().list.entries);
+    }
+    note("leave the list");
+    leavePage("cmdExit");
+  }
+
+  void visitSongs() {
+    int page = 0;
+    for (int steps = lots_.below(6); steps > 0; --steps) {
+      EXPECT_EQ(formName(), page == 0 ? "frmSongEdit1" : "frmSongEdit2");
+      EXPECT_EQ(label(), model().label);
+      const int first = page * ModelList::kSongsPerPage;
+      switch (lots_.below(5)) {
+        case 0:
+          note("other songs");
+          model().addSong(page);
+          click("cmdNextPage");
+          page = 1 - page;
+          break;
+        case 1:
+          if (!lots_.oneIn(4)) break;
+          note("clear songs");
+          model().clearList();
+          click("cmdClearList");
+          break;
+        case 2:
+          typeTitle(page);
+          break;
+        default:
+          typeEntry(first + lots_.below(ModelList::kSongsPerPage), first);
+      }
+      expectList(page * ModelList::kSongsPerPage, ModelList::kSongsPerPage);
+      EXPECT_EQ(inRecord(box("txtSongEdit").text()), model().songTitles[page]);
+    }
+    note("leave the songs");
+    model().addSong(page);
+    model().storeList();
+    leavePage("cmdExit");
+  }
+
+  void leavePage(const char* exit) {
+    if (lots_.oneIn(3))
+      form().close();
+    else
+      click(exit);
+  }
+
+  void typeTitle(int page) {
+    std::string& title = model().songTitles[page];
+    Held held = {title};
+    QLineEdit& box = this->box("txtSongEdit");
+    typeText(box, "txtSongEdit", lots_.of(kModelTexts), held, ModelList::kWidth);
+    title = held.text;
+    if (lots_.oneIn(2)) return;
+    note("Enter");
+    model().addSong(page);
+    QTest::keyClick(&box, Qt::Key_Return);
+  }
+
+  std::string entryName(int entry) const {
+    return std::string(kind().list.box) + "_" + std::to_string(entry);
+  }
+  void typeEntry(int entry, int first) {
+    const std::string name = entryName(entry - first);
+    typeText(box(name.c_str()), name, lots_.of(kModelTexts),
+             model().list[static_cast<std::size_t>(entry)], ModelList::kWidth);
+  }
+  void expectList(int first, int entries) {
+    for (int entry = 0; entry < entries; ++entry)
+      EXPECT_EQ(inRecord(box(entryName(entry).c_str()).text()),
+                model().list[static_cast<std::size_t>(first + entry)].text)
+          << entryName(entry);
+  }
+
+  void sort() {
+    if (!model().canSort()) return;
+    trigger(kind().sort.action);
+    EXPECT_EQ(formName(), kind().sort.formName);
+    std::string ticks;
+    for (std::size_t key = 0; key < model().ticks.size(); ++key) {
+      const std::string name = std::string(kind().sort.boxes) + "_" + std::to_string(key);
+      if (lots_.oneIn(2)) {
+        check(name.c_str()).click();
+        model().ticks[key] = !model().ticks[key];
+      }
+      ticks += model().ticks[key] ? '1' : '0';
+    }
+    if (lots_.oneIn(6)) {
+      note("sort form shown and left");
+      return leavePage(kind().sort.exit);
+    }
+    note("sort by ", ticks);
+    if (kind().isBooks()) return sortBooks();
+    model().sort();
+    desktop_.expectMessage("Quillbox", "Sorting complete.");
+    click(kind().sort.begin);
+    EXPECT_FALSE(std::filesystem::exists(backup()));
+  }
+
+  /// That ends the program, with all there is under the backup's name.
+  void sortBooks() {
+    click(kind().sort.begin);
+    EXPECT_TRUE(std::exchange(desktop_.endedAtOnce, false));
+    EXPECT_FALSE(std::filesystem::exists(collection()));
+    std::filesystem::rename(backup(), collection());
+    startProgram();
+  }
+
+  void search() {
+    trigger(kind().search.action);
+    EXPECT_EQ(formName(), kind().search.formName);
+    fillSearch();
+    std::string error;
+    const bool isHit = model().searchFor(error);
+    note("search: ", isHit ? "hit" : "no hit");
+    expectError(error);
+    if (!isHit && error.empty()) desktop_.expectMessage("Quillbox", kind().notFound);
+    click(kind().search.begin);
+    if (isHit) return;
+    EXPECT_EQ(formName(), kind().search.formName);
+    leavePage(kind().search.exit);
+  }
+
+  /// Some of what an item has, so that there may be a hit; or anything.
+  void fillSearch() {
+    const bool isForItem = model().count > 0 && !lots_.oneIn(3);
+    const std::string item = model().record(1 + lots_.below(std::max(model().count, 1)));
+    for (std::size_t i = 0; i < kind().inputs.size(); ++i) {
+      const ModelInput& input = kind().inputs[i];
+      if (!input.searched) continue;
+      auto& control = this->control<QWidget>(input.name);
+      EXPECT_EQ(control.isEnabled(), model().isSearchEnabled(i)) << input.name;
+      if (!control.isEnabled()) continue;
+      Held& held = model().search[i];
+      Held wanted = heldOf(input, item, emptyOf(input));
+      if (input.is == Is::flag) {
+        if (isForItem ? wanted.number == held.number : lots_.oneIn(2)) continue;
+        note("tick ", input.name);
+        static_cast<QCheckBox&>(control).click();
+        held.number = 1 - held.number;
+        continue;
+      }
+      // Few conditions, or nothing would be found.
+      const bool isCondition = lots_.oneIn(kind().isMedia() ? 1 : 4);
+      if (input.is == Is::choice) {
+        held.number = !isCondition ? -1 : isForItem ? wanted.number : lots_.below(input.choices);
+        note("choose ", held.number, " of ", input.name);
+        static_cast<QComboBox&>(control).setCurrentIndex(static_cast<int>(held.number));
+      } else if (isCondition && !isForItem) {
+        typeInto(static_cast<QLineEdit&>(control), input, held);
+      } else {
+        if (!isCondition) wanted = emptyOf(input);
+        held = {withoutEndBlanks(wanted.text), wanted.number};
+        note("type ", input.name, " '", held.text, "'");
+        edit(static_cast<QLineEdit&>(control), held.text, false);
+      }
+    }
+  }
+
+  void printNothing() {
+    // Nothing to list leaves the board on screen.
+    if (model().count < 1) return;
+    note("Print List, cancelled");
+    model().show(1);
+    desktop_.expectPrint(std::nullopt);
+    trigger("PrintList");
+  }
+
+  void step() {
+    struct Weighed {
+      int weight;  ///< of a thousand
+      void (Model::*step)();
+    };
+    static constexpr Weighed steps[] = {
+        {340, &Model::fillInput}, {150, &Model::write},       {60, &Model::clear},
+        {60, &Model::removeItem}, {110, &Model::next},        {90, &Model::previous},
+        {60, &Model::jump},       {55, &Model::visitList},    {25, &Model::search},
+        {15, &Model::sort},       {10, &Model::printNothing}, {22, &Model::leaveAndOpen},
+        {3, &Model::startAgain}};
+    int lot = lots_.below(1000);
+    for (const Weighed& weighed : steps) {
+      lot -= weighed.weight;
+      if (lot < 0) return (this->*weighed.step)();
+    }
+  }
+};
+
+std::string nameOf(const testing::TestParamInfo<ModelKind>& info) {
+  return info.param.sorted->name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, Model, testing::ValuesIn(kModelKinds), nameOf);
+
+TEST_P(Model, IsWhatTheEditorDoesStepByStep) {
+  model_.emplace(kind(), collection());
+  putNewCollection();
+  startProgram();
+  const int steps = modelSetting("QUILLBOX_MODEL_STEPS", kSteps);
+  for (int done = 0; done < steps && !HasFailure(); ++done) {
+    step();
+    // Windows are painted and laid out now and then; most steps need not wait for it.
+    if (done % 50 == 0) QApplication::processEvents();
+    expectModel();
+    if (HasFailure())
+      FAIL() << "QUILLBOX_MODEL_SEED=" << modelSetting("QUILLBOX_MODEL_SEED", kModelSeed)
+             << ", step " << done << "\n"
+             << history();
+  }
+}
+
+}  // namespace
+}  // namespace quillbox::test

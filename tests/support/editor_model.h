@@ -1,0 +1,395 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "support/model_bytes.h"
+
+namespace quillbox::test {
+
+/// What a number typed into Go To is taken for.
+struct GoToAnswer {
+  std::string text;
+  std::optional<int> item;  ///< none: no number, or none of 16 bits
+  int error = 0;            ///< of an answer without an item
+};
+
+/// An editor told the long way: the collection as bytes, the positions, the record buffer and what
+/// stands on the forms. Each step is a user's; what it says is the run-time error that is shown,
+/// or nothing.
+class EditorModel {
+ public:
+  static constexpr int kNew = -1;
+
+  EditorModel(const ModelKind& kind, std::string path)
+      : kind_(kind), path_(std::move(path)), buffer(kind.length(), '\0') {
+    for (const ModelInput& input : kind.inputs) {
+      inputs.push_back(emptyOf(input));
+      search.push_back(emptyOf(input));
+    }
+    list.resize(static_cast<std::size_t>(kind.list.entries));
+    ticks = kind.sorted->ticks({});
+  }
+
+ private:
+  const ModelKind& kind_;
+  std::string path_;
+
+ public:
+  std::string file;
+  int count = 0;
+  int curRec = 0;
+  int listPos = 0;
+  std::string buffer;
+  std::string label;
+  bool previousEnabled = false;
+  bool nextEnabled = false;
+  bool onLoan = false;             ///< the boxes of a loan are enabled
+  bool bookLoanedEnabled = true;   ///< music's other loan box
+  std::vector<Held> inputs;        ///< on the editor
+  std::vector<Held> list;          ///< on its list pages
+  std::vector<Held> search;        ///< on the search form
+  std::vector<bool> ticks;         ///< on the sort form
+  std::string songTitles[2] = {};  ///< typed at the top of the song pages
+
+  int& position() { return kind_.isVideo() ? listPos : curRec; }
+
+  /// A music collection of so old a type that nothing of it is shown.
+  bool isRefused() const { return kind_.isMusic() && numberAt(file, 2, 2) < 4; }
+
+  /// Opens the collection that `file` holds, or makes one where there is none.
+  void open(bool exists = true) {
+    if (!exists) {
+      file.clear();
+      writeHeader(0);
+    }
+    count = std::max<int>(0, static_cast<int>(numberAt(file, 0, 2)));
+    bookLoanedEnabled = true;
+    reset();
+    if (!exists && !kind_.skipsDeleted()) {
+      label = "New File";
+    } else if (count < 1 || isRefused()) {
+      showNothing();
+    } else {
+      label = labelOf(1);
+      show(1);
+    }
+  }
+
+  std::string record(int item) const {
+    std::string bytes = blankRecord();
+    const std::size_t at = static_cast<std::size_t>(item) * kind_.length();
+    if (at < file.size()) putBytes(bytes, 0, file.substr(at, kind_.length()));
+    return bytes;
+  }
+  bool isWhole(int item) const {
+    return file.size() >= static_cast<std::size_t>(item + 1) * kind_.length();
+  }
+
+  /// The last item may be missing as a whole and is blank then.
+  bool canBeRead(int item) const {
+    return isWhole(item) ||
+           (item == count && file.size() <= static_cast<std::size_t>(item) * kind_.length());
+  }
+
+  bool isEnabled(std::size_t input) const {
+    const std::string name = kind_.inputs[input].name;
+    if (name == "txtBorrower" || name == "txtDateLoaned" || name == "txtDueDate") return onLoan;
+    return name != "chkBookLoaned" || bookLoanedEnabled;
+  }
+
+  /// The same on the search form, which looks at both boxes for the booklet's.
+  bool isSearchEnabled(std::size_t input) const {
+    const std::string name = kind_.inputs[input].name;
+    const bool loaned = isTicked(search, "chkCurrLoaned");
+    if (name == "txtBorrower" || name == "txtDateLoaned" || name == "txtDueDate") return loaned;
+    return name != "chkBookLoaned" || (loaned && isTicked(search, "chkHasBook"));
+  }
+
+  void tick(std::size_t input) {
+    inputs[input].number = 1 - inputs[input].number;
+    const std::string name = kind_.inputs[input].name;
+    if (name == "chkCurrLoaned") enableLoan();
+    if (name == "chkHasBook" && ticked("chkCurrLoaned")) bookLoanedEnabled = ticked("chkHasBook");
+  }
+
+  std::string write() {
+    std::string stored = buffer;
+    for (std::size_t i = 0; i < inputs.size(); ++i) {
+      const Held held = filled(i);
+      if (held.error != 0) return errorText(held.error);
+      putBytes(stored, kind_.inputs[i].offset, storedBytes(kind_.inputs[i], held));
+    }
+    for (std::size_t i = 0; i < inputs.size(); ++i) inputs[i] = filled(i);
+    buffer = stored;
+    storeList();
+    if (curRec != kNew) {
+      writeItem(position(), buffer, count);
+      return {};
+    }
+    const int slot = newSlot();
+    if (slot > count) writeHeader(slot);
+    writeItem(slot, buffer, std::max(slot, count));
+    count = std::max(slot, count);
+    clear();
+    return {};
+  }
+
+  /// Where a new item goes.
+  int newSlot() const {
+    for (int item = 1; kind_.skipsDeleted() && item <= count; ++item)
+      if (trimmedOf(markerOf(record(item))) == kind_.sorted->marker()) return item;
+    return count + 1;
+  }
+
+  void clear() {
+    for (std::size_t i = 0; i < inputs.size(); ++i)
+      if (kind_.inputs[i].is != Is::choice || kind_.isMusic()) inputs[i] = emptyOf(kind_.inputs[i]);
+    clearList();
+    curRec = kNew;
+    label = kind_.labels.fresh;
+    if (kind_.isMusic()) enableLoan();
+  }
+
+  std::string removeItem() {
+    if (curRec < 1) return errorText(63, path_);
+    std::string record = kind_.skipsDeleted() ? buffer : std::string(kind_.length(), '\0');
+    putBytes(record, 0, fixedText(std::string(kind_.sorted->marker()), kind_.markerWidth()));
+    writeItem(position(), record, count);
+    if (kind_.skipsDeleted()) buffer = record;
+    clear();
+    return {};
+  }
+
+  void next() {
+    int item = position();
+    nextEnabled = nextEnabled && item > 0;
+    if (item <= 0) return;
+    do ++item;
+    while (kind_.skipsDeleted() && isDeleted(record(item)));
+    show(item);
+  }
+
+  /// Where Previous leads; nothing where it would search a whole lap of deleted items.
+  std::optional<int> previousItem() {
+    int item = position();
+    for (int read = 0; read < count; ++read) {
+      if (item < 1) item = count;
+      if (item > 1)
+        --item;
+      else if (kind_.skipsDeleted())
+        item = count;
+      if (!kind_.skipsDeleted() || !isDeleted(record(item))) return item;
+    }
+    return std::nullopt;
+  }
+  void previous() {
+    if (const auto item = previousItem()) show(*item);
+  }
+
+  bool isItem(const GoToAnswer& answer) const {
+    return answer.item && *answer.item >= 1 && *answer.item <= count;
+  }
+
+  /// A step on the list page.
+  void stepList(int by) {
+    if (count < 1) return;
+    int item = listPos + by;
+    if (by > 0 && item > count) item = 1;
+    if (by < 0 && item < 1) item = count;
+    if (kind_.isVideo()) return show(item);
+    listPos = item;
+    buffer = record(item);
+    updateScreen();
+  }
+
+  void clearList() {
+    for (Held& entry : list) entry = {};
+  }
+
+  /// The title at the top of a song page goes into the first empty song.
+  void addSong(int page) {
+    std::string& title = songTitles[page];
+    if (trimmedOf(title).empty()) return;
+    for (int song = page * 20; song < page * 20 + 20; ++song) {
+      Held& entry = list[static_cast<std::size_t>(song)];
+      if (!trimmedOf(entry.text).empty()) continue;
+      entry = {title};
+      title.clear();
+      return;
+    }
+  }
+
+  /// Entries to record buffer.
+  void storeList() {
+    for (std::size_t entry = 0; entry < list.size(); ++entry)
+      putBytes(buffer, kind_.list.offset + entry * ModelList::kWidth,
+               fixedText(list[entry].text, ModelList::kWidth));
+  }
+
+  bool canSort() const { return count == 0 || isWhole(count); }
+  void sort() {
+    std::vector<std::string> items;
+    for (int item = 1; item <= count; ++item) items.push_back(record(item));
+    SortModel sorted(*kind_.sorted, items);
+    sorted.run(ticks);
+    count = sorted.count;
+    std::string header = littleEndian(count, 2) + file.substr(2, 10);
+    header.resize(12, '\0');
+    file = header;
+    if (count > 0) file.resize(kind_.length(), '\0');
+    for (const std::string& item : sorted.items()) file += item;
+
+    if (!kind_.isMusic()) listPos = 1;
+    if (curRec < 1) return;
+    const int item = std::min(position(), count);
+    reset();
+    if (item < 1) return showNothing();
+    label = labelOf(item);
+    show(item);
+  }
+
+  /// Looks for what is on the search form. True for a hit, which is then shown.
+  bool searchFor(std::string& error) {
+    for (std::size_t i = 0; i < search.size(); ++i)
+      if (isCondition(i) && search[i].error == 6) {
+        error = errorText(6);
+        return false;
+      }
+    for (int item = 1; item <= count; ++item) {
+      if (!canBeRead(item)) {
+        error = errorText(63, path_);
+        return false;
+      }
+      if (!matches(record(item))) continue;
+      if (!kind_.isBooks()) listPos = item;
+      show(item);
+      return true;
+    }
+    return false;
+  }
+
+  /// Shows an item that is read.
+  void show(int item) {
+    buffer = record(item);
+    position() = item;
+    curRec = item;
+    if (kind_.isMusic()) clearList();
+    updateScreen();
+  }
+
+ private:
+  std::string blankRecord() const {
+    std::string blank(kind_.length(), '\0');
+    const auto fill = [&](std::size_t offset, std::size_t width) {
+      putBytes(blank, offset, std::string(width, ' '));
+    };
+    for (const ModelInput& input : kind_.inputs)
+      if (input.isText()) fill(input.offset, input.width);
+    fill(kind_.list.offset, list.size() * ModelList::kWidth);
+    fill(kind_.reservedOffset, kind_.length() - kind_.reservedOffset);
+    return blank;
+  }
+
+  std::string markerOf(const std::string& record) const {
+    return record.substr(0, kind_.markerWidth());
+  }
+  bool isDeleted(const std::string& record) const {
+    return withoutEndBlanks(markerOf(record)) == kind_.sorted->marker();
+  }
+
+  void writeAt(std::size_t offset, const std::string& bytes) {
+    file.resize(std::max(file.size(), offset + bytes.size()), '\0');
+    putBytes(file, offset, bytes);
+  }
+  void writeHeader(int items) {
+    writeAt(0, littleEndian(items, 2) + littleEndian(kind_.fileType(), 2) + "1.71    ");
+  }
+  void writeItem(int item, const std::string& bytes, int items) {
+    if (kind_.skipsDeleted()) writeHeader(items);
+    writeAt(static_cast<std::size_t>(item) * kind_.length(), bytes);
+  }
+
+  std::string labelOf(int item) const {
+    return kind_.labels.before + std::to_string(item) + kind_.labels.of + std::to_string(count);
+  }
+
+  void reset() {
+    clear();
+    for (std::size_t i = 0; i < inputs.size(); ++i)
+      if (kind_.inputs[i].is == Is::choice) inputs[i] = emptyOf(kind_.inputs[i]);
+    previousEnabled = nextEnabled = false;
+  }
+
+  void showNothing() {
+    clear();
+    position() = 0;
+    curRec = 0;
+    label = kind_.labels.empty;
+  }
+
+  void updateScreen() {
+    if (kind_.isVideo() && isDeleted(buffer)) return;
+    for (std::size_t i = 0; i < inputs.size(); ++i)
+      inputs[i] = heldOf(kind_.inputs[i], buffer, inputs[i]);
+    // Negative positions have no blank before them.
+    label = labelOf(curRec);
+    if (curRec < 0) label.erase(label.find(" -"), 1);
+    previousEnabled = curRec != 1;
+    nextEnabled = curRec != count;
+    for (std::size_t entry = 0; entry < list.size(); ++entry)
+      list[entry] = heldOf({kind_.isMusic() ? Is::padded : Is::text, "",
+                            kind_.list.offset + entry * ModelList::kWidth, ModelList::kWidth},
+                           buffer, {});
+    if (kind_.isMusic()) enableLoan();
+  }
+
+  bool isTicked(const std::vector<Held>& form, const std::string& name) const {
+    for (std::size_t i = 0; i < form.size(); ++i)
+      if (name == kind_.inputs[i].name) return form[i].number == 1;
+    return false;
+  }
+  bool ticked(const std::string& name) const { return isTicked(inputs, name); }
+  void enableLoan() {
+    onLoan = ticked("chkCurrLoaned");
+    if (ticked("chkHasBook")) bookLoanedEnabled = onLoan;
+  }
+
+  /// What is stored of an input: what it holds, or what an empty date becomes.
+  Held filled(std::size_t input) const {
+    const Held& held = inputs[input];
+    if (!held.text.empty()) return held;
+    if (kind_.inputs[input].fills == Fills::today) return {"11/21/2026"};
+    if (kind_.inputs[input].fills == Fills::newYear1980) return {"1/1/80", kDates[0].number};
+    return held;
+  }
+
+  bool isCondition(std::size_t input) const {
+    const ModelInput& row = kind_.inputs[input];
+    if (!row.searched) return false;
+    if (row.is == Is::flag) return true;
+    return row.is == Is::choice ? search[input].number >= 0 : !search[input].text.empty();
+  }
+
+  bool matches(const std::string& record) const {
+    for (std::size_t i = 0; i < search.size(); ++i)
+      if (isCondition(i) && !meets(record, kind_.inputs[i], search[i])) return false;
+    return true;
+  }
+
+  bool meets(const std::string& record, const ModelInput& input, const Held& wanted) const {
+    const std::string bytes = record.substr(input.offset, input.width);
+    if (input.is == Is::date)
+      return dateShown(numberAt(record, input.offset, 8)) == withoutEndBlanks(wanted.text);
+    if (input.is == Is::flag)
+      return (numberAt(record, input.offset, 2) != 0) == (wanted.number != 0);
+    if (!input.isText()) return bytes == littleEndian(wanted.number, input.width);
+    if (kind_.isMedia()) return sameInCapitals(withoutEndBlanks(bytes), wanted.text);
+    const bool noDate = input.searchedAsDate && (wanted.text[0] < '1' || wanted.text[0] > '9');
+    return bytes == fixedText(noDate ? "" : wanted.text, input.width);
+  }
+};
+
+}  // namespace quillbox::test
