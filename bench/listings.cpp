@@ -1,6 +1,7 @@
 #include "listings.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
@@ -118,6 +119,19 @@ Pair timeBesideWriting(const std::function<void()>& work, const std::string& pat
     peers.push_back(timed([&] { writeStraight(path, bytes); }));
   }
   return {median(ours), median(peers)};
+}
+
+Pair timePdf(const fs::path& programs, const fs::path& workFolder, const std::string& collection) {
+  const std::string command = "cd '" + workFolder.string() + "' && QT_QPA_PLATFORM=offscreen '" +
+                              (programs / "bench_print_pdf").string() + "' '" + collection + "' " +
+                              std::to_string(kItemsOnPaper);
+  Pair times;
+  FILE* output = ::popen(command.c_str(), "r");
+  const bool understood =
+      output != nullptr && std::fscanf(output, "%lf %lf", &times.quillbox, &times.peer) == 2;
+  if (output == nullptr || ::pclose(output) != 0 || !understood)
+    throw std::runtime_error("bench_print_pdf failed");
+  return times;
 }
 
 ListingFigures timeListings(const fs::path& workFolder, const std::string& collection) {

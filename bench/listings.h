@@ -21,6 +21,13 @@ struct ListingFigures {
 /// it.
 Pair timeBesideWriting(const std::function<void()>& work, const std::string& path);
 
+inline constexpr int kItemsOnPaper = 2'000;
+
+/// The milliseconds of printing kItemsOnPaper items of a music collection as a PDF document, and of
+/// drawing the same lines bare, by the program bench_print_pdf in the folder `programs`.
+Pair timePdf(const std::filesystem::path& programs, const std::filesystem::path& workFolder,
+             const std::string& collection);
+
 /// Lists a full music collection to a text file, and exports it. The peer of each writes the same
 /// bytes straight to a file.
 ListingFigures timeListings(const std::filesystem::path& workFolder, const std::string& collection);

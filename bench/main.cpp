@@ -101,6 +101,7 @@ struct Figures {
   StartFigures starts;
   SearchFigures searches;
   ListingFigures listings;
+  Pair pdf;  ///< milliseconds
   std::vector<ExportFigures> exports;
   std::vector<SortFigures> sorts;
 };
@@ -129,6 +130,8 @@ void printTable(const Figures& figures) {
   constexpr double mostAllowedForListing = 8;
   constexpr double mostAllowedForExport = 2;
   printRatio("listing", figures.listings.listing, "%.0f ms", 1, mostAllowedForListing);
+  constexpr double mostAllowedForPdf = 2;
+  printRatio("listing, PDF", figures.pdf, "%.0f ms", 1, mostAllowedForPdf);
   printRatio("export", figures.listings.exporting, "%.0f ms", 1, mostAllowedForExport);
   for (const auto& [kind, time] : figures.exports)
     printRatio(kind.c_str(), time, "%.0f ms", 1, mostAllowedForExport);
@@ -168,6 +171,7 @@ void runAll(int runs) {
   // After the starts, whose memory is measured by a process that must still be small.
   figures.searches = timeSearches(folder.path(), full);
   figures.listings = timeListings(folder.path(), full);
+  figures.pdf = timePdf(programs, folder.path(), full);
   figures.exports = timeExports(folder.path());
   figures.sorts = timeSorts(folder.path());
   printTable(figures);
