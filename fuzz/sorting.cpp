@@ -75,7 +75,14 @@ void sortAndRequireEveryItem(AppState& state, MemoryFiles& files, const Collecti
     return;
   }
   require(!files.exists(backup), "no backup stays");
-  const auto items = wholeItems(before, kind.recordLength, count);
+  auto items = wholeItems(before, kind.recordLength, count);
+  const std::size_t end = (items.size() + 1) * kind.recordLength;
+  const bool lacksTheLast =
+      items.size() + 1 == static_cast<std::size_t>(count) && before.size() <= end;
+  if (lacksTheLast) {  // it is blank then
+    const auto blank = blankRecord(kind);
+    items.emplace_back(reinterpret_cast<const char*>(blank.data()), blank.size());
+  }
   require(items.size() == static_cast<std::size_t>(count), "only whole items are sorted");
   const std::string& after = files.bytes(state.currentPath);
   const auto sorted = wholeItems(after, kind.recordLength, state.Count);
