@@ -6,7 +6,6 @@
 #include "editors/media_loader.h"
 #include "fuzz/collection_input.h"
 #include "fuzz/fuzzed_desktop.h"
-#include "fuzz/memory_files.h"
 #include "fuzz/sorting.h"
 #include "printing/export.h"
 #include "printing/listing.h"
@@ -17,6 +16,7 @@
 #include "records/number_text.h"
 #include "records/windows1252.h"
 #include "sortsearch/search_engine.h"
+#include "support/memory_files.h"
 
 namespace quillbox::fuzz {
 namespace {

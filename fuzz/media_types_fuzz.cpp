@@ -2,11 +2,13 @@
 
 #include "editors/media_types.h"
 #include "fuzz/input.h"
-#include "fuzz/memory_files.h"
 #include "records/windows1252.h"
+#include "support/memory_files.h"
 
 namespace quillbox::fuzz {
 namespace {
+
+using test::MemoryFiles;
 
 constexpr std::size_t kBuiltInKept = 7;
 

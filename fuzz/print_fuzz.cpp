@@ -2,11 +2,13 @@
 
 #include "fuzz/fuzzed_desktop.h"
 #include "fuzz/input.h"
-#include "fuzz/memory_files.h"
 #include "printing/print_engine.h"
+#include "support/memory_files.h"
 
 namespace quillbox::fuzz {
 namespace {
+
+using test::MemoryFiles;
 
 constexpr const char* kSpool = "printer.tmp";
 constexpr std::size_t kPageLength = 5520;

@@ -11,13 +11,11 @@
 #include "platform/desktop.h"
 #include "platform/run_time_error.h"
 #include "records/app_state.h"
+#include "records/version.h"
 
 namespace quillbox {
 
 class Form;
-
-/// The title of messages that have none of their own.
-inline constexpr std::string_view kDefaultTitle = "Quillbox";
 
 /// What the start-up part of the program does for the forms below it.
 class Shell {

@@ -5,6 +5,7 @@
 #include "records/app_state.h"
 #include "records/header_record.h"
 #include "records/number_text.h"
+#include "records/version.h"
 
 namespace quillbox {
 namespace {
@@ -15,7 +16,6 @@ constexpr LabelWords kLabel = {"Record #", " of", "Record #: 0", "New Record"};
 constexpr LabelWords kMediaLabel = {"Record #:", " of", "Record #:None", "Record #:None"};
 
 constexpr std::string_view kMusicTitle = "QBX - Music Manager";
-constexpr std::string_view kDefaultTitle = "Quillbox";
 
 // The music editor's own spelling of the marker; files made with it must go on being understood.
 constexpr DeleteRules kMusicDelete = {"DETELED", true, true, kMusicTitle, kMusicTitle, kMusicTitle};

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <map>
 #include <memory>
 #include <random>
 #include <string>
@@ -15,6 +14,7 @@
 #include "sortsearch/sort_engine.h"
 #include "sortsearch/sort_rules.h"
 #include "sortsearch/sort_slots.h"
+#include "support/memory_files.h"
 
 namespace quillbox::test {
 namespace {
@@ -22,58 +22,6 @@ namespace {
 constexpr unsigned kSeed = 20'261'121;
 constexpr int kCollections = 2'000;
 constexpr int kMaxItems = 12;
-
-/// Files in memory: thousands of sorts must not wait for a disk.
-class MemoryFiles : public FileSystem {
- public:
-  std::map<std::string, std::shared_ptr<std::string>> files;
-
-  std::unique_ptr<File> open(const std::string& path, OpenMode mode) override {
-    if (!exists(path)) {
-      if (mode != OpenMode::create) throw RunTimeError(ErrorNumber::fileNotFound, path);
-      files[path] = std::make_shared<std::string>();
-    }
-    return std::make_unique<MemoryFile>(files[path]);
-  }
-  bool isSameFile(const std::string& a, const std::string& b) override { return a == b; }
-  bool exists(const std::string& path) override { return files.contains(path); }
-  void remove(const std::string& path) override {
-    if (files.erase(path) == 0) throw RunTimeError(ErrorNumber::fileNotFound, path);
-  }
-  void rename(const std::string& from, const std::string& to) override {
-    if (exists(to)) throw RunTimeError(ErrorNumber::fileAlreadyExists, to);
-    auto moved = files.extract(from);
-    if (moved.empty()) throw RunTimeError(ErrorNumber::fileNotFound, from);
-    moved.key() = to;
-    files.insert(std::move(moved));
-  }
-  std::string currentFolder() override { return "/"; }
-  void setCurrentFolder(const std::string& /*folder*/) override {}
-  std::string programFolder() override { return "/"; }
-  std::vector<FolderEntry> list(const std::string& /*folder*/) override { return {}; }
-
- private:
-  class MemoryFile : public File {
-   public:
-    explicit MemoryFile(std::shared_ptr<std::string> bytes) : bytes_(std::move(bytes)) {}
-
-    std::size_t readAt(std::uint64_t offset, std::span<std::byte> into) override {
-      if (offset >= bytes_->size()) return 0;
-      const std::size_t there = std::min<std::size_t>(into.size(), bytes_->size() - offset);
-      std::memcpy(into.data(), bytes_->data() + offset, there);
-      return there;
-    }
-    void writeAt(std::uint64_t offset, std::span<const std::byte> from) override {
-      bytes_->resize(std::max<std::size_t>(bytes_->size(), offset + from.size()));
-      std::memcpy(bytes_->data() + offset, from.data(), from.size());
-    }
-    void flush() override {}
-    void close() override {}
-
-   private:
-    std::shared_ptr<std::string> bytes_;
-  };
-};
 
 /// Collections of few items that are much alike: what they have in common is where sorting can go
 /// wrong.

@@ -13,6 +13,7 @@
 #include "support/failing_files.h"
 #include "support/failure.h"
 #include "support/fake_desktop.h"
+#include "support/recording_board.h"
 #include "support/test_folder.h"
 
 namespace quillbox::test {
@@ -22,22 +23,6 @@ using Texts = std::vector<std::string>;
 inline constexpr std::size_t kPageLength = 5520;
 inline constexpr std::int16_t kPrintModes[] = {print_mode::printer, print_mode::textFile,
                                                print_mode::cancelled};
-
-/// A board that remembers what it was told.
-class PrintBoard : public Board {
- public:
-  void open(const std::string& caption) override { told.push_back("open: " + caption); }
-  void setBoardCaption(const std::string& caption) override {
-    told.push_back("caption: " + caption);
-  }
-  void clear() override { told.emplace_back("clear"); }
-  void print(const std::string& line) override { told.push_back("line: " + line); }
-  void progress(int done, int total) override { steps.emplace_back(done, total); }
-  void close() override { told.emplace_back("close"); }
-
-  Texts told;
-  std::vector<std::pair<int, int>> steps;
-};
 
 /// The lines of a block: "a1", "a2", ...
 inline Texts texts(const std::string& name, int count) {
@@ -114,7 +99,7 @@ class PrintDataTest : public testing::Test {
   FailingFiles files_;
   AppState state_{files_};
   FakeDesktop desktop_;
-  PrintBoard board_;
+  RecordingBoard board_;
   PrintEngine engine_{state_, desktop_, board_};
   PrintLines lines_;
 };
@@ -172,7 +157,7 @@ class PrintOutTest : public testing::Test {
   FailingFiles files_;
   AppState state_{files_};
   FakeDesktop desktop_;
-  PrintBoard board_;
+  RecordingBoard board_;
   PrintEngine engine_{state_, desktop_, board_};
   std::string offered_;  // what the next save dialog offers
 };

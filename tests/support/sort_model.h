@@ -20,6 +20,7 @@
 #include "records/kinds.h"
 #include "sortsearch/sort_engine.h"
 #include "support/failing_files.h"
+#include "support/recording_board.h"
 #include "support/test_folder.h"
 
 namespace quillbox::test {
@@ -162,22 +163,6 @@ inline std::string sortFile(const SortedKind& kind, const std::vector<std::strin
   for (const std::string& item : items) bytes += item;
   return bytes;
 }
-
-/// A board that writes down what it is told.
-class RecordingBoard : public Board {
- public:
-  void open(const std::string& caption) override { told.push_back("open: " + caption); }
-  void setBoardCaption(const std::string& caption) override {
-    told.push_back("caption: " + caption);
-  }
-  void clear() override { told.emplace_back("clear"); }
-  void print(const std::string& line) override { told.push_back("line: " + line); }
-  void progress(int done, int total) override { steps.emplace_back(done, total); }
-  void close() override { told.emplace_back("close"); }
-
-  std::vector<std::string> told;
-  std::vector<std::pair<int, int>> steps;
-};
 
 /// The sort spelled out step by step, on whole records in slots from 1. Slow, and the measure of
 /// the real one.

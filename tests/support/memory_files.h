@@ -11,9 +11,10 @@
 #include "platform/file_system.h"
 #include "platform/run_time_error.h"
 
-namespace quillbox::fuzz {
+namespace quillbox::test {
 
-/// Files in memory: an input must not wait for a disk, nor leave anything behind.
+/// Files in memory: thousands of sorts, or inputs of a fuzz run, must not wait for a disk nor leave
+/// anything behind.
 class MemoryFiles : public FileSystem {
  public:
   std::map<std::string, std::shared_ptr<std::string>> files;
@@ -77,4 +78,4 @@ class MemoryFiles : public FileSystem {
   };
 };
 
-}  // namespace quillbox::fuzz
+}  // namespace quillbox::test
