@@ -4,7 +4,9 @@
 #include <string_view>
 #include <vector>
 
+#include "forms/icons.h"
 #include "forms/program.h"
+#include "forms/window_places.h"
 #include "platform/disk_file_system.h"
 #include "platform/qt/qt_desktop.h"
 #include "records/version.h"
@@ -37,12 +39,17 @@ int main(int argc, char** argv) {
 
   const QApplication application(argc, argv);  // takes the toolkit's own options away
   QApplication::setQuitOnLastWindowClosed(false);
+  // By this name the desktop finds the program's entry, and with it its name and icon.
+  QGuiApplication::setDesktopFileName(QStringLiteral("org.quillbox.Quillbox"));
+  QApplication::setWindowIcon(ownIcon("org.quillbox.Quillbox"));
   const std::vector<std::string> arguments(argv + 1, argv + argc);
 
   DiskFileSystem fileSystem;
   AppState state(fileSystem);
   QtDesktop desktop;
+  WindowPlaces windowPlaces(WindowPlaces::userFile());
   Program program(state, desktop);
+  program.setWindowPlaces(windowPlaces);
   modQBX1 startUp(program);
   program.run([&] { startUp.Main(arguments); });
   return program.isEnding() ? 0 : QApplication::exec();

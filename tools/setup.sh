@@ -1,6 +1,6 @@
 # Sourced by run, test and .ci/run. need PACKAGE... installs the Debian packages that are missing.
 
-packages_to_build="g++ cmake ninja-build qt6-base-dev fonts-dejavu-core"
+packages_to_build="g++ cmake ninja-build qt6-base-dev libqt6svg6 fonts-dejavu-core"
 packages_to_test="libgtest-dev poppler-utils python3"
 packages_to_bench="libbenchmark-dev libsqlite3-dev"
 packages_to_picture="xvfb openbox xdotool imagemagick"

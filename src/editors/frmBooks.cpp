@@ -62,7 +62,7 @@ constexpr FamilyTables kTables = {
                kMenus,
                "About Book Collection",
                "Book",
-               kFamilyHelp,
+               "books.md",
                {kInputs, {}}},
     .clearsScreenOnly = true,
 };

@@ -115,7 +115,7 @@ constexpr FamilyTables kTables = {
                kMenus,
                "About Comic Collection",
                "Comic",
-               kFamilyHelp,
+               "comics.md",
                {kSearchInputs, kSearchHeadings}},
     .listPage = &kPage,
 };

@@ -5,13 +5,13 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <chrono>
 
 #include "forms/about.h"
 #include "forms/controls.h"
+#include "forms/icons.h"
 #include "forms/qt_text.h"
 #include "platform/paths.h"
 #include "printing/export.h"
@@ -28,21 +28,49 @@ namespace {
 constexpr std::string_view kNothingShown =
     "No item is shown. Choose Clear Data to start a new item.";
 
-QIcon iconOf(Command command, const QStyle& style) {
-  const auto icon = [&style](const char* theme, QStyle::StandardPixmap fallback) {
-    const QIcon themed = QIcon::fromTheme(QString::fromUtf8(theme));
-    return themed.isNull() ? style.standardIcon(fallback) : themed;
-  };
+constexpr const char* kNotWritten = "not written yet";
+
+QIcon iconOf(Command command) {
   switch (command) {
     case Command::previous:
-      return icon("go-previous", QStyle::SP_ArrowLeft);
+      return icon("go-previous", "previous");
     case Command::next:
-      return icon("go-next", QStyle::SP_ArrowRight);
+      return icon("go-next", "next");
+    case Command::goTo:
+      return icon("go-jump", "goto");
+    case Command::clear:
+      return icon("edit-clear", "clear");
+    case Command::deleteItem:
+      return icon("edit-delete", "delete");
     case Command::write:
-      return icon("document-save", QStyle::SP_DialogSaveButton);
-    default:
-      return {};
+      return icon("document-save", "write");
+    case Command::newFile:
+      return icon("document-new", "new");
+    case Command::openFile:
+      return icon("document-open", "open");
+    case Command::exitCollection:
+      return icon("window-close", "exit");
+    case Command::editSubList:
+      return ownIcon("list");
+    case Command::sort:
+      return icon("view-sort-ascending", "sort");
+    case Command::search:
+      return icon("edit-find", "search");
+    case Command::printList:
+      return icon("document-print", "print");
+    case Command::exportData:
+      return ownIcon("export");
+    case Command::loadFolder:
+      return ownIcon("load-folder");
+    case Command::contents:
+      return icon("help-contents", "help");
+    case Command::about:
+      return icon("help-about", "about");
+    case Command::printerSetup:
+    case Command::mediaTypes:
+      break;
   }
+  return {};
 }
 
 }  // namespace
@@ -55,24 +83,42 @@ frmEditor::frmEditor(Program& program, const CollectionKind& kind, const EditorT
   auto* column = new QVBoxLayout(page);
   sheet_ = new FieldSheet(tables.inputs, tables.headings, desktop(), page);
   column->addWidget(sheet_);
+  sheet_->whenChanged([this] { updateNotWritten(); });
   column->addStretch(1);
   column->addSpacing(column->spacing());
   makeButtons();
   makeMenus();
+  setHelpPage(tables.helpPage);
 }
 
-void frmEditor::makeButtons() {
-  auto* row = new QHBoxLayout;
+void frmEditor::makeIndicator(QHBoxLayout& row) {
   lblIndex_ = new QLabel(QString::fromUtf8(tables_.indicatorText));
   lblIndex_->setObjectName(QString::fromUtf8(tables_.indicatorName));
   lblIndex_->setTextFormat(Qt::PlainText);
   QFont font = lblIndex_->font();
   font.setBold(true);
   lblIndex_->setFont(font);
-  row->addWidget(lblIndex_, 1);
+  row.addWidget(lblIndex_);
+
+  lblNotWritten_ = new QLabel(QStringLiteral("\u25CF"));  // a dot
+  lblNotWritten_->setObjectName(QStringLiteral("lblNotWritten"));
+  lblNotWritten_->setToolTip(QString::fromUtf8(kNotWritten));
+  lblNotWritten_->setAccessibleName(QStringLiteral("Item"));
+  lblNotWritten_->setAccessibleDescription(QString::fromUtf8(kNotWritten));
+  QSizePolicy keepsItsRoom = lblNotWritten_->sizePolicy();
+  keepsItsRoom.setRetainSizeWhenHidden(true);
+  lblNotWritten_->setSizePolicy(keepsItsRoom);
+  lblNotWritten_->hide();
+  row.addWidget(lblNotWritten_);
+  row.addStretch(1);
+}
+
+void frmEditor::makeButtons() {
+  auto* row = new QHBoxLayout;
+  makeIndicator(*row);
   for (const auto& [command, name, caption] : tables_.buttons) {
     auto* made = makeButton(QString::fromUtf8(name), QString::fromUtf8(caption));
-    made->setIcon(iconOf(command, *style()));
+    made->setIcon(iconOf(command));
     onClick(*made, [this, which = command] { choose(which); });
     buttons_[command] = made;
     row->addWidget(made);
@@ -84,7 +130,7 @@ void frmEditor::makeButtons() {
 void frmEditor::makeMenus() {
   for (const MenuRow& row : tables_.menus) {
     const auto handler = [this, command = row.command] { choose(command); };
-    addMenuItem({row.menu, row.menuCaption, row.item, row.caption, handler});
+    addMenuItem({row.menu, row.menuCaption, row.item, row.caption, handler, iconOf(row.command)});
   }
 }
 
@@ -119,7 +165,7 @@ void frmEditor::choose(Command command) {
     case Command::exportData:
       return ExportData_Click();
     case Command::contents:
-      return program().message("Quillbox Help", tables_.help, MessageIcon::information);
+      return showHelp();
     case Command::about:
       return program().message(tables_.aboutTitle, aboutText(tables_.aboutArea),
                                MessageIcon::information);
@@ -142,6 +188,7 @@ void frmEditor::resetForm() {
   sheet_->clearLists();
   button(Command::previous).setEnabled(false);
   button(Command::next).setEnabled(false);
+  noteNothingStored();
 }
 
 void frmEditor::makeFile(int fileType) {
@@ -279,8 +326,25 @@ void frmEditor::ExportData_Click() {
   program().message(kDefaultTitle, "Data Exported...");
 }
 
-void frmEditor::setFileCaption(std::string_view prefix) {
-  setCaption(fromUtf8Text(prefix) + fromPath(fileNameOf(state().currentPath)) + QLatin1Char(')'));
+void frmEditor::noteStored(std::span<const std::byte> record) {
+  stored_.emplace(record.begin(), record.end());
+  updateNotWritten();
+}
+
+void frmEditor::noteNothingStored() {
+  stored_.reset();
+  updateNotWritten();
+}
+
+void frmEditor::updateNotWritten() {
+  const Record* stored = stored_ ? &*stored_ : nullptr;
+  lblNotWritten_->setVisible(sheet_->differsFrom(stored) || subListDiffers(stored));
+}
+
+void frmEditor::setFileCaption(const CollectionKind& kind) {
+  setWindowIcon(iconOf(kind));
+  setCaption(fromUtf8Text(kind.captionPrefix) + fromPath(fileNameOf(state().currentPath)) +
+             QLatin1Char(')'));
 }
 
 void frmEditor::setRecordLabel(const std::string& text) { lblIndex_->setText(fromUtf8Text(text)); }
@@ -318,6 +382,7 @@ void frmEditor::showItem(std::int16_t item, std::span<const std::byte> record) {
   state().CurRec = item;
   std::ranges::copy(record, buffer().begin());
   UpdateScreen();
+  noteStored(record);
 }
 
 void frmEditor::showNothing() {
@@ -325,6 +390,7 @@ void frmEditor::showNothing() {
   position() = 0;
   state().CurRec = 0;
   setRecordLabel(std::string(store_.kind().rules.label.empty));
+  noteNothingStored();
 }
 
 void frmEditor::readAndShow(int item) {
@@ -413,6 +479,7 @@ void frmEditor::cmdWriteData_Click() {
     afterNewItem();
   } else if (state().CurRec >= 1) {
     store_.writeItem(position(), buffer(), state().Count);
+    noteStored(buffer());
   } else {
     say(kNothingShown);
     endProgram();
@@ -421,6 +488,7 @@ void frmEditor::cmdWriteData_Click() {
 
 void frmEditor::cmdClearData_Click() {
   ClearData();
+  noteNothingStored();
   sheet_->focusFirst();
 }
 

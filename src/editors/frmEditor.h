@@ -16,6 +16,7 @@
 #include "sortsearch/frmSearch.h"
 #include "sortsearch/frmSort.h"
 
+class QHBoxLayout;
 class QLabel;
 class QPushButton;
 
@@ -76,8 +77,8 @@ struct EditorTables {
   std::span<const MenuRow> menus;
   const char* aboutTitle;
   const char* aboutArea;
-  const char* help;
-  SearchPage search;  ///< what of the inputs the search form repeats
+  const char* helpPage;  ///< of the manual
+  SearchPage search;     ///< what of the inputs the search form repeats
 };
 
 /// The editor of a collection: shows one item at a time and lets the user step, jump, write, clear
@@ -89,6 +90,8 @@ class frmEditor : public Form {
   void open();
 
  protected:
+  using Record = std::vector<std::byte>;
+
   frmEditor(Program& program, const CollectionKind& kind, const EditorTables& tables);
 
   /// Reads or makes the collection at the current path and shows its first item. A run-time error
@@ -109,8 +112,19 @@ class frmEditor : public Form {
   /// Empty form, "New Record", new-item mode.
   virtual void ClearData();
 
+  /// Whether the sub-list holds anything else than that record, or anything at all when there is
+  /// none.
+  virtual bool subListDiffers(const Record* /*record*/) const { return false; }
+
   /// Empties the sub-list, just before another item is shown.
   virtual void clearSubList() {}
+
+  // What the file holds at the position by now: that record, or nothing, as for a new item.
+  void noteStored(std::span<const std::byte> record);
+  void noteNothingStored();
+
+  /// Shows the mark beside the record indicator when the form holds what its item does not.
+  void updateNotWritten();
 
   virtual void setRecordLabel(const std::string& text);
   std::string recordLabelText() const;
@@ -160,7 +174,8 @@ class frmEditor : public Form {
   void showItem(std::int16_t position, std::span<const std::byte> record);
   void readAndShow(int item);
 
-  void setFileCaption(std::string_view prefix);
+  /// The window's caption and icon.
+  void setFileCaption(const CollectionKind& kind);
 
   /// Shows a message under the editor's own title.
   void say(std::string_view text) { program().message(store_.kind().rules.messageTitle, text); }
@@ -172,6 +187,7 @@ class frmEditor : public Form {
   QPushButton& button(Command command) { return *buttons_.at(command); }
 
  private:
+  void makeIndicator(QHBoxLayout& row);
   void makeButtons();
   void makeMenus();
   bool restBetweenLaps(int milliseconds);
@@ -187,6 +203,8 @@ class frmEditor : public Form {
   const EditorTables& tables_;
   FieldSheet* sheet_;
   QLabel* lblIndex_ = nullptr;
+  QLabel* lblNotWritten_ = nullptr;
+  std::optional<Record> stored_;  // the item at the position as it is in the file; none: a new item
   std::map<Command, QPushButton*> buttons_;
   std::unique_ptr<frmSort> sort_;  // made when they are first shown
   std::unique_ptr<frmSearch> search_;

@@ -11,7 +11,7 @@ frmFamily::frmFamily(Program& program, std::string_view extension, const FamilyT
   listPage_ =
       std::make_unique<frmListPage>(program, *tables.listPage,
                                     frmListPage::Owner{[this](int item) { showListPosition(item); },
-                                                       [this] { showInsteadOf(*listPage_); }});
+                                                       [this] { leaveListPage(); }});
 }
 
 void frmFamily::Form_Load() {
@@ -24,7 +24,7 @@ void frmFamily::Form_Load() {
   const auto first = readFirstItem();
 
   resetForm();
-  setFileCaption(store().kind().captionPrefix);
+  setFileCaption(store().kind());
   if (isMissing) setRecordLabel("New File");
   if (isNew || isMissing) return;
   // Ahead of the item itself, which may be a deleted one that shows nothing.
@@ -64,7 +64,17 @@ void frmFamily::clearscreen() {
 void frmFamily::afterNewItem() {
   if (!family_.clearsScreenOnly) return frmEditor::afterNewItem();
   clearscreen();
+  updateNotWritten();
   sheet().focusFirst();
+}
+
+void frmFamily::leaveListPage() {
+  updateNotWritten();
+  showInsteadOf(*listPage_);
+}
+
+bool frmFamily::subListDiffers(const Record* record) const {
+  return listPage_ && listPage_->differsFrom(record);
 }
 
 /// The list page moves the second position alone, unless it is what this editor steps by: the
@@ -77,6 +87,7 @@ void frmFamily::showListPosition(int item) {
   state().ListPos = checked16(item);
   std::ranges::copy(record, buffer().begin());
   UpdateScreen();
+  updateNotWritten();  // what is shown is another item than the indicator's
 }
 
 }  // namespace quillbox

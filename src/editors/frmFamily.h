@@ -7,13 +7,6 @@
 
 namespace quillbox {
 
-inline constexpr const char* kFamilyHelp =
-    "Type into the boxes and choose Write Data to keep the item in the collection's file; nothing "
-    "else saves it.\n\n"
-    "Clear Data starts a new item. The Previous and Next buttons and GoTo move through the "
-    "collection. Edit, Edit Titles opens the item's list, where there is one; it is kept with the "
-    "item's next Write Data.";
-
 /// What an editor of the video-to-book family has besides the tables of every editor.
 struct FamilyTables {
   EditorTables editor;
@@ -37,10 +30,12 @@ class frmFamily : public frmEditor {
   void UpdateScreen() override;
   void GetScreen() override;
   void ClearData() override;
+  bool subListDiffers(const Record* record) const override;
   void afterNewItem() override;
 
  private:
   void clearscreen();
+  void leaveListPage();
   void showListPosition(int item);
 
   const FamilyTables& family_;

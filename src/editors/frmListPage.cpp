@@ -22,6 +22,7 @@ constexpr int kUsualEntry = 50;
 frmListPage::frmListPage(Program& program, const ListPageTables& tables, Owner owner)
     : Form(program, tables.formName), tables_(tables), owner_(std::move(owner)) {
   setCaption(fromUtf8Text(tables.caption));
+  setHelpPage("lists.md");
   auto* page = new QWidget;
   setCentralWidget(page);
   auto* column = new QVBoxLayout(page);
@@ -69,8 +70,19 @@ void frmListPage::step(int by) {
 
 void frmListPage::show(std::span<const std::byte> record) {
   for (std::size_t entry = 0; entry < boxes_.size(); ++entry)
-    boxes_[entry]->showText(
-        fromRecordText(withoutTrailingBlanks(upToNul(textOf(*tables_.field, record, entry)))));
+    boxes_[entry]->showText(shownText(record, entry));
+}
+
+QString frmListPage::shownText(std::span<const std::byte> record, std::size_t entry) const {
+  return fromRecordText(withoutTrailingBlanks(upToNul(textOf(*tables_.field, record, entry))));
+}
+
+bool frmListPage::differsFrom(const std::vector<std::byte>* record) const {
+  for (std::size_t entry = 0; entry < boxes_.size(); ++entry) {
+    const QString stored = record == nullptr ? QString() : shownText(*record, entry);
+    if (withoutTrailingBlanks(boxes_[entry]->text()) != stored) return true;
+  }
+  return false;
 }
 
 void frmListPage::store(std::span<std::byte> record) const {

@@ -42,6 +42,9 @@ class frmListPage : public Form {
   /// Boxes to list field.
   void store(std::span<std::byte> record) const;
 
+  /// Whether a box holds anything else than the record, or anything at all without one.
+  bool differsFrom(const std::vector<std::byte>* record) const;
+
   void clear();
 
  protected:
@@ -50,6 +53,7 @@ class frmListPage : public Form {
  private:
   void choose(Command command);
   void step(int by);
+  QString shownText(std::span<const std::byte> record, std::size_t entry) const;
 
   const ListPageTables& tables_;
   Owner owner_;

@@ -96,14 +96,6 @@ constexpr MenuRow kMenus[] = {
     {"HelpMenu", "&Help", Command::about, "AboutMusic", "&About"},
 };
 
-constexpr const char* kHelp =
-    "Each album is one item. Type into the boxes and choose Write Data to keep the item in the "
-    "collection's file; nothing else saves it.\n\n"
-    "Clear Data starts a new item. Previous Item, Next Item and GoTo move through the "
-    "collection. Edit, Songs opens the list of songs; they are kept with the item's next "
-    "Write Data.\n\n"
-    "Delete Item marks the item as deleted; the next new item takes its place.";
-
 constexpr EditorTables kTables = {"frmMusic",
                                   "lblIndex",
                                   "Record #:",
@@ -113,7 +105,7 @@ constexpr EditorTables kTables = {"frmMusic",
                                   kMenus,
                                   "About Music Collection",
                                   "Music",
-                                  kHelp,
+                                  "music.md",
                                   {kInputs, kHeadings}};
 
 }  // namespace
@@ -146,7 +138,7 @@ void frmMusic::Form_Load() {
   showMediaTypes(mediaTypes);
   sheet().setInputEnabled("chkBookLoaned", true);  // the loan rule may leave it as it is
   resetForm();
-  setFileCaption(store().kind().captionPrefix);
+  setFileCaption(store().kind());
   if (!isNew) showFirstItem(first);
 }
 
@@ -241,11 +233,22 @@ void frmMusic::CreateSongList() {
 }
 
 void frmMusic::GetSongs() {
+  for (std::size_t song = 0; song < kSongs; ++song) state().music.Songs.at(song) = this->song(song);
+}
+
+std::string frmMusic::song(std::size_t song) const {
+  const auto& page = pages_.at(song / frmSongEdit::kSongsPerPage);
+  return page ? page->song(song % frmSongEdit::kSongsPerPage) : songs_.at(song);
+}
+
+bool frmMusic::subListDiffers(const Record* record) const {
+  const Field& songs = *musicField("Songs");
   for (std::size_t song = 0; song < kSongs; ++song) {
-    const auto& page = pages_.at(song / frmSongEdit::kSongsPerPage);
-    state().music.Songs.at(song) =
-        page ? page->song(song % frmSongEdit::kSongsPerPage) : songs_.at(song);
+    const std::string_view stored =
+        record == nullptr ? std::string_view() : upToNul(textOf(songs, *record, song));
+    if (withoutTrailingBlanks(this->song(song)) != withoutTrailingBlanks(stored)) return true;
   }
+  return false;
 }
 
 void frmMusic::makeSongPages() {
@@ -275,6 +278,7 @@ void frmMusic::EditSongs_Click() {
 
 void frmMusic::exitSongs(frmSongEdit& page) {
   GetSongs();
+  updateNotWritten();
   showInsteadOf(page);
   sheet().textBox("txtArtist").setFocus();
 }

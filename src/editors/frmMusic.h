@@ -21,6 +21,7 @@ class frmMusic : public frmEditor {
   void UpdateScreen() override;
   void GetScreen() override;
   void ClearData() override;
+  bool subListDiffers(const Record* record) const override;
   void clearSubList() override { ClearSongList(); }
   void setRecordLabel(const std::string& text) override;
 
@@ -44,6 +45,7 @@ class frmMusic : public frmEditor {
   void ClearSongList();
   void CreateSongList();
   void GetSongs();
+  std::string song(std::size_t song) const;  ///< as it stands on its page
 
   void EditSongs_Click();
   void exitSongs(frmSongEdit& page);

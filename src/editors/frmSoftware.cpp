@@ -111,7 +111,7 @@ constexpr FamilyTables kTables = {
                kMenus,
                "About Software Collection",
                "Software",
-               kFamilyHelp,
+               "software.md",
                {kInputs, kHeadings}},
     .listPage = &kPage,
     .captionsClickable = true,

@@ -38,6 +38,7 @@ frmSongEdit::frmSongEdit(Program& program, int page, Owner owner)
       page_(page),
       owner_(std::move(owner)) {
   setCaption(QStringLiteral("Song List Editor"));
+  setHelpPage("lists.md");
   auto* holder = new QWidget;
   setCentralWidget(holder);
   auto* column = new QVBoxLayout(holder);

@@ -101,7 +101,7 @@ constexpr FamilyTables kTables = {
                kMenus,
                "About Video Collection",
                "Video",
-               kFamilyHelp,
+               "video.md",
                {kInputs, kHeadings}},
     .listPage = &kPage,
     .hidesDeleted = true,

@@ -71,7 +71,7 @@ constexpr EditorTables kTables = {"frmWave",
                                   kMenus,
                                   "About Wav/MIDI/Graphic Collection",
                                   "Wave/Midi/Graphics",
-                                  "",
+                                  "media-files.md",
                                   {kSearchInputs, {}}};
 
 }  // namespace
@@ -89,7 +89,7 @@ void frmWave::Form_Load() {
 
   resetForm();
   if (const CollectionKind* kind = kindOfMediaCode(state().mediaCode))
-    setFileCaption(kind->captionPrefix);
+    setFileCaption(*kind);
   else
     program().message(kDefaultTitle, "Fucked!");
   if (!isNew) showFirstItem(first);

@@ -94,7 +94,9 @@ FieldSheet::Bound FieldSheet::makeInput(const InputRow& row, QGridLayout& grid) 
 }
 
 void FieldSheet::show(std::span<const std::byte> record) {
-  for (const Bound& bound : bound_) showField(bound, record);
+  isShowing_ = true;
+  for (Bound& bound : bound_) showField(bound, record);
+  isShowing_ = false;
 }
 
 void FieldSheet::store(std::span<std::byte> record) {
@@ -147,21 +149,91 @@ std::string FieldSheet::choiceText(const Field& field, int index) const {
   return {};
 }
 
-void FieldSheet::clear() {
+void FieldSheet::whenChanged(std::function<void()> changed) {
+  changed_ = std::move(changed);
+  const auto notify = [this] {
+    if (!isShowing_) changed_();
+  };
   for (const Bound& bound : bound_) {
-    if (bound.row->kind == InputKind::textBox) static_cast<QLineEdit*>(bound.input)->clear();
-    if (bound.row->kind == InputKind::checkBox)
-      static_cast<QCheckBox*>(bound.input)->setChecked(false);
+    switch (bound.row->kind) {
+      case InputKind::textBox:
+        connect(static_cast<QLineEdit*>(bound.input), &QLineEdit::textChanged, this, notify);
+        break;
+      case InputKind::checkBox:
+        connect(static_cast<QCheckBox*>(bound.input), &QCheckBox::toggled, this, notify);
+        break;
+      case InputKind::dropDown:
+        connect(static_cast<QComboBox*>(bound.input), &QComboBox::currentIndexChanged, this,
+                notify);
+        break;
+    }
   }
 }
 
-void FieldSheet::clearLists() {
-  for (const Bound& bound : bound_)
-    if (bound.row->kind == InputKind::dropDown)
-      static_cast<QComboBox*>(bound.input)->setCurrentIndex(-1);
+bool FieldSheet::differsFrom(const std::vector<std::byte>* record) const {
+  return std::ranges::any_of(bound_,
+                             [this, record](const Bound& bound) { return differs(bound, record); });
 }
 
-void FieldSheet::showField(const Bound& bound, std::span<const std::byte> record) {
+bool FieldSheet::differs(const Bound& bound, const std::vector<std::byte>* record) const {
+  const Field& field = *bound.row->field;
+  switch (bound.row->kind) {
+    case InputKind::checkBox: {
+      const bool stored = record != nullptr && wholeOf(field, *record) != 0;
+      return static_cast<QCheckBox*>(bound.input)->isChecked() != stored;
+    }
+    case InputKind::dropDown: {
+      const auto* list = static_cast<QComboBox*>(bound.input);
+      const bool listed = record != nullptr && wholeOf(field, *record) < list->count();
+      const int expected = listed ? std::max<int>(wholeOf(field, *record), -1) : bound.resting;
+      return list->currentIndex() != expected;
+    }
+    case InputKind::textBox:
+      break;
+  }
+  const QString text = static_cast<QLineEdit*>(bound.input)->text();
+  const QString stored = record == nullptr ? QString() : shownText(*bound.row, *record);
+  if (withoutTrailingBlanks(text) == withoutTrailingBlanks(stored)) return false;
+  if (record == nullptr || field.type == FieldType::text) return true;
+  // Another way to write the same number or date.
+  std::vector<std::byte> entered = *record;
+  try {
+    storeField(bound, entered);
+  } catch (const RunTimeError&) {
+    return true;
+  }
+  return shownText(*bound.row, entered) != stored;
+}
+
+void FieldSheet::clear() {
+  isShowing_ = true;
+  for (Bound& bound : bound_) {
+    switch (bound.row->kind) {
+      case InputKind::textBox:
+        static_cast<QLineEdit*>(bound.input)->clear();
+        break;
+      case InputKind::checkBox:
+        static_cast<QCheckBox*>(bound.input)->setChecked(false);
+        break;
+      case InputKind::dropDown:
+        bound.resting = static_cast<QComboBox*>(bound.input)->currentIndex();
+        break;
+    }
+  }
+  isShowing_ = false;
+}
+
+void FieldSheet::clearLists() {
+  isShowing_ = true;
+  for (Bound& bound : bound_) {
+    if (bound.row->kind != InputKind::dropDown) continue;
+    static_cast<QComboBox*>(bound.input)->setCurrentIndex(-1);
+    bound.resting = -1;
+  }
+  isShowing_ = false;
+}
+
+void FieldSheet::showField(Bound& bound, std::span<const std::byte> record) {
   const Field& field = *bound.row->field;
   switch (bound.row->kind) {
     case InputKind::checkBox:
@@ -171,25 +243,29 @@ void FieldSheet::showField(const Bound& bound, std::span<const std::byte> record
       auto* list = static_cast<QComboBox*>(bound.input);
       const int index = wholeOf(field, record);
       if (index < list->count()) list->setCurrentIndex(std::max(index, -1));
+      bound.resting = list->currentIndex();
       return;
     }
     case InputKind::textBox:
       break;
   }
   auto* box = static_cast<TextBox*>(bound.input);
-  if (field.type != FieldType::text) {
-    box->showText(fromUtf8Text(numberText(field, record, bound.row->shown)));
-    return;
-  }
-  const std::string_view text = upToNul(textOf(field, record));
+  const QString text = shownText(*bound.row, record);
   if (bound.row->shown == Shown::padded)
-    box->showPadded(fromRecordText(text));
+    box->showPadded(text);
   else
-    box->showText(fromRecordText(withoutTrailingBlanks(text)));
+    box->showText(text);
+}
+
+QString FieldSheet::shownText(const InputRow& row, std::span<const std::byte> record) const {
+  if (row.field->type != FieldType::text)
+    return fromUtf8Text(numberText(*row.field, record, row.shown));
+  const std::string_view text = upToNul(textOf(*row.field, record));
+  return fromRecordText(row.shown == Shown::padded ? text : withoutTrailingBlanks(text));
 }
 
 std::string FieldSheet::numberText(const Field& field, std::span<const std::byte> record,
-                                   Shown shown) {
+                                   Shown shown) const {
   if (field.type == FieldType::date)
     return dateText(realOf(field, record), desktop_.shortDateForm());
   if (field.type == FieldType::whole) return std::to_string(wholeOf(field, record));
@@ -197,7 +273,7 @@ std::string FieldSheet::numberText(const Field& field, std::span<const std::byte
   return shown == Shown::signedNumber ? signedAmount(amount) : plainAmount(amount);
 }
 
-void FieldSheet::storeField(const Bound& bound, std::span<std::byte> record) {
+void FieldSheet::storeField(const Bound& bound, std::span<std::byte> record) const {
   const Field& field = *bound.row->field;
   switch (field.type) {
     case FieldType::flag:
@@ -226,7 +302,7 @@ void FieldSheet::storeField(const Bound& bound, std::span<std::byte> record) {
 }
 
 /// What the box holds, or what is put into it when it is empty.
-std::string FieldSheet::textToStore(const Bound& bound) {
+std::string FieldSheet::textToStore(const Bound& bound) const {
   const QString text = static_cast<QLineEdit*>(bound.input)->text();
   if (text.isEmpty() && bound.row->whenEmpty == WhenEmpty::today)
     return toRecordText(fromUtf8Text(desktop_.todayText()));

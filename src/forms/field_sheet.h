@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <cstddef>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -87,6 +88,15 @@ class FieldSheet : public QWidget {
   /// has none.
   std::string choiceText(const Field& field, int index) const;
 
+  /// Whether an input shows something else than what the record holds; without a record, than what
+  /// was left by `clear` and `clearLists`. A choice that its list does not hold is nothing that a
+  /// form could show, and makes no difference until the user chooses another.
+  bool differsFrom(const std::vector<std::byte>* record) const;
+
+  /// `changed` is called when the user, or the program other than by showing and clearing, changes
+  /// an input.
+  void whenChanged(std::function<void()> changed);
+
   /// Empties the texts and clears the boxes.
   void clear();
 
@@ -114,18 +124,23 @@ class FieldSheet : public QWidget {
   struct Bound {
     const InputRow* row;
     QWidget* input;
-    QLabel* caption;  // none for a check box, which carries its own
+    QLabel* caption;   // none for a check box, which carries its own
+    int resting = -1;  // the entry of a list that nobody chose since the sheet was shown or cleared
   };
 
   const Bound& bound(std::string_view name) const;
   Bound makeInput(const InputRow& row, QGridLayout& grid);
-  void showField(const Bound& bound, std::span<const std::byte> record);
-  std::string numberText(const Field& field, std::span<const std::byte> record, Shown shown);
-  void storeField(const Bound& bound, std::span<std::byte> record);
-  std::string textToStore(const Bound& bound);
+  void showField(Bound& bound, std::span<const std::byte> record);
+  QString shownText(const InputRow& row, std::span<const std::byte> record) const;
+  std::string numberText(const Field& field, std::span<const std::byte> record, Shown shown) const;
+  bool differs(const Bound& bound, const std::vector<std::byte>* record) const;
+  void storeField(const Bound& bound, std::span<std::byte> record) const;
+  std::string textToStore(const Bound& bound) const;
 
   Desktop& desktop_;
   std::vector<Bound> bound_;
+  std::function<void()> changed_;
+  bool isShowing_ = false;
 };
 
 }  // namespace quillbox

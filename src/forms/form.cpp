@@ -8,7 +8,9 @@
 #include <QMenuBar>
 #include <utility>
 
+#include "forms/help_window.h"
 #include "forms/qt_text.h"
+#include "forms/window_places.h"
 
 namespace quillbox {
 
@@ -25,16 +27,32 @@ void Form::setCaption(const QString& text) {
 }
 
 void Form::setVisible(bool visible) {
-  if (!visible && isVisible()) focusWhenHidden_ = focusWidget();
+  WindowPlaces* places = program_.windowPlaces();
+  if (visible) restorePlace();
+  if (!visible && isVisible()) {
+    focusWhenHidden_ = focusWidget();
+    if (places != nullptr) places->remember(*this);
+  }
   QMainWindow::setVisible(visible);
   if (visible && focusWhenHidden_) focusWhenHidden_->setFocus();
 }
 
 void Form::showInsteadOf(Form& other) {
+  restorePlace();
   if (!isVisible()) move(other.pos());
   show();
   other.hide();
   activateWindow();
+}
+
+/// Only once: from then on the window keeps its place by itself.
+void Form::restorePlace() {
+  if (std::exchange(placeIsRestored_, true) || program_.windowPlaces() == nullptr) return;
+  program_.windowPlaces()->restore(*this);
+}
+
+void Form::showHelp() {
+  program_.shared<HelpWindow>(program_.windowPlaces()).open(QString::fromUtf8(helpPage_));
 }
 
 void Form::addMenuItem(const MenuItem& item) {
@@ -52,6 +70,7 @@ void Form::addMenuItem(const MenuItem& item) {
     }
     action = menu->addAction(QString::fromUtf8(item.caption));
     action->setObjectName(QString::fromUtf8(item.name));
+    action->setIcon(item.icon);  // on the bar itself it would stand for the caption
   }
   action->setEnabled(item.click != nullptr);
   if (item.click) onTriggered(*action, item.click);
@@ -78,6 +97,8 @@ void Form::keyPressEvent(QKeyEvent* event) {
     onEnter_->click();
   else if (event->key() == Qt::Key_Escape && isDialog_)
     close();
+  else if (event->key() == Qt::Key_F1)
+    showHelp();
   else
     QMainWindow::keyPressEvent(event);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QIcon>
 #include <QMainWindow>
 #include <QPointer>
 #include <QString>
@@ -21,6 +22,7 @@ struct MenuItem {
   const char* name;
   const char* caption;
   std::function<void()> click;
+  QIcon icon = {};
 };
 
 /// A window of the program. Every handler of its controls runs inside Program::run.
@@ -33,7 +35,8 @@ class Form : public QMainWindow {
   /// The window's caption, shown exactly: nothing in it is taken for markup or a placeholder.
   void setCaption(const QString& text);
 
-  /// Shows or hides the window; shown again it has the focus where it was.
+  /// Shows or hides the window; shown again it has the focus where it was. Its place and size are
+  /// those it had when the program was last used.
   void setVisible(bool visible) override;
 
   /// Shows the form where `other` stands and hides `other`.
@@ -49,6 +52,10 @@ class Form : public QMainWindow {
 
   void addMenuItem(const MenuItem& item);
 
+  /// The page of the manual that F1 and the form's help item open; "index.md" before it is set.
+  void setHelpPage(const char* page) { helpPage_ = page; }
+  void showHelp();
+
   /// Runs `handler` in the handlers' one place when the user clicks; a control set by program never
   /// does.
   void onClick(QAbstractButton& button, std::function<void()> handler);
@@ -62,7 +69,11 @@ class Form : public QMainWindow {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void restorePlace();
+
   Program& program_;
+  const char* helpPage_ = "index.md";
+  bool placeIsRestored_ = false;
   bool isDialog_ = false;
   QAbstractButton* onEnter_ = nullptr;
   QPointer<QWidget> focusWhenHidden_;  // hiding a window moves its focus on

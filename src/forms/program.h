@@ -6,6 +6,7 @@
 #include <string_view>
 #include <typeindex>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "platform/desktop.h"
@@ -16,6 +17,7 @@
 namespace quillbox {
 
 class Form;
+class WindowPlaces;
 
 /// What the start-up part of the program does for the forms below it.
 class Shell {
@@ -46,6 +48,11 @@ class Program {
   Shell& shell() { return *shell_; }
   void setShell(Shell& shell) { shell_ = &shell; }
 
+  /// Where the windows stood when the program was last used; none: nothing is kept. Must outlive
+  /// the forms.
+  WindowPlaces* windowPlaces() const { return windowPlaces_; }
+  void setWindowPlaces(WindowPlaces& places) { windowPlaces_ = &places; }
+
   /// Runs the handler of a user's action. A run-time error ends the handler: the forms it hid come
   /// back and the error is shown. When no form is left on screen the start screen is shown.
   void run(const std::function<void()>& handler);
@@ -70,9 +77,9 @@ class Program {
 
   /// The one object of that class that all forms share, made from `parts` on first use.
   template <typename Shared, typename... Parts>
-  Shared& shared(Parts&... parts) {
+  Shared& shared(Parts&&... parts) {
     auto& shared = shared_[typeid(Shared)];
-    if (!shared) shared = std::make_shared<Shared>(parts...);
+    if (!shared) shared = std::make_shared<Shared>(std::forward<Parts>(parts)...);
     return *static_cast<Shared*>(shared.get());
   }
 
@@ -90,6 +97,7 @@ class Program {
   AppState& state_;
   Desktop& desktop_;
   Shell* shell_ = nullptr;
+  WindowPlaces* windowPlaces_ = nullptr;
   std::vector<Form*> forms_;
   int depth_ = 0;  // handlers running inside one another
   bool ending_ = false;

@@ -25,4 +25,9 @@ QString fromPath(std::string_view path) { return QFile::decodeName(bytesOfText(p
 
 QString withoutAccessKey(QString caption) { return caption.remove(QLatin1Char('&')); }
 
+QStringView withoutTrailingBlanks(QStringView text) {
+  while (text.endsWith(QLatin1Char(' '))) text.chop(1);
+  return text;
+}
+
 }  // namespace quillbox

@@ -21,4 +21,7 @@ QString fromPath(std::string_view path);
 /// A control's caption without the "&" that marks its access key.
 QString withoutAccessKey(QString caption);
 
+/// Blanks at the end, which no field keeps as such, do not count.
+QStringView withoutTrailingBlanks(QStringView text);
+
 }  // namespace quillbox

@@ -83,6 +83,7 @@ void frmRecDisp::showState() {
   bar_->setVisible(total_ > 0);
   bar_->setRange(0, total_);
   bar_->setValue(done_);
+  bar_->setFormat(QStringLiteral("%1 of %2, %3 left").arg(done_).arg(total_).arg(total_ - done_));
 }
 
 void frmRecDisp::repaintNow() {

@@ -1,13 +1,14 @@
 #include "shell/frmBegin2.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QLabel>
-#include <QStyle>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 
 #include "forms/about.h"
+#include "forms/icons.h"
 #include "forms/qt_text.h"
 #include "records/version.h"
 
@@ -18,20 +19,17 @@ struct ToolRow {
   const char* key;
   const char* caption;
   const char* themeIcon;
-  QStyle::StandardPixmap icon;
+  const char* ownIcon;
   QKeySequence::StandardKey shortcut;
 };
 
 const ToolRow kTools[] = {
-    {"N", "New Collection", "document-new", QStyle::SP_FileIcon, QKeySequence::New},
-    {"O", "Open Collection", "document-open", QStyle::SP_DialogOpenButton, QKeySequence::Open},
-    {"X", "Exit", "application-exit", QStyle::SP_DialogCancelButton, QKeySequence::Quit},
+    {"N", "New Collection", "document-new", "new", QKeySequence::New},
+    {"O", "Open Collection", "document-open", "open", QKeySequence::Open},
+    {"X", "Exit", "application-exit", "exit", QKeySequence::Quit},
 };
 
-constexpr const char* kHelp =
-    "Quillbox keeps lists of what you collect. Each collection is one file; its name ends in the "
-    "kind of the collection, for example .MCS for music.\n\n"
-    "Start Quillbox with the name of a collection to open it at once.";
+constexpr int kPictureLines = 5;  // of text, its height
 
 }  // namespace
 
@@ -52,9 +50,8 @@ void frmBegin2::makeToolbar() {
   if (auto* more = tbrBegin->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button")))
     more->setAccessibleName(QStringLiteral("More"));
   for (const ToolRow& tool : kTools) {
-    QAction* action = tbrBegin->addAction(
-        QIcon::fromTheme(QString::fromUtf8(tool.themeIcon), style()->standardIcon(tool.icon)),
-        QString::fromUtf8(tool.caption));
+    QAction* action =
+        tbrBegin->addAction(icon(tool.themeIcon, tool.ownIcon), QString::fromUtf8(tool.caption));
     action->setObjectName(QString::fromUtf8(tool.key));
     action->setShortcut(tool.shortcut);
     onTriggered(*action, [this, key = tool.key] { tbrBegin_ButtonClick(key); });
@@ -64,17 +61,20 @@ void frmBegin2::makeToolbar() {
 }
 
 void frmBegin2::makeMenus() {
-  const auto item = [this](const char* name, const char* caption, std::function<void()> click) {
-    addMenuItem({"HelpBegin", "&Help", name, caption, std::move(click)});
+  const auto item = [this](const char* name, const char* caption, const QIcon& picture,
+                           std::function<void()> click) {
+    addMenuItem({"HelpBegin", "&Help", name, caption, std::move(click), picture});
   };
-  item("ContentBegin", "&Contents",
-       [this] { program().message("Quillbox Help", kHelp, MessageIcon::information); });
-  item("AboutBegin", "&About", [this] { AboutBegin_Click(); });
+  item("ContentBegin", "&Contents", icon("help-contents", "help"), [this] { showHelp(); });
+  item("AboutBegin", "&About", icon("help-about", "about"), [this] { AboutBegin_Click(); });
 }
 
 void frmBegin2::makePage() {
   auto* page = new QWidget;
   auto* column = new QVBoxLayout(page);
+  auto* picture = new QLabel;
+  const int side = fontMetrics().height() * kPictureLines;
+  picture->setPixmap(QApplication::windowIcon().pixmap(QSize(side, side), devicePixelRatioF()));
   auto* name = new QLabel(QStringLiteral("Quillbox"));
   QFont font = name->font();
   font.setPointSizeF(2 * font.pointSizeF());
@@ -83,7 +83,7 @@ void frmBegin2::makePage() {
   auto* line = new QLabel(fromUtf8Text(kCredits));
   line->setWordWrap(true);
   column->addStretch(1);
-  for (QLabel* label : {name, line}) {
+  for (QLabel* label : {picture, name, line}) {
     label->setAlignment(Qt::AlignHCenter);
     column->addWidget(label);
   }

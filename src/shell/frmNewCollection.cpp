@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "forms/controls.h"
+#include "forms/icons.h"
 #include "forms/qt_text.h"
 #include "platform/paths.h"
 #include "records/kinds.h"
@@ -48,6 +49,7 @@ frmNewCollection::frmNewCollection(Program& program) : Form(program, "frmNewColl
   onClick(*cmdNew, [this] { cmdNew_Click(); });
   column->addWidget(cmdNew, 0, Qt::AlignRight);
   actAsDialog(cmdNew);
+  setHelpPage("first-collection.md");
 }
 
 void frmNewCollection::showWithOptions() {
@@ -65,6 +67,7 @@ void frmNewCollection::drawoptions() {
     auto* option = new QRadioButton(fromUtf8Text(kind.optionCaption));
     option->setObjectName(QStringLiteral("optQBX_%1").arg(element++));
     option->setFont(optionFont(font()));
+    option->setIcon(iconOf(kind));
     options_->addWidget(option);
     setTabOrder(before, option);
     before = option;

@@ -106,6 +106,7 @@ frmSearch::frmSearch(Program& program, const CollectionKind& kind, const SearchP
   row->addWidget(exit);
   column->addLayout(row);
   actAsDialog(begin);
+  setHelpPage("search.md");
 
   for (QCheckBox* box : sheet_->findChildren<QCheckBox*>())
     onClick(*box, [this] { enableInputs(); });

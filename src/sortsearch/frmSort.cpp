@@ -96,6 +96,7 @@ frmSort::frmSort(Program& program, const CollectionKind& kind, Owner owner)
   row->addWidget(exit);
   column->addLayout(row);
   actAsDialog(nullptr);
+  setHelpPage("sort.md");
 }
 
 void frmSort::open(Form& editor) {

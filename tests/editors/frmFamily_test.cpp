@@ -807,8 +807,9 @@ TEST_P(FamilyEditor, AboutNamesTheProgramAndTheArea) {
 
 TEST_P(FamilyEditor, HasHelpOfItsOwn) {
   open({"A"});
-  desktop_.expectMessage("Quillbox Help", kFamilyHelp);
   choose(kind().contents);
+  EXPECT_EQ(helpPage(), kind().helpPage);
+  EXPECT_EQ(formName(), kind().formName);
 }
 
 TEST_P(FamilyEditor, PrinterSetupIsThePlatforms) {

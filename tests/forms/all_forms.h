@@ -14,6 +14,7 @@
 #include <QToolButton>
 #include <algorithm>
 #include <cstring>
+#include <filesystem>
 #include <memory>
 #include <ostream>
 #include <span>
@@ -32,6 +33,7 @@ struct FormCase {
   enum class Window { form, board, printDialog };
 
   const char* name;
+  const char* picture;                  ///< the name of its picture in docs/forms
   const char* extension = nullptr;      ///< of the collection opened first; none: the start screen
   std::vector<const char*> steps = {};  ///< menu items and buttons, in order
   Window window = Window::form;
@@ -40,38 +42,38 @@ struct FormCase {
 inline void PrintTo(const FormCase& form, std::ostream* out) { *out << form.name; }
 
 inline const FormCase kAllForms[] = {
-    {"Start"},
-    {"NewCollection", nullptr, {"N"}},
-    {"Music", "MCS"},
-    {"Songs1", "MCS", {"EditSongs"}},
-    {"Songs2", "MCS", {"EditSongs", "cmdNextPage"}},
-    {"MusicSort", "MCS", {kMusicEditor.sort.action}},
-    {"MusicSearch", "MCS", {kMusicEditor.search.action}},
-    {"Video", "VCS"},
-    {"VideoTitles", "VCS", {"EditTitles"}},
-    {"VideoSort", "VCS", {kVideoEditor.sort.action}},
-    {"VideoSearch", "VCS", {kVideoEditor.search.action}},
-    {"Software", "SCS"},
-    {"SoftwareTitles", "SCS", {"EditTitles"}},
-    {"SoftwareSort", "SCS", {kSoftwareEditor.sort.action}},
-    {"SoftwareSearch", "SCS", {kSoftwareEditor.search.action}},
-    {"Comics", "CCS"},
-    {"ComicTitles", "CCS", {"EditTitles"}},
-    {"ComicSort", "CCS", {kComicEditor.sort.action}},
-    {"ComicSearch", "CCS", {kComicEditor.search.action}},
-    {"Books", "BCS"},
-    {"BookSort", "BCS", {kBookEditor.sort.action}},
-    {"BookSearch", "BCS", {kBookEditor.search.action}},
-    {"MediaFiles", "WCS"},
-    {"MediaFileSort", "WCS", {kMediaEditor.sort.action}},
-    {"MediaFileSearch", "WCS", {kMediaEditor.search.action}},
-    {"Board", nullptr, {}, FormCase::Window::board},
-    {"PrintDialog", nullptr, {}, FormCase::Window::printDialog},
+    {"Start", "start"},
+    {"NewCollection", "new-collection", nullptr, {"N"}},
+    {"Music", "music", "MCS"},
+    {"Songs1", "music-songs", "MCS", {"EditSongs"}},
+    {"Songs2", "music-songs-2", "MCS", {"EditSongs", "cmdNextPage"}},
+    {"MusicSort", "sort", "MCS", {kMusicEditor.sort.action}},
+    {"MusicSearch", "search", "MCS", {kMusicEditor.search.action}},
+    {"Video", "video", "VCS"},
+    {"VideoTitles", "video-list", "VCS", {"EditTitles"}},
+    {"VideoSort", "video-sort", "VCS", {kVideoEditor.sort.action}},
+    {"VideoSearch", "video-search", "VCS", {kVideoEditor.search.action}},
+    {"Software", "software", "SCS"},
+    {"SoftwareTitles", "software-list", "SCS", {"EditTitles"}},
+    {"SoftwareSort", "software-sort", "SCS", {kSoftwareEditor.sort.action}},
+    {"SoftwareSearch", "software-search", "SCS", {kSoftwareEditor.search.action}},
+    {"Comics", "comics", "CCS"},
+    {"ComicTitles", "comics-list", "CCS", {"EditTitles"}},
+    {"ComicSort", "comics-sort", "CCS", {kComicEditor.sort.action}},
+    {"ComicSearch", "comics-search", "CCS", {kComicEditor.search.action}},
+    {"Books", "books", "BCS"},
+    {"BookSort", "books-sort", "BCS", {kBookEditor.sort.action}},
+    {"BookSearch", "books-search", "BCS", {kBookEditor.search.action}},
+    {"MediaFiles", "media-files", "WCS"},
+    {"MediaFileSort", "media-files-sort", "WCS", {kMediaEditor.sort.action}},
+    {"MediaFileSearch", "media-files-search", "WCS", {kMediaEditor.search.action}},
+    {"Board", "board", nullptr, {}, FormCase::Window::board},
+    {"PrintDialog", "print", nullptr, {}, FormCase::Window::printDialog},
 };
 
 /// How a window is looked at.
 struct Look {
-  enum class Content { empty, longest };
+  enum class Content { empty, longest, sample };
 
   double textScale;  ///< of the size that texts have by default
   bool dark;
@@ -81,7 +83,9 @@ struct Look {
 inline std::string nameOf(const Look& look) {
   return (look.textScale > 1 ? "large, " : "usual size, ") +
          std::string(look.dark ? "dark, " : "light, ") +
-         (look.content == Look::Content::empty ? "empty" : "longest texts");
+         (look.content == Look::Content::empty     ? "empty"
+          : look.content == Look::Content::longest ? "longest texts"
+                                                   : "a sample");
 }
 
 inline std::vector<Look> allLooks() {
@@ -215,6 +219,7 @@ class AllForms : public FormTest {
 
   void openCollection(const char* extension, Look::Content content) {
     const CollectionKind& kind = *kindOfExtension(extension);
+    if (content == Look::Content::sample) return openSample(extension);
     const bool full = content == Look::Content::longest;
     constexpr std::int16_t most = 32767;
     HeaderRecord header;
@@ -230,6 +235,20 @@ class AllForms : public FormTest {
     }
     const std::string name = path(std::string("mine.") + extension);
     writeFile(name, bytes);
+    openFile(name);
+  }
+
+  void openSample(const char* extension) {
+    namespace fs = std::filesystem;
+    for (const auto& sample : fs::directory_iterator(QUILLBOX_SOURCE_DIR "/samples")) {
+      if (sample.path().extension() != std::string(".") + extension) continue;
+      const std::string name = path(sample.path().filename().string());
+      fs::copy_file(sample.path(), name, fs::copy_options::overwrite_existing);
+      openFile(name);
+    }
+  }
+
+  void openFile(const std::string& name) {
     desktop_.tolerateOpen = name;
     choose("O");
     desktop_.tolerateOpen.reset();
@@ -241,10 +260,13 @@ class AllForms : public FormTest {
     board.open("Printing Status");
     if (content == Look::Content::empty) return board;
     constexpr int lines = 12;
-    for (int line = 0; line < lines; ++line) board.print(std::string(kLongest, 'W'));
-    board.progress(1, 2);
+    for (int line = 1; line <= lines; ++line)
+      board.print(content == Look::Content::longest ? std::string(kLongest, 'W')
+                                                    : "Printing Page: " + std::to_string(line));
+    constexpr int pages = 30;
+    board.progress(lines, pages);
     const auto* bar = board.findChild<QProgressBar*>(QStringLiteral("barProgress"));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return bar->value() == 1; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bar->value() == lines; }));
     return board;
   }
 

@@ -38,6 +38,7 @@ struct FamilyKind {
   const char* printerSetup;
   const char* about;
   const char* contents;
+  const char* helpPage;
   const char* indicator = "lblIndex";
   bool hidesDeleted = false;  ///< a deleted item leaves the screen as it is
 };
@@ -61,6 +62,7 @@ inline constexpr FamilyKind kVideo = {.name = "Video",
                                       .printerSetup = "SetupPrinter",
                                       .about = "AboutVideos",
                                       .contents = "ContentVideos",
+                                      .helpPage = "video.md",
                                       .hidesDeleted = true};
 
 inline constexpr FamilyKind kSoftware = {.name = "Software",
@@ -81,7 +83,8 @@ inline constexpr FamilyKind kSoftware = {.name = "Software",
                                          .exitCollection = "ExitCollection",
                                          .printerSetup = "PrintSetup",
                                          .about = "AboutSoftware",
-                                         .contents = "ContentSoftware"};
+                                         .contents = "ContentSoftware",
+                                         .helpPage = "software.md"};
 
 inline constexpr FamilyKind kComics = {.name = "Comic",
                                        .extension = "CCS",
@@ -101,7 +104,8 @@ inline constexpr FamilyKind kComics = {.name = "Comic",
                                        .exitCollection = "ExitCollection",
                                        .printerSetup = "PrinterSetup",
                                        .about = "AboutComic",
-                                       .contents = "ContentComic"};
+                                       .contents = "ContentComic",
+                                       .helpPage = "comics.md"};
 
 // Two blanks in the caption before a collection is open.
 inline constexpr FamilyKind kBooks = {.name = "Book",
@@ -123,6 +127,7 @@ inline constexpr FamilyKind kBooks = {.name = "Book",
                                       .printerSetup = "PrinterSetup",
                                       .about = "AboutBooks",
                                       .contents = "ContentsBooks",
+                                      .helpPage = "books.md",
                                       .indicator = "lblBookCap"};
 
 inline void PrintTo(const FamilyKind& kind, std::ostream* out) { *out << kind.name; }

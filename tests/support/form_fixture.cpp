@@ -1,6 +1,7 @@
 #include "support/form_fixture.h"
 
 #include <QApplication>
+#include <QTextBrowser>
 #include <QWindow>
 #include <algorithm>
 #include <cstring>
@@ -9,6 +10,7 @@
 
 #include "forms/about.h"
 #include "forms/form.h"
+#include "forms/help_window.h"
 #include "forms/qt_text.h"
 #include "records/version.h"
 
@@ -21,6 +23,7 @@ FormTest::~FormTest() = default;
 void FormTest::start(std::initializer_list<std::string> arguments) {
   state_ = std::make_unique<AppState>(files_);
   program_ = std::make_unique<Program>(*state_, desktop_);
+  if (windowPlaces_ != nullptr) program_->setWindowPlaces(*windowPlaces_);
   modQBX1_ = std::make_unique<modQBX1>(*program_);
   desktop_.expectMessage("QBX V1.71", aboutText());
   // Boxes a test expects at start-up come after the start-up box.
@@ -92,6 +95,13 @@ void FormTest::pick(const char* name, int index) {
   QTest::keyClick(&picked, Qt::Key_Home);
   for (int i = 0; i < index; ++i) QTest::keyClick(&picked, Qt::Key_Down);
   EXPECT_EQ(picked.currentIndex(), index) << name;
+}
+
+std::string FormTest::helpPage() {
+  for (const QWidget* widget : QApplication::topLevelWidgets())
+    if (dynamic_cast<const HelpWindow*>(widget) != nullptr && widget->isVisible())
+      return toUtf8Text(widget->findChild<QTextBrowser*>()->source().fileName());
+  return {};
 }
 
 void FormTest::close() {

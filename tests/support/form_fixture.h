@@ -71,7 +71,10 @@ class FormTest : public testing::Test {
   void choose(const char* action);               ///< a menu item, which must be enabled
   void type(const char* box, const char* keys);  ///< over what the box holds
   void pick(const char* list, int index);        ///< with the arrow keys
-  void close();                                  ///< the form on screen, as the window manager does
+  /// The page of the manual that the help window shows; empty when it is not on screen.
+  std::string helpPage();
+
+  void close();  ///< the form on screen, as the window manager does
 
   /// A collection in the test's folder, as bytes.
   std::string file(std::string_view name = "jazz.MCS") { return readFile(folder_.path(name)); }
@@ -81,6 +84,8 @@ class FormTest : public testing::Test {
   FailingFiles files_;
   FakeDesktop desktop_;
   std::unique_ptr<AppState> state_;
+  WindowPlaces* windowPlaces_ =
+      nullptr;  ///< what the program is started with; must outlive the test
   std::unique_ptr<Program> program_;
   std::unique_ptr<modQBX1> modQBX1_;
 };

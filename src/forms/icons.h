@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QIcon>
+
+namespace quillbox {
+
+struct CollectionKind;
+
+/// The program's own icon of that name, readable on light and dark.
+QIcon ownIcon(const char* name);
+
+/// The system theme's icon, or where the theme has none the program's own.
+QIcon icon(const char* themeName, const char* ownName);
+
+/// What stands for a kind of collection.
+QIcon iconOf(const CollectionKind& kind);
+
+}  // namespace quillbox

@@ -1,0 +1,200 @@
+// The mark beside the record indicator: the form differs from its item in the file.
+
+#include "support/form_fixture.h"
+
+namespace quillbox::test {
+namespace {
+
+class Mark : public EditorTest {
+ protected:
+  using EditorTest::EditorTest;
+
+  bool isMarked() { return mark().isVisible(); }
+  QLabel& mark() { return control<QLabel>("lblNotWritten"); }
+};
+
+class EachMark : public Mark, public testing::WithParamInterface<EditorKind> {
+ protected:
+  EachMark() : Mark(GetParam()) {}
+};
+
+TEST_P(EachMark, IsNotThereForAnItemJustShown) {
+  open({item("One"), item("Two")});
+  EXPECT_FALSE(isMarked());
+  press(editor().next);
+  EXPECT_FALSE(isMarked());
+}
+
+TEST_P(EachMark, ComparesWithTheFile) {
+  open({item("One"), item("Two")});
+  const std::string before = other();
+  type(editor().otherBox, "Something else");
+  EXPECT_TRUE(isMarked());
+  type(editor().otherBox, before.c_str());
+  EXPECT_FALSE(isMarked());
+}
+
+TEST_P(EachMark, GoesWhenTheItemIsWritten) {
+  open({item("One")});
+  type(editor().otherBox, "Changed");
+  EXPECT_TRUE(isMarked());
+  press(editor().write);
+  EXPECT_FALSE(isMarked());
+}
+
+TEST_P(EachMark, StaysWhenWritingFails) {
+  open({item("One")});
+  type(editor().otherBox, "Changed");
+  files_.failNth(0, ErrorNumber::permissionDenied);
+  desktop_.tolerateMessages = true;
+  press(editor().write);
+  EXPECT_TRUE(isMarked());
+  press(editor().write);
+  EXPECT_FALSE(isMarked());
+}
+
+TEST_P(EachMark, GoesWithTheStepToAnotherItem) {
+  open({item("One"), item("Two")});
+  type(editor().otherBox, "Changed");
+  press(editor().next);
+  EXPECT_FALSE(isMarked());
+}
+
+TEST_P(EachMark, TellsThatANewItemHoldsSomething) {
+  open({item("One")});
+  press(editor().clear);
+  EXPECT_FALSE(isMarked());
+  type(editor().otherBox, "N");
+  EXPECT_TRUE(isMarked());
+  type(editor().otherBox, "");
+  EXPECT_FALSE(isMarked());
+  type(editor().firstBox, "New");
+  press(editor().write);  // a form for the next one
+  EXPECT_FALSE(isMarked());
+}
+
+TEST_P(EachMark, TakesNoticeInAnEmptyCollection) {
+  open({});
+  EXPECT_FALSE(isMarked());
+  type(editor().firstBox, "N");
+  EXPECT_TRUE(isMarked());
+}
+
+TEST_P(EachMark, AsksNothing) {
+  open({item("One"), item("Two")});
+  type(editor().otherBox, "Changed");
+  press(editor().next);  // an unexpected question would fail the test
+  type(editor().otherBox, "Changed");
+  close();
+  EXPECT_EQ(formName(), "frmBegin2");
+  EXPECT_EQ(bytes(), collection({item("One"), item("Two")}));
+}
+
+TEST_P(EachMark, SaysWhatItMeansToEyesAndEars) {
+  open({item("One")});
+  type(editor().otherBox, "Changed");
+  EXPECT_EQ(mark().toolTip(), "not written yet");
+  EXPECT_EQ(mark().accessibleDescription(), "not written yet");
+}
+
+TEST_P(EachMark, KeepsItsPlaceFreeWhenItIsNotShown) {
+  open({item("One")});
+  const QSize before = form().size();
+  const int next = button(editor().next).x();
+  type(editor().otherBox, "Changed");
+  QApplication::processEvents();
+  EXPECT_EQ(form().size(), before);
+  EXPECT_EQ(button(editor().next).x(), next);
+}
+
+INSTANTIATE_TEST_SUITE_P(Editors, EachMark,
+                         testing::Values(kMusicEditor, kVideoEditor, kSoftwareEditor, kComicEditor,
+                                         kBookEditor, kMediaEditor),
+                         [](const auto& each) { return std::string(each.param.name); });
+
+class MusicMark : public Mark {
+ protected:
+  MusicMark() : Mark(kMusicEditor) {}
+};
+
+TEST_F(MusicMark, KnowsTwoWritingsOfOneNumber) {
+  open({item("One")});
+  ASSERT_EQ(shown("txtAquireCost"), "1.5");
+  type("txtAquireCost", "1.50");
+  EXPECT_FALSE(isMarked());
+  type("txtAquireCost", "1.51");
+  EXPECT_TRUE(isMarked());
+}
+
+TEST_F(MusicMark, SeesChecksAndLists) {
+  open({item("One")});
+  tick("chkHasBook");
+  EXPECT_TRUE(isMarked());
+  tick("chkHasBook");
+  EXPECT_FALSE(isMarked());
+  pick("cmbGenre", 2);
+  EXPECT_TRUE(isMarked());
+  pick("cmbGenre", 1);
+  EXPECT_FALSE(isMarked());
+}
+
+TEST_F(MusicMark, SeesTheSongs) {
+  open({item("One")});
+  choose("EditSongs");
+  const std::string song = shown("txtSongTitle_3");
+  type("txtSongTitle_3", "Another");
+  press("cmdExit");
+  EXPECT_TRUE(isMarked());
+  choose("EditSongs");
+  type("txtSongTitle_3", song.c_str());
+  press("cmdExit");
+  EXPECT_FALSE(isMarked());
+}
+
+class VideoMark : public Mark {
+ protected:
+  VideoMark() : Mark(kVideoEditor) {}
+};
+
+TEST_F(VideoMark, SeesTheListPage) {
+  open({item("One")});
+  choose("EditTitles");
+  const auto boxes = form().findChildren<QLineEdit*>();
+  const QByteArray name = boxes.front()->objectName().toUtf8();
+  const std::string entry = shown(name.constData());
+  type(name.constData(), "Another");
+  form().close();
+  EXPECT_TRUE(isMarked());
+  choose("EditTitles");
+  type(name.constData(), entry.c_str());
+  form().close();
+  EXPECT_FALSE(isMarked());
+}
+
+TEST_F(VideoMark, WarnsOfADeletedItemThatAnotherIsShownFor) {
+  std::string deleted = blankItem();
+  setText(kind().fields.front(), std::as_writable_bytes(std::span(deleted)), "DELETED");
+  open({item("One"), deleted});
+  EXPECT_FALSE(isMarked());
+  press(editor().next);
+  EXPECT_EQ(first(), "One");
+  EXPECT_TRUE(isMarked());
+}
+
+class SoftwareMark : public Mark {
+ protected:
+  SoftwareMark() : Mark(kSoftwareEditor) {}
+};
+
+TEST_F(SoftwareMark, WarnsWhenTheListPageShowsAnotherItemThanTheIndicator) {
+  open({item("One"), item("Two")});
+  choose("EditTitles");
+  for (int item = 1; item <= 2; ++item) press("cmdNext");
+  form().close();
+  EXPECT_EQ(first(), "Two");
+  EXPECT_EQ(indicator(), "Record # 1 of 2");
+  EXPECT_TRUE(isMarked());
+}
+
+}  // namespace
+}  // namespace quillbox::test

@@ -1,0 +1,143 @@
+#include "forms/window_places.h"
+
+#include <QScreen>
+#include <QSettings>
+#include <filesystem>
+#include <limits>
+
+#include "support/form_fixture.h"
+
+namespace quillbox::test {
+namespace {
+
+class WindowPlacesTest : public FormTest {
+ protected:
+  /// The program, from now on with this settings file.
+  void startWith(const std::string& settings) {
+    modQBX1_.reset();
+    program_.reset();
+    places_ = std::make_unique<WindowPlaces>(QString::fromStdString(settings));
+    windowPlaces_ = places_.get();
+    start();
+  }
+
+  /// The start screen as a user has moved and sized it.
+  void leaveStartScreenAt(const QRect& place) {
+    form().setGeometry(place);
+    QApplication::processEvents();
+    choose("N");
+  }
+
+  std::unique_ptr<WindowPlaces> places_;  // before the program, which uses it to its end
+};
+
+constexpr QRect kPlace(60, 70, 720, 500);
+
+TEST_F(WindowPlacesTest, OutlastTheProgram) {
+  const std::string settings = path("settings/windows.ini");
+  startWith(settings);
+  EXPECT_NE(form().geometry(), kPlace);
+  leaveStartScreenAt(kPlace);
+  startWith(settings);
+  EXPECT_EQ(form().geometry(), kPlace);
+  EXPECT_NE(readFile(settings).find("frmBegin2="), std::string::npos);
+}
+
+TEST_F(WindowPlacesTest, AreKeptForEachFormByItself) {
+  const std::string settings = path("windows.ini");
+  startWith(settings);
+  leaveStartScreenAt(kPlace);
+  EXPECT_EQ(formName(), "frmNewCollection");
+  const QRect dialog = form().geometry();
+  EXPECT_NE(dialog.size(), kPlace.size());
+  close();
+  startWith(settings);
+  choose("N");
+  EXPECT_EQ(form().size(), dialog.size());
+}
+
+TEST_F(WindowPlacesTest, LeaveAWindowAloneThatIsShownAgain) {
+  const std::string settings = path("windows.ini");
+  startWith(settings);
+  leaveStartScreenAt(kPlace);
+  close();  // the dialog; the start screen comes back
+  EXPECT_EQ(form().geometry(), kPlace);
+}
+
+TEST_F(WindowPlacesTest, IgnoreADamagedFile) {
+  startWith(path("none.ini"));
+  const QRect usual = form().geometry();
+  int number = 0;
+  for (const char* bytes :
+       {"", "frmBegin2", "[[[\n=\n\\x", "[General]\nfrmBegin2=5\n",
+        "[General]\nfrmBegin2=@Rect(1 2)\n", "[General]\nfrmBegin2=@Rect(a b c d)\n",
+        "[General]\nfrmBegin2=@Rect(5 5 0 0)\n", "\xff\xfe\1binary"}) {
+    SCOPED_TRACE(bytes);
+    // Another name each time: the toolkit remembers settings files by name.
+    const std::string settings = path("damaged" + std::to_string(++number) + ".ini");
+    writeFile(settings, bytes);
+    startWith(settings);
+    EXPECT_EQ(form().geometry(), usual);
+    // And the next place is kept as ever.
+    leaveStartScreenAt(kPlace);
+    startWith(settings);
+    EXPECT_EQ(form().geometry(), kPlace);
+  }
+}
+
+TEST_F(WindowPlacesTest, BringEveryPlaceOntoTheScreen) {
+  startWith(path("none.ini"));
+  const QRect screen = form().screen()->availableGeometry();
+  constexpr int most = std::numeric_limits<int>::max();
+  int number = 0;
+  for (const QRect place :
+       {QRect(30'000, 20'000, 700, 500), QRect(-3'000, -4'000, 700, 500), QRect(0, 0, 1, 1),
+        QRect(10, 10, 32'767, 32'767), QRect(most, most, 1, 1), QRect(-most, 0, 700, 500),
+        QRect(QPoint(-most, -most), QPoint(most, most)), QRect(10, 10, -700, -500)}) {
+    SCOPED_TRACE(testing::Message() << place.x() << ' ' << place.y() << ' ' << place.width());
+    const std::string settings = path("place" + std::to_string(++number) + ".ini");
+    QSettings(QString::fromStdString(settings), QSettings::IniFormat).setValue("frmBegin2", place);
+    startWith(settings);
+    EXPECT_TRUE(screen.contains(form().pos()));
+    EXPECT_LE(form().width(), screen.width());
+    EXPECT_LE(form().height(), screen.height());
+    EXPECT_GE(form().width(), form().minimumSizeHint().width());
+    EXPECT_GE(form().height(), form().minimumSizeHint().height());
+  }
+}
+
+TEST_F(WindowPlacesTest, KnowMaximizedWindows) {
+  const std::string settings = path("windows.ini");
+  startWith(settings);
+  form().setGeometry(kPlace);
+  form().showMaximized();
+  QApplication::processEvents();
+  choose("N");
+  startWith(settings);
+  EXPECT_TRUE(form().isMaximized());
+  // And how large it is when it no longer is.
+  const QSettings kept(QString::fromStdString(settings), QSettings::IniFormat);
+  EXPECT_EQ(kept.value("frmBegin2").toRect().size(), kPlace.size());
+}
+
+TEST_F(WindowPlacesTest, DoWithoutAFolderToWriteTo) {
+  std::filesystem::create_directory(path("locked"));
+  std::filesystem::permissions(path("locked"), std::filesystem::perms::none);
+  const OrdinaryUser user(folder_);
+  startWith(path("locked/windows.ini"));
+  leaveStartScreenAt(kPlace);
+  EXPECT_EQ(formName(), "frmNewCollection");
+}
+
+TEST_F(WindowPlacesTest, AreBelowTheUsersConfigurationFolder) {
+  const QByteArray before = qgetenv("XDG_CONFIG_HOME");
+  qputenv("XDG_CONFIG_HOME", "/somewhere/else");
+  EXPECT_EQ(WindowPlaces::userFile().toStdString(), "/somewhere/else/quillbox/windows.ini");
+  if (before.isNull())
+    qunsetenv("XDG_CONFIG_HOME");
+  else
+    qputenv("XDG_CONFIG_HOME", before);
+}
+
+}  // namespace
+}  // namespace quillbox::test
