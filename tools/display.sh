@@ -1,0 +1,46 @@
+# Sourced by what needs windows and has no display of its own.
+
+# start_display FOLDER: a virtual display with a window manager, for everything started from here on.
+# What is to end with it goes into $display_pids.
+start_display() {
+  mkfifo "$1/display"
+  Xvfb -displayfd 3 -screen 0 1024x700x24 3>"$1/display" >/dev/null 2>&1 &
+  display_pids="$!"
+  read -r number <"$1/display"
+  export DISPLAY=":$number"
+  unset WAYLAND_DISPLAY
+  openbox >/dev/null 2>&1 &
+  display_pids="$! $display_pids"
+  # A window that appears while the window manager starts may never be shown.
+  tries=0
+  until xdotool get_num_desktops >/dev/null 2>&1 || [ "$tries" -gt 100 ]; do
+    tries=$((tries + 1))
+    sleep 0.1
+  done
+}
+
+stop_display() {
+  # shellcheck disable=SC2086 # the list is meant to be split
+  [ -z "${display_pids:-}" ] || kill $display_pids 2>/dev/null || true
+  display_pids=
+}
+
+# The windows of that name that are on screen. None is no failure: windows come and go, and the
+# window manager may not be up yet.
+windows() { xdotool search --onlyvisible --name "$1" 2>/dev/null || true; }
+
+# wait_for_form NAME: closes the program's start-up box, and fails when no form of that name comes.
+wait_for_form() {
+  tries=0
+  until [ -n "$(windows "$1")" ]; do
+    tries=$((tries + 1))
+    if [ "$tries" -gt 120 ]; then
+      echo "The program showed no form." >&2
+      return 1
+    fi
+    for box in $(windows '^QBX V'); do
+      xdotool windowfocus "$box" key Return 2>/dev/null || true
+    done
+    sleep 0.5
+  done
+}
