@@ -6,6 +6,8 @@
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextDocument>
+#include <QTextList>
+#include <QTextTable>
 #include <QVBoxLayout>
 
 #include "forms/controls.h"
@@ -34,6 +36,31 @@ class Pages : public QTextBrowser {
   }
 };
 
+/// Room between paragraphs and in tables, of which a page's text says nothing.
+void setLayoutOf(QTextDocument& page) {
+  const qreal line = QFontMetricsF(page.defaultFont()).height();
+  for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
+    QTextBlockFormat format = block.blockFormat();
+    const bool isInTable = QTextCursor(block).currentTable() != nullptr;
+    const bool isInList = block.textList() != nullptr;
+    format.setTopMargin(format.headingLevel() > 1 ? line : 0);
+    format.setBottomMargin(isInTable ? 0 : isInList ? line / 4 : line / 2);
+    QTextCursor(block).setBlockFormat(format);
+  }
+  for (QTextFrame* frame : page.rootFrame()->childFrames()) {
+    auto* table = qobject_cast<QTextTable*>(frame);
+    if (table == nullptr) continue;
+    QTextTableFormat format = table->format();
+    format.setBorderCollapse(true);
+    format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+    format.setBorder(1);
+    format.setCellSpacing(0);
+    format.setCellPadding(line / 4);
+    format.setBottomMargin(line / 2);
+    table->setFormat(format);
+  }
+}
+
 }  // namespace
 
 HelpWindow::HelpWindow(WindowPlaces* places) : places_(places), browser_(new Pages) {
@@ -46,7 +73,10 @@ HelpWindow::HelpWindow(WindowPlaces* places) : places_(places), browser_(new Pag
   auto* column = new QVBoxLayout(this);
   makeButtons();
   column->addWidget(browser_);
-  connect(browser_, &QTextBrowser::sourceChanged, this, &HelpWindow::showTitle);
+  connect(browser_, &QTextBrowser::sourceChanged, this, [this] {
+    setLayoutOf(*browser_->document());
+    showTitle();
+  });
   resize(fontMetrics().averageCharWidth() * kPageWidth, fontMetrics().height() * kPageHeight);
   if (places_ != nullptr) places_->restore(*this);
 }

@@ -1,7 +1,6 @@
 #include "shell/frmBegin2.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QLabel>
 #include <QToolBar>
 #include <QToolButton>
@@ -74,7 +73,8 @@ void frmBegin2::makePage() {
   auto* column = new QVBoxLayout(page);
   auto* picture = new QLabel;
   const int side = fontMetrics().height() * kPictureLines;
-  picture->setPixmap(QApplication::windowIcon().pixmap(QSize(side, side), devicePixelRatioF()));
+  picture->setPixmap(
+      ownIcon("org.quillbox.Quillbox").pixmap(QSize(side, side), devicePixelRatioF()));
   auto* name = new QLabel(QStringLiteral("Quillbox"));
   QFont font = name->font();
   font.setPointSizeF(2 * font.pointSizeF());

@@ -196,7 +196,7 @@ TEST_P(AllFormsKeys, IsWalkedThroughInReadingOrder) {
 INSTANTIATE_TEST_SUITE_P(Each, AllFormsKeys, testing::ValuesIn(kAllForms), formCaseName);
 
 TEST_F(AllForms, LeadThroughOptionsWithTheArrowKeys) {
-  const QWidget& window = open({"NewCollection", nullptr, {"N"}}, kEmpty);
+  const QWidget& window = open({"NewCollection", "new-collection", nullptr, {"N"}}, kEmpty);
   const auto options = controlsOf<QRadioButton>(window);
   ASSERT_EQ(options.size(), collectionKinds().size());
   options.front()->setFocus();
