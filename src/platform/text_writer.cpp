@@ -5,7 +5,7 @@
 namespace quillbox {
 namespace {
 
-constexpr std::size_t kBufferBytes = 64 * 1024;
+constexpr std::size_t kBufferBytes = 65'536;
 
 }  // namespace
 
