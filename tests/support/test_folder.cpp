@@ -5,7 +5,7 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 
 namespace quillbox::test {
 
@@ -42,7 +42,10 @@ OrdinaryUser::~OrdinaryUser() {
 std::string readFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   if (!file) ADD_FAILURE() << "cannot read " << path;
-  return {std::istreambuf_iterator<char>(file), {}};
+  // As a whole: character by character would be most of what some tests do.
+  std::ostringstream bytes;
+  bytes << file.rdbuf();
+  return bytes.str();
 }
 
 void writeFile(const std::string& path, std::string_view bytes) {
