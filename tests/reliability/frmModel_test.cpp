@@ -1,25 +1,24 @@
 // Long random sequences of what users do in an editor, beside a model of its rules. After every
-// step the collection's bytes and what is on screen must be the model's.
+// step the bytes of all files and what is on screen must be the model's.
 
 #include <algorithm>
 #include <filesystem>
 #include <string>
 #include <utility>
 
-#include "support/model_fixture.h"
+#include "support/model_files.h"
 
 namespace quillbox::test {
 namespace {
 
 constexpr int kSteps = 2'000;
 
-/// New items are not added to a collection of as many, and Next goes no farther beyond its end.
-constexpr int kManyItems = 10;
+/// Next goes no farther beyond the end.
 constexpr int kFarBeyond = 3;
 
-class Model : public ModelFixture, public testing::WithParamInterface<ModelKind> {
+class Model : public ModelFiles, public testing::WithParamInterface<ModelKind> {
  protected:
-  Model() : ModelFixture(GetParam()) {}
+  Model() : ModelFiles(GetParam()) {}
 
   std::size_t anyInput(bool boxes) {
     for (;;) {
@@ -244,16 +243,16 @@ class Model : public ModelFixture, public testing::WithParamInterface<ModelKind>
     model().sort();
     desktop_.expectMessage("Quillbox", "Sorting complete.");
     click(kind().sort.begin);
-    EXPECT_FALSE(std::filesystem::exists(backup()));
   }
 
   /// That ends the program, with all there is under the backup's name.
   void sortBooks() {
     click(kind().sort.begin);
     EXPECT_TRUE(std::exchange(desktop_.endedAtOnce, false));
-    EXPECT_FALSE(std::filesystem::exists(collection()));
-    std::filesystem::rename(backup(), collection());
-    startProgram();
+    const std::string sorted = collection();
+    EXPECT_FALSE(std::filesystem::exists(sorted));
+    std::filesystem::rename(withEnding(sorted, "bak"), sorted);
+    startProgram(sorted);
   }
 
   void search() {
@@ -322,11 +321,12 @@ class Model : public ModelFixture, public testing::WithParamInterface<ModelKind>
       void (Model::*step)();
     };
     static constexpr Weighed steps[] = {
-        {340, &Model::fillInput}, {150, &Model::write},       {60, &Model::clear},
+        {290, &Model::fillInput}, {150, &Model::write},       {60, &Model::clear},
         {60, &Model::removeItem}, {110, &Model::next},        {90, &Model::previous},
         {60, &Model::jump},       {55, &Model::visitList},    {25, &Model::search},
         {15, &Model::sort},       {10, &Model::printNothing}, {22, &Model::leaveAndOpen},
-        {3, &Model::startAgain}};
+        {12, &Model::openFile},   {10, &Model::newFile},      {10, &Model::exportData},
+        {18, &Model::load},       {3, &Model::startAgain}};
     int lot = lots_.below(1000);
     for (const Weighed& weighed : steps) {
       lot -= weighed.weight;
@@ -342,9 +342,7 @@ std::string nameOf(const testing::TestParamInfo<ModelKind>& info) {
 INSTANTIATE_TEST_SUITE_P(Kinds, Model, testing::ValuesIn(kModelKinds), nameOf);
 
 TEST_P(Model, IsWhatTheEditorDoesStepByStep) {
-  model_.emplace(kind(), collection());
-  putNewCollection();
-  startProgram();
+  startAgain();
   const int steps = modelSetting("QUILLBOX_MODEL_STEPS", kSteps);
   for (int done = 0; done < steps && !HasFailure(); ++done) {
     step();

@@ -9,12 +9,6 @@
 namespace quillbox::test {
 namespace {
 
-const std::string kOpenFilter =
-    "All Collections (*.?CS, *.MPS)|*.?CS;*.MPS|Music Collection (*.MCS)|*.MCS|Comic Collection "
-    "(*.CCS)|*.CCS|Video Collection (*.VCS)|*.VCS|Software Collection (*.SCS)|*.SCS|Book "
-    "Collection (*.BCS)|*.BCS|Wave Collection (*.WCS)|*.WCS|MIDI Collection "
-    "(*.ICS)|*.ICS|Graphics Collection (*.GCS)|*.GCS|MP3 Collection (*.MPS)|*.MPS";
-
 class OpenDialog : public FormTest {
  protected:
   void expectOpen(std::optional<std::string> answer) {

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -16,15 +18,26 @@ struct GoToAnswer {
   int error = 0;            ///< of an answer without an item
 };
 
-/// An editor told the long way: the collection as bytes, the positions, the record buffer and what
+/// Files as bytes, by their paths.
+using ModelDisk = std::map<std::string, std::string>;
+
+/// A path with what stands behind its first dot replaced. Nothing above has a dot in its name.
+inline std::string withEnding(const std::string& path, const std::string& ending) {
+  return path.substr(0, path.find('.') + 1) + ending;
+}
+
+/// The header of a collection that the new-collection dialog makes.
+inline std::string headerOfNew() { return littleEndian(0, 2) + littleEndian(1, 2) + "1.71    "; }
+
+/// An editor told the long way: the files as bytes, the positions, the record buffer and what
 /// stands on the forms. Each step is a user's; what it says is the run-time error that is shown,
 /// or nothing.
 class EditorModel {
  public:
   static constexpr int kNew = -1;
 
-  EditorModel(const ModelKind& kind, std::string path)
-      : kind_(kind), path_(std::move(path)), buffer(kind.length(), '\0') {
+  EditorModel(const ModelKind& kind, ModelDisk& disk)
+      : kind_(kind), disk_(disk), buffer(kind.length(), '\0') {
     for (const ModelInput& input : kind.inputs) {
       inputs.push_back(emptyOf(input));
       search.push_back(emptyOf(input));
@@ -35,10 +48,10 @@ class EditorModel {
 
  private:
   const ModelKind& kind_;
+  ModelDisk& disk_;
   std::string path_;
 
  public:
-  std::string file;
   int count = 0;
   int curRec = 0;
   int listPos = 0;
@@ -56,42 +69,68 @@ class EditorModel {
 
   int& position() { return kind_.isVideo() ? listPos : curRec; }
 
-  /// A music collection of so old a type that nothing of it is shown.
-  bool isRefused() const { return kind_.isMusic() && numberAt(file, 2, 2) < 4; }
+  /// The collection that is open.
+  const std::string& path() const { return path_; }
+  const std::string& file() const { return disk_.at(path_); }
 
-  /// Opens the collection that `file` holds, or makes one where there is none.
-  void open(bool exists = true) {
-    if (!exists) {
-      file.clear();
-      writeHeader(0);
+  /// Opens a collection, or makes one where there is none. Returns what is said meanwhile.
+  std::vector<std::string> open(const std::string& path) {
+    path_ = path;
+    const bool exists = disk_.contains(path);
+    if (!exists) writeHeader(0);
+    count = std::max<int>(0, static_cast<int>(numberAt(file(), 0, 2)));
+    const int fileType = static_cast<int>(numberAt(file(), 2, 2));
+    const bool isRefused = kind_.isMusic() && fileType < 4;
+    std::vector<std::string> said;
+    if (isRefused) said = {"Old File Type Incompatible. Contact us for upgrades."};
+    if (kind_.isMusic() && fileType == 4) {
+      upgrade();
+      said = {"Performing file type upgrade.",
+              "Updated File Type 4 to File Type 5\r\nBarCode/ID Field Added.",
+              "Updating complete."};
     }
-    count = std::max<int>(0, static_cast<int>(numberAt(file, 0, 2)));
     bookLoanedEnabled = true;
     reset();
     if (!exists && !kind_.skipsDeleted()) {
       label = "New File";
-    } else if (count < 1 || isRefused()) {
+    } else if (count < 1 || isRefused) {
       showNothing();
     } else {
       label = labelOf(1);
       show(1);
     }
+    return said;
+  }
+
+  /// New File leaves the header behind, of music one of the older type.
+  void leaveForNew() {
+    writeAt(0, littleEndian(count, 2) + littleEndian(kind_.fileTypeLeftBehind(), 2) + "1.71    ");
+  }
+
+  /// The new-collection dialog makes a collection; where the old one is to stay, its bytes do.
+  void makeNew(const std::string& path, bool oldStays) {
+    path_ = path;
+    if (!oldStays) disk_.erase(path);
+    writeAt(0, headerOfNew());
+    count = 0;
+    bookLoanedEnabled = true;
+    reset();
   }
 
   std::string record(int item) const {
     std::string bytes = blankRecord();
     const std::size_t at = static_cast<std::size_t>(item) * kind_.length();
-    if (at < file.size()) putBytes(bytes, 0, file.substr(at, kind_.length()));
+    if (at < file().size()) putBytes(bytes, 0, file().substr(at, kind_.length()));
     return bytes;
   }
   bool isWhole(int item) const {
-    return file.size() >= static_cast<std::size_t>(item + 1) * kind_.length();
+    return file().size() >= static_cast<std::size_t>(item + 1) * kind_.length();
   }
 
   /// The last item may be missing as a whole and is blank then.
   bool canBeRead(int item) const {
     return isWhole(item) ||
-           (item == count && file.size() <= static_cast<std::size_t>(item) * kind_.length());
+           (item == count && file().size() <= static_cast<std::size_t>(item) * kind_.length());
   }
 
   bool isEnabled(std::size_t input) const {
@@ -229,18 +268,21 @@ class EditorModel {
                fixedText(list[entry].text, ModelList::kWidth));
   }
 
-  bool canSort() const { return count == 0 || isWhole(count); }
+  bool canSort() const {
+    for (int item = 1; item <= count; ++item)
+      if (!canBeRead(item)) return false;
+    return true;
+  }
   void sort() {
     std::vector<std::string> items;
     for (int item = 1; item <= count; ++item) items.push_back(record(item));
     SortModel sorted(*kind_.sorted, items);
     sorted.run(ticks);
     count = sorted.count;
-    std::string header = littleEndian(count, 2) + file.substr(2, 10);
-    header.resize(12, '\0');
-    file = header;
-    if (count > 0) file.resize(kind_.length(), '\0');
+    std::string file = littleEndian(count, 2) + this->file().substr(2, 10);
+    file.resize(count > 0 ? kind_.length() : 12, '\0');
     for (const std::string& item : sorted.items()) file += item;
+    disk_[path_] = file;
 
     if (!kind_.isMusic()) listPos = 1;
     if (curRec < 1) return;
@@ -269,6 +311,36 @@ class EditorModel {
       return true;
     }
     return false;
+  }
+
+  /// Exports to a file of that name, and path.
+  std::string exportTo(const std::string& name, const std::string& path) {
+    if (path == path_) return errorText(55, name);
+    std::string& text = disk_[path];
+    text.clear();
+    for (int item = 1; item <= count; ++item) {
+      if (!canBeRead(item)) return errorText(63, path_);
+      if (kind_.isMedia()) return errorText(13);
+      text += exportedLines(record(item));
+    }
+    return {};
+  }
+
+  /// Loads the files of a folder.
+  void load(const std::string& folder, const std::vector<std::string>& names) {
+    std::vector<std::string> known;
+    for (int item = 1; item <= count; ++item)
+      known.push_back(withoutEndBlanks(markerOf(record(item))));
+    for (const std::string& name : names) {
+      const std::string stored = fixedText(name, 64);
+      if (std::ranges::count(known, withoutEndBlanks(stored)) > 0) continue;
+      known.push_back(withoutEndBlanks(stored));
+      buffer = stored + fixedText(folder, 128) + littleEndian(0, 8) + fixedText("", 128);
+      ++count;
+      writeItem(count, buffer, count);
+    }
+    if (curRec >= 1) return show(curRec);
+    count < 1 ? showNothing() : show(1);
   }
 
   /// Shows an item that is read.
@@ -301,6 +373,7 @@ class EditorModel {
   }
 
   void writeAt(std::size_t offset, const std::string& bytes) {
+    std::string& file = disk_[path_];
     file.resize(std::max(file.size(), offset + bytes.size()), '\0');
     putBytes(file, offset, bytes);
   }
@@ -310,6 +383,40 @@ class EditorModel {
   void writeItem(int item, const std::string& bytes, int items) {
     if (kind_.skipsDeleted()) writeHeader(items);
     writeAt(static_cast<std::size_t>(item) * kind_.length(), bytes);
+  }
+
+  /// From records that end before the bar code. As many are carried over as the header counts, less
+  /// one; the media type is whatever the record buffer holds.
+  void upgrade() {
+    const std::string old = file();
+    disk_[withEnding(path_, "BAK")] = old;
+    disk_.erase(path_);
+    for (std::size_t number = 2; static_cast<int>(number) <= numberAt(old, 0, 2); ++number) {
+      std::string item = blankRecord().substr(0, kOldMusicLength);
+      const std::size_t at = (number - 1) * kOldMusicLength;
+      if (at < old.size()) putBytes(item, 0, old.substr(at, kOldMusicLength));
+      putBytes(item, 2188, buffer.substr(2188, 2));
+      putBytes(item, 2334, littleEndian(-1, 2));
+      buffer = item + fixedText("Bar Code/ID Here...", 36);
+      writeAt((number - 1) * kind_.length(), buffer);
+    }
+    writeAt(0, old.substr(0, 2) + littleEndian(5, 2) + "1.71    ");
+  }
+
+  /// A line of each entry of the item's list that does not begin with a zero byte.
+  std::string exportedLines(const std::string& record) const {
+    const auto quoted = [&](std::size_t offset) {
+      return '"' + withoutEndBlanks(upToZero(record.substr(offset, ModelList::kWidth))) + '"';
+    };
+    std::string lines;
+    for (std::size_t entry = 0; entry < list.size(); ++entry) {
+      const std::size_t offset = kind_.list.offset + entry * ModelList::kWidth;
+      if (record[offset] == '\0') continue;
+      for (int text = 0; text < kind_.exportedTexts; ++text)
+        lines += quoted(static_cast<std::size_t>(text) * ModelList::kWidth) + ',';
+      lines += quoted(offset) + "\r\n";
+    }
+    return lines;
   }
 
   std::string labelOf(int item) const {

@@ -31,6 +31,13 @@ namespace quillbox::test {
 
 inline const std::string kEditorMessages = "QBX - Music Manager";
 
+/// Of the dialog that opens a collection.
+inline const std::string kOpenFilter =
+    "All Collections (*.?CS, *.MPS)|*.?CS;*.MPS|Music Collection (*.MCS)|*.MCS|Comic Collection "
+    "(*.CCS)|*.CCS|Video Collection (*.VCS)|*.VCS|Software Collection (*.SCS)|*.SCS|Book "
+    "Collection (*.BCS)|*.BCS|Wave Collection (*.WCS)|*.WCS|MIDI Collection "
+    "(*.ICS)|*.ICS|Graphics Collection (*.GCS)|*.GCS|MP3 Collection (*.MPS)|*.MPS";
+
 /// The whole program on a scripted desktop, in a fresh folder. Controls are found by name on the
 /// form that is on screen, and worked with mouse and keys.
 class FormTest : public testing::Test {

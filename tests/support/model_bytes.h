@@ -121,6 +121,8 @@ inline std::string storedBytes(const ModelInput& input, const Held& held) {
 
 inline int capitalOfByte(char character) {
   const int code = static_cast<unsigned char>(character);
+  if (code == 0x9A || code == 0x9C || code == 0x9E) return code - 0x10;
+  if (code == 0xFF) return 0x9F;
   const bool isSmall =
       (code >= 'a' && code <= 'z') || (code >= 0xE0 && code <= 0xFE && code != 0xF7);
   return isSmall ? code - 0x20 : code;
@@ -132,7 +134,10 @@ inline bool sameInCapitals(const std::string& a, const std::string& b) {
 
 inline std::string errorText(int number, const std::string& file = {}) {
   std::string text = "Run-time error '" + std::to_string(number) + "':\n\n";
-  text += number == 6 ? "Overflow" : number == 13 ? "Type mismatch" : "Bad record number";
+  text += number == 6    ? "Overflow"
+          : number == 13 ? "Type mismatch"
+          : number == 55 ? "File already open"
+                         : "Bad record number";
   return file.empty() ? text : text + "\n" + file;
 }
 

@@ -86,18 +86,20 @@ inline std::string randomItem(Lots& lots, const ModelKind& kind) {
   return item;
 }
 
-/// Any collection: with none, some or more items than are counted, sometimes cut off.
+/// Any collection: with none, some or more items than are counted, sometimes cut off. Of music also
+/// one of the older type, whose records end before the bar code.
 inline std::string randomCollection(Lots& lots, const ModelKind& kind) {
   const int items = lots.below(7);
   const int count = items == 0 && lots.oneIn(4) ? -2 : items - (items > 0 && lots.oneIn(6) ? 1 : 0);
-  const int fileType = kind.isMusic() ? lots.of({5, 5, 5, 5, 6, 1}) : lots.of({1, 1, 4, 0});
+  const int fileType = kind.isMusic() ? lots.of({5, 5, 5, 5, 6, 1, 4, 4}) : lots.of({1, 1, 4, 0});
+  const std::size_t length = kind.isMusic() && fileType == 4 ? kOldMusicLength : kind.length();
   std::string bytes = littleEndian(count, 2) + littleEndian(fileType, 2) +
                       lots.of<std::string>({"1.71    ", "0.9     "});
-  if (items > 0 || lots.oneIn(2)) bytes.resize(kind.length(), lots.of({'\0', '='}));
-  for (int item = 0; item < items; ++item) bytes += randomItem(lots, kind);
+  if (items > 0 || lots.oneIn(2)) bytes.resize(length, lots.of({'\0', '='}));
+  for (int item = 0; item < items; ++item) bytes += randomItem(lots, kind).substr(0, length);
   if (items > 0 && lots.oneIn(12))
-    bytes.resize(bytes.size() - static_cast<std::size_t>(lots.below(
-                                    static_cast<int>(kind.length() + kind.length() / 2))));
+    bytes.resize(bytes.size() -
+                 static_cast<std::size_t>(lots.below(static_cast<int>(length + length / 2))));
   return bytes;
 }
 

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
+#include <iterator>
 #include <optional>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "support/editor_model.h"
@@ -15,6 +18,9 @@ namespace quillbox::test {
 
 inline constexpr int kModelSeed = 20'261'121;
 
+/// New items are not added to a collection of as many, nor is a folder to one of twice as many.
+inline constexpr int kManyItems = 10;
+
 /// A number that the environment may set.
 inline int modelSetting(const char* variable, int standard) {
   bool isNumber = false;
@@ -22,9 +28,28 @@ inline int modelSetting(const char* variable, int standard) {
   return isNumber ? value : standard;
 }
 
-inline QString onScreen(const std::string& text) { return QString::fromLatin1(text); }
+/// What the bytes 80 to 9F of a record are on screen; all others are the characters of their
+/// number.
+inline constexpr char16_t kHighCharacters[] = {
+    0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
 
-inline std::string inRecord(const QString& text) { return text.toLatin1().toStdString(); }
+inline QString onScreen(const std::string& text) {
+  QString shown = QString::fromLatin1(text);
+  for (QChar& character : shown)
+    if (const char16_t code = character.unicode(); code >= 0x80 && code <= 0x9F)
+      character = QChar(kHighCharacters[code - 0x80]);
+  return shown;
+}
+
+inline std::string inRecord(QString text) {
+  for (QChar& character : text)
+    if (const auto* const found = std::ranges::find(kHighCharacters, character.unicode());
+        found != std::end(kHighCharacters))
+      character = QChar(static_cast<char16_t>(0x80 + (found - std::begin(kHighCharacters))));
+  return text.toLatin1().toStdString();
+}
 
 /// The program with a random collection open in an editor, and the model of it.
 class ModelFixture : public FormTest {
@@ -35,9 +60,8 @@ class ModelFixture : public FormTest {
                                     kind.sorted->code)) {}
 
   const ModelKind& kind() const { return kind_; }
-  std::string collection() const { return path(std::string("mine.") + kind().extension); }
-  std::string backup() const { return path("mine.bak"); }
   EditorModel& model() { return *model_; }
+  const std::string& collection() { return model().path(); }
 
   template <typename... Parts>
   void note(const Parts&... parts) {
@@ -56,36 +80,66 @@ class ModelFixture : public FormTest {
     if (!error.empty()) desktop_.expectMessage("Quillbox", error);
   }
 
+  // Files, on disk and in the model
+
+  std::string anyPlace() {
+    std::string small = std::string("small.") + kind().extension;
+    for (char& letter : small) letter = static_cast<char>(std::tolower(letter));
+    return path(lots_.of({std::string("mine.") + kind().extension,
+                          std::string("other.") + kind().extension, small}));
+  }
+
+  /// One of the collections that are there.
+  std::string anyCollection() {
+    std::vector<std::string> found;
+    for (const auto& [path, bytes] : disk_)
+      if (sameInCapitals(path.substr(path.size() - 3), kind().extension)) found.push_back(path);
+    return lots_.of(found);
+  }
+
+  void putFile(const std::string& path, const std::string& bytes) {
+    disk_[path] = bytes;
+    writeFile(path, bytes);
+  }
+
+  void putNewCollection(const std::string& place) {
+    const std::string bytes = randomCollection(lots_, kind());
+    putFile(place, bytes);
+    note("new collection ", place, " of ", bytes.size(), " bytes, Count ", numberAt(bytes, 0, 2),
+         ", type ", numberAt(bytes, 2, 2));
+  }
+
   // The beginning, again and again
 
   /// The program anew: on the command line, or by way of its start screen.
-  void startProgram(bool exists = true) {
-    const std::string file = model_ ? model().file : std::string();
-    model_.emplace(kind(), collection());
-    model().file = file;
-    if (kind().isMedia()) {
+  void startProgram(const std::string& path) {
+    model_.emplace(kind(), disk_);
+    if (kind().isMedia() || (disk_.contains(path) && lots_.oneIn(3))) {
+      note("start");
+      dataFolder_ = std::filesystem::current_path().string();
       restart();
-      openFromStartScreen();
-      return;
+      return openFromStartScreen(path);
     }
-    model().open(exists);
-    expectRefusal();
-    restart({collection()});
+    note("start with ", path);
+    dataFolder_.clear();
+    expectSaid(model().open(path));
+    restart({path});
     findControls();
   }
 
-  void openFromStartScreen() {
-    model().open();
-    expectRefusal();
-    desktop_.tolerateOpen = collection();
+  void openFromStartScreen(const std::string& path) {
+    note("open ", path);
+    desktop_.expectOpen("Open Collection", kOpenFilter, path);
+    expectSaid(model().open(path));
     trigger("O");
-    desktop_.tolerateOpen.reset();
     findControls();
   }
 
-  void expectRefusal() {
-    if (model().isRefused())
-      desktop_.expectMessage(kMusicManager, "Old File Type Incompatible. Contact us for upgrades.");
+  void expectSaid(const std::vector<std::string>& said) {
+    for (const std::string& text : said) {
+      note("said: ", text);
+      desktop_.expectMessage(kMusicManager, text);
+    }
   }
 
   void findControls() {
@@ -96,34 +150,6 @@ class ModelFixture : public FormTest {
     indicator_ = &control<QLabel>(kind().indicator);
     previous_ = &button(kind().buttons.previous);
     next_ = &button(kind().buttons.next);
-  }
-
-  void putNewCollection() {
-    notes_.clear();
-    model().file = randomCollection(lots_, kind());
-    writeFile(collection(), model().file);
-    note("new collection of ", model().file.size(), " bytes, Count ", numberAt(model().file, 0, 2));
-  }
-
-  void leaveAndOpen() {
-    trigger(kind().exitCollection);
-    EXPECT_EQ(formName(), "frmBegin2");
-    if (lots_.oneIn(2)) putNewCollection();
-    note("open");
-    openFromStartScreen();
-  }
-
-  void startAgain() {
-    const bool exists = kind().isMedia() || !lots_.oneIn(5);
-    if (exists) {
-      if (lots_.oneIn(2)) putNewCollection();
-      note("start again");
-    } else {
-      notes_.clear();
-      note("start without a file");
-      std::filesystem::remove(collection());
-    }
-    startProgram(exists);
   }
 
   // Inputs
@@ -174,13 +200,10 @@ class ModelFixture : public FormTest {
     desktop_.expectNothingLeft();
     desktop_.rests = 0;
     files_.forget();
-    const std::string bytes = readFile(collection());
-    if (bytes != model().file) {
-      const auto differs = std::ranges::mismatch(bytes, model().file);
-      ADD_FAILURE() << bytes.size() << " bytes instead of " << model().file.size()
-                    << "; the first that differs is " << differs.in1 - bytes.begin();
-    }
+    expectFiles();
     EXPECT_TRUE(editor_->isVisible());
+    EXPECT_EQ(inRecord(editor_->windowTitle()),
+              kind().caption + std::filesystem::path(collection()).filename().string() + ")");
     EXPECT_EQ(indicator_->text().toStdString(), model().label);
     EXPECT_EQ(state_->Count, model().count);
     EXPECT_EQ(state_->CurRec, model().curRec);
@@ -199,6 +222,29 @@ class ModelFixture : public FormTest {
     }
   }
 
+  /// Every file is as the model has it, and there is no other.
+  void expectFiles() {
+    std::size_t found = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_.path())) {
+      const std::string path = entry.path().string();
+      if (!entry.is_regular_file() || entry.path().filename() == "printer.tmp") continue;
+      ++found;
+      const auto modelled = disk_.find(path);
+      if (modelled == disk_.end())
+        ADD_FAILURE() << path << " should not be there";
+      else
+        expectBytes(path, modelled->second);
+    }
+    EXPECT_EQ(found, disk_.size()) << "files";
+  }
+  static void expectBytes(const std::string& path, const std::string& expected) {
+    const std::string bytes = readFile(path);
+    if (bytes == expected) return;
+    const auto differs = std::ranges::mismatch(bytes, expected);
+    ADD_FAILURE() << path << ": " << bytes.size() << " bytes instead of " << expected.size()
+                  << "; the first that differs is " << differs.in1 - bytes.begin();
+  }
+
   std::string history() const {
     std::string lines;
     for (const std::string& line : notes_) lines += line + "\n";
@@ -207,8 +253,10 @@ class ModelFixture : public FormTest {
 
   const ModelKind& kind_;
   Lots lots_;
+  ModelDisk disk_;
   std::optional<EditorModel> model_;
-  std::vector<std::string> notes_;  ///< what was done since a collection was put down
+  std::string dataFolder_;          ///< as the program took it when it was started
+  std::vector<std::string> notes_;  ///< what was done since the program was started
 
   QMainWindow* editor_ = nullptr;
   std::vector<QWidget*> inputs_;

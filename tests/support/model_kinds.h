@@ -7,6 +7,7 @@
 #include <ostream>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "support/sort_model.h"
 
@@ -125,9 +126,22 @@ struct ModelLabels {
   const char* fresh;
 };
 
+/// Of a record of music in a collection of the older type.
+inline constexpr std::size_t kOldMusicLength = 2336;
+
+/// What the loader of a kind of media files looks for.
+struct ModelLoader {
+  const char* title = "";
+  const char* filter = "";
+  std::span<const std::string_view> extensions = {};
+  bool saysWhenEmpty = false;
+};
+
 struct ModelKind {
   const SortedKind* sorted;
   const char* extension;
+  int option;           ///< its number in the new-collection dialog
+  const char* caption;  ///< up to the file's name
   const char* formName;
   const char* indicator;
   std::span<const ModelInput> inputs;
@@ -139,7 +153,9 @@ struct ModelKind {
   ModelSide sort;
   ModelSide search;
   const char* exitCollection;
+  int exportedTexts = 0;  ///< of 50 characters, that begin each line of an export
   const char* notFound = "Data Not Found...";
+  ModelLoader loader = {};
 
   std::size_t length() const { return sorted->recordLength; }
   bool isMusic() const { return sorted->code == 1; }
@@ -148,6 +164,9 @@ struct ModelKind {
   bool isMedia() const { return sorted->code >= 6; }
   bool skipsDeleted() const { return isMusic() || isMedia(); }
   int fileType() const { return isMusic() ? 5 : 1; }
+
+  /// What New File leaves in the header behind it: of music, a type that is upgraded.
+  int fileTypeLeftBehind() const { return isMusic() ? 4 : 1; }
   std::size_t markerWidth() const { return inputs.front().width; }
 };
 
@@ -235,9 +254,19 @@ inline constexpr const char* kMusicManager = "QBX - Music Manager";
 inline constexpr ModelLabels kFamilyLabels = {"Record # ", " of ", "Record #: 0", "New Record"};
 inline constexpr ModelTitles kFamilyTitles = {kMusicManager, nullptr, nullptr, "Go To Record"};
 
-constexpr ModelKind modelOfMediaFiles(const SortedKind& sorted, const char* extension) {
+namespace model_loaders {
+inline constexpr std::string_view waves[] = {"wav"};
+inline constexpr std::string_view midi[] = {"mid"};
+inline constexpr std::string_view graphics[] = {"jpg", "gif", "bmp", "tif", "rle"};
+inline constexpr std::string_view mp3[] = {"mp3"};
+}  // namespace model_loaders
+
+constexpr ModelKind modelOfMediaFiles(const SortedKind& sorted, const char* extension,
+                                      const char* caption, const ModelLoader& loader) {
   return {&sorted,
           extension,
+          sorted.code,
+          caption,
           "frmWave",
           "lblRec",
           model_inputs::media,
@@ -249,12 +278,17 @@ constexpr ModelKind modelOfMediaFiles(const SortedKind& sorted, const char* exte
           {"cmdPrev", "cmdNext", "cmdGoto", "cmdClear", "cmdDelete", "cmdWrite"},
           {"SortCollection", "frmWaveSort", "cmdBeginSort", "cmdExit"},
           {"SearchCollection", "frmWaveSearch", "cmbBeginSearch", "cmdExit"},
-          "ExitCollection"};
+          "ExitCollection",
+          0,
+          "Data Not Found...",
+          loader};
 }
 
 inline constexpr ModelKind kModelKinds[] = {
     {&kSortedKinds[0],
      "MCS",
+     1,
+     "Music Collection Manager (",
      "frmMusic",
      "lblIndex",
      model_inputs::music,
@@ -265,9 +299,12 @@ inline constexpr ModelKind kModelKinds[] = {
      {"cmdPrevious", "cmdNext", "cmdGoto", "cmdClearData", "cmdDelete", "cmdWriteData"},
      {"SortRecords", "frmMusicSort", "cmdBeginSort", "cmdExitSort", "chkMusSort"},
      {"SearchRecords", "frmMusSearch", "cmdSearch", "cmdExit"},
-     "ExitCollection"},
+     "ExitCollection",
+     2},
     {&kSortedKinds[1],
      "CCS",
+     3,
+     "Comic Collection Manager (",
      "frmComics",
      "lblIndex",
      model_inputs::comics,
@@ -278,9 +315,12 @@ inline constexpr ModelKind kModelKinds[] = {
      {"cmdPrevious", "cmdNext", "cmdGoTo", "cmdClearData", "cmdDelete", "cmdUpdate"},
      {"SortRecords", "frmComicSort", "cmdBeginSort", "cmdExit", "chkSort"},
      {"Search", "frmComicSearch", "cmdSearch", "cmdExit"},
-     "ExitCollection"},
+     "ExitCollection",
+     2},
     {&kSortedKinds[2],
      "VCS",
+     2,
+     "Video Tape Collection Manager (",
      "frmVideo",
      "lblIndex",
      model_inputs::video,
@@ -291,9 +331,12 @@ inline constexpr ModelKind kModelKinds[] = {
      {"cmdPrev", "cmdNext", "Command1", "cmdClear", "cmdDelete", "cmdUpdate"},
      {"SortRecords", "frmVideoSort", "cmdBeginSort", "cmdExit", "chkSort"},
      {"SearchRecords", "frmVideoSearch", "cmbBeginSearch", "cmdExit"},
-     "ExitCollection"},
+     "ExitCollection",
+     1},
     {&kSortedKinds[3],
      "SCS",
+     4,
+     "Software Collection Manager (",
      "frmSoftware",
      "lblIndex",
      model_inputs::software,
@@ -304,9 +347,12 @@ inline constexpr ModelKind kModelKinds[] = {
      {"cmdPrevious", "cmdNext", "cmdGoTo", "cmdClear", "cmdDelete", "cmdUpdate"},
      {"SortRecords", "frmSoftwareSort", "cmbBeginSort", "cmdExit", "chkSort"},
      {"Search", "frmSoftwareSearch", "cmdBeginSearch", "cmdExit"},
-     "ExitCollection"},
+     "ExitCollection",
+     1},
     {&kSortedKinds[4],
      "BCS",
+     5,
+     "Book Collection Manager (",
      "frmBooks",
      "lblBookCap",
      model_inputs::books,
@@ -318,11 +364,20 @@ inline constexpr ModelKind kModelKinds[] = {
      {"SortBooks", "frmBookSort", "cmdSort", "cmdExit", "chkBsort"},
      {"SearchBooks", "frmBookSearch", "cmdBeginSearch", "cmdExitWindow"},
      "ExitBooks",
+     0,
      "Not Found"},
-    modelOfMediaFiles(kSortedKinds[5], "WCS"),
-    modelOfMediaFiles(kSortedKinds[6], "ICS"),
-    modelOfMediaFiles(kSortedKinds[7], "GCS"),
-    modelOfMediaFiles(kSortedKinds[8], "MPS"),
+    modelOfMediaFiles(kSortedKinds[5], "WCS", "Wave File Collection (",
+                      {"Wave Collection", "Wave Files (*.WAV)|*.WAV", model_loaders::waves, true}),
+    modelOfMediaFiles(kSortedKinds[6], "ICS", "MIDI File Collection (",
+                      {"MIDI Collection", "MIDI Files (*.MID)|*.MID", model_loaders::midi, true}),
+    modelOfMediaFiles(
+        kSortedKinds[7], "GCS", "Graphic File Collection (",
+        {"Graphics Collection",
+         "Graphics Files (*.JPG,*.GIF,*.BMP,*.TIF,*.RLE)|*.JPG;*.GIF;*.BMP;*.TIF;*.RLE",
+         model_loaders::graphics}),
+    modelOfMediaFiles(
+        kSortedKinds[8], "MPS", "MP3 File Collection (",
+        {"MPEG Layer3(MP3) Audio Collection", "MPEG Files (*.MP3)|*.MP3", model_loaders::mp3}),
 };
 
 inline void PrintTo(const ModelKind& kind, std::ostream* out) { *out << kind.sorted->name; }
