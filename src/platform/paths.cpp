@@ -1,15 +1,76 @@
 #include "platform/paths.h"
 
-#include <filesystem>
+#include <algorithm>
+#include <vector>
 
 namespace quillbox {
 namespace {
 
 constexpr std::string_view kSeparators = "/\\";
 
-bool isSeparator(char c) { return kSeparators.find(c) != std::string_view::npos; }
+bool isOneOf(std::string_view characters, char c) {
+  return characters.find(c) != std::string_view::npos;
+}
 
 char capital(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+
+bool isLetter(char c) { return capital(c) >= 'A' && capital(c) <= 'Z'; }
+
+bool namesDrive(std::string_view path) {
+  return path.size() > 1 && isLetter(path[0]) && path[1] == ':';
+}
+
+bool areAlike(std::string_view a, std::string_view b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char one, char other) { return capital(one) == capital(other); });
+}
+
+/// What the names of a path are counted from.
+struct Root {
+  std::string_view place;  ///< a drive or a share; empty for the current one
+  bool isRooted = false;   ///< from the root folder on, not from the current one
+  std::string_view below;  ///< the rest of the path
+};
+
+/// The length of "\\server\share"; 0 when the path begins with no share.
+std::size_t shareLength(std::string_view path, std::string_view separators) {
+  const bool begins = path.size() > 2 && isOneOf(separators, path[0]) &&
+                      isOneOf(separators, path[1]) && !isOneOf(separators, path[2]);
+  if (!begins) return 0;
+  const auto share = path.find_first_of(separators, 2);
+  if (share == std::string_view::npos || share + 1 == path.size())
+    return std::min(share, path.size());
+  return std::min(path.find_first_of(separators, share + 1), path.size());
+}
+
+Root rootOf(std::string_view path, const PathRules& rules) {
+  std::size_t length = 0;
+  bool isShare = false;
+  if (rules.hasDrives) {
+    length = namesDrive(path) ? 2 : shareLength(path, rules.separators);
+    isShare = length > 2;
+  }
+  const std::string_view below = path.substr(length);
+  const bool isRooted = isShare || (!below.empty() && isOneOf(rules.separators, below.front()));
+  return {path.substr(0, length), isRooted, below};
+}
+
+/// Adds the names of `root` one after the other; ".." takes one away.
+void addNames(std::vector<std::string_view>& names, const Root& root, std::string_view separators) {
+  std::string_view path = root.below;
+  while (!path.empty()) {
+    const auto end = std::min(path.find_first_of(separators), path.size());
+    const std::string_view name = path.substr(0, end);
+    if (name == ".." && !names.empty() && names.back() != "..") {
+      names.pop_back();
+    } else if (name == ".." && root.isRooted) {
+      // There is nothing above the root folder.
+    } else if (!name.empty() && name != ".") {
+      names.push_back(name);
+    }
+    path.remove_prefix(std::min(end + 1, path.size()));
+  }
+}
 
 }  // namespace
 
@@ -21,7 +82,8 @@ std::string_view fileNameOf(std::string_view path) {
 std::string_view folderOf(std::string_view path) {
   const auto last = path.find_last_of(kSeparators);
   if (last == std::string_view::npos) return {};
-  return path.substr(0, last == 0 ? 1 : last);
+  const bool isRoot = last == 0 || (last == 2 && namesDrive(path));
+  return path.substr(0, isRoot ? last + 1 : last);
 }
 
 bool matchesPattern(std::string_view name, std::string_view pattern) {
@@ -60,19 +122,41 @@ std::string backupPath(std::string_view path, std::string_view ending) {
   return std::string(kept).append(ending);
 }
 
-std::string joinPath(std::string_view folder, std::string_view name) {
+std::string joinPath(std::string_view folder, std::string_view name, const PathRules& rules) {
   std::string path(folder);
-  if (path.empty() || path.back() != kFolderSeparator) path += kFolderSeparator;
+  if (path.empty() || !isOneOf(rules.separators, path.back())) path += rules.separators.front();
   return path.append(name);
 }
 
-bool isFullPath(std::string_view path) {
-  const bool namesDrive = path.size() > 1 && path[1] == ':';
-  return namesDrive || (!path.empty() && isSeparator(path.front()));
+bool isFullPath(std::string_view path, const PathRules& rules) {
+  const Root root = rootOf(path, rules);
+  return rules.hasDrives ? root.isRooted && !root.place.empty()
+                         : root.isRooted || namesDrive(path) || path.starts_with('\\');
 }
 
-std::string fullPath(std::string_view path, std::string_view currentFolder) {
-  return (std::filesystem::path(currentFolder) / path).lexically_normal().string();
+std::string fullPath(std::string_view path, std::string_view currentFolder,
+                     const PathRules& rules) {
+  Root root = rootOf(path, rules);
+  const Root current = rootOf(currentFolder, rules);
+  std::vector<std::string_view> names;
+  if (root.place.empty() || areAlike(root.place, current.place)) {
+    if (!root.isRooted) {
+      addNames(names, current, rules.separators);
+      root.isRooted = current.isRooted;
+    }
+    root.place = current.place;
+  }
+  addNames(names, root, rules.separators);
+
+  const char separator = rules.separators.front();
+  std::string full(root.place);
+  if (root.isRooted) full += separator;
+  for (const std::string_view name : names) full.append(name).push_back(separator);
+  // What was written as a folder stays one.
+  const std::string_view last = root.below.substr(root.below.find_last_of(rules.separators) + 1);
+  const bool isFolder = names.empty() || last.empty() || last == "." || last == "..";
+  if (!isFolder) full.pop_back();
+  return full;
 }
 
 }  // namespace quillbox

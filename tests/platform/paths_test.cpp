@@ -33,23 +33,104 @@ TEST(Paths, BackupNameIsCutAtTheFirstDotWhereverItStands) {
 }
 
 TEST(Paths, JoiningAnEmptyFolderGivesTheRootFolder) {
-  EXPECT_EQ(joinPath("/data", "Jazz"), "/data/Jazz");
-  EXPECT_EQ(joinPath("/data/", "Jazz"), "/data/Jazz");
-  EXPECT_EQ(joinPath("", "Jazz"), "/Jazz");
+  EXPECT_EQ(joinPath("/data", "Jazz", kUnixPaths), "/data/Jazz");
+  EXPECT_EQ(joinPath("/data/", "Jazz", kUnixPaths), "/data/Jazz");
+  EXPECT_EQ(joinPath("/data\\", "Jazz", kUnixPaths), "/data\\/Jazz");
+  EXPECT_EQ(joinPath("", "Jazz", kUnixPaths), "/Jazz");
+  EXPECT_EQ(joinPath("C:\\Data", "Jazz", kWindowsPaths), "C:\\Data\\Jazz");
+  EXPECT_EQ(joinPath("C:\\", "Jazz", kWindowsPaths), "C:\\Jazz");
+  EXPECT_EQ(joinPath("C:/", "Jazz", kWindowsPaths), "C:/Jazz");
+  EXPECT_EQ(joinPath("", "Jazz", kWindowsPaths), "\\Jazz");
+}
+
+TEST(Paths, ThePlatformsOwnRulesAreTheOnesThatAreUsed) {
+#ifdef _WIN32
+  EXPECT_EQ(joinPath("data", "Jazz"), "data\\Jazz");
+  EXPECT_EQ(fullPath("Jazz", "C:\\Data"), "C:\\Data\\Jazz");
+  EXPECT_FALSE(isFullPath("\\Jazz"));
+#else
+  EXPECT_EQ(joinPath("data", "Jazz"), "data/Jazz");
+  EXPECT_EQ(fullPath("Jazz", "/data"), "/data/Jazz");
+  EXPECT_TRUE(isFullPath("/Jazz"));
+#endif
 }
 
 TEST(Paths, AFullPathStartsAtTheRootOrNamesADrive) {
-  EXPECT_TRUE(isFullPath("/jazz.MCS"));
-  EXPECT_TRUE(isFullPath("\\jazz.MCS"));
-  EXPECT_TRUE(isFullPath("C:\\Data\\jazz.mcs"));
-  EXPECT_FALSE(isFullPath("jazz.MCS"));
-  EXPECT_FALSE(isFullPath(""));
+  for (const char* path : {"/jazz.MCS", "\\jazz.MCS", "C:\\Data\\jazz.mcs", "C:jazz.MCS"})
+    EXPECT_TRUE(isFullPath(path, kUnixPaths)) << path;
+  for (const char* path : {"jazz.MCS", "./jazz.MCS", "1:jazz.MCS", "C", ""})
+    EXPECT_FALSE(isFullPath(path, kUnixPaths)) << path;
 }
 
+TEST(Paths, AFullPathOfWindowsNamesADriveOrAShareAndStartsAtItsRoot) {
+  for (const char* path :
+       {"C:\\Data\\jazz.mcs", "c:/jazz.MCS", "C:\\", "\\\\server\\share\\jazz.MCS",
+        "//server/share/jazz.MCS", "\\\\server\\share"})
+    EXPECT_TRUE(isFullPath(path, kWindowsPaths)) << path;
+  for (const char* path : {"jazz.MCS", "C:jazz.MCS", "C:", "\\jazz.MCS", "/jazz.MCS", "\\\\", "\\",
+                           "", "1:\\jazz.MCS", "\\\\\\jazz.MCS"})
+    EXPECT_FALSE(isFullPath(path, kWindowsPaths)) << path;
+}
+
+struct FullPathRow {
+  std::string_view path;
+  std::string_view currentFolder;
+  std::string_view full;
+};
+
 TEST(Paths, AFullPathHasNoDotsButTheNamesOwn) {
-  EXPECT_EQ(fullPath("./jazz.MCS", "/data"), "/data/jazz.MCS");
-  EXPECT_EQ(fullPath("../jazz.MCS", "/data/music"), "/data/jazz.MCS");
-  EXPECT_EQ(fullPath("jazz.MCS", "/data"), "/data/jazz.MCS");
+  const FullPathRow rows[] = {
+      {"jazz.MCS", "/data", "/data/jazz.MCS"},
+      {"./jazz.MCS", "/data", "/data/jazz.MCS"},
+      {"../jazz.MCS", "/data/music", "/data/jazz.MCS"},
+      {"../../../jazz.MCS", "/data/music", "/jazz.MCS"},
+      {"a/./b//../jazz.MCS", "/data/", "/data/a/jazz.MCS"},
+      {"...", "/data", "/data/..."},
+      {"jazz.MCS", "/", "/jazz.MCS"},
+      {"/music//jazz.MCS", "/data", "/music/jazz.MCS"},
+      {"//music/../jazz.MCS", "/data", "/jazz.MCS"},
+      {"a\\..\\jazz.MCS", "/data", "/data/a\\..\\jazz.MCS"},
+      {"C:\\jazz.MCS", "/data", "/data/C:\\jazz.MCS"},
+      {"music/", "/data", "/data/music/"},
+      {"music/..", "/data", "/data/"},
+      {"", "/data", "/data/"},
+      {"..", "/data", "/"},
+      {"\xFF\xC3", "/\xE9", "/\xE9/\xFF\xC3"},
+  };
+  for (const auto& row : rows)
+    EXPECT_EQ(fullPath(row.path, row.currentFolder, kUnixPaths), row.full)
+        << row.path << " below " << row.currentFolder;
+}
+
+TEST(Paths, AFullPathOfWindowsIsOnTheCurrentDriveUnlessItNamesAnother) {
+  const FullPathRow rows[] = {
+      {"jazz.MCS", "C:\\Data", "C:\\Data\\jazz.MCS"},
+      {"./a/../jazz.MCS", "C:\\Data", "C:\\Data\\jazz.MCS"},
+      {"..\\..\\..\\jazz.MCS", "C:\\Data\\Music", "C:\\jazz.MCS"},
+      {"jazz.MCS", "C:\\", "C:\\jazz.MCS"},
+      {"\\jazz.MCS", "C:\\Data", "C:\\jazz.MCS"},
+      {"/music/jazz.MCS", "C:\\Data", "C:\\music\\jazz.MCS"},
+      {"C:jazz.MCS", "C:\\Data", "C:\\Data\\jazz.MCS"},
+      {"c:jazz.MCS", "C:\\Data", "C:\\Data\\jazz.MCS"},
+      {"D:\\.\\jazz.MCS", "C:\\Data", "D:\\jazz.MCS"},
+      {"D:jazz.MCS", "C:\\Data", "D:jazz.MCS"},
+      {"D:..\\jazz.MCS", "C:\\Data", "D:..\\jazz.MCS"},
+      {"D:", "C:\\Data", "D:"},
+      {"music\\", "C:\\Data", "C:\\Data\\music\\"},
+      {"", "C:\\Data", "C:\\Data\\"},
+      {"jazz.MCS", "\\\\server\\share\\Data", "\\\\server\\share\\Data\\jazz.MCS"},
+      {"\\jazz.MCS", "\\\\server\\share\\Data", "\\\\server\\share\\jazz.MCS"},
+      {"..\\..\\..\\jazz.MCS", "\\\\server\\share\\Data", "\\\\server\\share\\jazz.MCS"},
+      {"\\\\server\\share\\.\\jazz.MCS", "C:\\Data", "\\\\server\\share\\jazz.MCS"},
+      {"\\\\server\\share", "C:\\Data", "\\\\server\\share\\"},
+      {"\\\\server", "C:\\Data", "\\\\server\\"},
+      {"\xFF\xC3", "C:\\\xE9", "C:\\\xE9\\\xFF\xC3"},
+  };
+  for (const auto& row : rows) {
+    const std::string full = fullPath(row.path, row.currentFolder, kWindowsPaths);
+    EXPECT_EQ(full, row.full) << row.path << " below " << row.currentFolder;
+    EXPECT_EQ(fullPath(full, "C:\\elsewhere", kWindowsPaths), full);
+  }
 }
 
 TEST(Paths, FolderIsWhatStandsBeforeTheLastSeparatorOfEitherKind) {
@@ -67,11 +148,17 @@ TEST(Paths, TheRootFolderKeepsItsSeparator) {
   EXPECT_EQ(folderOf("/jazz.MCS"), "/");
   EXPECT_EQ(folderOf("\\jazz.MCS"), "\\");
   EXPECT_EQ(folderOf("/"), "/");
+  EXPECT_EQ(folderOf("C:\\jazz.MCS"), "C:\\");
+  EXPECT_EQ(folderOf("c:/jazz.MCS"), "c:/");
+  EXPECT_EQ(folderOf("C:jazz.MCS"), "");
 }
 
 TEST(Paths, FolderAndFileNameJoinedAreThePathAgain) {
   for (const char* path : {"/home/ann/jazz.MCS", "/jazz.MCS", "music/jazz.MCS"})
-    EXPECT_EQ(joinPath(folderOf(path), fileNameOf(path)), path);
+    EXPECT_EQ(joinPath(folderOf(path), fileNameOf(path), kUnixPaths), path);
+  for (const char* path : {"C:\\Data\\jazz.MCS", "C:\\jazz.MCS", "\\jazz.MCS", "music\\jazz.MCS",
+                           "\\\\server\\share\\jazz.MCS"})
+    EXPECT_EQ(joinPath(folderOf(path), fileNameOf(path), kWindowsPaths), path);
 }
 
 TEST(Paths, APatternStandsForRunsAndCharactersWhateverTheirCapitals) {
