@@ -48,7 +48,9 @@ ErrorNumber numberFromErrno(int error) {
     case EROFS:
       return ErrorNumber::permissionDenied;
     case ENOSPC:
+#ifdef EDQUOT  // not on every platform
     case EDQUOT:
+#endif
     case EFBIG:
       return ErrorNumber::diskFull;
     case EIO:

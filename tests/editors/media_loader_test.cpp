@@ -13,6 +13,7 @@
 #include "records/record_file.h"
 #include "support/failing_files.h"
 #include "support/failure.h"
+#include "support/machine.h"
 #include "support/music_files.h"
 #include "support/test_folder.h"
 
@@ -166,6 +167,7 @@ TEST_F(MediaLoaderTest, VisibleFilesOfThePatternAreFoundWhateverTheirCapitals) {
 }
 
 TEST_F(MediaLoaderTest, OnlyPlainFilesAreFoundThroughLinksToo) {
+  QUILLBOX_NEEDS(links);
   std::filesystem::create_directory("folder.wav");
   writeFile("file.wav", "");
   writeFile("folder.wav/inside.wav", "");
@@ -211,12 +213,16 @@ TEST(FilesToLoad, AreInTheOrderOfThePatternsAndThenOfTheFolder) {
   EXPECT_EQ(filesToLoad(empty, "/pictures", {"*"}), Names{});
 }
 
-TEST_F(MediaLoaderTest, AFolderThatIsMissingOrMayNotBeReadIsAnErrorThatNamesIt) {
+TEST_F(MediaLoaderTest, AFolderThatIsMissingIsAnErrorThatNamesIt) {
+  const std::string missing = folder_.path("missing");
+  EXPECT_EQ(failureOf([&] { filesToLoad(files_, missing, {"*.WAV"}); }), (Failure{76, missing}));
+}
+
+TEST_F(MediaLoaderTest, AFolderThatMayNotBeReadIsAnErrorThatNamesIt) {
+  QUILLBOX_NEEDS(permissions);
   const std::string closed = folder_.path("closed");
   std::filesystem::create_directory(closed);
   std::filesystem::permissions(closed, std::filesystem::perms::none);
-  const std::string missing = folder_.path("missing");
-  EXPECT_EQ(failureOf([&] { filesToLoad(files_, missing, {"*.WAV"}); }), (Failure{76, missing}));
   const OrdinaryUser user(folder_);
   EXPECT_EQ(failureOf([&] { filesToLoad(files_, closed, {"*.WAV"}); }), (Failure{70, closed}));
 }

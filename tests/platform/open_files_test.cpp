@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -12,10 +11,6 @@
 
 namespace quillbox::test {
 namespace {
-
-std::ptrdiff_t openDescriptors() {
-  return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
-}
 
 class OpenFilesTest : public testing::Test {
  protected:

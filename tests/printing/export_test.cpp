@@ -13,6 +13,7 @@
 #include "support/failing_files.h"
 #include "support/failure.h"
 #include "support/family_files.h"
+#include "support/machine.h"
 #include "support/music_files.h"
 #include "support/test_folder.h"
 
@@ -263,7 +264,7 @@ TEST_F(Export, TheCollectionItselfIsNeverWrittenOver) {
   for (const CollectionKind& kind : collectionKinds()) {
     openBlank(kind.extension, 2);
     const std::string name = std::filesystem::path(path_).filename().string();
-    std::filesystem::create_symlink(path_, folder_.path("soft.txt"));
+    makeLink(path_, folder_.path("soft.txt"));
     std::filesystem::create_hard_link(path_, folder_.path("hard.txt"));
     for (const std::string& target :
          {path_, name, "./" + name, folder_.path("soft.txt"), folder_.path("hard.txt")}) {
@@ -319,6 +320,7 @@ TEST_F(Export, AMissingFolderIsReported) {
 }
 
 TEST_F(Export, AFileThatMayNotBeWrittenIsLeftAlone) {
+  QUILLBOX_NEEDS(readOnlyFiles);
   open({withSongs("A", "", {"1"})});
   writeFile(target_, kOld);
   std::filesystem::permissions(target_, std::filesystem::perms(0444));

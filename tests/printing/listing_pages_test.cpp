@@ -12,6 +12,7 @@
 #include "support/failing_files.h"
 #include "support/fake_desktop.h"
 #include "support/family_files.h"
+#include "support/machine.h"
 #include "support/music_files.h"
 #include "support/test_folder.h"
 
@@ -176,6 +177,7 @@ TEST_F(ListingPages, TheCollectionAndThePositionsStayAsTheyWere) {
 }
 
 TEST_F(ListingPages, AFolderThatCannotBeWrittenHarmsNothing) {
+  QUILLBOX_NEEDS(permissions);
   open({"A", "B"});
   std::filesystem::permissions(path_, std::filesystem::perms(0644));
   std::filesystem::permissions(folder_.path(), std::filesystem::perms(0555));

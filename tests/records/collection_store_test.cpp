@@ -510,7 +510,7 @@ TEST_F(CollectionStoreTest, AnItemIsDeletedWhenItsMarkerFieldIsTheMarkerAndTrail
 TEST_F(CollectionStoreTest, TheOpenCollectionIsRefusedAsATargetUnderAnyName) {
   items({album("A")});
   const std::string before = file();
-  std::filesystem::create_symlink(path_, "symbolic.txt");
+  makeLink(path_, "symbolic.txt");
   std::filesystem::create_hard_link(path_, "hard.txt");
   for (const std::string& name : {path_, "jazz.MCS"s, "./jazz.MCS"s, "symbolic.txt"s, "hard.txt"s,
                                   folder_.path("symbolic.txt")})
@@ -522,7 +522,7 @@ TEST_F(CollectionStoreTest, TheOpenCollectionIsRefusedAsATargetUnderAnyName) {
 TEST_F(CollectionStoreTest, AnyOtherTargetIsLeftToTheCaller) {
   items({album("A")});
   writeFile("blues.MCS", file());
-  std::filesystem::create_symlink("blues.MCS", "symbolic.txt");
+  makeLink("blues.MCS", "symbolic.txt");
   for (const std::string& name :
        {"blues.MCS"s, "symbolic.txt"s, "missing.txt"s, "missing/jazz.MCS"s, folder_.path(), ""s})
     EXPECT_EQ(failureOf([&] { refuseToReplaceCollection(state_, name); }), Failure{}) << name;

@@ -15,6 +15,7 @@
 #include "support/failing_files.h"
 #include "support/failure.h"
 #include "support/family_files.h"
+#include "support/machine.h"
 #include "support/test_folder.h"
 
 namespace quillbox::test {
@@ -295,14 +296,17 @@ TEST_P(SearchEngine, AFileThatMayOnlyBeReadIsSearchedToo) {
   EXPECT_TRUE(buffer() == item("B"));
 }
 
-TEST_P(SearchEngine, AFileThatCannotBeOpenedIsAnErrorThatNamesIt) {
+TEST_P(SearchEngine, AFileThatMayNotBeReadIsAnErrorThatNamesIt) {
+  QUILLBOX_NEEDS(permissions);
   open({"A"});
   std::filesystem::permissions(path_, std::filesystem::perms::none);
-  {
-    const OrdinaryUser user(folder_);
-    EXPECT_EQ(findFailure("A"), (Failure{70, path_}));
-  }
+  const OrdinaryUser user(folder_);
+  EXPECT_EQ(findFailure("A"), (Failure{70, path_}));
   EXPECT_EQ(board_.events, events(0));
+}
+
+TEST_P(SearchEngine, AFileThatCannotBeOpenedIsAnErrorThatNamesIt) {
+  open({"A"});
   std::filesystem::remove(path_);
   EXPECT_EQ(findFailure("A"), (Failure{53, path_}));
   EXPECT_FALSE(std::filesystem::exists(path_));

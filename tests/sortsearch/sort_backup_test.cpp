@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "support/failure.h"
+#include "support/machine.h"
 #include "support/sort_model.h"
 
 namespace quillbox::test {
@@ -134,6 +135,7 @@ TEST_F(SortPaths, AFolderOfTheBackupsNameIsInTheWayToo) {
 }
 
 TEST_F(SortPaths, ACollectionThatMayNotBeRenamedStaysAsItIs) {
+  QUILLBOX_NEEDS(permissions);
   putNamed(kSortedMusic, {"B", "A"});
   std::filesystem::create_directory("closed");
   const std::string path = folder_.path("closed/things.MCS");

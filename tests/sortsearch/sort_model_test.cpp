@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/paths.h"
 #include "platform/run_time_error.h"
 #include "records/field_types.h"
 #include "sortsearch/sort_engine.h"
@@ -123,8 +124,8 @@ class SortModelTest : public testing::TestWithParam<SortedKind> {
     EXPECT_TRUE(*files_.files.begin()->second == bytes);
   }
 
-  std::string path_ = "/things." + std::string(kind().kind().extension);
-  std::string backup_ = "/things.bak";
+  std::string path_ = joinPath("", "things." + std::string(kind().kind().extension));
+  std::string backup_ = joinPath("", "things.bak");
   MemoryFiles files_;
   AppState state_{files_};
   RecordingBoard board_;

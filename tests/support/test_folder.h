@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -14,16 +15,26 @@ class TestFolder {
   TestFolder& operator=(const TestFolder&) = delete;
   ~TestFolder();
 
-  std::string path() const { return folder_.string(); }
-  std::string path(std::string_view name) const { return (folder_ / name).string(); }
+  std::string path() const;
+
+  /// The name below the folder, with the platform's own separators.
+  std::string path(std::string_view name) const;
 
  private:
   std::filesystem::path before_;
   std::filesystem::path folder_;
 };
 
+/// Gives a file another name: a symbolic link, or a hard one where QUILLBOX_NEEDS(links) would
+/// skip.
+void makeLink(const std::string& file, const std::string& name);
+
+/// How many files the program has open.
+std::ptrdiff_t openDescriptors();
+
 /// For as long as the object lives the test has no more rights than an ordinary user, root's tests
-/// included: what is forbidden really fails.
+/// included: what is forbidden really fails. Needs `permissions`, or `readOnlyFiles` for a file
+/// that its owner may only read.
 class OrdinaryUser {
  public:
   explicit OrdinaryUser(const TestFolder& folder);

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+#include "platform/run_time_error.h"
+
+namespace quillbox {
+
+/// The run-time error for a failed call of Windows; `error` is what GetLastError() gave.
+RunTimeError errorFromWindows(unsigned long error, const std::string& file);
+
+}  // namespace quillbox
