@@ -9,6 +9,7 @@ packages_to_package="appstream dbus desktop-file-utils dpkg-dev file groff-base
 packages_to_fuzz="clang libclang-rt-14-dev"
 packages_to_check="clang-format git"
 packages_to_tidy="clang-tidy"
+packages_to_windows="g++-mingw-w64-x86-64-posix wine wine64 googletest cmake ninja-build python3"
 
 is_installed() {
   [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
