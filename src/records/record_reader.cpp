@@ -7,7 +7,7 @@ namespace quillbox {
 namespace {
 
 /// Large enough that the calls cost nothing, small enough to stay in the processor's cache.
-constexpr std::size_t kBlockBytes = 128 * 1024;
+constexpr std::size_t kBlockBytes = 131'072;
 
 }  // namespace
 
