@@ -8,6 +8,7 @@
 #endif
 
 #include <algorithm>
+#include <cerrno>
 #include <csignal>
 #include <cstddef>
 #include <filesystem>

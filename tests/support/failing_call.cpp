@@ -1,0 +1,42 @@
+#include "support/failing_call.h"
+
+#include <gtest/gtest.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <thread>
+
+namespace quillbox::test {
+namespace {
+
+/// For the rest of the calling thread's life.
+bool endCallWith(long call, int error) {
+  const auto number = static_cast<std::uint32_t>(call);
+  const auto answer = SECCOMP_RET_ERRNO | static_cast<std::uint32_t>(error);
+  sock_filter steps[] = {
+      BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+      BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, number, 0, 1),
+      BPF_STMT(BPF_RET | BPF_K, answer),
+      BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+  };
+  sock_fprog program = {static_cast<unsigned short>(std::size(steps)), steps};
+  return ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
+         ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) == 0;
+}
+
+}  // namespace
+
+void whereCallEndsWith(long call, int error, const std::function<void()>& work) {
+  std::thread([&] {
+    if (endCallWith(call, error))
+      work();
+    else
+      ADD_FAILURE() << "cannot make a system call fail";
+  }).join();
+}
+
+}  // namespace quillbox::test
