@@ -99,16 +99,16 @@ int openFlags(OpenMode mode) {
   // Not blocking, so that a pipe under a collection's name is an error and not a wait for ever.
   constexpr int common = O_CLOEXEC | O_NONBLOCK;
   switch (mode) {
-    case OpenMode::read:
-      return common | O_RDONLY;
     case OpenMode::update:
       return common | O_RDWR;
     case OpenMode::create:
       return common | O_RDWR | O_CREAT;
     case OpenMode::replace:
       return common | O_WRONLY | O_CREAT | O_TRUNC;
+    case OpenMode::read:
+      break;
   }
-  return common;
+  return common | O_RDONLY;
 }
 
 }  // namespace

@@ -29,9 +29,9 @@ const char* standardText(ErrorNumber number) {
     case ErrorNumber::pathFileAccess:
       return "Path/File access error";
     case ErrorNumber::pathNotFound:
-      return "Path not found";
+      break;
   }
-  return "";
+  return "Path not found";
 }
 
 ErrorNumber numberFromErrno(int error) {

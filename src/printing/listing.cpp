@@ -124,9 +124,9 @@ std::string Listing::value(const Field& field, std::span<const std::byte> record
     case FieldType::date:
       return dateText(realOf(field, record), texts_.dateForm);
     case FieldType::size:
-      return realText(realOf(field, record)).append(" Bytes");
+      break;
   }
-  return {};
+  return realText(realOf(field, record)).append(" Bytes");
 }
 
 std::int16_t composePages(AppState& state, const CollectionKind& kind, const Listing& listing,

@@ -51,7 +51,7 @@ constexpr EditingRules kFamilyRules = {kMusicTitle,     1,     false,   kLabel,
 constexpr EditingRules kMediaRules = {kDefaultTitle,          1,    true,         kMediaLabel,
                                       Stepping::skipsDeleted, true, kMediaDelete, kMediaGoTo};
 
-constexpr CollectionKind mediaFiles(std::int16_t code, std::string_view optionCaption,
+consteval CollectionKind mediaFiles(std::int16_t code, std::string_view optionCaption,
                                     std::string_view extension, std::string_view captionPrefix) {
   return {code,
           optionCaption,

@@ -16,7 +16,7 @@ constexpr char32_t kHighFirst = 0x80;
 constexpr char32_t kHighLast = 0x9F;
 constexpr char32_t kByteLast = 0xFF;
 
-constexpr std::array<char, 256> capitals() {
+consteval std::array<char, 256> capitals() {
   constexpr unsigned toCapital = 0x20;  // from a small letter down to its capital
   constexpr unsigned division = 0xF7;   // a sign among the small letters
   std::array<char, 256> table{};

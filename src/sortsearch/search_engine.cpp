@@ -80,15 +80,14 @@ bool Query::meets(std::span<const std::byte> record, const Condition& condition)
       return dateText(realOf(field, record), dateForm_) == condition.text;
     case FieldType::money:
       return moneyOf(field, record) == moneyOf(field, record_);
-    case FieldType::whole:
-    case FieldType::choice:
-      return wholeOf(field, record) == wholeOf(field, record_);
     case FieldType::flag:
       return (wholeOf(field, record) != 0) == (wholeOf(field, record_) != 0);
-    case FieldType::size:
+    case FieldType::whole:
+    case FieldType::choice:
+    case FieldType::size:  // sets no condition
       break;
   }
-  return true;
+  return wholeOf(field, record) == wholeOf(field, record_);
 }
 
 /// What of a typed text is looked for.
@@ -109,12 +108,12 @@ bool Query::textMeets(std::string_view text, std::string_view wanted) const {
     case TextMatch::trimmed:
       return text.starts_with(wanted) &&
              text.find_first_not_of(' ', wanted.size()) == std::string_view::npos;
-    case TextMatch::full:
-      return text == wanted;
     case TextMatch::ignoresCase:
       return std::ranges::equal(withoutTrailingBlanks(text), wanted, {}, capitalOf);
+    case TextMatch::full:
+      break;
   }
-  return false;
+  return text == wanted;
 }
 
 std::optional<int> findItem(AppState& state, const CollectionKind& kind, const Query& query,

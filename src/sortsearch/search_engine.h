@@ -15,10 +15,10 @@ namespace quillbox {
 /// What to look for: a record of the kind with the conditions that the user set on it.
 class Query {
  public:
-  /// An empty text sets no condition, and neither does a list with nothing chosen; a check box
-  /// always does. What was typed is stored into the field as the editor stores it: run-time error 6
-  /// for a number beyond its range. A date that is stored as a number is compared as its text in
-  /// the short form `dateForm`.
+  /// An empty text sets no condition, and neither does a list with nothing chosen, nor the size of
+  /// a file, which no form asks for; a check box always does. What was typed is stored into the
+  /// field as the editor stores it: run-time error 6 for a number beyond its range. A date that is
+  /// stored as a number is compared as its text in the short form `dateForm`.
   Query(const CollectionKind& kind, std::span<const Entered> inputs, std::string dateForm);
 
   /// Whether a record meets every condition; a flag other than 0 is ticked.

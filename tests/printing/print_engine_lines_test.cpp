@@ -37,6 +37,14 @@ TEST_F(PrintDataTest, TheFirstPageGetsItsHeadingAnewUntilItHasHadALine) {
   EXPECT_EQ(pages(), (Texts{"Tapes 1\r\n" + printed({"a"})}));
 }
 
+TEST_F(PrintDataTest, AHeadingThatBeginsWithAZeroByteGivesWayToTheFirstLine) {
+  for (const std::int16_t mode : kPrintModes) {
+    begin(std::string(1, '\0') + "Albums");
+    block(Texts{"a", "b"}, mode);
+    EXPECT_EQ(pages(), (Texts{printed({"a", "b"})})) << mode;
+  }
+}
+
 TEST_F(PrintDataTest, ALineOfBlanksIsKept) {
   block(Texts{"a", "   ", " ", "b  ", "  c"});
   EXPECT_EQ(pages(), (Texts{"Albums, page 1\r\n"

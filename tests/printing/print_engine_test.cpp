@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <limits>
 #include <string>
 
 #include "support/print_fixture.h"
@@ -187,6 +188,23 @@ TEST_F(PrintDataTest, APageTooLowForALineBeginsANewOneForEachBlock) {
     EXPECT_EQ(pages(), (Texts{"Albums, page 1\r\n", "     Albums, page 2\r\n" + printed("a", 1),
                               "     Albums, page 3\r\n" + printed("b", 2)}))
         << height;
+  }
+}
+
+TEST_F(PrintDataTest, APageOfMoreLinesThanA16BitNumberIsAnOverflowBeforeAnythingIsMade) {
+  constexpr double infinite = std::numeric_limits<double>::infinity();
+  constexpr double none = std::numeric_limits<double>::quiet_NaN();
+  for (const double height : {327'730.0, 1e300, infinite, -1e6, -infinite, none}) {
+    desktop_.fakePrinter.height = height;
+    begin();
+    EXPECT_EQ(failureOf([&] { block("a", 3); }), (Failure{6, ""})) << height;
+    EXPECT_EQ(lines_.at(1), "a1") << height;
+    EXPECT_FALSE(std::filesystem::exists("printer.tmp")) << height;
+    EXPECT_EQ(pageCount(), 0) << height;
+    holdLines(32767);
+    begin();
+    block("a", 3);
+    EXPECT_EQ(pages(), (Texts{"Albums, page 1\r\n" + printed("a", 3)})) << height;
   }
 }
 

@@ -246,6 +246,24 @@ TEST_F(PrintToFile, AFileThatCannotBeMadeIsAnErrorAndTheSpoolStays) {
   EXPECT_EQ(readFile("locked"), "kept");
 }
 
+TEST_F(PrintToFile, ASpoolThatLacksAPageIsAnErrorAndStays) {
+  const Texts whole = {"a\r\n", "b\r\n"};
+  std::string offered;
+  for (const int pages : {3, 4}) {
+    spool(whole);
+    const std::string before = readFile("printer.tmp");
+    chooseFile("list.txt", offered);
+    offered = "list.txt";
+    EXPECT_EQ(failureOf([&] {
+                engine_.PrintOut(print_mode::textFile, static_cast<std::int16_t>(pages), "Albums");
+              }),
+              (Failure{63, "printer.tmp"}))
+        << pages;
+    EXPECT_TRUE(readFile("printer.tmp") == before);
+    expectNothingOpen();
+  }
+}
+
 TEST_F(PrintToFile, TheOpenCollectionIsNeverWrittenOver) {
   state_.currentPath = folder_.path("jazz.MCS");
   writeFile(state_.currentPath, "the collection");

@@ -102,6 +102,15 @@ TEST_P(RecordReaderTest, OnlyTheLastRecordMayBeMissingAndIsBlankThen) {
   EXPECT_EQ(failureOf([&] { readAll(3); }), (Failure{63, path_})) << "the one before it is";
 }
 
+TEST_P(RecordReaderTest, WithoutABlankTheLastRecordMayNotBeMissingEither) {
+  makeFile(2);
+  RecordFile file(open_, path_, length(), OpenMode::read);
+  RecordReader reader(file, 3, recordNumberOf(1));
+  EXPECT_EQ(next(reader), recordOf(1, length()));
+  EXPECT_EQ(next(reader), recordOf(2, length()));
+  EXPECT_EQ(failureOf([&] { reader.next(); }), (Failure{63, path_}));
+}
+
 TEST_P(RecordReaderTest, ReadsFromAnyRecordOn) {
   makeFile(3);
   RecordFile file(open_, path_, length(), OpenMode::read);

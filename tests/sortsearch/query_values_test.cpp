@@ -144,5 +144,22 @@ TEST(SearchQuery, ACheckBoxFindsOnlyWhatIsTickedAsItIs) {
   }
 }
 
+TEST(SearchQuery, TheSizeOfAFileIsNeverAskedFor) {
+  const Input size = {"WCS", "FileSize"};
+  const Input name = {"WCS", "FileName"};
+  const Entered sizeOnly[] = {{&fieldOf(size), "12", 12}};
+  const Entered nameToo[] = {{&fieldOf(size), "12", 12}, {&fieldOf(name), "song.wav"}};
+  const Query any(kindOf("WCS"), sizeOnly, "M/d/yy");
+  const Query named(kindOf("WCS"), nameToo, "M/d/yy");
+  for (const double stored : {0.0, 12.0, 13.0, -1.0, 1e300}) {
+    const Item song = Item("WCS").text(name, "song.wav").real(size, stored);
+    const Item noise = Item("WCS").text(name, "noise.wav").real(size, stored);
+    EXPECT_TRUE(any.matches(song.bytes())) << stored;
+    EXPECT_TRUE(any.matches(noise.bytes())) << stored;
+    EXPECT_TRUE(named.matches(song.bytes())) << stored;
+    EXPECT_FALSE(named.matches(noise.bytes())) << stored;
+  }
+}
+
 }  // namespace
 }  // namespace quillbox::test
