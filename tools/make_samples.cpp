@@ -110,9 +110,10 @@ void loadFolder(AppState& state, const CollectionKind& kind, const std::string& 
 
 void makeSample(const std::string& sourcePath, const std::string& collectionPath) {
   const CollectionKind* kind = kindOfExtension(extensionOf(collectionPath));
-  std::ifstream source(sourcePath);
-  if (kind == nullptr || !source) throw std::runtime_error("cannot make it from " + sourcePath);
   const bool isFolder = std::filesystem::is_directory(sourcePath);
+  std::ifstream source(sourcePath);
+  if (kind == nullptr || !(isFolder || source))
+    throw std::runtime_error("cannot make it from " + sourcePath);
   const std::vector<Item> items = isFolder ? std::vector<Item>() : SourceReader(*kind).read(source);
 
   DiskFileSystem files;
