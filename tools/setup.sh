@@ -8,6 +8,7 @@ packages_to_package="appstream dbus desktop-file-utils dpkg-dev file groff-base
   libfile-mimeinfo-perl libglib2.0-bin libxml2-utils lintian man-db shared-mime-info x11-utils xdg-utils"
 packages_to_fuzz="clang libclang-rt-14-dev"
 packages_to_check="clang-format git"
+packages_to_cover="gcovr"
 packages_to_tidy="clang-tidy"
 packages_to_windows="g++-mingw-w64-x86-64-posix wine wine64 googletest cmake ninja-build python3"
 
