@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <chrono>
+#include <iterator>
 
 #include "forms/about.h"
 #include "forms/controls.h"
@@ -26,47 +27,37 @@ constexpr std::string_view kNothingShown =
 
 constexpr const char* kNotWritten = "not written yet";
 
+/// By the theme's name where themes have one, and the program's own. A command without a row has no
+/// icon.
+struct CommandIcon {
+  Command command;
+  const char* themeName;
+  const char* ownName;
+};
+
+constexpr CommandIcon kIcons[] = {
+    {Command::previous, "go-previous", "previous"},
+    {Command::next, "go-next", "next"},
+    {Command::goTo, "go-jump", "goto"},
+    {Command::clear, "edit-clear", "clear"},
+    {Command::deleteItem, "edit-delete", "delete"},
+    {Command::write, "document-save", "write"},
+    {Command::newFile, "document-new", "new"},
+    {Command::openFile, "document-open", "open"},
+    {Command::exitCollection, "window-close", "exit"},
+    {Command::editSubList, "", "list"},
+    {Command::sort, "view-sort-ascending", "sort"},
+    {Command::search, "edit-find", "search"},
+    {Command::printList, "document-print", "print"},
+    {Command::exportData, "", "export"},
+    {Command::loadFolder, "", "load-folder"},
+    {Command::contents, "help-contents", "help"},
+    {Command::about, "help-about", "about"},
+};
+
 QIcon iconOf(Command command) {
-  switch (command) {
-    case Command::previous:
-      return icon("go-previous", "previous");
-    case Command::next:
-      return icon("go-next", "next");
-    case Command::goTo:
-      return icon("go-jump", "goto");
-    case Command::clear:
-      return icon("edit-clear", "clear");
-    case Command::deleteItem:
-      return icon("edit-delete", "delete");
-    case Command::write:
-      return icon("document-save", "write");
-    case Command::newFile:
-      return icon("document-new", "new");
-    case Command::openFile:
-      return icon("document-open", "open");
-    case Command::exitCollection:
-      return icon("window-close", "exit");
-    case Command::editSubList:
-      return ownIcon("list");
-    case Command::sort:
-      return icon("view-sort-ascending", "sort");
-    case Command::search:
-      return icon("edit-find", "search");
-    case Command::printList:
-      return icon("document-print", "print");
-    case Command::exportData:
-      return ownIcon("export");
-    case Command::loadFolder:
-      return ownIcon("load-folder");
-    case Command::contents:
-      return icon("help-contents", "help");
-    case Command::about:
-      return icon("help-about", "about");
-    case Command::printerSetup:
-    case Command::mediaTypes:
-      break;
-  }
-  return {};
+  const auto* const row = std::ranges::find(kIcons, command, &CommandIcon::command);
+  return row == std::end(kIcons) ? QIcon() : icon(row->themeName, row->ownName);
 }
 
 }  // namespace
