@@ -3,8 +3,11 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QStandardPaths>
+#include <QStringList>
 #include <QWidget>
 #include <algorithm>
+#include <array>
+#include <optional>
 
 namespace quillbox {
 namespace {
@@ -16,9 +19,27 @@ QString maximizedKey(const QWidget& window) {
   return window.objectName() + QStringLiteral("Maximized");
 }
 
-bool isPlausible(const QRect& place) {
-  const auto [left, right] = std::minmax({place.x(), place.y(), place.width(), place.height()});
-  return !place.isEmpty() && left >= -kFarthest && right <= kFarthest;
+/// "left top width height"
+QString textOf(const QRect& place) {
+  return QStringLiteral("%1 %2 %3 %4")
+      .arg(place.left())
+      .arg(place.top())
+      .arg(place.width())
+      .arg(place.height());
+}
+
+std::optional<QRect> placeOf(const QString& text) {
+  std::array<int, 4> numbers{};
+  const QStringList parts = text.split(QLatin1Char(' '));
+  if (parts.size() != static_cast<qsizetype>(numbers.size())) return std::nullopt;
+  for (std::size_t i = 0; i < numbers.size(); ++i) {
+    bool isNumber = false;
+    numbers.at(i) = parts.at(static_cast<qsizetype>(i)).toInt(&isNumber);
+    if (!isNumber || numbers.at(i) < -kFarthest || numbers.at(i) > kFarthest) return std::nullopt;
+  }
+  const auto [left, top, width, height] = numbers;
+  if (width < 1 || height < 1) return std::nullopt;
+  return QRect(left, top, width, height);
 }
 
 /// That place, moved and cut as little as makes all of it visible.
@@ -43,9 +64,9 @@ QString WindowPlaces::userFile() {
 }
 
 void WindowPlaces::restore(QWidget& window) const {
-  const QRect kept = settings_.value(window.objectName()).toRect();
-  if (!isPlausible(kept)) return;
-  const QRect place = onScreen(kept);
+  const auto kept = placeOf(settings_.value(window.objectName()).toString());
+  if (!kept) return;
+  const QRect place = onScreen(*kept);
   window.resize(place.size());
   window.move(place.topLeft());
   if (settings_.value(maximizedKey(window)).toBool())
@@ -55,7 +76,7 @@ void WindowPlaces::restore(QWidget& window) const {
 void WindowPlaces::remember(const QWidget& window) {
   const QRect place =
       window.isMaximized() ? window.normalGeometry() : QRect(window.pos(), window.size());
-  settings_.setValue(window.objectName(), place);
+  settings_.setValue(window.objectName(), textOf(place));
   settings_.setValue(maximizedKey(window), window.isMaximized());
 }
 
