@@ -77,6 +77,7 @@ void makeFilledCollection(const CollectionKind& kind, const std::string& path) {
     file.write(recordNumberOf(item), record);
   }
   file.close();
+  readFromDisk(path);
 }
 
 }  // namespace
