@@ -115,12 +115,26 @@ void PrintEngine::openSpool() {
   isChanged_ = true;  // it may be a new file
 }
 
+void PrintEngine::writePages() {
+  if (pages_.isEmpty()) return;
+  openSpool();
+  pages_.writeTo(*spool_);
+}
+
+/// Writes the pages that are left. Whatever fails, the file is closed.
 void PrintEngine::closeSpool() {
-  if (spool_) spool_->close();
+  try {
+    writePages();
+    if (spool_) spool_->close();
+  } catch (const RunTimeError&) {
+    spool_.reset();
+    throw;
+  }
   spool_.reset();
 }
 
 void PrintEngine::reset(PrintLines& lines) {
+  pages_.clear();
   closeSpool();
   page_ = 0;
   setPageText({});
@@ -170,7 +184,7 @@ void PrintEngine::addLine(std::string& line) {
   if (line.empty()) return;
   isChanged_ = true;
   if (pageText_.starts_with('\0')) pageText_.clear();
-  pageText_.resize(withoutTrailingBlanks(pageText_).size());
+  if (pageText_.ends_with(' ')) pageText_.resize(withoutTrailingBlanks(pageText_).size());
   pageText_.append(kIndent).append(line).append(kLineEnd);
   if (pageText_.size() > kPageLength) pageText_.resize(kPageLength);
   line.clear();
@@ -190,18 +204,20 @@ void PrintEngine::startNextPage(const PrintLines& lines, std::int16_t mode) {
                                            : std::string(kIndent).append(heading(lines)));
 }
 
-/// A page that is in the file as it stands is not written again.
+/// A page that has been put among the pages as it stands is not put there again.
 void PrintEngine::writePage() {
   if (!isChanged_) return;
+  if (!pages_.hasRoomFor(page_)) writePages();
   const std::size_t length = pageText_.size();
   pageText_.resize(kPageLength, ' ');
-  spool_->write(page_, std::as_bytes(std::span(pageText_)));
+  pages_.put(page_, std::as_bytes(std::span(pageText_)));
   pageText_.resize(length);
   isChanged_ = false;
 }
 
 void PrintEngine::PrintOut(std::int16_t mode, std::int16_t pages, const std::string& header) {
   if (mode == print_mode::cancelled) return;
+  closeSpool();
   if (mode == print_mode::textFile)
     writeToTextFile(pages, header);
   else
@@ -211,7 +227,6 @@ void PrintEngine::PrintOut(std::int16_t mode, std::int16_t pages, const std::str
 void PrintEngine::writeToTextFile(std::int16_t pages, const std::string& header) {
   board_.open("Writing to file...");
   state_.files.close(file_number::collection);
-  state_.files.close(file_number::spool);
   refuseToReplaceCollection(state_, fileName_);
   TextWriter file(state_.files, fileName_, file_number::collection);
   file.write(header);

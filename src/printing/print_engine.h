@@ -10,6 +10,7 @@
 #include "platform/desktop.h"
 #include "printing/board.h"
 #include "records/app_state.h"
+#include "records/record_block.h"
 #include "records/record_file.h"
 
 namespace quillbox {
@@ -29,7 +30,8 @@ inline constexpr auto pageCount = static_cast<std::int16_t>(33536);  // -32000
 
 /// Composes a printout page by page into the spool file, one record a page, and delivers the pages.
 /// A printout is OpenPrinter, PrintData with reset, PrintData for each block, PrintData with
-/// pageCount, PrintOut. What is kept between the calls is kept from one printout to the next.
+/// pageCount, PrintOut. What is kept between the calls is kept from one printout to the next. The
+/// spool file is there from the first block on; all pages are in it once they are counted.
 class PrintEngine {
  public:
   /// All three must outlive the engine.
@@ -41,6 +43,7 @@ class PrintEngine {
 
   /// Adds the lines 1 to `count` as one block, which is never split, after the page has been
   /// measured. `mode` reset begins a new printout; pageCount sets `count` to the number of pages.
+  /// Pages that could not be written are written with a later block, or when they are delivered.
   void PrintData(PrintLines& lines, std::int16_t& count, std::int16_t mode);
 
   /// Delivers the pages: asks for a range and prints it, or writes all of them to the text file
@@ -69,6 +72,7 @@ class PrintEngine {
   void printRange(std::int16_t pages);
   std::optional<std::int16_t> askForPage(const std::string& prompt, int preset);
   void openSpool();
+  void writePages();
   void closeSpool();
   void deleteSpool();
 
@@ -77,10 +81,11 @@ class PrintEngine {
   Board& board_;
 
   std::optional<RecordFile> spool_;  // while pages are composed
+  RecordBlock pages_{kPageLength};   // of the spool file that are not in it yet
   std::string fileName_;             // of the text file, as the dialog last had it
   std::int16_t page_ = 0;
   std::string pageText_ = std::string(kPageLength, '\0');
-  bool isChanged_ = true;         // since it was written
+  bool isChanged_ = true;         // since it was put among the pages
   std::int16_t lineCount_ = 0;    // lines on the page, the heading not counted
   std::int16_t linesOnPage_ = 0;  // the last block line put on the page
   std::int16_t linesPerPage_ = 0;

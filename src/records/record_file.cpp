@@ -47,6 +47,11 @@ void RecordFile::write(int recordNumber, std::span<const std::byte> from) {
   files_.file(number_).writeAt(offsetOf(recordNumber), from);
 }
 
+void RecordFile::writeRecords(int firstRecordNumber, std::span<const std::byte> from) {
+  assert(from.size() % recordLength_ == 0);
+  files_.file(number_).writeAt(offsetOf(firstRecordNumber), from);
+}
+
 std::uint64_t RecordFile::offsetOf(int recordNumber) const {
   if (recordNumber < 1) throw RunTimeError(ErrorNumber::badRecordNumber, path_);
   return static_cast<std::uint64_t>(recordNumber - 1) * recordLength_;

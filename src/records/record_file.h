@@ -8,6 +8,10 @@
 
 namespace quillbox {
 
+/// What many records are read or written at a time, in whole records: large enough that the calls
+/// cost nothing, small enough to stay in the processor's cache.
+inline constexpr std::size_t kRecordBlockBytes = 262'144;
+
 /// A file of fixed-length records, numbered from 1, open for as long as the object lives.
 class RecordFile {
  public:
@@ -32,6 +36,9 @@ class RecordFile {
 
   /// Writes `from` to the start of a record and leaves the rest of it alone.
   void write(int recordNumber, std::span<const std::byte> from);
+
+  /// Writes whole records that follow one another.
+  void writeRecords(int firstRecordNumber, std::span<const std::byte> from);
 
   /// Returns when what was written will survive a power cut.
   void flush() { files_.file(number_).flush(); }

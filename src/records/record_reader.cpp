@@ -4,12 +4,6 @@
 #include <cassert>
 
 namespace quillbox {
-namespace {
-
-/// Large enough that the calls cost nothing, small enough to stay in the processor's cache.
-constexpr std::size_t kBlockBytes = 131'072;
-
-}  // namespace
 
 RecordReader::RecordReader(RecordFile& file, int count, int first, std::span<const std::byte> blank)
     : file_(file),
@@ -38,7 +32,8 @@ std::span<const std::byte> RecordReader::next() {
 
 void RecordReader::readBlock() {
   const auto left = static_cast<std::size_t>(end_ - firstOfBlock_);
-  const std::size_t records = std::min(left, std::max<std::size_t>(kBlockBytes / recordLength_, 1));
+  const std::size_t records =
+      std::min(left, std::max<std::size_t>(kRecordBlockBytes / recordLength_, 1));
   block_.resize(records * recordLength_);
   there_ = 0;  // until the read is done
   there_ = file_.readRecords(firstOfBlock_, block_);

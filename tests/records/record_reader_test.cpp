@@ -14,7 +14,7 @@
 namespace quillbox::test {
 namespace {
 
-constexpr std::size_t kBlock = 128 * 1024;
+constexpr std::size_t kBlock = kRecordBlockBytes;
 
 /// The record of an item: its number over and over.
 std::string recordOf(int item, std::size_t length) {

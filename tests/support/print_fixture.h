@@ -77,13 +77,19 @@ class PrintDataTest : public testing::Test {
     return count;
   }
 
+  /// The spool file; all pages are in it once they are counted.
+  std::string spool() {
+    pageCount();
+    return readFile("printer.tmp");
+  }
+
   /// The pages of the spool, without the blanks that fill them up.
-  Texts pages() const {
-    const std::string spool = readFile("printer.tmp");
-    EXPECT_EQ(spool.size() % kPageLength, 0U);
+  Texts pages() {
+    const std::string bytes = spool();
+    EXPECT_EQ(bytes.size() % kPageLength, 0U);
     Texts all;
-    for (std::size_t at = 0; at < spool.size(); at += kPageLength) {
-      std::string page = spool.substr(at, kPageLength);
+    for (std::size_t at = 0; at < bytes.size(); at += kPageLength) {
+      std::string page = bytes.substr(at, kPageLength);
       page.resize(page.find_last_not_of(' ') + 1);
       all.push_back(page);
     }
