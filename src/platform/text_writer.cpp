@@ -1,18 +1,18 @@
 #include "platform/text_writer.h"
 
+#include <span>
+
 #include "platform/run_time_error.h"
 
 namespace quillbox {
 namespace {
 
-constexpr std::size_t kBufferBytes = 65'536;
+constexpr std::size_t kBufferBytes = 131'072;
 
 }  // namespace
 
 TextWriter::TextWriter(OpenFiles& files, const std::string& path, int number)
-    : files_(files), number_(files.open(number, path, OpenMode::replace)) {
-  buffer_.reserve(kBufferBytes);
-}
+    : files_(files), number_(files.open(number, path, OpenMode::replace)), buffer_(kBufferBytes) {}
 
 TextWriter::~TextWriter() {
   // Whoever wants to hear of a failure calls close().
@@ -21,9 +21,16 @@ TextWriter::~TextWriter() {
   ignoringErrors([this] { files_.close(number_); });
 }
 
-void TextWriter::write(std::string_view text) {
-  if (buffer_.size() + text.size() > kBufferBytes) writeBuffer();
-  buffer_.append(text);
+/// Returns what is left of the text, which the buffer has room for. Only whole buffers are written,
+/// so that the system never gets a part of one of its pages.
+std::string_view TextWriter::writeFullBuffers(std::string_view text) {
+  while (text.size() > buffer_.size() - filled_) {
+    const std::size_t taken = text.copy(buffer_.data() + filled_, buffer_.size() - filled_);
+    filled_ += taken;
+    text.remove_prefix(taken);
+    writeBuffer();
+  }
+  return text;
 }
 
 void TextWriter::close() {
@@ -33,9 +40,9 @@ void TextWriter::close() {
 }
 
 void TextWriter::writeBuffer() {
-  files_.file(number_).writeAt(written_, std::as_bytes(std::span(buffer_)));
-  written_ += buffer_.size();
-  buffer_.clear();
+  files_.file(number_).writeAt(written_, std::as_bytes(std::span(buffer_).first(filled_)));
+  written_ += filled_;
+  filled_ = 0;
 }
 
 }  // namespace quillbox

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/open_files.h"
 
@@ -16,17 +18,22 @@ class TextWriter {
   TextWriter& operator=(const TextWriter&) = delete;
   ~TextWriter();
 
-  void write(std::string_view text);
+  void write(std::string_view text) {
+    if (text.size() > buffer_.size() - filled_) text = writeFullBuffers(text);
+    filled_ += text.copy(buffer_.data() + filled_, text.size());
+  }
 
   /// Writes what is left and closes the file.
   void close();
 
  private:
+  std::string_view writeFullBuffers(std::string_view text);
   void writeBuffer();
 
   OpenFiles& files_;
   int number_;
-  std::string buffer_;
+  std::vector<char> buffer_;
+  std::size_t filled_ = 0;
   std::uint64_t written_ = 0;
   bool closed_ = false;
 };

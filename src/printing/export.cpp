@@ -45,15 +45,15 @@ std::string_view exported(std::string_view text) { return withoutTrailingBlanks(
 
 /// An entry is filled unless it begins with a zero byte; one of blanks is an empty field.
 void writeEntries(TextWriter& file, const ExportRules& rules, std::span<const std::byte> record) {
-  std::string line = "\"";
+  std::string start = "\"";
   for (const Field* field : rules.fields)
-    line.append(exported(textOf(*field, record))).append("\",\"");
-  const std::size_t start = line.size();
+    start.append(exported(textOf(*field, record))).append("\",\"");
   for (std::size_t entry = 0; entry < rules.list->count; ++entry) {
     const std::string_view text = textOf(*rules.list, record, entry);
     if (text.front() == '\0') continue;
-    line.resize(start);
-    file.write(line.append(exported(text)).append("\"\r\n"));
+    file.write(start);
+    file.write(exported(text));
+    file.write("\"\r\n");
   }
 }
 

@@ -22,9 +22,18 @@ constexpr std::size_t kSeparatorWidth = 70;
 
 const char* yesOrNo(int flag) { return flag == 1 ? "Yes" : "No"; }
 
-std::string_view shownText(const Field& field, std::span<const std::byte> record,
-                           std::size_t entry = 0) {
-  return withoutTrailingBlanks(upToNul(textOf(field, record, entry)));
+/// What is listed of a text.
+std::string_view shown(std::string_view text) { return withoutTrailingBlanks(upToNul(text)); }
+
+/// Makes `line` a label as a line begins with it; the value starts in column 21.
+std::string& startLine(std::string& line, std::string_view label) {
+  line.assign(label.substr(0, kLabelWidth)).resize(kLabelWidth, ' ');
+  return line.append(": ");
+}
+
+std::string startOfLine(std::string_view label) {
+  std::string start;
+  return startLine(start, label);
 }
 
 /// The lines of one block, in order. They are filled in place, as there may be millions.
@@ -32,11 +41,8 @@ class Block {
  public:
   explicit Block(PrintLines& lines) : lines_(lines) {}
 
-  /// A label and its value, which starts in column 21.
   void add(std::string_view label, std::string_view value) {
-    std::string& line = next().assign(label.substr(0, kLabelWidth));
-    line.resize(kLabelWidth, ' ');
-    line.append(": ").append(value);
+    startLine(next(), label).append(value);
   }
   void addIndented(std::size_t blanks, std::string_view text) {
     next().assign(blanks, ' ').append(text);
@@ -51,7 +57,7 @@ class Block {
 };
 
 void addLoan(Block& block, std::span<const std::byte> record) {
-  const auto text = [&](const Field* field) { return shownText(*field, record); };
+  const auto text = [&](const Field* field) { return shown(textOf(*field, record)); };
   const auto flag = [&](const Field* field) { return wholeOf(*field, record); };
   if (flag(musicField("CurrLoaned")) != 1) return;
   block.addIndented(kLoanIndent, "Currently Loaned!");
@@ -62,23 +68,28 @@ void addLoan(Block& block, std::span<const std::byte> record) {
     block.add("Book Loaned", yesOrNo(flag(musicField("BookLoaned"))));
 }
 
-void addGroup(Block& block, const ListingGroup& group, std::span<const std::byte> record) {
-  if (group.field == nullptr) return;
+void addGroup(Block& block, const ListingGroup& group, std::span<const std::string> starts,
+              std::span<const std::byte> record) {
   bool isFirst = true;
-  for (std::size_t entry = 0; entry < group.field->count; ++entry) {
+  for (std::size_t entry = 0; entry < starts.size(); ++entry) {
     const auto filled = withoutTrailingBlanks(textOf(*group.field, record, entry));
     if (filled.empty() || filled.front() == '\0') continue;
     if (isFirst && !group.heading.empty()) block.addIndented(kHeadingIndent, group.heading);
     isFirst = false;
-    block.add(std::string(group.label).append(std::to_string(entry + 1)),
-              shownText(*group.field, record, entry));
+    block.next().assign(starts[entry]).append(shown(filled));
   }
 }
 
 }  // namespace
 
 Listing::Listing(const CollectionKind& kind, ListingTexts texts)
-    : rules_(listingRulesOf(kind)), kind_(kind), texts_(std::move(texts)) {}
+    : rules_(listingRulesOf(kind)), kind_(kind), texts_(std::move(texts)) {
+  for (const ListingLine& line : rules_.lines) starts_.push_back(startOfLine(line.label));
+  const std::size_t entries = rules_.group.field == nullptr ? 0 : rules_.group.field->count;
+  for (std::size_t entry = 1; entry <= entries; ++entry)
+    entryStarts_.push_back(
+        startOfLine(std::string(rules_.group.label).append(std::to_string(entry))));
+}
 
 std::string Listing::pageHeading() const {
   return std::string("Quillbox V").append(kVersionText).append(rules_.pageHeading);
@@ -101,32 +112,41 @@ std::int16_t Listing::block(std::span<const std::byte> record, int item, int cou
     return block.count();
   }
   block.add("Record #", numberText(item).append(" of").append(numberText(count)));
-  for (const auto& [label, field] : rules_.lines)
-    block.add(label, field == nullptr ? std::string() : value(*field, record));
+  for (std::size_t at = 0; at < starts_.size(); ++at) {
+    std::string& line = block.next().assign(starts_[at]);
+    if (rules_.lines[at].field != nullptr) addValue(line, *rules_.lines[at].field, record);
+  }
   if (rules_.showsLoan) addLoan(block, record);
-  addGroup(block, rules_.group, record);
+  addGroup(block, rules_.group, entryStarts_, record);
   block.next().assign(kSeparatorIndent, ' ').append(kSeparatorWidth, '-');
   return block.count();
 }
 
-std::string Listing::value(const Field& field, std::span<const std::byte> record) const {
+void Listing::addValue(std::string& line, const Field& field,
+                       std::span<const std::byte> record) const {
   switch (field.type) {
     case FieldType::text:
-      return std::string(shownText(field, record));
+      line.append(shown(textOf(field, record)));
+      break;
     case FieldType::flag:
-      return yesOrNo(wholeOf(field, record));
+      line.append(yesOrNo(wholeOf(field, record)));
+      break;
     case FieldType::choice:
-      return texts_.choice(field, wholeOf(field, record));
+      line.append(texts_.choice(field, wholeOf(field, record)));
+      break;
     case FieldType::money:
-      return signedAmount(moneyOf(field, record));
+      line.append(signedAmount(moneyOf(field, record)));
+      break;
     case FieldType::whole:
-      return numberText(wholeOf(field, record));
+      line.append(numberText(wholeOf(field, record)));
+      break;
     case FieldType::date:
-      return dateText(realOf(field, record), texts_.dateForm);
+      line.append(dateText(realOf(field, record), texts_.dateForm));
+      break;
     case FieldType::size:
+      line.append(realText(realOf(field, record))).append(" Bytes");
       break;
   }
-  return realText(realOf(field, record)).append(" Bytes");
 }
 
 std::int16_t composePages(AppState& state, const CollectionKind& kind, const Listing& listing,

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "printing/print_engine.h"
 #include "records/kinds.h"
@@ -41,11 +42,13 @@ class Listing {
                      PrintLines& lines) const;
 
  private:
-  std::string value(const Field& field, std::span<const std::byte> record) const;
+  void addValue(std::string& line, const Field& field, std::span<const std::byte> record) const;
 
   const ListingRules& rules_;
   const CollectionKind& kind_;
   ListingTexts texts_;
+  std::vector<std::string> starts_;       // of the lines, up to their values
+  std::vector<std::string> entryStarts_;  // of the lines of a group
 };
 
 /// Begins a printout, gives the engine a block for each item of the open collection and returns the

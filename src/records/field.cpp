@@ -1,7 +1,9 @@
 #include "records/field.h"
 
 #include <algorithm>
+#include <bit>
 #include <cassert>
+#include <cstdint>
 #include <cstring>
 
 #include "records/field_types.h"
@@ -83,9 +85,21 @@ void fillBlank(std::span<const Field> fields, std::span<std::byte> record) {
 }
 
 std::string_view withoutTrailingBlanks(std::string_view text) {
-  // Eight at a time, as padding is much of every record.
-  constexpr std::string_view blanks = "        ";
-  while (text.ends_with(blanks)) text.remove_suffix(blanks.size());
+  // A word at a time, as padding is much of every record and page.
+  using Word = std::uint64_t;
+  constexpr Word blanks = 0x2020'2020'2020'2020;
+  constexpr int bitsOfCharacter = 8;
+  constexpr bool lastIsHigh = std::endian::native == std::endian::little;
+  while (text.size() >= sizeof(Word)) {
+    Word end;
+    std::memcpy(&end, text.data() + text.size() - sizeof end, sizeof end);
+    const Word others = end ^ blanks;
+    if (others != 0) {
+      const int bits = lastIsHigh ? std::countl_zero(others) : std::countr_zero(others);
+      return text.substr(0, text.size() - static_cast<std::size_t>(bits / bitsOfCharacter));
+    }
+    text.remove_suffix(sizeof end);
+  }
   return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 

@@ -96,7 +96,19 @@ std::int16_t whole16(const Decimal& number) {
 
 }  // namespace
 
-std::string numberText(int number) { return withLeadingBlank(std::to_string(number)); }
+std::string numberText(int number) {
+  std::string text;
+  appendNumberText(text, number);
+  return text;
+}
+
+void appendNumberText(std::string& text, int number) {
+  std::array<char, 16> written{' '};
+  char* const digits = written.data() + 1;
+  const char* const end = std::to_chars(digits, written.data() + written.size(), number).ptr;
+  const char* const start = number < 0 ? digits : written.data();
+  text.append(start, end);
+}
 
 std::string realText(double number) {
   constexpr int digits = 15;

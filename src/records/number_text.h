@@ -12,6 +12,7 @@ inline constexpr int kAmountScale = 4;
 
 /// A whole number in decimal, with one blank before it when it is not negative.
 std::string numberText(int number);
+void appendNumberText(std::string& text, int number);
 
 /// The amount in decimal, "-" before a negative one.
 std::string plainAmount(std::int64_t tenThousandths);

@@ -20,12 +20,16 @@ class ProgressLine {
   explicit ProgressLine(int count) : end_(" of " + numberText(count) + "...") {}
 
   const std::string& of(int item) {
-    return line_.assign("Searching Record ").append(numberText(item)).append(end_);
+    line_.resize(kStart.size());
+    appendNumberText(line_, item);
+    return line_.append(end_);
   }
 
  private:
+  static constexpr std::string_view kStart = "Searching Record ";
+
   std::string end_;
-  std::string line_;
+  std::string line_{kStart};
 };
 
 }  // namespace
