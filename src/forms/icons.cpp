@@ -1,6 +1,10 @@
 #include "forms/icons.h"
 
-#include <string>
+#include <QIconEngine>
+#include <QPixmap>
+#include <functional>
+#include <optional>
+#include <utility>
 
 #include "records/kinds.h"
 
@@ -19,14 +23,55 @@ constexpr KindIcon kKindIcons[] = {
     {"ICS", "kind-midi"},     {"GCS", "kind-graphic"}, {"MPS", "kind-mp3"},
 };
 
+/// An icon that is read when it is first drawn: most are on menus that may never be opened, and
+/// looking through the theme and reading the drawing of each would hold up the first window.
+class LateIcon : public QIconEngine {
+ public:
+  explicit LateIcon(std::function<QIcon()> read) : read_(std::move(read)) {}
+
+  void paint(QPainter* painter, const QRect& rectangle, QIcon::Mode mode,
+             QIcon::State state) override {
+    icon().paint(painter, rectangle, Qt::AlignCenter, mode, state);
+  }
+  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    return icon().pixmap(size, 1, mode, state);
+  }
+  QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State state,
+                       qreal scale) override {
+    return icon().pixmap(size / scale, scale, mode, state);
+  }
+  QSize actualSize(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    return icon().actualSize(size, mode, state);
+  }
+  QList<QSize> availableSizes(QIcon::Mode mode, QIcon::State state) override {
+    return icon().availableSizes(mode, state);
+  }
+  QIconEngine* clone() const override { return new LateIcon(*this); }
+
+ private:
+  const QIcon& icon() {
+    if (!icon_) icon_ = read_();
+    return *icon_;
+  }
+
+  std::function<QIcon()> read_;
+  std::optional<QIcon> icon_;
+};
+
+QIcon read(const char* ownName) {
+  return QIcon(QStringLiteral(":/icons/%1.svg").arg(QString::fromUtf8(ownName)));
+}
+
 }  // namespace
 
 QIcon ownIcon(const char* name) {
-  return QIcon(QStringLiteral(":/icons/%1.svg").arg(QString::fromUtf8(name)));
+  return QIcon(new LateIcon([name] { return read(name); }));
 }
 
 QIcon icon(const char* themeName, const char* ownName) {
-  return QIcon::fromTheme(QString::fromUtf8(themeName), ownIcon(ownName));
+  return QIcon(new LateIcon([themeName, ownName] {
+    return QIcon::fromTheme(QString::fromUtf8(themeName), read(ownName));
+  }));
 }
 
 QIcon iconOf(const CollectionKind& kind) {

@@ -6,6 +6,8 @@ namespace quillbox {
 
 struct CollectionKind;
 
+// Names must last as long as the program: an icon is read when it is first drawn.
+
 /// The program's own icon of that name, readable on light and dark.
 QIcon ownIcon(const char* name);
 

@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QFile>
 #include <QImage>
+#include <QPainter>
+#include <QTemporaryDir>
 #include <set>
 
 #include "records/kinds.h"
@@ -15,6 +18,14 @@ constexpr int kSmall = 16;
 
 QImage drawn(const QIcon& icon) {
   return icon.pixmap(kSmall).toImage().convertToFormat(QImage::Format_ARGB32);
+}
+
+QImage painted(const QIcon& icon) {
+  QImage image(kSmall, kSmall, QImage::Format_ARGB32);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  icon.paint(&painter, image.rect());
+  return image;
 }
 
 /// Points that are seen at all.
@@ -50,6 +61,62 @@ TEST(Icons, TellTheKindsApart) {
 
 TEST(Icons, AreTheProgramsOwnWhereTheThemeHasNone) {
   EXPECT_EQ(drawn(icon("no-theme-has-this", "write")), drawn(ownIcon("write")));
+}
+
+TEST(Icons, AreDrawnAsTheirFilesInEveryStateAndScale) {
+  const QIcon file(":/icons/write.svg");
+  const QIcon late = ownIcon("write");
+  for (const QIcon& each : {late, QIcon(late)}) {
+    for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Disabled, QIcon::Selected}) {
+      for (const qreal scale : {1.0, 1.5, 2.0}) {
+        const QPixmap drawn = each.pixmap(QSize(kSmall, kSmall), scale, mode);
+        const QPixmap expected = file.pixmap(QSize(kSmall, kSmall), scale, mode);
+        EXPECT_EQ(drawn.toImage(), expected.toImage()) << mode << " " << scale;
+        EXPECT_EQ(drawn.devicePixelRatio(), expected.devicePixelRatio()) << scale;
+      }
+    }
+    EXPECT_EQ(each.actualSize(QSize(kSmall, kSmall)), file.actualSize(QSize(kSmall, kSmall)));
+    EXPECT_EQ(each.availableSizes(), file.availableSizes());
+    EXPECT_FALSE(each.isNull());
+    EXPECT_EQ(painted(each), painted(file));
+  }
+}
+
+/// A theme of one red icon, for as long as it lives.
+class OneIconTheme {
+ public:
+  OneIconTheme() {
+    QDir().mkpath(folder_.filePath("red/16"));
+    QFile index(folder_.filePath("red/index.theme"));
+    EXPECT_TRUE(index.open(QIODevice::WriteOnly));
+    index.write("[Icon Theme]\nName=Red\nDirectories=16\n[16]\nSize=16\n");
+    QImage red(kSmall, kSmall, QImage::Format_ARGB32);
+    red.fill(Qt::red);
+    EXPECT_TRUE(red.save(folder_.filePath("red/16/in-red.png")));
+  }
+  OneIconTheme(const OneIconTheme&) = delete;
+  OneIconTheme& operator=(const OneIconTheme&) = delete;
+  ~OneIconTheme() {
+    QIcon::setThemeSearchPaths(pathsBefore_);
+    QIcon::setThemeName(nameBefore_);
+  }
+
+  void choose() const {
+    QIcon::setThemeSearchPaths({folder_.path()});
+    QIcon::setThemeName("red");
+  }
+
+ private:
+  QTemporaryDir folder_;
+  QStringList pathsBefore_ = QIcon::themeSearchPaths();
+  QString nameBefore_ = QIcon::themeName();
+};
+
+TEST(Icons, AreLookedForInTheThemeWhenTheyAreFirstDrawn) {
+  const OneIconTheme theme;
+  const QIcon made = icon("in-red", "write");
+  theme.choose();
+  EXPECT_EQ(drawn(made).pixelColor(0, 0), QColor(Qt::red));
 }
 
 }  // namespace
