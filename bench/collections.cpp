@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <functional>
 #include <numeric>
 #include <random>
@@ -66,16 +65,22 @@ void makeCollection(const std::string& path, int count,
 
 }  // namespace
 
-void readFromDisk(const std::string& path) {
-  constexpr std::size_t atOnce = 128 * 1024;
-  std::array<char, atOnce> part{};
+void readThrough(const std::string& path) {
+  std::vector<std::byte> part(kRecordBlockBytes);
   const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  const bool isReady = descriptor >= 0 && ::fsync(descriptor) == 0 &&
-                       ::posix_fadvise(descriptor, 0, 0, POSIX_FADV_DONTNEED) == 0;
-  ssize_t got = isReady ? 1 : -1;
+  ssize_t got = descriptor < 0 ? -1 : 1;
   while (got > 0) got = ::read(descriptor, part.data(), part.size());
   ::close(descriptor);
   if (got < 0) throw std::runtime_error("could not read " + path);
+}
+
+void readFromDisk(const std::string& path) {
+  const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  const bool isDropped = descriptor >= 0 && ::fsync(descriptor) == 0 &&
+                         ::posix_fadvise(descriptor, 0, 0, POSIX_FADV_DONTNEED) == 0;
+  ::close(descriptor);
+  if (!isDropped) throw std::runtime_error("could not drop " + path);
+  readThrough(path);
 }
 
 void makeFullCollection(const std::string& path) { makeCollection(path, kItems, makeItem); }

@@ -19,6 +19,9 @@ void makeMixedCollection(const std::string& path, int count);
 /// A full collection with every item between the first and the last deleted.
 void makeDeletedCollection(const std::string& path);
 
+/// Reads the file from front to back by bare system calls.
+void readThrough(const std::string& path);
+
 /// Leaves the file in the system's cache as it comes from the disk, which is how a user's file is
 /// found there: in larger pieces than record by record, or row by row, as it was written.
 void readFromDisk(const std::string& path);

@@ -126,7 +126,8 @@ std::vector<ExportFigures> timeExports(const fs::path& workFolder) {
     state.currentPath = collection;
     state.Count = kItems;
     all.push_back({std::string("export ") + extension,
-                   timeBesideWriting([&] { exportCollection(state, kind, path); }, path)});
+                   timeBesideWriting([&] { exportCollection(state, kind, path); }, path,
+                                     [&] { readThrough(collection); })});
     fs::remove(collection);
   }
   return all;

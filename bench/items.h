@@ -17,7 +17,8 @@ struct ItemFigures {
 /// write the same bytes.
 ItemFigures timeItems(const std::string& collection);
 
-/// A kind's export and writing the same bytes straight to a file, in milliseconds.
+/// A kind's export beside reading the collection and writing the same text by bare system calls, in
+/// milliseconds.
 struct ExportFigures {
   std::string kind;
   Pair time;

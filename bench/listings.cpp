@@ -105,7 +105,8 @@ std::string contentsOf(const std::string& path) {
 
 }  // namespace
 
-Pair timeBesideWriting(const std::function<void()>& work, const std::string& path) {
+Pair timeBesideWriting(const std::function<void()>& work, const std::string& path,
+                       const std::function<void()>& before) {
   std::vector<double> ours;
   std::vector<double> peers;
   const auto timed = [&](const std::function<void()>& call) {
@@ -116,7 +117,10 @@ Pair timeBesideWriting(const std::function<void()>& work, const std::string& pat
   const std::string bytes = contentsOf(path);
   for (int round = 0; round < kRounds; ++round) {
     ours.push_back(timed(work));
-    peers.push_back(timed([&] { writeStraight(path, bytes); }));
+    peers.push_back(timed([&] {
+      before();
+      writeStraight(path, bytes);
+    }));
   }
   return {median(ours), median(peers)};
 }

@@ -18,8 +18,10 @@ struct ListingFigures {
 };
 
 /// The milliseconds of work that makes the file `path`, and of writing the same bytes straight to
-/// it.
-Pair timeBesideWriting(const std::function<void()>& work, const std::string& path);
+/// it after `before`.
+Pair timeBesideWriting(
+    const std::function<void()>& work, const std::string& path,
+    const std::function<void()>& before = [] {});
 
 inline constexpr int kItemsOnPaper = 2'000;
 

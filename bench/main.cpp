@@ -63,6 +63,7 @@ void printHeader(const std::string& collection, int runs) {
   std::printf("load:       %d files into a catalogue of %d items\n", kFilesToLoad, kItemsBefore);
   std::printf("search:     all texts of an item of the collection below, one of them wrong\n");
   std::printf("sort:       by all five keys; the peer exchanges whole records in memory\n");
+  std::printf("export:     VCS, SCS, CCS beside reading the collection, too\n");
   std::printf("start:      median of %d runs after %d warm-ups, in turn\n", runs, kWarmUps);
   std::printf("collection: %d items, %.1f MiB (for skip %d of them deleted)\n\n", kItems,
               static_cast<double>(std::filesystem::file_size(collection)) / kBytesPerMib,
