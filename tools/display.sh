@@ -1,12 +1,15 @@
 # Sourced by what needs windows and has no display of its own.
 
-# start_display FOLDER: a virtual display with a window manager, for everything started from here on.
-# What is to end with it goes into $display_pids.
+# A virtual display with a window manager, for everything started from here on. It ends with the
+# script, and so does whatever process is put into $display_pids.
 start_display() {
-  mkfifo "$1/display"
-  Xvfb -displayfd 3 -screen 0 1024x700x24 3>"$1/display" >/dev/null 2>&1 &
+  display_work=$(mktemp -d)
+  display_pids=
+  trap stop_display EXIT INT TERM
+  mkfifo "$display_work/display"
+  Xvfb -displayfd 3 -screen 0 1024x700x24 3>"$display_work/display" >/dev/null 2>&1 &
   display_pids="$!"
-  read -r number <"$1/display"
+  read -r number <"$display_work/display"
   export DISPLAY=":$number"
   unset WAYLAND_DISPLAY
   openbox >/dev/null 2>&1 &
@@ -21,8 +24,8 @@ start_display() {
 
 stop_display() {
   # shellcheck disable=SC2086 # the list is meant to be split
-  [ -z "${display_pids:-}" ] || kill $display_pids 2>/dev/null || true
-  display_pids=
+  [ -z "$display_pids" ] || kill $display_pids 2>/dev/null || true
+  rm -rf "$display_work"
 }
 
 # The windows of that name that are on screen. None is no failure: windows come and go, and the

@@ -7,14 +7,8 @@ set -eu
 
 collection=$1
 name=$2
-work=$(mktemp -d)
-stop() {
-  stop_display
-  rm -rf "$work"
-}
-trap stop EXIT INT TERM
 
-start_display "$work"
+start_display
 xdg-open "$collection" &
 display_pids="$! $display_pids"
 wait_for_form "$name"

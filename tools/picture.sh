@@ -7,14 +7,8 @@ set -eu
 program=$1
 collection=$2
 picture=$3
-work=$(mktemp -d)
-stop() {
-  stop_display
-  rm -rf "$work"
-}
-trap stop EXIT INT TERM
 
-start_display "$work"
+start_display
 "$program" "$collection" &
 display_pids="$! $display_pids"
 wait_for_form 'Manager \(|Collection \(|^Quillbox V'

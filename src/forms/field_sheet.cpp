@@ -8,6 +8,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 #include <algorithm>
 #include <cassert>
 
@@ -94,9 +95,8 @@ FieldSheet::Bound FieldSheet::makeInput(const InputRow& row, QGridLayout& grid) 
 }
 
 void FieldSheet::show(std::span<const std::byte> record) {
-  isShowing_ = true;
+  const QScopedValueRollback showing(isShowing_, true);
   for (Bound& bound : bound_) showField(bound, record);
-  isShowing_ = false;
 }
 
 void FieldSheet::store(std::span<std::byte> record) {
@@ -206,7 +206,7 @@ bool FieldSheet::differs(const Bound& bound, const std::vector<std::byte>* recor
 }
 
 void FieldSheet::clear() {
-  isShowing_ = true;
+  const QScopedValueRollback showing(isShowing_, true);
   for (Bound& bound : bound_) {
     switch (bound.row->kind) {
       case InputKind::textBox:
@@ -220,17 +220,15 @@ void FieldSheet::clear() {
         break;
     }
   }
-  isShowing_ = false;
 }
 
 void FieldSheet::clearLists() {
-  isShowing_ = true;
+  const QScopedValueRollback showing(isShowing_, true);
   for (Bound& bound : bound_) {
     if (bound.row->kind != InputKind::dropDown) continue;
     static_cast<QComboBox*>(bound.input)->setCurrentIndex(-1);
     bound.resting = -1;
   }
-  isShowing_ = false;
 }
 
 void FieldSheet::showField(Bound& bound, std::span<const std::byte> record) {
