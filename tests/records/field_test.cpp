@@ -232,6 +232,18 @@ TEST(Blanks, TrailingOnesAreDropped) {
   EXPECT_EQ(withoutTrailingBlanks("abc\xA0"), "abc\xA0");
 }
 
+TEST(Blanks, TrailingOnesAreDroppedWhereverTheTextEnds) {
+  for (std::size_t length = 0; length <= 40; ++length) {
+    for (std::size_t blanks = 0; blanks <= length; ++blanks) {
+      for (const char last : {'x', '\0', '!', '\xA0', '\x1F'}) {
+        const std::string filled(length - blanks, last);
+        const std::string text = filled + std::string(blanks, ' ');
+        EXPECT_EQ(withoutTrailingBlanks(text), filled) << length << " " << blanks;
+      }
+    }
+  }
+}
+
 TEST(Blanks, ThoseAroundAreDropped) {
   EXPECT_EQ(withoutBlanksAround("  abc   "), "abc");
   EXPECT_EQ(withoutBlanksAround("  a b "), "a b");

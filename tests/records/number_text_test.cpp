@@ -39,6 +39,13 @@ TEST(NumberText, ANumberThatIsNotNegativeHasABlankBeforeIt) {
   EXPECT_EQ(numberText(INT_MIN), "-2147483648");
 }
 
+TEST(NumberText, OfAWholeNumberIsAppended) {
+  std::string text = "Record";
+  appendNumberText(text, 7);
+  appendNumberText(text, -12);
+  EXPECT_EQ(text, "Record 7-12");
+}
+
 TEST(NumberText, AmountsAreDecimalWithoutTrailingZeros) {
   const struct {
     std::int64_t amount;
