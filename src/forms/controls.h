@@ -9,8 +9,8 @@ class QWidget;
 /// How every form makes its controls, so that each is found by its name and known by its caption.
 namespace quillbox {
 
-/// Names an input and gives it the caption it is known by; returns the label that shows the caption
-/// and leads to the input by its access key.
+/// Names an input, gives it the caption it is known by and keeps access keys from being typed into
+/// it; returns the label that shows the caption and leads to the input by its access key.
 QLabel* makeCaption(QWidget& input, const QString& name, const QString& caption);
 
 /// A button; Enter presses it while it has the focus, as the space bar does.

@@ -122,28 +122,43 @@ std::set<std::string> clashesOf(const Owners& owners, const std::string& where) 
   return clashes;
 }
 
+/// The access keys of a window, its menu titles' included.
+Owners keysOf(const QWidget& window) {
+  Owners owners;
+  for (const auto* bar : controlsOf<QMenuBar>(window))
+    for (const QAction* title : bar->actions())
+      addKey(owners, title->text(), nameOf(title->menu()));
+  for (const QWidget* control : controlsOf(window)) {
+    const auto* label = qobject_cast<const QLabel*>(control);
+    if (label != nullptr && label->buddy() == nullptr) continue;
+    addKey(owners, textOf(control), nameOf(label != nullptr ? label->buddy() : control));
+  }
+  return owners;
+}
+
 /// The access keys that more than one thing answers to: on the window itself, whose menu titles
 /// count, and in each of its menus.
 std::set<std::string> clashesOf(const QWidget& window) {
   const std::string name = nameOf(&window);
-  std::set<std::string> clashes;
-  Owners owners;
+  std::set<std::string> clashes = clashesOf(keysOf(window), name);
   for (const auto* bar : controlsOf<QMenuBar>(window))
     for (const QAction* title : bar->actions()) {
-      addKey(owners, title->text(), nameOf(title->menu()));
       if (title->menu() == nullptr) continue;
       Owners items;
       for (const QAction* item : title->menu()->actions())
         addKey(items, item->text(), item->objectName().toStdString());
       clashes.merge(clashesOf(items, name + ' ' + nameOf(title->menu())));
     }
-  for (const QWidget* control : controlsOf(window)) {
-    const auto* label = qobject_cast<const QLabel*>(control);
-    if (label != nullptr && label->buddy() == nullptr) continue;
-    addKey(owners, textOf(control), nameOf(label != nullptr ? label->buddy() : control));
-  }
-  clashes.merge(clashesOf(owners, name));
   return clashes;
+}
+
+/// The letters that nothing on the window answers to.
+std::string freeLettersOf(const QWidget& window) {
+  const Owners owners = keysOf(window);
+  std::string letters;
+  for (char letter = 'A'; letter <= 'Z'; ++letter)
+    if (!owners.contains(std::string("Alt+") + letter)) letters += letter;
+  return letters;
 }
 
 // Users' fingers know these captions, so the keys that some of them share stay shared.
@@ -191,6 +206,24 @@ TEST_P(AllFormsKeys, CallsEveryInputByItsCaption) {
 
 TEST_P(AllFormsKeys, IsWalkedThroughInReadingOrder) {
   inEach({kEmpty, kFull, kLargeEmpty, kLargeFull}, expectTabsInReadingOrder);
+}
+
+TEST_P(AllFormsKeys, IsNotTypedIntoByKeysThatNothingAnswersTo) {
+  inEach({kEmpty, kFull}, [](QWidget& window) {
+    if (dynamic_cast<Form*>(&window) == nullptr) return;
+    for (QWidget* input : inputsOf(window)) {
+      const auto* list = qobject_cast<const QComboBox*>(input);
+      const auto* box = qobject_cast<const QLineEdit*>(input);
+      const auto shown = [&] {
+        return list != nullptr ? list->currentText() : box != nullptr ? box->text() : QString();
+      };
+      const auto before = shown();
+      for (const char letter : freeLettersOf(window)) {
+        QTest::keyClick(input, letter, Qt::AltModifier);
+        EXPECT_EQ(shown().toStdString(), before.toStdString()) << nameOf(input) << ' ' << letter;
+      }
+    }
+  });
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, AllFormsKeys, testing::ValuesIn(kAllForms), formCaseName);
