@@ -38,10 +38,10 @@ need() {
   }
 }
 
-# build PRESET [TARGET...]: sets up and builds build/PRESET.
+# build PRESET [TARGET...]: sets up the preset and builds it.
 build() {
   preset=$1
   shift
   cmake --preset "$preset" >/dev/null
-  cmake --build "build/$preset" ${1:+--target "$@"}
+  cmake --build --preset "$preset" ${1:+--target "$@"}
 }
