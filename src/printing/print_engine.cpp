@@ -184,6 +184,7 @@ void PrintEngine::addLine(std::string& line) {
   if (line.empty()) return;
   isChanged_ = true;
   if (pageText_.starts_with('\0')) pageText_.clear();
+  // Only a heading, or a line that was cut off, ends in blanks; this runs for millions of lines.
   if (pageText_.ends_with(' ')) pageText_.resize(withoutTrailingBlanks(pageText_).size());
   pageText_.append(kIndent).append(line).append(kLineEnd);
   if (pageText_.size() > kPageLength) pageText_.resize(kPageLength);
