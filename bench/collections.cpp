@@ -53,7 +53,8 @@ void makeCollection(const std::string& path, int count,
   DiskFileSystem fileSystem;
   AppState state(fileSystem);
   state.currentPath = path;
-  CollectionStore(state, kind).writeHeader(count, kind.rules.fileType, OpenMode::create);
+  CollectionStore(state.files, state, kind)
+      .WriteHeader(count, kind.rules.fileType, OpenMode::create);
 
   // Not item by item through the store, which would look for a deleted slot each time.
   RecordFile file(state.files, path, kind.recordLength, OpenMode::update);

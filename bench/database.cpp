@@ -6,6 +6,7 @@
 
 #include "platform/disk_file_system.h"
 #include "records/collection_store.h"
+#include "text/padding.h"
 
 namespace quillbox::bench {
 namespace {
@@ -78,15 +79,15 @@ void Database::make(const std::string& path, const std::string& collection) {
   DiskFileSystem files;
   AppState state(files);
   state.currentPath = collection;
-  CollectionStore store(state, *kindOfExtension("MCS"));
-  const int count = store.readHeader().Count;
+  CollectionStore store(state.files, state, *kindOfExtension("MCS"));
+  const int count = store.ReadHeader().Count;
 
   Database database(path);
   database.run(createStatement());
   database.run("BEGIN");
   const Statement insert = prepare(database.connection_.get(), insertStatement());
   for (int item = 1; item <= count; ++item) {
-    store.readItem(item, bytesOf(state.music));
+    store.ReadRecord(item, bytesOf(state.music));
     int at = 1;
     forEachColumn([&](const Field& field, std::size_t entry) {
       bind(insert.get(), at++, field, entry, bytesOf(state.music));

@@ -66,7 +66,8 @@ void makeFilledCollection(const CollectionKind& kind, const std::string& path) {
   DiskFileSystem fileSystem;
   AppState state(fileSystem);
   state.currentPath = path;
-  CollectionStore(state, kind).writeHeader(kItems, kind.rules.fileType, OpenMode::create);
+  CollectionStore(state.files, state, kind)
+      .WriteHeader(kItems, kind.rules.fileType, OpenMode::create);
   std::vector<std::byte> record(kind.recordLength);
   RecordFile file(state.files, path, kind.recordLength, OpenMode::update);
   for (int item = 1; item <= kItems; ++item) {
@@ -87,24 +88,24 @@ ItemFigures timeItems(const std::string& collection) {
   AppState state(fileSystem);
   state.currentPath = collection;
   state.Count = kItems;
-  CollectionStore store(state, *kindOfExtension("MCS"));
+  CollectionStore store(state.files, state, *kindOfExtension("MCS"));
   const char* path = collection.c_str();
-  HeaderRecord header = store.readHeader();
+  HeaderRecord header = store.ReadHeader();
   MusicRecord record{};
-  store.readItem(kItems / 2, bytesOf(record));
+  store.ReadRecord(kItems / 2, bytesOf(record));
 
   ItemFigures figures;
   figures.open = timeInTurn(
       [&] {
-        header = store.readHeader();
-        store.readItem(1, bytesOf(state.music));
+        header = store.ReadHeader();
+        store.ReadRecord(1, bytesOf(state.music));
       },
       [&] {
         onFile(path, O_RDONLY, [&](int file) { return readAll(file, bytesOf(header), 0); });
         onFile(path, O_RDONLY,
                [&](int file) { return readAll(file, bytesOf(state.music), kLength); });
       });
-  figures.write = timeInTurn([&] { store.writeItem(kItems / 2, bytesOf(record), kItems); },
+  figures.write = timeInTurn([&] { store.WriteRecord(kItems / 2, bytesOf(record), kItems); },
                              [&] {
                                onFile(path, O_RDWR, [&](int file) {
                                  return writeAll(file, bytesOf(header), 0) &&
@@ -126,8 +127,8 @@ std::vector<ExportFigures> timeExports(const fs::path& workFolder) {
     state.currentPath = collection;
     state.Count = kItems;
     all.push_back({std::string("export ") + extension,
-                   timeBesideWriting([&] { exportCollection(state, kind, path); }, path,
-                                     [&] { readThrough(collection); })});
+                   timeBesideWriting([&] { exportCollection(state.files, state, kind, path); },
+                                     path, [&] { readThrough(collection); })});
     fs::remove(collection);
   }
   return all;

@@ -47,7 +47,7 @@ class ToTextFile : public Desktop {
   std::optional<std::string> saveDialog(const FileDialog&) override { return name_; }
   std::string shortDateForm() override { return "M/d/yy"; }
   std::string todayText() override { return {}; }
-  void printerSetup() override {}
+  void printerSetup(const std::string&) override {}
   std::optional<PrintChoice> printDialog(const std::string&) override { return PrintChoice{true}; }
   Printer& printer() override { return paper_; }
   void rest(int, const std::function<bool()>&) override {}
@@ -76,7 +76,7 @@ void list(const std::string& collection, const std::string& path) {
   const Listing listing(kind, {entryOf, desktop.shortDateForm()});
   std::int16_t mode = print_mode::printer;
   engine.OpenPrinter(mode);
-  const std::int16_t pages = composePages(state, kind, listing, mode, engine, board);
+  const std::int16_t pages = composePages(state.files, state, kind, listing, mode, engine, board);
   engine.PrintOut(mode, pages, *listing.fileHeading(0));
 }
 
@@ -85,7 +85,7 @@ void exportIt(const std::string& collection, const std::string& path) {
   AppState state(files);
   state.currentPath = collection;
   state.Count = kItems;
-  exportCollection(state, *kindOfExtension("MCS"), path);
+  exportCollection(state.files, state, *kindOfExtension("MCS"), path);
 }
 
 void writeStraight(const std::string& path, std::string_view bytes) {

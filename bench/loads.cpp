@@ -30,12 +30,12 @@ void makeCatalogue(const std::string& path) {
   DiskFileSystem files;
   AppState state(files);
   state.currentPath = path;
-  const CollectionKind& kind = *kindOfMediaCode(1);
-  CollectionStore(state, kind).writeHeader(0, kind.rules.fileType, OpenMode::create);
+  const CollectionKind& kind = *kindOfExtension("WCS");
+  CollectionStore(state.files, state, kind).WriteHeader(0, kind.rules.fileType, OpenMode::create);
   std::vector<std::string> names;
   for (int i = 0; i < kItemsBefore; ++i) names.push_back("old " + std::to_string(i) + ".wav");
   NoBoard board;
-  loadFiles(state, kind, "/sounds", names, board);
+  loadFiles(state.files, state, kind, "/sounds", names, board);
 }
 
 void load(const std::string& catalogue, const std::string& folder) {
@@ -44,7 +44,7 @@ void load(const std::string& catalogue, const std::string& folder) {
   state.currentPath = catalogue;
   NoBoard board;
   const auto names = filesToLoad(files, folder, loaderPatterns(loaderRow(1).filter));
-  loadFiles(state, *kindOfMediaCode(1), folder, names, board);
+  loadFiles(state.files, state, *kindOfExtension("WCS"), folder, names, board);
   if (state.Count != kItemsBefore + kFilesToLoad) throw std::runtime_error("not all were loaded");
 }
 

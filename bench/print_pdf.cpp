@@ -65,7 +65,7 @@ void list(const std::string& collection, int count, Printer& printer) {
   const Listing listing(kind, {[](const Field&, int) { return std::string(); }, "M/d/yy"});
   std::int16_t mode = print_mode::printer;
   engine.OpenPrinter(mode);
-  const std::int16_t pages = composePages(state, kind, listing, mode, engine, board);
+  const std::int16_t pages = composePages(state.files, state, kind, listing, mode, engine, board);
   engine.PrintOut(mode, pages, "");
 }
 

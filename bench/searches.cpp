@@ -9,7 +9,9 @@
 #include "median.h"
 #include "platform/disk_file_system.h"
 #include "records/collection_store.h"
+#include "records/entered.h"
 #include "sortsearch/search_engine.h"
+#include "text/padding.h"
 
 namespace quillbox::bench {
 namespace {
@@ -61,7 +63,7 @@ Pair timeOne(const std::string& collection, const std::string& database, const M
   for (int round = 0; round < kRounds; ++round) {
     ours.push_back(milliseconds([&] {
       const Query query(kind, inputs, "M/d/yy");
-      agree &= findItem(state, kind, query, board).has_value() == isThere;
+      agree &= findItem(state.files, state, kind, query, board).has_value() == isThere;
     }));
     peers.push_back(milliseconds(
         [&] { agree &= (Database(database).run(statement, arguments) == 1) == isThere; }));
@@ -80,7 +82,8 @@ SearchFigures timeSearches(const std::filesystem::path& workFolder, const std::s
   AppState state(files);
   state.currentPath = collection;
   MusicRecord last{};
-  CollectionStore(state, *kindOfExtension("MCS")).readItem(kItems - 1, bytesOf(last));
+  CollectionStore(state.files, state, *kindOfExtension("MCS"))
+      .ReadRecord(kItems - 1, bytesOf(last));
   MusicRecord none = last;
   none.BarCode = "on no sleeve";
   return {timeOne(collection, database, none, false), timeOne(collection, database, last, true)};

@@ -9,9 +9,9 @@
 #include "median.h"
 #include "platform/disk_file_system.h"
 #include "records/collection_store.h"
-#include "records/windows1252.h"
 #include "sortsearch/sort_engine.h"
 #include "sortsearch/sort_slots.h"
+#include "text/windows1252.h"
 
 namespace quillbox::bench {
 namespace {
@@ -43,7 +43,7 @@ void sortIt(const std::string& path, int count) {
   state.currentPath = path;
   state.Count = static_cast<std::int16_t>(count);
   NoBoard board;
-  sortCollection(state, music(), kAllKeys, board);
+  state.Count = sortCollection(state.files, state, music(), kAllKeys, board);
 }
 
 bool isGreater(const Field& key, const MusicRecord& a, const MusicRecord& b) {

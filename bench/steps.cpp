@@ -13,6 +13,7 @@
 #include "collections.h"
 #include "median.h"
 #include "platform/disk_file_system.h"
+#include "platform/run_time_error.h"
 #include "records/collection_store.h"
 #include "records/music_record.h"
 #include "records/navigation.h"
@@ -43,7 +44,7 @@ void runQuillbox(benchmark::State& run, const std::string& path, int expectedSte
   DiskFileSystem fileSystem;
   AppState state(fileSystem);
   state.currentPath = path;
-  CollectionStore store(state, *kindOfExtension("MCS"));
+  CollectionStore store(state.files, state, *kindOfExtension("MCS"));
   try {
     for (auto _ : run)
       if (walk(store, state.music) != expectedSteps) run.SkipWithError("another number of steps");

@@ -10,13 +10,15 @@
 #include "printing/export.h"
 #include "printing/listing.h"
 #include "printing/print_engine.h"
-#include "records/date_text.h"
+#include "records/entered.h"
 #include "records/music_file.h"
 #include "records/navigation.h"
-#include "records/number_text.h"
-#include "records/windows1252.h"
 #include "sortsearch/search_engine.h"
 #include "support/memory_files.h"
+#include "text/date_text.h"
+#include "text/number_text.h"
+#include "text/padding.h"
+#include "text/windows1252.h"
 
 namespace quillbox::fuzz {
 namespace {
@@ -33,7 +35,6 @@ class Visit {
   explicit Visit(const CollectionInput& input) : kind_(input.kind) {
     state_.currentPath = "/things." + std::string(kind_.extension);
     state_.kindCode = kind_.code;
-    state_.mediaCode = static_cast<std::int16_t>(mediaCodeOf(kind_));
     files_.put(state_.currentPath, input.bytes);
   }
 
@@ -44,7 +45,7 @@ class Visit {
     ignoringErrors([this] { stepOffTheEnd(); });
     search();
     print();
-    ignoringErrors([this] { exportCollection(state_, kind_, "/export.txt"); });
+    ignoringErrors([this] { exportCollection(state_.files, state_, kind_, "/export.txt"); });
     sortAndRequireEveryItem(state_, files_, kind_);
     ignoringErrors([this] { storeNewItem(); });
     ignoringErrors([this] { deleteFirstItem(); });
@@ -54,17 +55,17 @@ class Visit {
  private:
   bool open() {
     if (kind_.editor != EditorForm::music) {
-      state_.Count = std::max<std::int16_t>(store_.readHeader().Count, 0);
+      state_.Count = store_.readCount();
       return true;
     }
-    const MusicFileState found = openMusicFile(state_, store_);
+    const MusicFileState found = openMusicFile(state_.files, state_);
     if (found == MusicFileState::upgradable) upgrade();
     return found != MusicFileState::refused;
   }
 
   void upgrade() {
     const std::string before = files_.bytes(state_.currentPath);
-    upgradeMusicFile(state_);
+    upgradeMusicFile(state_.files, state_);
     require(files_.bytes("/things.BAK") == before, "the old file stays");
     const auto old = wholeItems(before, kMusicRecordType4Length, state_.Count - 1);
     const auto items = wholeItems(files_.bytes(state_.currentPath), kind_.recordLength,
@@ -72,7 +73,8 @@ class Visit {
     require(items.size() == old.size(), "every item but the last is carried over");
     for (std::size_t i = 0; i < old.size(); ++i)
       require(isCarriedOver(old[i], items[i]), "an item is carried over");
-    require(openMusicFile(state_, store_) == MusicFileState::current, "upgrading is done once");
+    require(openMusicFile(state_.files, state_) == MusicFileState::current,
+            "upgrading is done once");
   }
 
   static bool isCarriedOver(std::string old, std::string item) {
@@ -83,7 +85,7 @@ class Visit {
 
   void stepForward() {
     std::optional<std::int16_t> position = 1;
-    store_.readItem(*position, record_);
+    store_.ReadRecord(*position, record_);
     show();
     while (position && *position < state_.Count + kStepsPastTheEnd) {
       const std::int16_t before = *position;
@@ -162,7 +164,7 @@ class Visit {
 
   void searchFirstItem() {
     if (state_.Count < 1) return;
-    store_.readItem(1, record_);
+    store_.ReadRecord(1, record_);
     std::vector<Entered> entered;
     bool isFoundAgain = true;
     for (const Field& field : kind_.fields) {
@@ -189,9 +191,9 @@ class Visit {
   }
 
   std::optional<int> find(const Query& query) {
-    const auto item = findItem(state_, kind_, query, board_);
+    const auto found = findItem(state_.files, state_, kind_, query, board_);
     state_.files.closeAll();
-    return item;
+    return found ? std::optional<int>(found->item) : std::nullopt;
   }
 
   void print() {
@@ -204,10 +206,10 @@ class Visit {
       desktop_.toFile = toFile;
       std::int16_t mode = print_mode::printer;
       engine_.OpenPrinter(mode);
-      const std::int16_t pages = composePages(state_, kind_, listing, mode, engine_, board_);
+      const std::int16_t pages =
+          composePages(state_.files, state_, kind_, listing, mode, engine_, board_);
       require(pages >= (state_.Count > 0 ? 1 : 0), "items are on pages");
-      ignoringErrors(
-          [&] { engine_.PrintOut(mode, pages, *listing.fileHeading(state_.mediaCode)); });
+      ignoringErrors([&] { engine_.PrintOut(mode, pages, *listing.fileHeading(kind_.mediaCode)); });
       require(desktop_.paper.sheets == 0, "a document is handed over or dropped");
     }
   }
@@ -215,40 +217,41 @@ class Visit {
   void storeNewItem() {
     const std::int16_t count = state_.Count;
     std::ranges::fill(record_, std::byte{'n'});
-    store_.writeNewItem(record_);
+    std::optional<std::int16_t> slot;
+    state_.Count = store_.writeNewItem(slot, record_);
     require(state_.Count == count + 1 || (kind_.rules.reusesDeletedSlots && state_.Count == count),
             "one item more, or one deleted less");
     bool isThere = false;
     std::vector<std::byte> read(kind_.recordLength);
     for (int item = state_.Count; item >= 1 && !isThere; --item) {
-      store_.readItem(item, read);
+      store_.ReadRecord(item, read);
       isThere = read == record_;
     }
     require(isThere, "a new item is in the collection");
   }
 
   void deleteFirstItem() {
-    store_.readItem(1, record_);
+    store_.ReadRecord(1, record_);
     setText(kind_.fields.front(), record_, kind_.rules.deletion.marker);
     require(store_.writeDeleted(1, record_), "a deleted item is deleted");
-    store_.readItem(1, record_);
+    store_.ReadRecord(1, record_);
     require(store_.isDeleted(record_), "and stays so");
   }
 
   void load() {
     const std::vector<std::string> names = {"one.wav", "two.wav", "one.wav"};
-    const std::int16_t count = state_.Count;
-    loadFiles(state_, kind_, "/folder", names, board_);
-    require(state_.Count <= count + 2, "a name is loaded once");
+    const LoadedFiles first = loadFiles(state_.files, state_, kind_, "/folder", names, board_);
+    require(first.count <= state_.Count + 2, "a name is loaded once");
+    state_.Count = first.count;
     const std::string loaded = files_.bytes(state_.currentPath);
-    loadFiles(state_, kind_, "/folder", names, board_);
+    loadFiles(state_.files, state_, kind_, "/folder", names, board_);
     require(files_.bytes(state_.currentPath) == loaded, "what is there is not loaded again");
   }
 
   const CollectionKind& kind_;
   MemoryFiles files_;
   AppState state_{files_};
-  CollectionStore store_{state_, kind_};
+  CollectionStore store_{state_.files, state_, kind_};
   std::vector<std::byte> record_ = std::vector<std::byte>(kind_.recordLength);
   FuzzedDesktop desktop_;
   NoBoard board_;

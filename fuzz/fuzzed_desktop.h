@@ -8,7 +8,7 @@
 #include "fuzz/input.h"
 #include "platform/desktop.h"
 #include "platform/printer.h"
-#include "records/windows1252.h"
+#include "text/windows1252.h"
 
 namespace quillbox::fuzz {
 
@@ -52,7 +52,7 @@ class FuzzedDesktop : public Desktop {
   std::optional<std::string> saveDialog(const FileDialog& /*dialog*/) override { return kListFile; }
   std::string shortDateForm() override { return "M/d/yy"; }
   std::string todayText() override { return "11/21/26"; }
-  void printerSetup() override {}
+  void printerSetup(const std::string& /*name*/) override {}
   std::optional<PrintChoice> printDialog(const std::string& /*title*/) override {
     return PrintChoice{toFile};
   }

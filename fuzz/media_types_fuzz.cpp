@@ -2,8 +2,8 @@
 
 #include "editors/media_types.h"
 #include "fuzz/input.h"
-#include "records/windows1252.h"
 #include "support/memory_files.h"
+#include "text/windows1252.h"
 
 namespace quillbox::fuzz {
 namespace {

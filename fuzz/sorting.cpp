@@ -6,8 +6,8 @@
 #include "fuzz/collection_input.h"
 #include "platform/paths.h"
 #include "records/header_record.h"
-#include "records/windows1252.h"
 #include "sortsearch/sort_engine.h"
+#include "text/windows1252.h"
 
 namespace quillbox::fuzz {
 namespace {
@@ -18,13 +18,13 @@ Outcome sortByEveryKey(AppState& state, const CollectionKind& kind) {
   const std::vector<bool> ticked(sortRulesOf(kind).keys.size(), true);
   NoBoard board;
   try {
-    sortCollection(state, kind, ticked, board);
+    state.Count = sortCollection(state.files, state, kind, ticked, board);
   } catch (const RunTimeError&) {
     return Outcome::failed;
   } catch (const ProgramEnd&) {
     return Outcome::programEnded;
   }
-  finishSort(state, kind);
+  finishSort(state.files, state, kind);
   state.files.closeAll();
   return Outcome::sorted;
 }

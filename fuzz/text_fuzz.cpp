@@ -10,10 +10,11 @@
 #include "fuzz/input.h"
 #include "platform/paths.h"
 #include "platform/run_time_error.h"
-#include "records/date_text.h"
 #include "records/field.h"
-#include "records/number_text.h"
-#include "records/windows1252.h"
+#include "text/date_text.h"
+#include "text/number_text.h"
+#include "text/padding.h"
+#include "text/windows1252.h"
 
 namespace quillbox::fuzz {
 namespace {

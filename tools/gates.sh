@@ -25,6 +25,8 @@ commands=build/dev/compile_commands.json
 rule "The core has an include path to the windowing platform" "$(grep -F 'quillbox_core.dir' \
   $commands | grep -iE 'qt6|QT_' || true)"
 
+rule "An include points upwards, across or round" "$(tools/floors.py $commands || true)"
+
 rule "Tests that are not built" "$(git ls-files 'tests/*_test.cpp' | while read -r source; do
   grep -qF "$source" $commands || echo "$source"
 done)"

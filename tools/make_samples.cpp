@@ -17,12 +17,13 @@
 #include <vector>
 
 #include "editors/media_loader.h"
+#include "platform/checked16.h"
 #include "platform/disk_file_system.h"
 #include "platform/paths.h"
 #include "records/collection_store.h"
-#include "records/date_text.h"
-#include "records/number_text.h"
-#include "records/windows1252.h"
+#include "text/date_text.h"
+#include "text/number_text.h"
+#include "text/windows1252.h"
 
 namespace {
 
@@ -101,11 +102,11 @@ class SourceReader {
 };
 
 void loadFolder(AppState& state, const CollectionKind& kind, const std::string& folder) {
-  const LoaderRow& loader = loaderRow(mediaCodeOf(kind));
+  const LoaderRow& loader = loaderRow(kind.mediaCode);
   auto names = filesToLoad(state.files.fileSystem(), folder, loaderPatterns(loader.filter));
   std::ranges::sort(names);
   NoBoard board;
-  loadFiles(state, kind, folder, names, board);
+  loadFiles(state.files, state, kind, folder, names, board);
 }
 
 void makeSample(const std::string& sourcePath, const std::string& collectionPath) {
@@ -120,9 +121,10 @@ void makeSample(const std::string& sourcePath, const std::string& collectionPath
   if (files.exists(collectionPath)) files.remove(collectionPath);
   AppState state(files);
   state.currentPath = collectionPath;
-  CollectionStore store(state, *kind);
-  store.writeHeader(0, kind->rules.fileType, OpenMode::create);
-  for (const Item& item : items) store.writeNewItem(item);
+  CollectionStore store(state.files, state, *kind);
+  store.WriteHeader(0, kind->rules.fileType, OpenMode::create);
+  std::optional<std::int16_t> slot;
+  for (const Item& item : items) state.Count = store.writeNewItem(slot, item);
   if (isFolder) loadFolder(state, *kind, sourcePath);
 }
 

@@ -116,7 +116,7 @@ same "The program's version" "$(build/release/quillbox --version)" "Quillbox $ve
 same "The version in the metadata" "$(in_metainfo '//release[1]/@version')" "$version"
 same "The page of the manual" "$(grep '^\.TH' packaging/quillbox.1)" \
   ".TH QUILLBOX 1 \"$date\" \"Quillbox $version\" \"User Commands\""
-same "CHANGELOG.md" "$(grep -m 1 '^## ' CHANGELOG.md)" "## [$version] - $date"
+same "CHANGELOG.md" "$(grep -m 1 '^## \[[0-9]' CHANGELOG.md)" "## [$version] - $date"
 same "The package's changelog" \
   "$(dpkg-parsechangelog -l packaging/debian/changelog -S Version)" "$version-1"
 

@@ -7,27 +7,17 @@ namespace {
 
 enum Row { author, title, publisher, lists, notes };
 
-using enum InputKind;
+constexpr InputRow txtBooks(int element, const char* caption, const Field* field, Place place) {
+  return input("txtBooks", caption, field, place).inArray(element).labelled("lblbooks");
+}
 
 constexpr InputRow kInputs[] = {
-    {textBox,
-     "txtBooks_0",
-     "&Author:",
-     bookField("Author"),
-     {author},
-     Shown::trimmed,
-     "lblbooks_0"},
-    {textBox, "txtBooks_1", "&Title:", bookField("Title"), {title}, Shown::trimmed, "lblbooks_1"},
-    {textBox,
-     "txtBooks_2",
-     "&Publisher:",
-     bookField("Publisher"),
-     {publisher},
-     Shown::trimmed,
-     "lblbooks_2"},
-    {dropDown, "cmbGenre", "&Genre:", bookField("Genre"), {lists, 0, 1}},
-    {dropDown, "cmbMedia", "&Media Type:", bookField("MediaType"), {lists, 1, 1}},
-    {textBox, "txtBooks_3", "&Notes:", bookField("Notes"), {notes}, Shown::trimmed, "lblbooks_3"},
+    txtBooks(0, "&Author:", bookField("Author"), {author}),
+    txtBooks(1, "&Title:", bookField("Title"), {title}),
+    txtBooks(2, "&Publisher:", bookField("Publisher"), {publisher}),
+    input("cmbGenre", "&Genre:", bookField("Genre"), {lists, 0, 1}),
+    input("cmbMedia", "&Media Type:", bookField("MediaType"), {lists, 1, 1}),
+    txtBooks(3, "&Notes:", bookField("Notes"), {notes}),
 };
 
 // No delete command.
@@ -53,22 +43,22 @@ constexpr MenuRow kMenus[] = {
 };
 
 constexpr FamilyTables kTables = {
-    .editor = {"frmBooks",
-               "lblBookCap",
-               "No Data",
-               kInputs,
-               {},
-               kButtons,
-               kMenus,
-               "About Book Collection",
-               "Book",
-               "books.md",
-               {kInputs, {}}},
+    .editor = {.formName = "frmBooks",
+               .indicatorName = "lblBookCap",
+               .indicatorText = "No Data",
+               .inputs = kInputs,
+               .buttons = kButtons,
+               .menus = kMenus,
+               .aboutTitle = "About Book Collection",
+               .aboutArea = "Book",
+               .helpPage = "books.md",
+               .search = {.inputs = kInputs}},
     .clearsScreenOnly = true,
 };
 
 }  // namespace
 
-frmBooks::frmBooks(Program& program) : frmFamily(program, "BCS", kTables) {}
+frmBooks::frmBooks(Program& program, PrintEngine& printEngine)
+    : frmFamily(program, printEngine, "BCS", kTables) {}
 
 }  // namespace quillbox

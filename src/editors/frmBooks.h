@@ -7,7 +7,7 @@ namespace quillbox {
 /// The editor of book collections.
 class frmBooks : public frmFamily {
  public:
-  explicit frmBooks(Program& program);
+  frmBooks(Program& program, PrintEngine& printEngine);
 };
 
 }  // namespace quillbox

@@ -21,47 +21,25 @@ enum Row {
 
 constexpr HeadingRow kHeadings[] = {{"Comic", comicHeading}, {"Purchase", purchaseHeading}};
 
-using enum InputKind;
-
-constexpr InputRow text(const char* name, const char* captionName, const char* caption,
-                        const Field* field, Row row) {
-  return {textBox, name, caption, field, {row}, Shown::trimmed, captionName};
+constexpr InputRow txtCmic(int element, const char* caption, const Field* field, Place place) {
+  return input("txtCmic", caption, field, place).inArray(element).labelled("lblCmic");
 }
 
 // "Villan(s)" is spelled so, and has no colon.
 constexpr InputRow kInputs[] = {
-    text("txtCmic_0", "lblCmic_0", "&Book Title:", comicField("BookTitle"), bookTitle),
-    text("txtCmic_1", "lblCmic_1", "&Comic Title:", comicField("ComicTitle"), comicTitle),
-    text("txtCmic_2", "lblCmic_2", "&Artists:", comicField("Artists"), artists),
-    text("txtCmic_3", "lblCmic_3", "&Hero(es):", comicField("Heroes"), heroes),
-    text("txtCmic_4", "lblCmic_4", "&Villan(s)", comicField("Villains"), villains),
-    text("txtCmic_5", "lblCmic_5", "F&irst Appearance Of:", comicField("FirstApp"),
-         firstAppearance),
-    text("txtCmic_6", "lblCmic_6", "P&ublisher:", comicField("Publisher"), publisher),
-    {textBox,
-     "txtCmic_7",
-     "Purc&hase Price:",
-     comicField("PurPrice"),
-     {prices, 0, 1},
-     Shown::number,
-     "lblCmic_7"},
-    {textBox,
-     "txtCmic_8",
-     "Cu&rrent Price:",
-     comicField("CurrPrice"),
-     {prices, 1, 1},
-     Shown::number,
-     "lblCmic_8"},
-    {textBox,
-     "txtCmic_9",
-     "A&quisition Date:",
-     comicField("AquireDate"),
-     {prices, 2, 1},
-     Shown::trimmed,
-     "lblCmic_9",
-     WhenEmpty::newYear1980},
-    {checkBox, "chkBagged", "Ba&gged", comicField("Bagged"), {boxes, 0, 1}},
-    {checkBox, "chkBoarded", "B&oarded", comicField("Boarded"), {boxes, 1, 1}},
+    txtCmic(0, "&Book Title:", comicField("BookTitle"), {bookTitle}),
+    txtCmic(1, "&Comic Title:", comicField("ComicTitle"), {comicTitle}),
+    txtCmic(2, "&Artists:", comicField("Artists"), {artists}),
+    txtCmic(3, "&Hero(es):", comicField("Heroes"), {heroes}),
+    txtCmic(4, "&Villan(s)", comicField("Villains"), {villains}),
+    txtCmic(5, "F&irst Appearance Of:", comicField("FirstApp"), {firstAppearance}),
+    txtCmic(6, "P&ublisher:", comicField("Publisher"), {publisher}),
+    txtCmic(7, "Purc&hase Price:", comicField("PurPrice"), {prices, 0, 1}),
+    txtCmic(8, "Cu&rrent Price:", comicField("CurrPrice"), {prices, 1, 1}),
+    txtCmic(9, "A&quisition Date:", comicField("AquireDate"), {prices, 2, 1})
+        .filledWith(WhenEmpty::newYear1980),
+    input("chkBagged", "Ba&gged", comicField("Bagged"), {boxes, 0, 1}),
+    input("chkBoarded", "B&oarded", comicField("Boarded"), {boxes, 1, 1}),
 };
 
 // The two boxes cannot be searched for.
@@ -101,27 +79,30 @@ constexpr ButtonRow kPageButtons[] = {
     {Command::exitCollection, "cmdExit", "E&xit Window"},
 };
 
-constexpr ListPageTables kPage = {"frmComicTitles", "Comic Notes Data", comicField("Notes"),
-                                  "txtCmic",        "lblCmic",          kCaptions,
-                                  kPageButtons};
+constexpr ListPageTables kPage = {.formName = "frmComicTitles",
+                                  .caption = "Comic Notes Data",
+                                  .field = comicField("Notes"),
+                                  .boxName = "txtCmic",
+                                  .captionName = "lblCmic",
+                                  .captions = kCaptions,
+                                  .buttons = kPageButtons};
 
 constexpr FamilyTables kTables = {
-    .editor = {"frmComics",
-               "lblIndex",
-               "Record #:",
-               kInputs,
-               kHeadings,
-               kButtons,
-               kMenus,
-               "About Comic Collection",
-               "Comic",
-               "comics.md",
-               {kSearchInputs, kSearchHeadings}},
+    .editor = {.formName = "frmComics",
+               .inputs = kInputs,
+               .headings = kHeadings,
+               .buttons = kButtons,
+               .menus = kMenus,
+               .aboutTitle = "About Comic Collection",
+               .aboutArea = "Comic",
+               .helpPage = "comics.md",
+               .search = {.inputs = kSearchInputs, .headings = kSearchHeadings}},
     .listPage = &kPage,
 };
 
 }  // namespace
 
-frmComics::frmComics(Program& program) : frmFamily(program, "CCS", kTables) {}
+frmComics::frmComics(Program& program, PrintEngine& printEngine)
+    : frmFamily(program, printEngine, "CCS", kTables) {}
 
 }  // namespace quillbox

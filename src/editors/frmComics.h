@@ -7,7 +7,7 @@ namespace quillbox {
 /// The editor of comic collections.
 class frmComics : public frmFamily {
  public:
-  explicit frmComics(Program& program);
+  frmComics(Program& program, PrintEngine& printEngine);
 };
 
 }  // namespace quillbox

@@ -14,9 +14,9 @@
 #include "forms/controls.h"
 #include "forms/icons.h"
 #include "forms/qt_text.h"
-#include "platform/paths.h"
+#include "platform/checked16.h"
 #include "records/navigation.h"
-#include "records/number_text.h"
+#include "text/number_text.h"
 
 namespace quillbox {
 namespace {
@@ -62,9 +62,13 @@ QIcon iconOf(Command command) {
 
 }  // namespace
 
-frmEditor::frmEditor(Program& program, const CollectionKind& kind, const EditorTables& tables)
-    : Form(program, tables.formName), store_(program.state(), kind), tables_(tables) {
-  setCaption(fromUtf8Text(kind.designCaption));
+frmEditor::frmEditor(Program& program, PrintEngine& printEngine, const CollectionKind& kind,
+                     const EditorTables& tables)
+    : Form(program, tables.formName),
+      store_(program.state().files, program.state(), kind),
+      printEngine_(printEngine),
+      tables_(tables) {
+  setCaption(fromUtf8Text(kind.words.designCaption));
   auto* page = new QWidget;
   setCentralWidget(page);
   auto* column = new QVBoxLayout(page);
@@ -122,6 +126,7 @@ void frmEditor::makeMenus() {
 }
 
 void frmEditor::choose(Command command) {
+  if (command != Command::write && command != Command::clear) slot_.reset();
   switch (command) {
     case Command::previous:
       return cmdPrevious_Click();
@@ -163,8 +168,8 @@ void frmEditor::choose(Command command) {
   }
 }
 
-void frmEditor::open() {
-  Form_Load();
+void frmEditor::open(OpenCollection opening) {
+  Form_Load(opening);
   show();
   activateWindow();
   sheet_->focusFirst();
@@ -176,47 +181,6 @@ void frmEditor::resetForm() {
   button(Command::previous).setEnabled(false);
   button(Command::next).setEnabled(false);
   noteNothingStored();
-}
-
-void frmEditor::makeFile(int fileType) {
-  store_.writeHeader(0, fileType, OpenMode::create);
-  state().newCollection = false;
-  state().Count = 0;
-}
-
-void frmEditor::readCount() {
-  state().Count = std::max<std::int16_t>(store_.readHeader().Count, 0);
-}
-
-std::optional<std::vector<std::byte>> frmEditor::readFirstItem() {
-  if (state().Count < 1) return std::nullopt;
-  std::vector<std::byte> record(buffer().size());
-  store_.readItem(1, record);
-  return record;
-}
-
-void frmEditor::Form_Unload() { ExitCollection_Click(); }
-
-void frmEditor::leaveCollection() {
-  hide();
-  state().files.closeAll();
-}
-
-void frmEditor::ExitCollection_Click() {
-  unloaded_ = true;
-  leaveCollection();
-  program().shell().showStartScreen();
-}
-
-void frmEditor::OpenFile_Click() {
-  leaveCollection();
-  program().shell().FileOpen();
-}
-
-void frmEditor::NewFile_Click() {
-  store_.writeHeader(state().Count, newFileType());
-  leaveCollection();
-  program().shell().showNewCollection();
 }
 
 void frmEditor::noteStored(std::span<const std::byte> record) {
@@ -232,12 +196,6 @@ void frmEditor::noteNothingStored() {
 void frmEditor::updateNotWritten() {
   const Record* stored = stored_ ? &*stored_ : nullptr;
   lblNotWritten_->setVisible(sheet_->differsFrom(stored) || subListDiffers(stored));
-}
-
-void frmEditor::setFileCaption(const CollectionKind& kind) {
-  setWindowIcon(iconOf(kind));
-  setCaption(fromUtf8Text(kind.captionPrefix) + fromPath(fileNameOf(state().currentPath)) +
-             QLatin1Char(')'));
 }
 
 void frmEditor::setRecordLabel(const std::string& text) { lblIndex_->setText(fromUtf8Text(text)); }
@@ -261,7 +219,7 @@ void frmEditor::UpdateScreen() {
   BTEnable(state().CurRec);
 }
 
-void frmEditor::GetScreen() { sheet_->store(buffer()); }
+void frmEditor::GetScreen(std::span<std::byte> record) { sheet_->store(record); }
 
 void frmEditor::ClearData() {
   sheet_->clear();
@@ -273,9 +231,21 @@ void frmEditor::showItem(std::int16_t item, std::span<const std::byte> record) {
   clearSubList();
   position() = item;
   state().CurRec = item;
-  std::ranges::copy(record, buffer().begin());
+  takeBuffer(record);
   UpdateScreen();
   noteStored(record);
+}
+
+void frmEditor::takeBuffer(std::span<const std::byte> record) {
+  std::ranges::copy(record, buffer().begin());
+}
+
+void frmEditor::takeCount(std::int16_t count) {
+  if (count == state().Count) return;
+  state().Count = count;
+  if (state().CurRec >= 1)
+    setRecordLabel(recordLabel(store_.kind(), state().CurRec, state().Count));
+  BTEnable(state().CurRec);
 }
 
 void frmEditor::showNothing() {
@@ -286,13 +256,9 @@ void frmEditor::showNothing() {
   noteNothingStored();
 }
 
-void frmEditor::readAndShow(int item) {
-  std::vector<std::byte> record(buffer().size());
-  store_.readItem(item, record);
-  showItem(checked16(item), record);
-}
+void frmEditor::readAndShow(int item) { showItem(checked16(item), store_.ReadRecord(item)); }
 
-void frmEditor::showFirstItem(const std::optional<std::vector<std::byte>>& first) {
+void frmEditor::showFirstItem(const std::optional<Record>& first) {
   if (first)
     showItem(1, *first);
   else
@@ -309,7 +275,7 @@ void frmEditor::cmdNext_Click() {
 
 void frmEditor::cmdPrevious_Click() {
   using Clock = std::chrono::steady_clock;
-  unloaded_ = false;
+  isLeaving_ = false;
   QWidget* focus = focusWidget();
   auto lapBegin = Clock::now();
   const auto onLap = [&] {
@@ -332,15 +298,16 @@ void frmEditor::cmdPrevious_Click() {
     setControlsEnabled(true);
     if (focus != nullptr) focus->setFocus();
   }
-  if (item && !unloaded_) showItem(*item, record);
+  if (isLeaving_) return ExitCollection_Click();
+  if (item) showItem(*item, record);
 }
 
 /// Only closing the window has an effect meanwhile: every control is disabled.
 bool frmEditor::restBetweenLaps(int milliseconds) {
   constexpr int shortest = 50;
   constexpr int longest = 2000;
-  desktop().rest(std::clamp(milliseconds, shortest, longest), [this] { return unloaded_; });
-  return !unloaded_;
+  desktop().rest(std::clamp(milliseconds, shortest, longest), [this] { return isLeaving_; });
+  return !isLeaving_;
 }
 
 void frmEditor::setControlsEnabled(bool enabled) {
@@ -366,13 +333,16 @@ void frmEditor::cmdGoto_Click() {
 }
 
 void frmEditor::cmdWriteData_Click() {
-  GetScreen();
+  Record record(buffer().begin(), buffer().end());
+  GetScreen(record);
   if (state().CurRec == kNewItem) {
-    store_.writeNewItem(buffer());
+    state().Count = store_.writeNewItem(slot_, record);
+    takeBuffer(record);
     afterNewItem();
   } else if (state().CurRec >= 1) {
-    store_.writeItem(position(), buffer(), state().Count);
-    noteStored(buffer());
+    store_.WriteRecord(position(), record, state().Count);
+    takeBuffer(record);
+    noteStored(record);
   } else {
     say(kNothingShown);
     endProgram();
@@ -403,7 +373,7 @@ void frmEditor::cmdDelete_Click() {
   setText(store_.kind().fields.front(), record, rules.marker);
   const int item = state().CurRec < 1 ? state().CurRec : position();
   const bool deleted = store_.writeDeleted(item, record);
-  if (rules.keepsTheRest) std::ranges::copy(record, buffer().begin());
+  if (rules.keepsTheRest) takeBuffer(record);
   if (!deleted) {
     report(rules.questionTitle, "Deletion failure!");
     endProgram();

@@ -24,6 +24,7 @@ namespace quillbox {
 
 class Listing;
 class PrintEngine;
+struct FoundItem;
 
 /// The commands that editors have buttons and menu items for.
 enum class Command {
@@ -69,36 +70,41 @@ struct MenuRow {
 /// What an editor form is made of.
 struct EditorTables {
   const char* formName;
-  const char* indicatorName;  ///< of the label that shows the record indicator
-  const char* indicatorText;  ///< before anything is shown
+  const char* indicatorName = "lblIndex";   ///< of the label that shows the record indicator
+  const char* indicatorText = "Record #:";  ///< before anything is shown
   std::span<const InputRow> inputs;
-  std::span<const HeadingRow> headings;
+  std::span<const HeadingRow> headings = {};
   std::span<const ButtonRow> buttons;  ///< in tab order
   std::span<const MenuRow> menus;
   const char* aboutTitle;
   const char* aboutArea;
-  const char* helpPage;  ///< of the manual
-  SearchPage search;     ///< what of the inputs the search form repeats
+  const char* helpPage;          ///< of the manual
+  SearchPage search;             ///< what of the inputs the search form repeats
+  const char* setupDialog = "";  ///< of the printer, where it has a name
 };
 
 /// The editor of a collection: shows one item at a time and lets the user step, jump, write, clear
 /// and delete. One form of each kind exists; it is loaded each time a collection is opened in it.
 class frmEditor : public Form {
  public:
-  /// Loads the collection at the current path, then shows the form. A run-time error leaves the
-  /// form as it was.
-  void open();
+  /// Loads a collection, then shows the form. `opening` says what: its path and kind, and whether
+  /// it is to be made; the rest is carried over from what was open before. A run-time error leaves
+  /// the form, and what is open, as they were.
+  void open(OpenCollection opening);
 
  protected:
   using Record = std::vector<std::byte>;
 
-  frmEditor(Program& program, const CollectionKind& kind, const EditorTables& tables);
+  /// The engine is the one that all editors print with.
+  frmEditor(Program& program, PrintEngine& printEngine, const CollectionKind& kind,
+            const EditorTables& tables);
 
-  /// Reads or makes the collection at the current path and shows its first item. A run-time error
-  /// leaves the form as it was.
-  virtual void Form_Load() = 0;
+  /// Reads or makes that collection, takes it over and shows its first item. A run-time error
+  /// leaves the form, and what is open, as they were.
+  virtual void Form_Load(OpenCollection& opening) = 0;
 
-  void Form_Unload() override;
+  void Form_Unload() override { ExitCollection_Click(); }
+  void closeWhileBusy() override { isLeaving_ = true; }
 
   /// Does what a button or a menu item stands for.
   virtual void choose(Command command);
@@ -106,8 +112,9 @@ class frmEditor : public Form {
   /// Record buffer to controls, record indicator, then `BTEnable`.
   virtual void UpdateScreen();
 
-  /// Controls to record buffer. A run-time error leaves both as they were.
-  virtual void GetScreen();
+  /// Controls to record, which is the record buffer or a copy of it. A run-time error leaves both
+  /// as they were.
+  virtual void GetScreen(std::span<std::byte> record);
 
   /// Empty form, "New Record", new-item mode.
   virtual void ClearData();
@@ -157,21 +164,31 @@ class frmEditor : public Form {
   /// The form as it is before anything was ever shown on it; Previous and Next are disabled.
   virtual void resetForm();
 
-  // What Form_Load is made of. Everything that can fail comes first; only then is the form touched.
+  // What Form_Load is made of. Everything that can fail comes first, on `opening`; only then are
+  // the state and the form touched.
 
-  /// Makes an empty collection with that file type at the current path.
-  void makeFile(int fileType);
+  /// The collection that is being opened, as this editor's kind reads and writes it.
+  CollectionStore storeOf(const OpenCollection& opening);
 
-  /// Takes `Count` from the header; a negative count is 0.
-  void readCount();
+  /// Makes an empty collection with that file type.
+  void makeFile(OpenCollection& opening, int fileType);
 
   /// Item 1; nothing when the collection is empty.
-  std::optional<std::vector<std::byte>> readFirstItem();
+  std::optional<Record> readFirstItem(CollectionStore store, int count);
 
-  /// Shows item 1, or the empty collection.
-  void showFirstItem(const std::optional<std::vector<std::byte>>& first);
-  void showNothing();
+  /// From now on this is the collection that is open.
+  void takeOver(const OpenCollection& opened);
+
+  // The places where the position and the record buffer change. None of them can fail.
+
   void showItem(std::int16_t position, std::span<const std::byte> record);
+  void showNothing();
+  /// Shows item 1, or the empty collection.
+  void showFirstItem(const std::optional<Record>& first);
+  /// `Count` as it has become, and what follows from it on the form.
+  void takeCount(std::int16_t count);
+  void takeBuffer(std::span<const std::byte> record);
+
   void readAndShow(int item);
 
   /// The window's caption and icon.
@@ -184,6 +201,7 @@ class frmEditor : public Form {
   FieldSheet& sheet() { return *sheet_; }
   std::span<std::byte> buffer() { return store_.kind().buffer(state()); }
   std::int16_t& position() { return state().*store_.kind().position; }
+  bool stepsByListPos() const { return store_.kind().position == &OpenCollection::ListPos; }
   QPushButton& button(Command command) { return *buttons_.at(command); }
 
  private:
@@ -192,14 +210,13 @@ class frmEditor : public Form {
   void makeMenus();
   bool restBetweenLaps(int milliseconds);
   void setControlsEnabled(bool enabled);
-  void leaveCollection();
-  void showSorted();
-  void showFound(int item);
-  void leaveSearch();
-  PrintEngine& printEngine();
+  void Undraw();
+  void showSorted(std::int16_t count);
+  void showFound(const FoundItem& found);
   Listing listing();
 
   CollectionStore store_;
+  PrintEngine& printEngine_;
   const EditorTables& tables_;
   FieldSheet* sheet_;
   QLabel* lblIndex_ = nullptr;
@@ -208,8 +225,10 @@ class frmEditor : public Form {
   std::map<Command, QPushButton*> buttons_;
   std::unique_ptr<frmSort> sort_;  // made when they are first shown
   std::unique_ptr<frmSearch> search_;
-  std::vector<std::byte> shownRecord_;  // the record buffer while the search form is shown
-  bool unloaded_ = false;               // since the running handler began
+  /// Where a new item was being written when writing failed. It is known from a scan that nothing
+  /// may have come after: any command but Write Data and Clear Data, and opening, forget it.
+  std::optional<std::int16_t> slot_;
+  bool isLeaving_ = false;  // the window was closed while Previous went on searching
 };
 
 }  // namespace quillbox

@@ -1,39 +1,97 @@
-// What an editor does with the collection as a whole: sort, search, print, export.
+// What an editor does with the collection as a whole: open and leave it, sort, search, print,
+// export.
 
 #include <algorithm>
 
 #include "editors/frmEditor.h"
+#include "forms/icons.h"
 #include "forms/qt_text.h"
+#include "platform/desktop.h"
+#include "platform/paths.h"
 #include "printing/export.h"
-#include "printing/frmRecDisp.h"
 #include "printing/listing.h"
 #include "printing/print_engine.h"
+#include "sortsearch/search_engine.h"
+#include "sortsearch/search_rules.h"
+#include "sortsearch/sort_rules.h"
 
 namespace quillbox {
 
+CollectionStore frmEditor::storeOf(const OpenCollection& opening) {
+  return CollectionStore(state().files, opening, store_.kind());
+}
+
+/// No position is left from another collection.
+void frmEditor::makeFile(OpenCollection& opening, int fileType) {
+  storeOf(opening).WriteHeader(0, fileType, OpenMode::create);
+  opening.newCollection = false;
+  opening.Count = 0;
+  opening.ListPos = 0;
+}
+
+std::optional<frmEditor::Record> frmEditor::readFirstItem(CollectionStore store, int count) {
+  if (count < 1) return std::nullopt;
+  return store.ReadRecord(1);
+}
+
+void frmEditor::takeOver(const OpenCollection& opened) {
+  static_cast<OpenCollection&>(state()) = opened;
+  slot_.reset();
+}
+
+/// Leaves the form and the collection.
+void frmEditor::Undraw() {
+  hide();
+  state().files.closeAll();
+}
+
+void frmEditor::ExitCollection_Click() {
+  Undraw();
+  program().shell().showStartScreen();
+}
+
+void frmEditor::OpenFile_Click() {
+  Undraw();
+  program().shell().FileOpen();
+}
+
+void frmEditor::NewFile_Click() {
+  store_.WriteHeader(state().Count, newFileType());
+  Undraw();
+  program().shell().showNewCollection();
+}
+
+void frmEditor::setFileCaption(const CollectionKind& kind) {
+  setWindowIcon(iconOf(kind));
+  setCaption(fromUtf8Text(kind.words.captionPrefix) + fromPath(fileNameOf(state().currentPath)) +
+             QLatin1Char(')'));
+}
+
 void frmEditor::SortRecords_Click() {
   if (!sort_)
-    sort_ = std::make_unique<frmSort>(
-        program(), store_.kind(),
-        frmSort::Owner{[this] { showSorted(); }, [this] { showInsteadOf(*sort_); }});
+    sort_ =
+        std::make_unique<frmSort>(program(), store_.kind(),
+                                  frmSort::Owner{[this](std::int16_t count) { showSorted(count); },
+                                                 [this] { showInsteadOf(*sort_); }});
   sort_->open(*this);
 }
 
 /// The form as if the collection had been opened at this position: what was on it may be another
 /// item's by now. A new item stays as typed.
-void frmEditor::showSorted() {
-  // There may be fewer items than there were.
-  const auto item = std::min(position(), state().Count);
-  if (state().CurRec >= 1 && item < 1) {
-    resetForm();
-    showNothing();
-  } else if (state().CurRec >= 1) {
-    std::vector<std::byte> record(buffer().size());
-    store_.readItem(item, record);
+void frmEditor::showSorted(std::int16_t count) {
+  const bool resetsListPos = sortRulesOf(store_.kind()).resetsListPos;
+  const std::int16_t position = resetsListPos && stepsByListPos() ? 1 : this->position();
+  const std::int16_t item = std::min(position, count);  // there may be fewer items than there were
+  const bool isShown = state().CurRec >= 1;
+  const auto record = isShown && item >= 1 ? std::optional(store_.ReadRecord(item)) : std::nullopt;
+
+  state().Count = count;
+  if (resetsListPos) state().ListPos = 1;
+  if (isShown) {
     resetForm();
     // Ahead of the item itself, which may be a deleted one that shows nothing.
-    setRecordLabel(recordLabel(store_.kind(), item, state().Count));
-    showItem(item, record);
+    if (record) setRecordLabel(recordLabel(store_.kind(), item, count));
+    record ? showItem(item, *record) : showNothing();
   }
   showInsteadOf(*sort_);
 }
@@ -42,25 +100,15 @@ void frmEditor::SearchRecords_Click() {
   if (!search_)
     search_ = std::make_unique<frmSearch>(
         program(), store_.kind(), tables_.search,
-        frmSearch::Owner{[this](int item) { showFound(item); }, [this] { leaveSearch(); }});
-  shownRecord_.assign(buffer().begin(), buffer().end());
+        frmSearch::Owner{[this](const FoundItem& found) { showFound(found); },
+                         [this] { showInsteadOf(*search_); }});
   search_->open(*this, *sheet_);
 }
 
-void frmEditor::showFound(int item) {
-  readAndShow(item);
+void frmEditor::showFound(const FoundItem& found) {
+  showItem(found.item, found.record);
+  if (searchRulesOf(store_.kind()).setsListPos) state().ListPos = found.item;
   showInsteadOf(*search_);
-}
-
-/// The search has read others' records into the buffer; it goes back to what the form shows.
-void frmEditor::leaveSearch() {
-  std::ranges::copy(shownRecord_, buffer().begin());
-  showInsteadOf(*search_);
-}
-
-PrintEngine& frmEditor::printEngine() {
-  Board& board = program().form<frmRecDisp>();
-  return program().shared<PrintEngine>(state(), desktop(), board);
 }
 
 Listing frmEditor::listing() {
@@ -70,18 +118,18 @@ Listing frmEditor::listing() {
   return Listing(store_.kind(), {choice, desktop().shortDateForm()});
 }
 
-void frmEditor::PrinterSetup_Click() { printEngine().PrinterSetup(); }
+void frmEditor::PrinterSetup_Click() { printEngine_.PrinterSetup(tables_.setupDialog); }
 
 void frmEditor::PrintList_Click() {
-  PrintEngine& engine = printEngine();
-  Board& board = program().form<frmRecDisp>();
+  Board& board = program().board();
   const Listing pages = listing();
   std::int16_t mode = print_mode::printer;
-  engine.OpenPrinter(mode);
+  printEngine_.OpenPrinter(mode);
   hide();
   board.open("Printing Status");
   board.print("Starting Print Routine...");
-  const std::int16_t count = composePages(state(), store_.kind(), pages, mode, engine, board);
+  const std::int16_t count =
+      composePages(state().files, state(), store_.kind(), pages, mode, printEngine_, board);
   if (count < 1) {
     // The editor stays hidden and the board shown; who closes it comes to the start screen.
     program().message(kDefaultTitle,
@@ -89,8 +137,8 @@ void frmEditor::PrintList_Click() {
                       "bug fix!");
     return;
   }
-  if (const auto heading = pages.fileHeading(state().mediaCode))
-    ignoringErrors([&] { engine.PrintOut(mode, count, *heading); });
+  if (const auto heading = pages.fileHeading(mediaCodeOf(state().kindCode)))
+    ignoringErrors([&] { printEngine_.PrintOut(mode, count, *heading); });
   ignoringErrors([&] { readAndShow(1); });
   board.close();
   show();
@@ -101,7 +149,7 @@ void frmEditor::ExportData_Click() {
   const auto fixedName = exportName(store_.kind());
   const std::string name = fixedName ? *fixedName : program().shell().SaveAs();
   if (name.empty()) return;
-  exportCollection(state(), store_.kind(), name);
+  exportCollection(state().files, state(), store_.kind(), name);
   program().message(kDefaultTitle, "Data Exported...");
 }
 

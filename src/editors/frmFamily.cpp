@@ -1,11 +1,12 @@
 #include "editors/frmFamily.h"
 
-#include <algorithm>
+#include "platform/checked16.h"
 
 namespace quillbox {
 
-frmFamily::frmFamily(Program& program, std::string_view extension, const FamilyTables& tables)
-    : frmEditor(program, *kindOfExtension(extension), tables.editor), family_(tables) {
+frmFamily::frmFamily(Program& program, PrintEngine& printEngine, std::string_view extension,
+                     const FamilyTables& tables)
+    : frmEditor(program, printEngine, *kindOfExtension(extension), tables.editor), family_(tables) {
   if (tables.captionsClickable) sheet().makeCaptionsClickable();
   if (tables.listPage == nullptr) return;
   listPage_ =
@@ -14,15 +15,16 @@ frmFamily::frmFamily(Program& program, std::string_view extension, const FamilyT
                                                        [this] { leaveListPage(); }});
 }
 
-void frmFamily::Form_Load() {
-  const bool isNew = state().newCollection;
-  const bool isMissing = !isNew && !state().files.fileSystem().exists(state().currentPath);
+void frmFamily::Form_Load(OpenCollection& opening) {
+  const bool isNew = opening.newCollection;
+  const bool isMissing = !isNew && !state().files.fileSystem().exists(opening.currentPath);
   if (isNew || isMissing)
-    makeFile(store().kind().rules.fileType);
+    makeFile(opening, store().kind().rules.fileType);
   else
-    readCount();
-  const auto first = readFirstItem();
+    opening.Count = storeOf(opening).readCount();
+  const auto first = readFirstItem(storeOf(opening), opening.Count);
 
+  takeOver(opening);
   resetForm();
   setFileCaption(store().kind());
   if (isMissing) setRecordLabel("New File");
@@ -42,12 +44,12 @@ void frmFamily::choose(Command command) {
 void frmFamily::UpdateScreen() {
   if (family_.hidesDeleted && store().isDeleted(buffer())) return;
   frmEditor::UpdateScreen();
-  if (listPage_) listPage_->show(buffer());
+  if (listPage_) listPage_->UpdateScreen(buffer());
 }
 
-void frmFamily::GetScreen() {
-  frmEditor::GetScreen();
-  if (listPage_) listPage_->store(buffer());
+void frmFamily::GetScreen(std::span<std::byte> record) {
+  frmEditor::GetScreen(record);
+  if (listPage_) listPage_->GetScreen(record);
 }
 
 void frmFamily::ClearData() {
@@ -80,12 +82,9 @@ bool frmFamily::subListDiffers(const Record* record) const {
 /// The list page moves the second position alone, unless it is what this editor steps by: the
 /// others' indicator, buttons and position stay.
 void frmFamily::showListPosition(int item) {
-  const bool inStep = &position() == &state().ListPos;
-  if (inStep) return readAndShow(item);
-  std::vector<std::byte> record(buffer().size());
-  store().readItem(item, record);
+  if (stepsByListPos()) return readAndShow(item);
+  takeBuffer(store().ReadRecord(item));
   state().ListPos = checked16(item);
-  std::ranges::copy(record, buffer().begin());
   UpdateScreen();
   updateNotWritten();  // what is shown is another item than the indicator's
 }

@@ -23,12 +23,13 @@ struct FamilyTables {
 class frmFamily : public frmEditor {
  protected:
   /// `extension` is the kind's. The tables must outlive the form.
-  frmFamily(Program& program, std::string_view extension, const FamilyTables& tables);
+  frmFamily(Program& program, PrintEngine& printEngine, std::string_view extension,
+            const FamilyTables& tables);
 
-  void Form_Load() override;
+  void Form_Load(OpenCollection& opening) override;
   void choose(Command command) override;
   void UpdateScreen() override;
-  void GetScreen() override;
+  void GetScreen(std::span<std::byte> record) override;
   void ClearData() override;
   bool subListDiffers(const Record* record) const override;
   void afterNewItem() override;

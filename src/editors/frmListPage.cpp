@@ -10,6 +10,8 @@
 #include "forms/controls.h"
 #include "forms/qt_text.h"
 #include "forms/text_box.h"
+#include "platform/checked16.h"
+#include "text/padding.h"
 
 namespace quillbox {
 namespace {
@@ -27,14 +29,11 @@ frmListPage::frmListPage(Program& program, const ListPageTables& tables, Owner o
   setCentralWidget(page);
   auto* column = new QVBoxLayout(page);
   auto* grid = new QGridLayout;
-  const auto numbered = [](const char* name, int number) {
-    return QStringLiteral("%1_%2").arg(QString::fromUtf8(name)).arg(number);
-  };
   for (int entry = 0; const char* text : tables.captions) {
     auto* box = new TextBox(static_cast<int>(tables.field->width));
     box->setMinimumWidth(fontMetrics().averageCharWidth() * kUsualEntry);
-    auto* caption = makeCaption(*box, numbered(tables.boxName, entry), QString::fromUtf8(text));
-    caption->setObjectName(numbered(tables.captionName, entry));
+    auto* caption = makeCaption(*box, controlName(tables.boxName, entry), QString::fromUtf8(text));
+    caption->setObjectName(controlName(tables.captionName, entry));
     grid->addWidget(caption, entry, 0);
     grid->addWidget(box, entry, 1);
     boxes_.push_back(box);
@@ -55,7 +54,7 @@ frmListPage::frmListPage(Program& program, const ListPageTables& tables, Owner o
 void frmListPage::choose(Command command) {
   if (command == Command::next) step(1);
   if (command == Command::previous) step(-1);
-  if (command == Command::exitCollection) owner_.leave();
+  if (command == Command::exitCollection) Undraw();
 }
 
 void frmListPage::step(int by) {
@@ -68,13 +67,13 @@ void frmListPage::step(int by) {
   owner_.showItem(item);
 }
 
-void frmListPage::show(std::span<const std::byte> record) {
+void frmListPage::UpdateScreen(std::span<const std::byte> record) {
   for (std::size_t entry = 0; entry < boxes_.size(); ++entry)
     boxes_[entry]->showText(shownText(record, entry));
 }
 
 QString frmListPage::shownText(std::span<const std::byte> record, std::size_t entry) const {
-  return fromRecordText(withoutTrailingBlanks(upToNul(textOf(*tables_.field, record, entry))));
+  return fromRecordText(readable(textOf(*tables_.field, record, entry)));
 }
 
 bool frmListPage::differsFrom(const std::vector<std::byte>* record) const {
@@ -85,7 +84,7 @@ bool frmListPage::differsFrom(const std::vector<std::byte>* record) const {
   return false;
 }
 
-void frmListPage::store(std::span<std::byte> record) const {
+void frmListPage::GetScreen(std::span<std::byte> record) const {
   for (std::size_t entry = 0; entry < boxes_.size(); ++entry)
     setText(*tables_.field, record, toRecordText(boxes_[entry]->text()), entry);
 }

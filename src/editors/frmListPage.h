@@ -17,8 +17,8 @@ struct ListPageTables {
   const char* formName;
   const char* caption;
   const Field* field;                     ///< the list
-  const char* boxName;                    ///< of the boxes, followed by "_" and their number from 0
-  const char* captionName;                ///< of their captions, likewise
+  const char* boxName;                    ///< of the control array of the boxes, from 0
+  const char* captionName;                ///< of that of their captions
   std::span<const char* const> captions;  ///< one for each entry
   std::span<const ButtonRow> buttons;     ///< exitCollection leaves the page
 };
@@ -37,10 +37,10 @@ class frmListPage : public Form {
   frmListPage(Program& program, const ListPageTables& tables, Owner owner);
 
   /// List field to boxes, without trailing blanks.
-  void show(std::span<const std::byte> record);
+  void UpdateScreen(std::span<const std::byte> record);
 
   /// Boxes to list field.
-  void store(std::span<std::byte> record) const;
+  void GetScreen(std::span<std::byte> record) const;
 
   /// Whether a box holds anything else than the record, or anything at all without one.
   bool differsFrom(const std::vector<std::byte>* record) const;
@@ -48,10 +48,11 @@ class frmListPage : public Form {
   void clear();
 
  protected:
-  void Form_Unload() override { owner_.leave(); }
+  void Form_Unload() override { Undraw(); }
 
  private:
   void choose(Command command);
+  void Undraw() { owner_.leave(); }
   void step(int by);
   QString shownText(std::span<const std::byte> record, std::size_t entry) const;
 

@@ -9,6 +9,7 @@
 #include "editors/media_types.h"
 #include "forms/qt_text.h"
 #include "records/music_file.h"
+#include "text/padding.h"
 
 namespace quillbox {
 namespace {
@@ -33,42 +34,30 @@ enum Row {
 constexpr HeadingRow kHeadings[] = {
     {"Album", albumHeading}, {"Acquisition", buying}, {"Loan", loan}, {"Notes", notesHeading}};
 
-using enum InputKind;
-
 /// A text of this editor: shown with the blanks that pad it.
-constexpr InputRow text(const char* name, const char* caption, const Field* field, Place place,
-                        WhenEmpty whenEmpty = WhenEmpty::staysEmpty) {
-  return {textBox, name, caption, field, place, Shown::padded, nullptr, whenEmpty};
+constexpr InputRow text(const char* name, const char* caption, const Field* field, Place place) {
+  return input(name, caption, field, place).as(Shown::padded);
 }
 
 constexpr InputRow kInputs[] = {
     text("txtArtist", "&Artist:", musicField("Artist"), {artist}),
     text("txtAlbum", "A&lbum:", musicField("Album"), {albumTitle}),
     text("txtRecordCo", "&Record Co:", musicField("RecordCo"), {recordCo}),
-    text("txtAquireDate", "A&quisition Date:", musicField("AquireDate"), {costs, 0, 1},
-         WhenEmpty::today),
-    {textBox,
-     "txtAquireCost",
-     "Aq&uisiton Cost:",
-     musicField("AquireCost"),
-     {costs, 1, 1},
-     Shown::number},
+    text("txtAquireDate", "A&quisition Date:", musicField("AquireDate"), {costs, 0, 1})
+        .filledWith(WhenEmpty::today),
+    input("txtAquireCost", "Aq&uisiton Cost:", musicField("AquireCost"), {costs, 1, 1}),
     // The two costs have always been shown differently.
-    {textBox,
-     "txtCurrCost",
-     "&Current Cost:",
-     musicField("CurrCost"),
-     {costs, 2, 1},
-     Shown::signedNumber},
-    {dropDown, "cmbMediaType", "&Media Type:", musicField("MediaType"), {media, 0, 1}},
-    {checkBox, "chkHasBook", "Has &Booklet", musicField("HasBook"), {media, 1, 1}},
-    {checkBox, "chkCurrLoaned", "Currently On &Loan", musicField("CurrLoaned"), {onLoan, 0, 1}},
+    input("txtCurrCost", "&Current Cost:", musicField("CurrCost"), {costs, 2, 1})
+        .as(Shown::signedNumber),
+    input("cmbMediaType", "&Media Type:", musicField("MediaType"), {media, 0, 1}),
+    input("chkHasBook", "Has &Booklet", musicField("HasBook"), {media, 1, 1}),
+    input("chkCurrLoaned", "Currently On &Loan", musicField("CurrLoaned"), {onLoan, 0, 1}),
     text("txtBorrower", "B&orrower:", musicField("Borrower"), {borrower}),
     text("txtDateLoaned", "Da&te Borrowed:", musicField("DateLoaned"), {dates, 0, 1}),
     text("txtDueDate", "D&ue Date:", musicField("DueDate"), {dates, 1, 1}),
-    {checkBox, "chkBookLoaned", "B&ook Loaned", musicField("BookLoaned"), {dates, 2, 1}},
+    input("chkBookLoaned", "B&ook Loaned", musicField("BookLoaned"), {dates, 2, 1}),
     text("txtNotes", "&Notes:", musicField("Notes"), {notes}),
-    {dropDown, "cmbGenre", "&Genre:", musicField("Genre"), {genre, 0, 1}},
+    input("cmbGenre", "&Genre:", musicField("Genre"), {genre, 0, 1}),
     text("txtBarCode", "Bar Code/&ID:", musicField("BarCode"), {genre, 1, 2}),
 };
 
@@ -96,23 +85,23 @@ constexpr MenuRow kMenus[] = {
     {"HelpMenu", "&Help", Command::about, "AboutMusic", "&About"},
 };
 
-constexpr EditorTables kTables = {"frmMusic",
-                                  "lblIndex",
-                                  "Record #:",
-                                  kInputs,
-                                  kHeadings,
-                                  kButtons,
-                                  kMenus,
-                                  "About Music Collection",
-                                  "Music",
-                                  "music.md",
-                                  {kInputs, kHeadings}};
+constexpr EditorTables kTables = {.formName = "frmMusic",
+                                  .inputs = kInputs,
+                                  .headings = kHeadings,
+                                  .buttons = kButtons,
+                                  .menus = kMenus,
+                                  .aboutTitle = "About Music Collection",
+                                  .aboutArea = "Music",
+                                  .helpPage = "music.md",
+                                  .search = {.inputs = kInputs, .headings = kHeadings},
+                                  .setupDialog = "cdlQBXMusic"};
 
 }  // namespace
 
-frmMusic::frmMusic(Program& program) : frmEditor(program, *kindOfExtension("MCS"), kTables) {
-  onClick(sheet().checkBox("chkCurrLoaned"), [this] { loanenable(); });
-  onClick(sheet().checkBox("chkHasBook"), [this] { chkHasBook_Click(); });
+frmMusic::frmMusic(Program& program, PrintEngine& printEngine)
+    : frmEditor(program, printEngine, *kindOfExtension("MCS"), kTables) {
+  sheet().whenToggled("chkCurrLoaned", [this] { chkCurrLoaned_Click(); });
+  sheet().whenToggled("chkHasBook", [this] { chkHasBook_Click(); });
   sheet().dropDown("cmbMediaType").installEventFilter(this);
 }
 
@@ -123,18 +112,20 @@ void frmMusic::choose(Command command) {
     frmEditor::choose(command);
 }
 
-void frmMusic::Form_Load() {
+void frmMusic::Form_Load(OpenCollection& opening) {
   const MediaTypeList mediaTypes = ReadIni();
-  const bool isNew = state().newCollection;
+  const bool isNew = opening.newCollection;
   auto found = MusicFileState::current;
   if (isNew)
-    makeFile(music_file_type::madeByDialog);
+    makeFile(opening, music_file_type::madeByDialog);
   else
-    found = openMusicFile(state(), store());
+    found = openMusicFile(state().files, opening);
   if (found == MusicFileState::refused) say("Old File Type Incompatible. Contact us for upgrades.");
-  if (found == MusicFileState::upgradable) upgrade();
-  const auto first = found == MusicFileState::refused ? std::nullopt : readFirstItem();
+  if (found == MusicFileState::upgradable) upgrade(opening);
+  const int readable = found == MusicFileState::refused ? 0 : opening.Count;
+  const auto first = readFirstItem(storeOf(opening), readable);
 
+  takeOver(opening);
   showMediaTypes(mediaTypes);
   sheet().setInputEnabled("chkBookLoaned", true);  // the loan rule may leave it as it is
   resetForm();
@@ -142,9 +133,9 @@ void frmMusic::Form_Load() {
   if (!isNew) showFirstItem(first);
 }
 
-void frmMusic::upgrade() {
+void frmMusic::upgrade(OpenCollection& opening) {
   say("Performing file type upgrade.");
-  upgradeMusicFile(state());
+  upgradeMusicFile(state().files, opening);
   say("Updated File Type 4 to File Type 5\r\nBarCode/ID Field Added.");
   say("Updating complete.");
 }
@@ -177,9 +168,9 @@ void frmMusic::UpdateScreen() {
   CreateSongList();
 }
 
-void frmMusic::GetScreen() {
-  frmEditor::GetScreen();
-  GetSongs();
+void frmMusic::GetScreen(std::span<std::byte> record) {
+  frmEditor::GetScreen(record);
+  GetSongs(record);
 }
 
 void frmMusic::ClearData() {
@@ -202,6 +193,8 @@ void frmMusic::loanenable() {
   // Without a booklet its box is left as it is.
   if (sheet().checkBox("chkHasBook").isChecked()) sheet().setInputEnabled("chkBookLoaned", onLoan);
 }
+
+void frmMusic::chkCurrLoaned_Click() { loanenable(); }
 
 void frmMusic::chkHasBook_Click() {
   if (sheet().checkBox("chkCurrLoaned").isChecked())
@@ -232,8 +225,9 @@ void frmMusic::CreateSongList() {
   fillSongPages();
 }
 
-void frmMusic::GetSongs() {
-  for (std::size_t song = 0; song < kSongs; ++song) state().music.Songs.at(song) = this->song(song);
+void frmMusic::GetSongs(std::span<std::byte> record) const {
+  for (std::size_t song = 0; song < kSongs; ++song)
+    setText(*musicField("Songs"), record, this->song(song), song);
 }
 
 std::string frmMusic::song(std::size_t song) const {
@@ -265,6 +259,8 @@ void frmMusic::fillSongPages() {
   for (std::size_t song = 0; song < kSongs; ++song)
     if (const auto& page = pages_.at(song / frmSongEdit::kSongsPerPage))
       page->showSong(song % frmSongEdit::kSongsPerPage, songs_.at(song));
+  for (const auto& page : pages_)
+    if (page) page->clearAddBox();
 }
 
 void frmMusic::EditSongs_Click() {
@@ -277,7 +273,7 @@ void frmMusic::EditSongs_Click() {
 }
 
 void frmMusic::exitSongs(frmSongEdit& page) {
-  GetSongs();
+  GetSongs(buffer());
   updateNotWritten();
   showInsteadOf(page);
   sheet().textBox("txtArtist").setFocus();

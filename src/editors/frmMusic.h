@@ -13,13 +13,13 @@ namespace quillbox {
 /// The editor of music collections.
 class frmMusic : public frmEditor {
  public:
-  explicit frmMusic(Program& program);
+  frmMusic(Program& program, PrintEngine& printEngine);
 
  protected:
-  void Form_Load() override;
+  void Form_Load(OpenCollection& opening) override;
   void choose(Command command) override;
   void UpdateScreen() override;
-  void GetScreen() override;
+  void GetScreen(std::span<std::byte> record) override;
   void ClearData() override;
   bool subListDiffers(const Record* record) const override;
   void clearSubList() override { ClearSongList(); }
@@ -36,15 +36,16 @@ class frmMusic : public frmEditor {
   /// deleted.
   MediaTypeList ReadIni();
   void showMediaTypes(const MediaTypeList& list);
-  void upgrade();
+  void upgrade(OpenCollection& opening);
 
   void loanenable();
+  void chkCurrLoaned_Click();
   void chkHasBook_Click();
   void cmbMediaType_Focus();
 
   void ClearSongList();
   void CreateSongList();
-  void GetSongs();
+  void GetSongs(std::span<std::byte> record) const;
   std::string song(std::size_t song) const;  ///< as it stands on its page
 
   void EditSongs_Click();

@@ -9,55 +9,22 @@ enum Row { diskHeading, label, publisher, media, boxes, purchaseHeading, prices,
 
 constexpr HeadingRow kHeadings[] = {{"Disk", diskHeading}, {"Purchase", purchaseHeading}};
 
-using enum InputKind;
+constexpr InputRow txtSftWare(int element, const char* caption, const Field* field, Place place) {
+  return input("txtSftWare", caption, field, place).inArray(element).labelled("lblSftWare");
+}
 
 // The two prices have no colon.
 constexpr InputRow kInputs[] = {
-    {textBox,
-     "txtSftWare_0",
-     "&Disk Label:",
-     softwareField("DiskLabel"),
-     {label},
-     Shown::trimmed,
-     "lblSftWare_0"},
-    {textBox,
-     "txtSftWare_1",
-     "P&ublisher:",
-     softwareField("Publisher"),
-     {publisher},
-     Shown::trimmed,
-     "lblSftWare_1"},
-    {dropDown,
-     "cmbMediaType",
-     "&Media Type:",
-     softwareField("MediaType"),
-     {media, 0, 1},
-     Shown::trimmed,
-     "lblMedia"},
-    {checkBox, "chkCommercial", "C&ommercial", softwareField("Commercial"), {boxes, 0, 1}},
-    {checkBox, "chkShareWare", "&Shareware", softwareField("Shareware"), {boxes, 1, 1}},
-    {checkBox, "chkCDRequired", "CD R&equired", softwareField("CDRequired"), {boxes, 2, 1}},
-    {textBox,
-     "txtSftWare_2",
-     "&Purchase Price",
-     softwareField("PurPrice"),
-     {prices, 0, 1},
-     Shown::number,
-     "lblSftWare_2"},
-    {textBox,
-     "txtSftWare_3",
-     "&Current Price",
-     softwareField("CurrPrice"),
-     {prices, 1, 1},
-     Shown::number,
-     "lblSftWare_3"},
-    {textBox,
-     "txtSftWare_4",
-     "&Notes:",
-     softwareField("Notes"),
-     {notes},
-     Shown::trimmed,
-     "lblSftWare_4"},
+    txtSftWare(0, "&Disk Label:", softwareField("DiskLabel"), {label}),
+    txtSftWare(1, "P&ublisher:", softwareField("Publisher"), {publisher}),
+    input("cmbMediaType", "&Media Type:", softwareField("MediaType"), {media, 0, 1})
+        .labelled("lblMedia"),
+    input("chkCommercial", "C&ommercial", softwareField("Commercial"), {boxes, 0, 1}),
+    input("chkShareWare", "&Shareware", softwareField("Shareware"), {boxes, 1, 1}),
+    input("chkCDRequired", "CD R&equired", softwareField("CDRequired"), {boxes, 2, 1}),
+    txtSftWare(2, "&Purchase Price", softwareField("PurPrice"), {prices, 0, 1}),
+    txtSftWare(3, "&Current Price", softwareField("CurrPrice"), {prices, 1, 1}),
+    txtSftWare(4, "&Notes:", softwareField("Notes"), {notes}),
 };
 
 constexpr ButtonRow kButtons[] = {
@@ -93,32 +60,31 @@ constexpr ButtonRow kPageButtons[] = {
     {Command::exitCollection, "cmdExit", "E&xit Window"},
 };
 
-constexpr ListPageTables kPage = {"frmSoftwareTitles",
-                                  "Software Collection Manager",
-                                  softwareField("Programs"),
-                                  "txtProgram",
-                                  "lblProgram",
-                                  kCaptions,
-                                  kPageButtons};
+constexpr ListPageTables kPage = {.formName = "frmSoftwareTitles",
+                                  .caption = "Software Collection Manager",
+                                  .field = softwareField("Programs"),
+                                  .boxName = "txtProgram",
+                                  .captionName = "lblProgram",
+                                  .captions = kCaptions,
+                                  .buttons = kPageButtons};
 
 constexpr FamilyTables kTables = {
-    .editor = {"frmSoftware",
-               "lblIndex",
-               "Record #:",
-               kInputs,
-               kHeadings,
-               kButtons,
-               kMenus,
-               "About Software Collection",
-               "Software",
-               "software.md",
-               {kInputs, kHeadings}},
+    .editor = {.formName = "frmSoftware",
+               .inputs = kInputs,
+               .headings = kHeadings,
+               .buttons = kButtons,
+               .menus = kMenus,
+               .aboutTitle = "About Software Collection",
+               .aboutArea = "Software",
+               .helpPage = "software.md",
+               .search = {.inputs = kInputs, .headings = kHeadings}},
     .listPage = &kPage,
     .captionsClickable = true,
 };
 
 }  // namespace
 
-frmSoftware::frmSoftware(Program& program) : frmFamily(program, "SCS", kTables) {}
+frmSoftware::frmSoftware(Program& program, PrintEngine& printEngine)
+    : frmFamily(program, printEngine, "SCS", kTables) {}
 
 }  // namespace quillbox

@@ -7,7 +7,7 @@ namespace quillbox {
 /// The editor of software collections.
 class frmSoftware : public frmFamily {
  public:
-  explicit frmSoftware(Program& program);
+  frmSoftware(Program& program, PrintEngine& printEngine);
 };
 
 }  // namespace quillbox

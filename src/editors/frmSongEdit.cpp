@@ -51,6 +51,11 @@ frmSongEdit::frmSongEdit(Program& program, int page, Owner owner)
       makeCaption(*txtSongEdit_, QStringLiteral("txtSongEdit"), QStringLiteral("A&dd Song:")), 0,
       0);
   grid->addWidget(txtSongEdit_, 0, 1, 1, 3);
+  lblFull_ = new QLabel(QStringLiteral("This page is full: the title has no place yet."));
+  lblFull_->setObjectName(QStringLiteral("lblFull"));
+  grid->addWidget(lblFull_, 1, 1, 1, 3);
+  sayFull(false);
+  connect(txtSongEdit_, &QLineEdit::textChanged, this, [this] { sayFull(false); });
   makeSongs(*grid);
   column->addLayout(grid);
   column->addStretch(1);
@@ -64,11 +69,10 @@ void frmSongEdit::makeSongs(QGridLayout& grid) {
   constexpr int rows = static_cast<int>(kSongsPerPage) / 2;
   for (int song = 0; song < 2 * rows; ++song) {
     auto* box = new TextBox(kSongWidth);
-    auto* caption =
-        makeCaption(*box, QStringLiteral("txtSongTitle_%1").arg(song), songCaption(page_, song));
+    auto* caption = makeCaption(*box, controlName("txtSongTitle", song), songCaption(page_, song));
     box->setMinimumWidth(fontMetrics().averageCharWidth() * kUsualTitle);
     if (song >= rows) caption->setIndent(fontMetrics().averageCharWidth());
-    const int row = 1 + song % rows;
+    const int row = 2 + song % rows;
     const int column = 2 * (song / rows);
     grid.addWidget(caption, row, column);
     grid.addWidget(box, row, column + 1);
@@ -102,7 +106,7 @@ void frmSongEdit::Form_Unload() {
 }
 
 /// Puts the title typed at the top into the first empty box of the page; a full page leaves it
-/// where it is.
+/// where it is, and says so.
 void frmSongEdit::txtSongEdit_Enter() {
   const QString title = txtSongEdit_->text();
   if (title.trimmed().isEmpty()) return;
@@ -110,11 +114,18 @@ void frmSongEdit::txtSongEdit_Enter() {
       songs_, [](const TextBox* box) { return box->text().trimmed().isEmpty(); });
   if (empty == songs_.end()) {
     txtSongEdit_->selectAll();
-    return;
+    return sayFull(true);
   }
   (*empty)->setText(title);
   txtSongEdit_->clear();
 }
+
+void frmSongEdit::sayFull(bool isFull) {
+  lblFull_->setVisible(isFull);
+  txtSongEdit_->setAccessibleDescription(isFull ? lblFull_->text() : QString());
+}
+
+void frmSongEdit::clearAddBox() { txtSongEdit_->clear(); }
 
 void frmSongEdit::showSong(std::size_t song, std::string_view text) {
   songs_.at(song)->showPadded(fromRecordText(text));

@@ -36,6 +36,9 @@ class frmSongEdit : public Form {
   void showSong(std::size_t song, std::string_view text);
   std::string song(std::size_t song) const;
 
+  /// A title that found no place is its own album's alone.
+  void clearAddBox();
+
   void setRecordLabel(const std::string& text);
 
  protected:
@@ -45,11 +48,13 @@ class frmSongEdit : public Form {
   void makeSongs(QGridLayout& grid);
   void makeButtons(QHBoxLayout& row);
   void txtSongEdit_Enter();
+  void sayFull(bool isFull);
 
   int page_;
   Owner owner_;
   std::array<TextBox*, kSongsPerPage> songs_{};
   TextBox* txtSongEdit_ = nullptr;
+  QLabel* lblFull_ = nullptr;
   QLabel* lblIndex_ = nullptr;
 };
 

@@ -10,47 +10,19 @@ enum Row { tapeHeading, title, publisher, media, purchaseHeading, prices, notesH
 constexpr HeadingRow kHeadings[] = {
     {"Tape", tapeHeading}, {"Purchase", purchaseHeading}, {"Notes", notesHeading}};
 
-using enum InputKind;
-
 constexpr InputRow kInputs[] = {
-    {textBox,
-     "txtVidTitle",
-     "&Label Text:",
-     videoField("Label"),
-     {title},
-     Shown::trimmed,
-     "lblVidTitle"},
-    {textBox, "txtPublisher", "&Publisher:", videoField("Publisher"), {publisher}},
-    {dropDown,
-     "cmbMediaType",
-     "&Media Type:",
-     videoField("MediaType"),
-     {media, 0, 2},
-     Shown::trimmed,
-     "lblMedia"},
-    {checkBox, "chkCommercial", "C&ommercially Recorded", videoField("Commercial"), {media, 2, 1}},
-    {textBox,
-     "txtPurPrice",
-     "&Purchase Price:",
-     videoField("PurPrice"),
-     {prices, 0, 1},
-     Shown::number,
-     "lblPurPrice"},
-    {textBox,
-     "txtCurrPrice",
-     "&Current Price:",
-     videoField("CurrPrice"),
-     {prices, 1, 1},
-     Shown::number},
-    {textBox,
-     "txtAquireDate",
-     "A&quisition Date:",
-     videoField("AquireDate"),
-     {prices, 2, 1},
-     Shown::number,
-     "lblAquireDate",
-     WhenEmpty::newYear1980},
-    {textBox, "txtNotes", "&Notes:", videoField("Notes"), {notes}, Shown::trimmed, "lblNotes"},
+    input("txtVidTitle", "&Label Text:", videoField("Label"), {title}).labelled("lblVidTitle"),
+    input("txtPublisher", "&Publisher:", videoField("Publisher"), {publisher}),
+    input("cmbMediaType", "&Media Type:", videoField("MediaType"), {media, 0, 2})
+        .labelled("lblMedia"),
+    input("chkCommercial", "C&ommercially Recorded", videoField("Commercial"), {media, 2, 1}),
+    input("txtPurPrice", "&Purchase Price:", videoField("PurPrice"), {prices, 0, 1})
+        .labelled("lblPurPrice"),
+    input("txtCurrPrice", "&Current Price:", videoField("CurrPrice"), {prices, 1, 1}),
+    input("txtAquireDate", "A&quisition Date:", videoField("AquireDate"), {prices, 2, 1})
+        .labelled("lblAquireDate")
+        .filledWith(WhenEmpty::newYear1980),
+    input("txtNotes", "&Notes:", videoField("Notes"), {notes}).labelled("lblNotes"),
 };
 
 constexpr ButtonRow kButtons[] = {
@@ -86,29 +58,31 @@ constexpr ButtonRow kPageButtons[] = {
     {Command::exitCollection, "cmdExit", "E&xit Window"},
 };
 
-constexpr ListPageTables kPage = {"frmVideoTitles",     "Video Tape Collection Manager",
-                                  videoField("Movies"), "txtMovieTitle",
-                                  "lblvidtitles",       kCaptions,
-                                  kPageButtons};
+constexpr ListPageTables kPage = {.formName = "frmVideoTitles",
+                                  .caption = "Video Tape Collection Manager",
+                                  .field = videoField("Movies"),
+                                  .boxName = "txtMovieTitle",
+                                  .captionName = "lblvidtitles",
+                                  .captions = kCaptions,
+                                  .buttons = kPageButtons};
 
 constexpr FamilyTables kTables = {
-    .editor = {"frmVideo",
-               "lblIndex",
-               "Record #:",
-               kInputs,
-               kHeadings,
-               kButtons,
-               kMenus,
-               "About Video Collection",
-               "Video",
-               "video.md",
-               {kInputs, kHeadings}},
+    .editor = {.formName = "frmVideo",
+               .inputs = kInputs,
+               .headings = kHeadings,
+               .buttons = kButtons,
+               .menus = kMenus,
+               .aboutTitle = "About Video Collection",
+               .aboutArea = "Video",
+               .helpPage = "video.md",
+               .search = {.inputs = kInputs, .headings = kHeadings}},
     .listPage = &kPage,
     .hidesDeleted = true,
 };
 
 }  // namespace
 
-frmVideo::frmVideo(Program& program) : frmFamily(program, "VCS", kTables) {}
+frmVideo::frmVideo(Program& program, PrintEngine& printEngine)
+    : frmFamily(program, printEngine, "VCS", kTables) {}
 
 }  // namespace quillbox

@@ -7,7 +7,7 @@ namespace quillbox {
 /// The editor of video collections.
 class frmVideo : public frmFamily {
  public:
-  explicit frmVideo(Program& program);
+  frmVideo(Program& program, PrintEngine& printEngine);
 };
 
 }  // namespace quillbox

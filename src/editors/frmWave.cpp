@@ -1,8 +1,7 @@
 #include "editors/frmWave.h"
 
-#include "editors/media_loader.h"
+#include "platform/desktop.h"
 #include "platform/paths.h"
-#include "printing/frmRecDisp.h"
 #include "records/media_file_record.h"
 
 namespace quillbox {
@@ -10,35 +9,16 @@ namespace {
 
 enum Row { fileName, path, description };
 
-using enum InputKind;
-
 constexpr InputRow kInputs[] = {
-    {textBox,
-     "txtFileName",
-     "File&Name",
-     mediaFileField("FileName"),
-     {fileName},
-     Shown::trimmed,
-     "Label1"},
-    {textBox,
-     "txtPath",
-     "&Path To File:",
-     mediaFileField("FilePath"),
-     {path},
-     Shown::trimmed,
-     "Label3"},
-    {textBox,
-     "txtDesc",
-     "&Description:",
-     mediaFileField("Description"),
-     {description},
-     Shown::trimmed,
-     "Label2"},
+    input("txtFileName", "File&Name", mediaFileField("FileName"), {fileName}).labelled("Label1"),
+    input("txtPath", "&Path To File:", mediaFileField("FilePath"), {path}).labelled("Label3"),
+    input("txtDesc", "&Description:", mediaFileField("Description"), {description})
+        .labelled("Label2"),
 };
 
 // Only the name can be searched for; its caption has no access key here.
 constexpr InputRow kSearchInputs[] = {
-    {textBox, "txtFileName", "FileName:", mediaFileField("FileName"), {fileName}}};
+    input("txtFileName", "FileName:", mediaFileField("FileName"), {fileName})};
 
 constexpr ButtonRow kButtons[] = {
     {Command::previous, "cmdPrev", "Pre&vious Item"},
@@ -62,75 +42,82 @@ constexpr MenuRow kMenus[] = {
     {"HelpMenu", "&Help", Command::about, "AboutCollection", "&About"},
 };
 
-constexpr EditorTables kTables = {"frmWave",
-                                  "lblRec",
-                                  "Record #:None",
-                                  kInputs,
-                                  {},
-                                  kButtons,
-                                  kMenus,
-                                  "About Wav/MIDI/Graphic Collection",
-                                  "Wave/Midi/Graphics",
-                                  "media-files.md",
-                                  {kSearchInputs, {}}};
+constexpr EditorTables kTables = {.formName = "frmWave",
+                                  .indicatorName = "lblRec",
+                                  .indicatorText = "Record #:None",
+                                  .inputs = kInputs,
+                                  .buttons = kButtons,
+                                  .menus = kMenus,
+                                  .aboutTitle = "About Wav/MIDI/Graphic Collection",
+                                  .aboutArea = "Wave/Midi/Graphics",
+                                  .helpPage = "media-files.md",
+                                  .search = {.inputs = kSearchInputs}};
 
 }  // namespace
 
 /// All four kinds follow the same rules; the code of the open one tells them apart.
-frmWave::frmWave(Program& program) : frmEditor(program, *kindOfExtension("WCS"), kTables) {}
+frmWave::frmWave(Program& program, PrintEngine& printEngine)
+    : frmEditor(program, printEngine, *kindOfExtension("WCS"), kTables) {}
 
-void frmWave::Form_Load() {
-  const bool isNew = state().newCollection;
-  if (isNew || !state().files.fileSystem().exists(state().currentPath))
-    makeFile(store().kind().rules.fileType);
+void frmWave::Form_Load(OpenCollection& opening) {
+  const bool isNew = opening.newCollection;
+  if (isNew || !state().files.fileSystem().exists(opening.currentPath))
+    makeFile(opening, store().kind().rules.fileType);
   else
-    readCount();
-  const auto first = readFirstItem();
+    opening.Count = storeOf(opening).readCount();
+  const auto first = readFirstItem(storeOf(opening), opening.Count);
 
+  takeOver(opening);
   resetForm();
-  if (const CollectionKind* kind = kindOfMediaCode(state().mediaCode))
-    setFileCaption(*kind);
+  if (mediaCodeOf(opening.kindCode) != 0)
+    setFileCaption(*kindOfCode(opening.kindCode));
   else
     program().message(kDefaultTitle, "Fucked!");
   if (!isNew) showFirstItem(first);
 }
 
 void frmWave::choose(Command command) {
-  if (command == Command::loadFolder)
-    LoadMenu_Click();
-  else
-    frmEditor::choose(command);
+  frmEditor::choose(command);
+  if (command == Command::loadFolder) LoadMenu_Click();
 }
 
 void frmWave::LoadMenu_Click() {
-  const CollectionKind* kind = kindOfMediaCode(state().mediaCode);
-  if (kind == nullptr) return;
-  const LoaderRow& loader = loaderRow(state().mediaCode);
+  const int mediaCode = mediaCodeOf(state().kindCode);
+  if (mediaCode == 0) return;
+  const LoaderRow& loader = loaderRow(mediaCode);
   FileSystem& files = state().files.fileSystem();
   // Cancelled or not, what is scanned is the folder where the dialog ended.
-  if (const auto picked = desktop().openDialog({loader.title, loader.filter}))
+  const FileDialog cdlWaves{.title = loader.title, .filter = loader.filter, .name = "cdlWaves"};
+  if (const auto picked = desktop().openDialog(cdlWaves))
     files.setCurrentFolder(std::string(folderOf(*picked)));
   const std::string folder = files.currentFolder();
   const auto names = filesToLoad(files, folder, loaderPatterns(loader.filter));
-  if (names.empty() && loader.saysWhenEmpty) {
+  if (names.empty() && loader.saysWhenEmpty)
     program().message(kDefaultTitle, "Error!");
-    return;
-  }
-  loadFolder(folder, names);
-  showCurrentItem();
+  else
+    showLoaded(loadFolder(folder, names));
 }
 
-void frmWave::loadFolder(const std::string& folder, const std::vector<std::string>& names) {
-  const OpenBoard board(program().form<frmRecDisp>(), "Loading Data");
+LoadedFiles frmWave::loadFolder(const std::string& folder, const std::vector<std::string>& names) {
+  const OpenBoard board(program().board(), "Loading Data");
   hide();
-  loadFiles(state(), store().kind(), folder, names, program().form<frmRecDisp>());
+  return loadFiles(state().files, state(), store().kind(), folder, names, program().board());
 }
 
-void frmWave::showCurrentItem() {
+/// The current item; where there is none, the first, unless nothing was added. After a failure what
+/// is typed stays.
+void frmWave::showLoaded(const LoadedFiles& loaded) {
+  const bool isMore = loaded.count > state().Count;
+  const auto showFirst = [this] { showFirstItem(readFirstItem(store(), state().Count)); };
+  takeCount(loaded.count);
+  if (loaded.failure) {
+    if (state().CurRec == 0 && isMore) ignoringErrors(showFirst);
+    throw *loaded.failure;
+  }
   if (state().CurRec >= 1)
     readAndShow(state().CurRec);
-  else
-    showFirstItem(readFirstItem());
+  else if (isMore)
+    showFirst();
   show();
   activateWindow();
 }

@@ -1,22 +1,23 @@
 #pragma once
 
 #include "editors/frmEditor.h"
+#include "editors/media_loader.h"
 
 namespace quillbox {
 
 /// The editor of the four catalogues of media files, which can fill themselves from a folder.
 class frmWave : public frmEditor {
  public:
-  explicit frmWave(Program& program);
+  frmWave(Program& program, PrintEngine& printEngine);
 
  protected:
-  void Form_Load() override;
+  void Form_Load(OpenCollection& opening) override;
   void choose(Command command) override;
 
  private:
   void LoadMenu_Click();
-  void loadFolder(const std::string& folder, const std::vector<std::string>& names);
-  void showCurrentItem();
+  LoadedFiles loadFolder(const std::string& folder, const std::vector<std::string>& names);
+  void showLoaded(const LoadedFiles& loaded);
 };
 
 }  // namespace quillbox

@@ -4,10 +4,13 @@
 #include <array>
 #include <unordered_set>
 
+#include "platform/checked16.h"
 #include "platform/paths.h"
+#include "records/collection_store.h"
 #include "records/record_file.h"
 #include "records/version.h"
-#include "records/windows1252.h"
+#include "text/padding.h"
+#include "text/windows1252.h"
 
 namespace quillbox {
 namespace {
@@ -33,6 +36,34 @@ Names namesOf(RecordFile& file, int count) {
     names.emplace(withoutTrailingBlanks(record.FileName.view()));
   }
   return names;
+}
+
+void addFiles(RecordFile& file, const CollectionKind& kind, const std::string& folder,
+              const std::vector<std::string>& names, Board& board, LoadedFiles& loaded) {
+  HeaderRecord header;
+  file.read(kHeaderRecordNumber, bytesOf(header));
+  loaded.count = std::max<std::int16_t>(header.Count, 0);
+  header.FileType = kind.rules.fileType;
+  header.Version = kVersionText;
+  Names known = namesOf(file, loaded.count);
+
+  const int total = static_cast<int>(names.size());
+  for (int done = 0; const std::string& name : names) {
+    board.print(name);
+    board.progress(++done, total);
+    MediaFileRecord record;
+    record.FileName = fromUtf8(name);
+    if (!known.emplace(withoutTrailingBlanks(record.FileName.view())).second) continue;
+    record.FilePath = fromUtf8(folder);
+    record.FileSize = 0;  // never measured
+    record.Description = "";
+    const std::int16_t count = checked16(loaded.count + 1);
+    header.Count = count;
+    // The item first: a header that counts it is never without it.
+    file.write(recordNumberOf(count), bytesOf(record));
+    file.write(kHeaderRecordNumber, bytesOf(header));
+    loaded.count = count;
+  }
 }
 
 }  // namespace
@@ -63,34 +94,20 @@ std::vector<std::string> filesToLoad(FileSystem& files, const std::string& folde
   return names;
 }
 
-void loadFiles(AppState& state, const CollectionKind& kind, const std::string& folder,
-               const std::vector<std::string>& names, Board& board) {
-  RecordFile file(state.files, state.currentPath, kind.recordLength, OpenMode::update);
-  HeaderRecord header;
-  file.read(kHeaderRecordNumber, bytesOf(header));
-  state.Count = std::max<std::int16_t>(header.Count, 0);
-  header.FileType = kind.rules.fileType;
-  header.Version = kVersionText;
-  Names known = namesOf(file, state.Count);
-
-  const int total = static_cast<int>(names.size());
-  for (int done = 0; const std::string& name : names) {
-    board.print(name);
-    board.progress(++done, total);
-    MediaFileRecord& record = state.mediaFile;
-    record.FileName = fromUtf8(name);
-    if (!known.emplace(withoutTrailingBlanks(record.FileName.view())).second) continue;
-    record.FilePath = fromUtf8(folder);
-    record.FileSize = 0;  // never measured
-    record.Description = "";
-    const std::int16_t count = checked16(state.Count + 1);
-    header.Count = count;
-    // The item first: a header that counts it is never without it.
-    file.write(recordNumberOf(count), bytesOf(record));
-    file.write(kHeaderRecordNumber, bytesOf(header));
-    state.Count = count;
+LoadedFiles loadFiles(OpenFiles& files, const OpenCollection& collection,
+                      const CollectionKind& kind, const std::string& folder,
+                      const std::vector<std::string>& names, Board& board) {
+  LoadedFiles loaded{.count = collection.Count};
+  try {
+    RecordFile file(files, collection.currentPath, kind.recordLength, OpenMode::update);
+    addFiles(file, kind, folder, names, board, loaded);
+    file.close();
+  } catch (const RunTimeError& error) {
+    loaded.failure = error;
+    // A header that was written in part may count the last item already.
+    ignoringErrors([&] { loaded.count = CollectionStore(files, collection, kind).readCount(); });
   }
-  file.close();
+  return loaded;
 }
 
 }  // namespace quillbox

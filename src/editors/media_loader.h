@@ -1,11 +1,14 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/board.h"
 #include "platform/desktop.h"
-#include "printing/board.h"
+#include "platform/run_time_error.h"
 #include "records/collection_store.h"
 
 namespace quillbox {
@@ -27,11 +30,18 @@ std::vector<std::string> loaderPatterns(std::string_view filter);
 std::vector<std::string> filesToLoad(FileSystem& files, const std::string& folder,
                                      const std::vector<std::string>& patterns);
 
+/// What loading came to.
+struct LoadedFiles {
+  std::int16_t count;  ///< items in the file now
+  std::optional<RunTimeError> failure =
+      {};  ///< that ended it; run-time error 6: the collection is full
+};
+
 /// Adds an item for each of the files `names` in `folder` whose name no item has yet. A name is
 /// compared as it would be stored, capitals distinct, and regardless of its folder; deleted items
-/// are not reused. Run-time error 6 when the collection is full; everything added so far is kept
-/// then, and after any other failure.
-void loadFiles(AppState& state, const CollectionKind& kind, const std::string& folder,
-               const std::vector<std::string>& names, Board& board);
+/// are not reused. What was added before a failure is kept.
+LoadedFiles loadFiles(OpenFiles& files, const OpenCollection& collection,
+                      const CollectionKind& kind, const std::string& folder,
+                      const std::vector<std::string>& names, Board& board);
 
 }  // namespace quillbox

@@ -4,7 +4,7 @@
 #include <cstddef>
 
 #include "records/choice_lists.h"
-#include "records/windows1252.h"
+#include "text/windows1252.h"
 
 namespace quillbox {
 namespace {

@@ -33,9 +33,18 @@ class AccessKeysPass : public QObject {
 
 }  // namespace
 
+QString controlName(const char* name, int element) {
+  const QString control = QString::fromUtf8(name);
+  return element == kNoElement ? control : QStringLiteral("%1_%2").arg(control).arg(element);
+}
+
+void nameControl(QWidget& control, const QString& name, const QString& caption) {
+  control.setObjectName(name);
+  control.setAccessibleName(withoutAccessKey(caption));
+}
+
 QLabel* makeCaption(QWidget& input, const QString& name, const QString& caption) {
-  input.setObjectName(name);
-  input.setAccessibleName(withoutAccessKey(caption));
+  nameControl(input, name, caption);
   input.installEventFilter(new AccessKeysPass(&input));
   auto* label = new QLabel(caption);
   label->setBuddy(&input);
@@ -44,8 +53,7 @@ QLabel* makeCaption(QWidget& input, const QString& name, const QString& caption)
 
 QPushButton* makeButton(const QString& name, const QString& caption) {
   auto* button = new QPushButton(caption);
-  button->setObjectName(name);
-  button->setAccessibleName(withoutAccessKey(caption));
+  nameControl(*button, name, caption);
   button->setAutoDefault(true);
   return button;
 }

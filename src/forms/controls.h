@@ -9,6 +9,15 @@ class QWidget;
 /// How every form makes its controls, so that each is found by its name and known by its caption.
 namespace quillbox {
 
+/// Of a control that is in no control array.
+inline constexpr int kNoElement = -1;
+
+/// The name of an element of a control array is "array_element".
+QString controlName(const char* name, int element = kNoElement);
+
+/// Names a control and gives it the caption it is known by.
+void nameControl(QWidget& control, const QString& name, const QString& caption);
+
 /// Names an input, gives it the caption it is known by and keeps access keys from being typed into
 /// it; returns the label that shows the caption and leads to the input by its access key.
 QLabel* makeCaption(QWidget& input, const QString& name, const QString& caption);

@@ -3,59 +3,19 @@
 #include <QWidget>
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
-#include "platform/desktop.h"
-#include "records/field.h"
+#include "forms/inputs.h"
 
 class QCheckBox;
 class QComboBox;
 class QGridLayout;
-class QLabel;
 class QLineEdit;
 
 namespace quillbox {
-
-enum class InputKind { textBox, checkBox, dropDown };
-
-/// How a text box shows what its field holds.
-enum class Shown {
-  padded,        ///< the text with its trailing blanks
-  trimmed,       ///< the text without them
-  number,        ///< an amount, a whole number or a date in its text form
-  signedNumber,  ///< an amount with a blank before it when it is not negative
-};
-
-/// What is put into a box that is empty when it is stored.
-enum class WhenEmpty {
-  staysEmpty,
-  today,        ///< today's date as the platform's short date text
-  newYear1980,  ///< "1/1/80"
-};
-
-/// Where an input stands: a row, and the first and the number of the sheet's columns it takes.
-struct Place {
-  int row;
-  int column = 0;
-  int columns = kFullWidth;
-
-  static constexpr int kFullWidth = 3;
-};
-
-/// One captioned input of a form and the field it shows.
-struct InputRow {
-  InputKind kind;
-  const char* name;     ///< of the control
-  const char* caption;  ///< "&" marks the access key
-  const Field* field;
-  Place place;
-  Shown shown = Shown::trimmed;
-  const char* captionName = nullptr;  ///< of the label, where it has one
-  WhenEmpty whenEmpty = WhenEmpty::staysEmpty;
-};
 
 /// A heading over a group of inputs.
 struct HeadingRow {
@@ -95,7 +55,11 @@ class FieldSheet : public QWidget {
 
   /// `changed` is called when the user, or the program other than by showing and clearing, changes
   /// an input.
-  void whenChanged(std::function<void()> changed);
+  void whenChanged(const std::function<void()>& changed);
+
+  /// The same for one check box, whichever way it is toggled: mouse, keys, assistive technology.
+  /// `toggled` must not fail.
+  void whenToggled(const char* name, std::function<void()> toggled);
 
   /// Empties the texts and clears the boxes.
   void clear();
@@ -104,12 +68,12 @@ class FieldSheet : public QWidget {
   void clearLists();
 
   // The controls by name; the name must be in the table with that kind.
-  QLineEdit& textBox(std::string_view name);
-  QCheckBox& checkBox(std::string_view name);
-  QComboBox& dropDown(std::string_view name);
+  QLineEdit& textBox(const char* name) const;
+  QCheckBox& checkBox(const char* name) const;
+  QComboBox& dropDown(const char* name) const;
 
-  /// Enables or disables an input together with its caption.
-  void setInputEnabled(std::string_view name, bool enabled);
+  /// Enables or disables an input together with its caption; the name must be in the table.
+  void setInputEnabled(const char* name, bool enabled);
 
   /// Puts the focus on the first input.
   void focusFirst();
@@ -121,25 +85,12 @@ class FieldSheet : public QWidget {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  struct Bound {
-    const InputRow* row;
-    QWidget* input;
-    QLabel* caption;   // none for a check box, which carries its own
-    int resting = -1;  // the entry of a list that nobody chose since the sheet was shown or cleared
-  };
+  void place(const Input& input, QGridLayout& grid);
+  template <typename Control>
+  Control& control(const char* name) const;
+  std::function<void()> byUser(std::function<void()> handler);
 
-  const Bound& bound(std::string_view name) const;
-  Bound makeInput(const InputRow& row, QGridLayout& grid);
-  void showField(Bound& bound, std::span<const std::byte> record);
-  QString shownText(const InputRow& row, std::span<const std::byte> record) const;
-  std::string numberText(const Field& field, std::span<const std::byte> record, Shown shown) const;
-  bool differs(const Bound& bound, const std::vector<std::byte>* record) const;
-  void storeField(const Bound& bound, std::span<std::byte> record) const;
-  std::string textToStore(const Bound& bound) const;
-
-  Desktop& desktop_;
-  std::vector<Bound> bound_;
-  std::function<void()> changed_;
+  std::vector<std::unique_ptr<Input>> inputs_;
   bool isShowing_ = false;
 };
 

@@ -51,9 +51,7 @@ void Form::restorePlace() {
   program_.windowPlaces()->restore(*this);
 }
 
-void Form::showHelp() {
-  program_.shared<HelpWindow>(program_.windowPlaces()).open(QString::fromUtf8(helpPage_));
-}
+void Form::showHelp() { program_.help().open(QString::fromUtf8(helpPage_)); }
 
 void Form::addMenuItem(const MenuItem& item) {
   const QString menuName = QString::fromUtf8(item.menu);
@@ -104,8 +102,9 @@ void Form::keyPressEvent(QKeyEvent* event) {
 }
 
 void Form::closeEvent(QCloseEvent* event) {
+  event->setAccepted(!program_.isRunning());
+  if (program_.isRunning()) return closeWhileBusy();
   program_.run([this] { Form_Unload(); });
-  event->accept();
 }
 
 }  // namespace quillbox

@@ -50,6 +50,9 @@ class Form : public QMainWindow {
   /// What closing the window means; hides it.
   virtual void Form_Unload() = 0;
 
+  /// The window was closed in the middle of a command; it stays.
+  virtual void closeWhileBusy() {}
+
   void addMenuItem(const MenuItem& item);
 
   /// The page of the manual that F1 and the form's help item open; "index.md" before it is set.

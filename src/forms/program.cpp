@@ -4,13 +4,24 @@
 #include <iterator>
 
 #include "forms/form.h"
+#include "forms/help_window.h"
+#include "platform/desktop.h"
 
 namespace quillbox {
 
+Program::Program(AppState& state, Desktop& desktop) : state_(state), desktop_(desktop) {}
+
+Program::~Program() = default;
+
+HelpWindow& Program::help() {
+  if (!help_) help_ = std::make_unique<HelpWindow>(windowPlaces_);
+  return *help_;
+}
+
 void Program::run(const std::function<void()>& handler) {
-  if (ending_) return;
+  if (ending_ || isRunning_) return;
   const std::vector<Form*> shownBefore = visibleForms();
-  ++depth_;
+  isRunning_ = true;
   try {
     handler();
   } catch (const RunTimeError& error) {
@@ -21,8 +32,8 @@ void Program::run(const std::function<void()>& handler) {
     state_.files.closeAll();
     desktop_.endAtOnce();
   }
-  --depth_;
-  if (depth_ == 0 && !ending_ && visibleForms().empty()) shell_->showStartScreen();
+  isRunning_ = false;
+  if (!ending_ && visibleForms().empty()) shell_->showStartScreen();
 }
 
 void Program::message(std::string_view title, std::string_view text, MessageIcon icon) {

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/board.h"
 #include "platform/desktop.h"
 #include "platform/run_time_error.h"
 #include "records/app_state.h"
@@ -17,6 +18,7 @@
 namespace quillbox {
 
 class Form;
+class HelpWindow;
 class WindowPlaces;
 
 /// What the start-up part of the program does for the forms below it.
@@ -32,14 +34,18 @@ class Shell {
   virtual std::string SaveAs() = 0;
 
   virtual void showNewCollection() = 0;
+
+  /// The one progress board.
+  virtual Board& board() = 0;
 };
 
 /// What all forms share: the state, the desktop, and the one place where handlers run.
 class Program {
  public:
-  Program(AppState& state, Desktop& desktop) : state_(state), desktop_(desktop) {}
+  Program(AppState& state, Desktop& desktop);
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
+  ~Program();
 
   AppState& state() { return state_; }
   Desktop& desktop() { return desktop_; }
@@ -47,6 +53,10 @@ class Program {
   /// The shell must be set before the first handler runs and outlive the last one.
   Shell& shell() { return *shell_; }
   void setShell(Shell& shell) { shell_ = &shell; }
+  Board& board() { return shell_->board(); }
+
+  /// The one help window, made on first use.
+  HelpWindow& help();
 
   /// Where the windows stood when the program was last used; none: nothing is kept. Must outlive
   /// the forms.
@@ -55,7 +65,11 @@ class Program {
 
   /// Runs the handler of a user's action. A run-time error ends the handler: the forms it hid come
   /// back and the error is shown. When no form is left on screen the start screen is shown.
+  ///
+  /// One handler at a time: while one runs no other begins, wherever it comes from. A screen reader
+  /// presses buttons in the middle of a sort, which holds back only keys and the mouse.
   void run(const std::function<void()>& handler);
+  bool isRunning() const { return isRunning_; }
 
   /// Shows a message with an OK button.
   void message(std::string_view title, std::string_view text, MessageIcon icon = MessageIcon::none);
@@ -75,14 +89,6 @@ class Program {
     return static_cast<SomeForm&>(*form);
   }
 
-  /// The one object of that class that all forms share, made from `parts` on first use.
-  template <typename Shared, typename... Parts>
-  Shared& shared(Parts&&... parts) {
-    auto& shared = shared_[typeid(Shared)];
-    if (!shared) shared = std::make_shared<Shared>(std::forward<Parts>(parts)...);
-    return *static_cast<Shared*>(shared.get());
-  }
-
   // Forms enter and leave the list of their own accord.
   void enter(Form& form) { forms_.push_back(&form); }
   void leave(Form& form) { std::erase(forms_, &form); }
@@ -99,10 +105,10 @@ class Program {
   Shell* shell_ = nullptr;
   WindowPlaces* windowPlaces_ = nullptr;
   std::vector<Form*> forms_;
-  int depth_ = 0;  // handlers running inside one another
+  bool isRunning_ = false;
   bool ending_ = false;
+  std::unique_ptr<HelpWindow> help_;
   std::unordered_map<std::type_index, std::unique_ptr<Form, DeleteForm>> single_;
-  std::unordered_map<std::type_index, std::shared_ptr<void>> shared_;
 };
 
 }  // namespace quillbox

@@ -2,7 +2,8 @@
 
 #include <QFile>
 
-#include "records/windows1252.h"
+#include "text/padding.h"
+#include "text/windows1252.h"
 
 namespace quillbox {
 namespace {

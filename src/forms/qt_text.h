@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "text/padding.h"
+
 /// The one place where texts cross between the core and the windowing platform.
 namespace quillbox {
 

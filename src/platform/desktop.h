@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace quillbox {
 
@@ -11,6 +12,9 @@ class Printer;
 enum class Buttons { ok, yesNo };
 enum class Answer { ok, yes, no };
 enum class MessageIcon { none, information, question, critical };
+
+/// The title of messages that have none of their own.
+inline constexpr std::string_view kDefaultTitle = "Quillbox";
 
 /// A modal message box. Texts are plain UTF-8, never markup; of Yes and No, No is the default and
 /// what dismissing the box means.
@@ -27,6 +31,7 @@ struct FileDialog {
   std::string title;
   std::string filter;
   std::string fileName = {};  ///< offered, in the path's own bytes
+  std::string name = {};      ///< of the dialog itself, as of every control
 };
 
 /// What the user chose in the print dialog, besides what the printer was told at once.
@@ -52,14 +57,14 @@ class Desktop {
   /// Asks for the name of a file to write.
   virtual std::optional<std::string> saveDialog(const FileDialog& dialog) = 0;
 
-  /// The platform's short date form, as date_text.h wants it.
+  /// The platform's short date form (UTF-8), as date_text.h takes it.
   virtual std::string shortDateForm() = 0;
 
-  /// Today's date as the platform's short date text (UTF-8).
+  /// Today's date in that form, as `dateText` writes it.
   virtual std::string todayText() = 0;
 
-  /// Shows the platform's printer set-up dialog.
-  virtual void printerSetup() = 0;
+  /// Shows the platform's printer set-up dialog under a control's name.
+  virtual void printerSetup(const std::string& name) = 0;
 
   /// Asks where to print; nothing when the user cancels.
   virtual std::optional<PrintChoice> printDialog(const std::string& title) = 0;

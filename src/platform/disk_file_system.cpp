@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "platform/file_access.h"
 #include "platform/run_time_error.h"
 
 namespace quillbox {
@@ -23,6 +24,24 @@ RunTimeError openError(int error, const std::string& path) {
       return RunTimeError(ErrorNumber::pathNotFound, path);
   }
   return errorFromErrno(error, path);
+}
+
+/// Makes the name of a new file last. Not every folder can be opened or flushed; where it cannot,
+/// the name is as safe as the file system makes it.
+void flushFolderOf(const std::string& path) {
+  const auto folder = std::filesystem::path(path).parent_path();
+  const int descriptor =
+      ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor < 0) return;
+  ::fsync(descriptor);
+  ::close(descriptor);
+}
+
+/// What stat or lstat answered.
+bool isThere(int answer, const std::string& path) {
+  if (answer == 0) return true;
+  if (errno == ENOENT || errno == ENOTDIR) return false;
+  throw openError(errno, path);
 }
 
 RunTimeError folderError(const std::error_code& error, const std::string& folder) {
@@ -70,7 +89,7 @@ class DiskFile : public File {
 
   void flush() override {
     if (::fsync(descriptor_) != 0) throw errorFromErrno(errno, path_);
-    if (mayBeNew_) flushFolder();
+    if (mayBeNew_) flushFolderOf(path_);
   }
 
   void close() override {
@@ -79,53 +98,64 @@ class DiskFile : public File {
   }
 
  private:
-  /// Makes the name of a new file last, too. Not every folder can be opened or flushed; where it
-  /// cannot, the name is as safe as the file system makes it.
-  void flushFolder() {
-    const auto folder = std::filesystem::path(path_).parent_path();
-    const int descriptor =
-        ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0) return;
-    ::fsync(descriptor);
-    ::close(descriptor);
-  }
-
   int descriptor_;
   std::string path_;
   bool mayBeNew_;
 };
 
+// Not blocking, so that a pipe under a collection's name is an error and not a wait for ever.
+constexpr int kCommonFlags = O_CLOEXEC | O_NONBLOCK;
+
+constexpr mode_t kAnybody = 0666;  // less the user's mask
+constexpr mode_t kNobodyElse = 0600;
+
 int openFlags(OpenMode mode) {
-  // Not blocking, so that a pipe under a collection's name is an error and not a wait for ever.
-  constexpr int common = O_CLOEXEC | O_NONBLOCK;
   switch (mode) {
     case OpenMode::update:
-      return common | O_RDWR;
+      return kCommonFlags | O_RDWR;
     case OpenMode::create:
-      return common | O_RDWR | O_CREAT;
+      return kCommonFlags | O_RDWR | O_CREAT;
     case OpenMode::replace:
-      return common | O_WRONLY | O_CREAT | O_TRUNC;
+      return kCommonFlags | O_WRONLY | O_CREAT | O_TRUNC;
     case OpenMode::read:
       break;
   }
-  return common | O_RDONLY;
+  return kCommonFlags | O_RDONLY;
 }
 
 }  // namespace
 
 std::unique_ptr<File> DiskFileSystem::open(const std::string& path, OpenMode mode) {
-  constexpr mode_t permissions = 0666;  // less the user's mask
-  const int descriptor = ::open(path.c_str(), openFlags(mode), permissions);
+  const int descriptor = ::open(path.c_str(), openFlags(mode), kAnybody);
   if (descriptor < 0) throw openError(errno, path);
   return std::make_unique<DiskFile>(descriptor, path,
                                     mode == OpenMode::create || mode == OpenMode::replace);
 }
 
+std::unique_ptr<File> DiskFileSystem::make(const std::string& path, const std::string& like) {
+  constexpr int flags = kCommonFlags | O_RDWR | O_CREAT | O_EXCL;
+  const int descriptor = ::open(path.c_str(), flags, like.empty() ? kAnybody : kNobodyElse);
+  if (descriptor < 0) throw openError(errno, path);
+  auto file = std::make_unique<DiskFile>(descriptor, path, true);
+  if (const int error = like.empty() ? 0 : takeAccessOf(like, descriptor)) {
+    ::unlink(path.c_str());
+    throw errorFromErrno(error, path);
+  }
+  return file;
+}
+
 bool DiskFileSystem::exists(const std::string& path) {
   struct stat status {};
-  if (::stat(path.c_str(), &status) == 0) return true;
-  if (errno == ENOENT || errno == ENOTDIR) return false;
-  throw openError(errno, path);
+  return isThere(::stat(path.c_str(), &status), path);
+}
+
+std::optional<std::string> DiskFileSystem::linkTarget(const std::string& path) {
+  std::error_code error;
+  const auto target = std::filesystem::read_symlink(path, error);
+  if (!error) return (std::filesystem::path(path).parent_path() / target).string();
+  // EINVAL is what anything else than a link answers.
+  if (error.value() == EINVAL || error.value() == ENOENT || error.value() == ENOTDIR) return {};
+  throw errorFromErrno(error.value(), path);
 }
 
 bool DiskFileSystem::isSameFile(const std::string& a, const std::string& b) {
@@ -138,13 +168,20 @@ void DiskFileSystem::remove(const std::string& path) {
 }
 
 void DiskFileSystem::rename(const std::string& from, const std::string& to) {
-  if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return;
-  int error = errno;
+  const auto result = [](int answer) { return answer == 0 ? 0 : errno; };
+  int error = result(::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE));
   if (error == EINVAL || error == ENOSYS) {  // a file system without that way of renaming
-    if (exists(to)) throw RunTimeError(ErrorNumber::fileAlreadyExists, to);
-    if (std::rename(from.c_str(), to.c_str()) == 0) return;
-    error = errno;
+    struct stat status {};
+    if (isThere(::lstat(to.c_str(), &status), to))
+      throw RunTimeError(ErrorNumber::fileAlreadyExists, to);
+    error = result(std::rename(from.c_str(), to.c_str()));
   }
+  if (error == 0) {
+    using std::filesystem::path;
+    if (path(from).parent_path() != path(to).parent_path()) flushFolderOf(to);
+    return;
+  }
+  if (error == EXDEV) throw RunTimeError(ErrorNumber::differentDrive, from);
   const bool targetIsToBlame = error == EEXIST || (error == ENOENT && exists(from));
   throw openError(error, targetIsToBlame ? to : from);
 }
@@ -160,6 +197,13 @@ void DiskFileSystem::setCurrentFolder(const std::string& folder) {
   std::error_code error;
   std::filesystem::current_path(folder, error);
   if (error) throw folderError(error, folder);
+}
+
+std::string DiskFileSystem::resolvedFolder(const std::string& folder) {
+  std::error_code error;
+  auto resolved = std::filesystem::canonical(folder, error);
+  if (error) throw folderError(error, folder);
+  return resolved.string();
 }
 
 std::string DiskFileSystem::programFolder() {

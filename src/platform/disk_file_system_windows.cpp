@@ -1,10 +1,13 @@
 #define WIN32_LEAN_AND_MEAN
 #define NOMINMAX
 #include <windows.h>
+#include <winioctl.h>
 
 #include <algorithm>
+#include <cstring>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "platform/disk_file_system.h"
 #include "platform/paths.h"
@@ -88,6 +91,52 @@ std::optional<BY_HANDLE_FILE_INFORMATION> informationOf(const Handle& file) {
   BY_HANDLE_FILE_INFORMATION information;
   if (!file.isOpen() || ::GetFileInformationByHandle(file.get(), &information) == 0) return {};
   return information;
+}
+
+/// The error of a name that leads nowhere.
+bool meansNothingThere(DWORD error) {
+  return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND ||
+         error == ERROR_DIRECTORY || error == ERROR_INVALID_NAME;
+}
+
+/// What a symbolic link holds, followed by its texts; the offsets count from there.
+struct LinkHead {
+  ULONG tag;
+  USHORT length;
+  USHORT reserved;
+  USHORT systemOffset;  ///< where it leads in the system's own words
+  USHORT systemLength;  ///< in bytes
+  USHORT shownOffset;   ///< and in those of whoever made it
+  USHORT shownLength;
+  ULONG flags;
+};
+static_assert(sizeof(LinkHead) == 20);
+
+/// Who may do what with a file; empty on a file system that does not know.
+std::vector<std::byte> accessListOf(const std::string& path) {
+  const std::wstring name = neededSystemName(path);
+  const auto read = [&](std::vector<std::byte>& list, DWORD& size) {
+    return ::GetFileSecurityW(name.c_str(), DACL_SECURITY_INFORMATION, list.data(),
+                              static_cast<DWORD>(list.size()), &size) != 0;
+  };
+  std::vector<std::byte> list;
+  DWORD size = 0;
+  while (!read(list, size)) {
+    const DWORD error = ::GetLastError();
+    if (error == ERROR_NOT_SUPPORTED || error == ERROR_INVALID_FUNCTION) return {};
+    if (error != ERROR_INSUFFICIENT_BUFFER) throw errorFromWindows(error, path);
+    list.resize(size);
+  }
+  return list;
+}
+
+/// The attributes of a file that another one takes over.
+DWORD attributesLike(const std::string& path) {
+  constexpr DWORD kept = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
+                         FILE_ATTRIBUTE_ENCRYPTED;
+  const DWORD attributes = ::GetFileAttributesW(neededSystemName(path).c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) throw errorFromWindows(::GetLastError(), path);
+  return (attributes & kept) == 0 ? FILE_ATTRIBUTE_NORMAL : attributes & kept;
 }
 
 bool isFolder(const std::wstring& name) {
@@ -211,19 +260,69 @@ std::unique_ptr<File> DiskFileSystem::open(const std::string& path, OpenMode mod
   return std::make_unique<DiskFile>(std::move(file), path, mode != OpenMode::read);
 }
 
+std::unique_ptr<File> DiskFileSystem::make(const std::string& path, const std::string& like) {
+  const std::wstring name = neededSystemName(path);
+  std::vector<std::byte> list;
+  SECURITY_ATTRIBUTES access = {sizeof access, nullptr, FALSE};
+  DWORD attributes = FILE_ATTRIBUTE_NORMAL;
+  if (!like.empty()) {
+    list = accessListOf(like);
+    if (!list.empty()) access.lpSecurityDescriptor = list.data();
+    attributes = attributesLike(like);
+  }
+  // A link of that name is not followed: it is in the way.
+  Handle file(::CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE, kSharedWithAll, &access,
+                            CREATE_NEW, attributes | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+  if (!file.isOpen()) {
+    const DWORD error = ::GetLastError();
+    if (error == ERROR_ACCESS_DENIED && isFolder(name))
+      throw RunTimeError(ErrorNumber::fileAlreadyExists, path);
+    throw errorFromWindows(error, path);
+  }
+  return std::make_unique<DiskFile>(std::move(file), path, true);
+}
+
 bool DiskFileSystem::exists(const std::string& path) {
   const auto name = systemName(path);
   if (!name || name->empty()) return false;
   if (openToAsk(*name).isOpen()) return true;
-  switch (const DWORD error = ::GetLastError()) {
-    case ERROR_FILE_NOT_FOUND:
-    case ERROR_PATH_NOT_FOUND:
-    case ERROR_DIRECTORY:
-    case ERROR_INVALID_NAME:
-      return false;
-    default:
-      throw errorFromWindows(error, path);
+  const DWORD error = ::GetLastError();
+  if (meansNothingThere(error)) return false;
+  throw errorFromWindows(error, path);
+}
+
+std::optional<std::string> DiskFileSystem::linkTarget(const std::string& path) {
+  const auto name = systemName(path);
+  if (!name || name->empty()) return {};
+  const Handle link(
+      ::CreateFileW(name->c_str(), FILE_READ_ATTRIBUTES, kSharedWithAll, nullptr, OPEN_EXISTING,
+                    FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+  if (!link.isOpen()) {
+    const DWORD error = ::GetLastError();
+    if (meansNothingThere(error)) return {};
+    throw errorFromWindows(error, path);
   }
+  constexpr std::size_t longest = 16'384;
+  std::vector<std::byte> bytes(longest);
+  DWORD length = 0;
+  LinkHead head;
+  if (::DeviceIoControl(link.get(), FSCTL_GET_REPARSE_POINT, nullptr, 0, bytes.data(),
+                        static_cast<DWORD>(bytes.size()), &length, nullptr) == 0 ||
+      length < sizeof head)
+    return {};
+  std::memcpy(&head, bytes.data(), sizeof head);
+  if (head.tag != IO_REPARSE_TAG_SYMLINK) return {};
+  // Made by hand, it may lack the words that are shown.
+  const bool isShown = head.shownLength > 0;
+  const std::size_t at = sizeof head + (isShown ? head.shownOffset : head.systemOffset);
+  const std::size_t size = isShown ? head.shownLength : head.systemLength;
+  if (at + size > length) return {};
+  std::wstring target(size / sizeof(wchar_t), L'\0');
+  std::memcpy(target.data(), bytes.data() + at, target.size() * sizeof(wchar_t));
+  constexpr ULONG relative = 1;
+  if ((head.flags & relative) == 0) return fromSystem(target);
+  const auto folder = path.find_last_of(kPlatformPaths.separators);
+  return path.substr(0, folder == std::string::npos ? 0 : folder + 1) + fromSystem(target);
 }
 
 bool DiskFileSystem::isSameFile(const std::string& a, const std::string& b) {
@@ -249,6 +348,7 @@ void DiskFileSystem::rename(const std::string& from, const std::string& to) {
   const std::wstring after = neededSystemName(to);
   if (::MoveFileExW(before.c_str(), after.c_str(), MOVEFILE_WRITE_THROUGH) != 0) return;
   const DWORD error = ::GetLastError();
+  if (error == ERROR_NOT_SAME_DEVICE) throw RunTimeError(ErrorNumber::differentDrive, from);
   const bool targetIsToBlame = error == ERROR_ALREADY_EXISTS || error == ERROR_FILE_EXISTS ||
                                (error == ERROR_PATH_NOT_FOUND && exists(from));
   throw errorFromWindows(error, targetIsToBlame ? to : from);
@@ -265,6 +365,16 @@ void DiskFileSystem::setCurrentFolder(const std::string& folder) {
   const auto name = systemName(folder);
   if (!name || ::SetCurrentDirectoryW(name->c_str()) == 0)
     throw folderError(name ? ::GetLastError() : ERROR_INVALID_NAME, folder);
+}
+
+/// The system takes ".." by the text, too, before it looks for links.
+std::string DiskFileSystem::resolvedFolder(const std::string& folder) {
+  const auto name = systemName(folder);
+  if (!name || !isFolder(*name)) throw RunTimeError(ErrorNumber::pathNotFound, folder);
+  const auto full = textOfSystem([&](DWORD size, wchar_t* into) {
+    return ::GetFullPathNameW(name->c_str(), size, into, nullptr);
+  });
+  return full ? *full : folder;
 }
 
 std::string DiskFileSystem::programFolder() {

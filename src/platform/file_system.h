@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -51,21 +52,36 @@ class FileSystem {
 
   virtual std::unique_ptr<File> open(const std::string& path, OpenMode mode) = 0;
 
+  /// Makes a file for reading and writing. Run-time error 58 when the name is taken, by a link that
+  /// leads nowhere, too. Unless `like` is empty, the file gets that file's permissions, and its
+  /// owner and extended attributes where the system lets it; at no moment can anybody read it who
+  /// cannot read that one.
+  virtual std::unique_ptr<File> make(const std::string& path, const std::string& like) = 0;
+
   /// True when the name leads to something, whatever it is.
   virtual bool exists(const std::string& path) = 0;
+
+  /// Where a symbolic link says that it leads, as a path from where `path` is taken from; nothing
+  /// when the name is no link. Nothing need be there.
+  virtual std::optional<std::string> linkTarget(const std::string& path) = 0;
 
   /// True when both names lead to the same file; false when either leads nowhere.
   virtual bool isSameFile(const std::string& a, const std::string& b) = 0;
 
-  /// Deletes a file (never a folder); the file must exist.
+  /// Deletes a file (never a folder), or a link itself; it must exist.
   virtual void remove(const std::string& path) = 0;
 
-  /// Renames within one file system. Never copies and never overwrites: an existing `to` is
-  /// run-time error 58 with `to` as its file, a missing folder 76 with `to`.
+  /// Renames within one file system; a link is renamed itself. Never copies and never overwrites:
+  /// a `to` that is taken is run-time error 58 with `to` as its file, a missing folder 76 with
+  /// `to`, another file system 74. Where the folder is another one, the new name will survive a
+  /// power cut.
   virtual void rename(const std::string& from, const std::string& to) = 0;
 
   virtual std::string currentFolder() = 0;
   virtual void setCurrentFolder(const std::string& folder) = 0;
+
+  /// The full path of a folder as the system finds it, links and ".." followed one after the other.
+  virtual std::string resolvedFolder(const std::string& folder) = 0;
 
   /// The folder the program itself lies in.
   virtual std::string programFolder() = 0;

@@ -5,13 +5,25 @@
 namespace quillbox {
 
 int OpenFiles::open(int number, const std::string& path, OpenMode mode) {
-  if (number == file_number::fresh) {
-    number = 1;
-    while (slot(number)) ++number;
-  } else {
-    close(number);
-  }
+  number = freed(number);
   table_.at(static_cast<std::size_t>(number)) = files_.open(path, mode);
+  return number;
+}
+
+int OpenFiles::make(int number, const std::string& path, const std::string& like) {
+  number = freed(number);
+  table_.at(static_cast<std::size_t>(number)) = files_.make(path, like);
+  return number;
+}
+
+/// The number, with nothing open under it any more.
+int OpenFiles::freed(int number) {
+  if (number != file_number::fresh) {
+    close(number);
+    return number;
+  }
+  number = 1;
+  while (slot(number)) ++number;
   return number;
 }
 

@@ -27,6 +27,10 @@ class OpenFiles {
   /// number that is open closes the old file first.
   int open(int number, const std::string& path, OpenMode mode);
 
+  /// Makes `path` as FileSystem::make does and opens it under `number`, or under the lowest free
+  /// one; returns the number.
+  int make(int number, const std::string& path, const std::string& like);
+
   bool isOpen(int number) const { return slot(number) != nullptr; }
 
   /// The file open under `number`, which must be open.
@@ -40,6 +44,8 @@ class OpenFiles {
 
  private:
   static constexpr int kNumbers = 255;
+
+  int freed(int number);
 
   const std::unique_ptr<File>& slot(int number) const {
     return table_.at(static_cast<std::size_t>(number));

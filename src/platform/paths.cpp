@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/ascii.h"
+
 namespace quillbox {
 namespace {
 
@@ -12,17 +14,13 @@ bool isOneOf(std::string_view characters, char c) {
   return characters.find(c) != std::string_view::npos;
 }
 
-char capital(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-
-bool isLetter(char c) { return capital(c) >= 'A' && capital(c) <= 'Z'; }
-
 bool namesDrive(std::string_view path) {
   return path.size() > 1 && isLetter(path[0]) && path[1] == ':';
 }
 
 bool areAlike(std::string_view a, std::string_view b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char one, char other) { return capital(one) == capital(other); });
+                    [](char one, char other) { return asciiCapital(one) == asciiCapital(other); });
 }
 
 /// What the names of a path are counted from.
@@ -96,7 +94,7 @@ bool matchesPattern(std::string_view name, std::string_view pattern) {
       star = in++;
       runEnd = at;
     } else if (in < pattern.size() &&
-               (pattern[in] == '?' || capital(pattern[in]) == capital(name[at]))) {
+               (pattern[in] == '?' || asciiCapital(pattern[in]) == asciiCapital(name[at]))) {
       ++in;
       ++at;
     } else if (star != std::string_view::npos) {
@@ -112,7 +110,7 @@ bool matchesPattern(std::string_view name, std::string_view pattern) {
 std::string extensionOf(std::string_view path) {
   constexpr std::size_t length = 3;
   std::string extension(path.size() > length ? path.substr(path.size() - length) : path);
-  for (char& c : extension) c = capital(c);
+  for (char& c : extension) c = asciiCapital(c);
   return extension;
 }
 

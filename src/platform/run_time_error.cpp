@@ -26,6 +26,8 @@ const char* standardText(ErrorNumber number) {
       return "Bad record number";
     case ErrorNumber::permissionDenied:
       return "Permission denied";
+    case ErrorNumber::differentDrive:
+      return "Can't rename with different drive";
     case ErrorNumber::pathFileAccess:
       return "Path/File access error";
     case ErrorNumber::pathNotFound:

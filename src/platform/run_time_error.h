@@ -17,6 +17,7 @@ enum class ErrorNumber : int {
   diskFull = 61,
   badRecordNumber = 63,
   permissionDenied = 70,
+  differentDrive = 74,
   pathFileAccess = 75,
   pathNotFound = 76,
 };

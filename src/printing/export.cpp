@@ -1,12 +1,12 @@
 #include "printing/export.h"
 
-#include <algorithm>
-#include <cassert>
 #include <span>
 
+#include "platform/run_time_error.h"
 #include "platform/text_writer.h"
 #include "records/collection_store.h"
 #include "records/record_reader.h"
+#include "text/padding.h"
 
 namespace quillbox {
 namespace {
@@ -35,24 +35,16 @@ constexpr ExportRules kRules[] = {
     {.editor = EditorForm::wave, .items = ExportedAs::number},
 };
 
-const ExportRules& exportRulesOf(const CollectionKind& kind) {
-  const auto* const rules = std::ranges::find(kRules, kind.editor, &ExportRules::editor);
-  assert(rules != std::end(kRules));
-  return *rules;
-}
-
-std::string_view exported(std::string_view text) { return withoutTrailingBlanks(upToNul(text)); }
-
 /// An entry is filled unless it begins with a zero byte; one of blanks is an empty field.
 void writeEntries(TextWriter& file, const ExportRules& rules, std::span<const std::byte> record) {
   std::string start = "\"";
   for (const Field* field : rules.fields)
-    start.append(exported(textOf(*field, record))).append("\",\"");
+    start.append(readable(textOf(*field, record))).append("\",\"");
   for (std::size_t entry = 0; entry < rules.list->count; ++entry) {
     const std::string_view text = textOf(*rules.list, record, entry);
-    if (text.front() == '\0') continue;
+    if (isUnwritten(text)) continue;
     file.write(start);
-    file.write(exported(text));
+    file.write(readable(text));
     file.write("\"\r\n");
   }
 }
@@ -64,21 +56,22 @@ std::optional<std::string> exportName(const CollectionKind& kind) {
   return std::nullopt;
 }
 
-void exportCollection(AppState& state, const CollectionKind& kind, const std::string& path) {
-  const ExportRules& rules = exportRulesOf(kind);
-  refuseToReplaceCollection(state, path);
-  TextWriter file(state.files, path, file_number::exportFile);
-  if (state.Count > 0) {
-    RecordFile collection(state.files, state.currentPath, kind.recordLength, OpenMode::read);
+void exportCollection(OpenFiles& files, const OpenCollection& collection,
+                      const CollectionKind& kind, const std::string& path) {
+  const ExportRules& rules = rowOf<kRules>(kind.editor);
+  refuseToReplaceCollection(files, collection, path);
+  TextWriter text(files, path, file_number::exportFile);
+  if (collection.Count > 0) {
+    RecordFile file(files, collection.currentPath, kind.recordLength, OpenMode::read);
     const std::vector<std::byte> blank = blankRecord(kind);
-    RecordReader reader(collection, state.Count, recordNumberOf(1), blank);
-    for (int item = 1; item <= state.Count; ++item) {
+    RecordReader reader(file, collection.Count, recordNumberOf(1), blank);
+    for (int item = 1; item <= collection.Count; ++item) {
       const auto record = reader.next();
       if (rules.items == ExportedAs::number) throw RunTimeError(ErrorNumber::typeMismatch);
-      if (rules.items == ExportedAs::linePerEntry) writeEntries(file, rules, record);
+      if (rules.items == ExportedAs::linePerEntry) writeEntries(text, rules, record);
     }
   }
-  file.close();
+  text.close();
 }
 
 }  // namespace quillbox

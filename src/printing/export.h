@@ -20,6 +20,7 @@ std::optional<std::string> exportName(const CollectionKind& kind);
 ///
 /// Books leave the file empty. Media files do, too, and end in run-time error 13 at the first item:
 /// the line is taken for a number, which a quoted name never is. See docs/decisions.md.
-void exportCollection(AppState& state, const CollectionKind& kind, const std::string& path);
+void exportCollection(OpenFiles& files, const OpenCollection& collection,
+                      const CollectionKind& kind, const std::string& path);
 
 }  // namespace quillbox

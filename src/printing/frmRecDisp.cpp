@@ -5,6 +5,7 @@
 #include <QProgressBar>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "forms/qt_text.h"
 
@@ -17,7 +18,7 @@ constexpr int kMillisecondsBetweenRepaints = 33;
 }  // namespace
 
 frmRecDisp::frmRecDisp(Program& program) : Form(program, "frmRecDisp") {
-  setCaption(QStringLiteral("Printing Status..."));
+  setCaption(QStringLiteral("Current Page"));
   auto* page = new QWidget;
   auto* column = new QVBoxLayout(page);
   text_ = new QLabel;
@@ -39,6 +40,18 @@ frmRecDisp::frmRecDisp(Program& program) : Form(program, "frmRecDisp") {
   connect(&last_, &QTimer::timeout, this, &frmRecDisp::showState);
 }
 
+void frmRecDisp::Form_Load() { setCaption(QStringLiteral("Printing Status...")); }
+
+/// Whatever is done with the board first loads it.
+void frmRecDisp::load() {
+  if (!std::exchange(isLoaded_, true)) Form_Load();
+}
+
+void frmRecDisp::setVisible(bool visible) {
+  if (visible) load();
+  Form::setVisible(visible);
+}
+
 void frmRecDisp::open(const std::string& caption) {
   setBoardCaption(caption);
   clear();
@@ -47,7 +60,10 @@ void frmRecDisp::open(const std::string& caption) {
   repaintNow();
 }
 
-void frmRecDisp::setBoardCaption(const std::string& caption) { setCaption(fromUtf8Text(caption)); }
+void frmRecDisp::setBoardCaption(const std::string& caption) {
+  load();
+  setCaption(fromUtf8Text(caption));
+}
 
 void frmRecDisp::clear() { printed_ = 0; }
 

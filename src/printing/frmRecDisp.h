@@ -7,14 +7,14 @@
 #include <string>
 
 #include "forms/form.h"
-#include "printing/board.h"
+#include "platform/board.h"
 
 class QLabel;
 class QProgressBar;
 
 namespace quillbox {
 
-/// The progress board as a form.
+/// The progress board as a form. It is loaded when it is first shown or given a caption.
 class frmRecDisp : public Form, public Board {
  public:
   explicit frmRecDisp(Program& program);
@@ -26,10 +26,14 @@ class frmRecDisp : public Form, public Board {
   void progress(int done, int total) override;
   void close() override;
 
+  void setVisible(bool visible) override;
+
  protected:
   void Form_Unload() override { hide(); }
 
  private:
+  void load();
+  void Form_Load();
   void showState();
   void repaintNow();
   void repaintIfDue();
@@ -37,7 +41,8 @@ class frmRecDisp : public Form, public Board {
   QLabel* text_;
   QProgressBar* bar_;
   std::array<std::string, 12> lines_;  // the last ones, as many as fit, over and over
-  std::size_t printed_ = 0;            // since the board was cleared
+  bool isLoaded_ = false;
+  std::size_t printed_ = 0;  // since the board was cleared
   int done_ = 0;
   int total_ = 0;
   QElapsedTimer sinceRepaint_;

@@ -4,12 +4,14 @@
 #include <utility>
 #include <vector>
 
+#include "platform/checked16.h"
 #include "printing/listing_rules.h"
-#include "records/date_text.h"
 #include "records/header_record.h"
-#include "records/number_text.h"
 #include "records/record_file.h"
 #include "records/version.h"
+#include "text/date_text.h"
+#include "text/number_text.h"
+#include "text/padding.h"
 
 namespace quillbox {
 namespace {
@@ -21,9 +23,6 @@ constexpr std::size_t kSeparatorIndent = 5;
 constexpr std::size_t kSeparatorWidth = 70;
 
 const char* yesOrNo(int flag) { return flag == 1 ? "Yes" : "No"; }
-
-/// What is listed of a text.
-std::string_view shown(std::string_view text) { return withoutTrailingBlanks(upToNul(text)); }
 
 /// Makes `line` a label as a line begins with it; the value starts in column 21.
 std::string& startLine(std::string& line, std::string_view label) {
@@ -57,7 +56,7 @@ class Block {
 };
 
 void addLoan(Block& block, std::span<const std::byte> record) {
-  const auto text = [&](const Field* field) { return shown(textOf(*field, record)); };
+  const auto text = [&](const Field* field) { return readable(textOf(*field, record)); };
   const auto flag = [&](const Field* field) { return wholeOf(*field, record); };
   if (flag(musicField("CurrLoaned")) != 1) return;
   block.addIndented(kLoanIndent, "Currently Loaned!");
@@ -73,10 +72,10 @@ void addGroup(Block& block, const ListingGroup& group, std::span<const std::stri
   bool isFirst = true;
   for (std::size_t entry = 0; entry < starts.size(); ++entry) {
     const auto filled = withoutTrailingBlanks(textOf(*group.field, record, entry));
-    if (filled.empty() || filled.front() == '\0') continue;
+    if (filled.empty() || isUnwritten(filled)) continue;
     if (isFirst && !group.heading.empty()) block.addIndented(kHeadingIndent, group.heading);
     isFirst = false;
-    block.next().assign(starts[entry]).append(shown(filled));
+    block.next().assign(starts[entry]).append(readable(filled));
   }
 }
 
@@ -126,7 +125,7 @@ void Listing::addValue(std::string& line, const Field& field,
                        std::span<const std::byte> record) const {
   switch (field.type) {
     case FieldType::text:
-      line.append(shown(textOf(field, record)));
+      line.append(readable(textOf(field, record)));
       break;
     case FieldType::flag:
       line.append(yesOrNo(wholeOf(field, record)));
@@ -149,22 +148,23 @@ void Listing::addValue(std::string& line, const Field& field,
   }
 }
 
-std::int16_t composePages(AppState& state, const CollectionKind& kind, const Listing& listing,
-                          std::int16_t mode, PrintEngine& engine, Board& board) {
+std::int16_t composePages(OpenFiles& files, const OpenCollection& collection,
+                          const CollectionKind& kind, const Listing& listing, std::int16_t mode,
+                          PrintEngine& engine, Board& board) {
   PrintLines lines;
   std::int16_t pages = 0;
   ignoringErrors([&] { engine.PrintData(lines, pages, print_mode::reset); });
   lines.front() = listing.pageHeading();
   const std::vector<std::byte> blank = blankRecord(kind);
-  const std::span<std::byte> record = kind.buffer(state);
+  std::vector<std::byte> record;
   std::optional<RecordFile> file;
   ignoringErrors(
-      [&] { file.emplace(state.files, state.currentPath, kind.recordLength, OpenMode::read); });
-  for (int item = 1; item <= state.Count; ++item) {
-    std::ranges::copy(blank, record.begin());
+      [&] { file.emplace(files, collection.currentPath, kind.recordLength, OpenMode::read); });
+  for (int item = 1; item <= collection.Count; ++item) {
+    record = blank;
     if (file) ignoringErrors([&] { file->read(recordNumberOf(item), record, blank); });
-    std::int16_t count = listing.block(record, item, state.Count, lines);
-    board.progress(item, state.Count);
+    std::int16_t count = listing.block(record, item, collection.Count, lines);
+    board.progress(item, collection.Count);
     ignoringErrors([&] { engine.PrintData(lines, count, mode); });
   }
   engine.PrintData(lines, pages, print_mode::pageCount);

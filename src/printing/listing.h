@@ -14,7 +14,7 @@
 
 namespace quillbox {
 
-/// What of a record's values only the editor and the desktop know the text of.
+/// Texts the record itself does not hold.
 struct ListingTexts {
   /// The entry of a choice's list, in record characters; empty when the list has none there.
   std::function<std::string(const Field& field, int index)> choice;
@@ -54,7 +54,8 @@ class Listing {
 /// Begins a printout, gives the engine a block for each item of the open collection and returns the
 /// number of pages.
 /// An item that cannot be read is blank; whatever else fails is left out.
-std::int16_t composePages(AppState& state, const CollectionKind& kind, const Listing& listing,
-                          std::int16_t mode, PrintEngine& engine, Board& board);
+std::int16_t composePages(OpenFiles& files, const OpenCollection& collection,
+                          const CollectionKind& kind, const Listing& listing, std::int16_t mode,
+                          PrintEngine& engine, Board& board);
 
 }  // namespace quillbox

@@ -1,8 +1,5 @@
 #include "printing/listing_rules.h"
 
-#include <algorithm>
-#include <cassert>
-
 #include "records/app_state.h"
 
 namespace quillbox {
@@ -122,9 +119,7 @@ constexpr ListingRules kRules[] = {
 }  // namespace
 
 const ListingRules& listingRulesOf(const CollectionKind& kind) {
-  const auto* const rules = std::ranges::find(kRules, kind.editor, &ListingRules::editor);
-  assert(rules != std::end(kRules));
-  return *rules;
+  return rowOf<kRules>(kind.editor);
 }
 
 }  // namespace quillbox

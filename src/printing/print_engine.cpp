@@ -6,13 +6,15 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/checked16.h"
 #include "platform/printer.h"
 #include "platform/text_writer.h"
 #include "records/collection_store.h"
 #include "records/field.h"
-#include "records/number_text.h"
 #include "records/record_reader.h"
-#include "records/windows1252.h"
+#include "text/number_text.h"
+#include "text/padding.h"
+#include "text/windows1252.h"
 
 namespace quillbox {
 namespace {
@@ -64,8 +66,8 @@ std::int16_t rounded(double value) {
 PrintEngine::PrintEngine(AppState& state, Desktop& desktop, Board& board)
     : state_(state), desktop_(desktop), board_(board) {}
 
-void PrintEngine::PrinterSetup() {
-  desktop_.printerSetup();
+void PrintEngine::PrinterSetup(const std::string& dialogName) {
+  desktop_.printerSetup(dialogName);
   desktop_.printer().setFont(kFontName, kFontSizeAfterSetup);
 }
 
@@ -90,20 +92,20 @@ void PrintEngine::OpenPrinter(std::int16_t& mode) {
 void PrintEngine::PrintData(PrintLines& lines, std::int16_t& count, std::int16_t mode) {
   if (mode == print_mode::pageCount) {
     ignoringErrors([this] { closeSpool(); });
-    count = page_;
+    count = now_.page;
     return;
   }
   if (mode == print_mode::reset) return reset(lines);
 
   measurePage();
-  if (page_ < 1) page_ = 1;
-  if (mode != print_mode::textFile && pageText_.starts_with('\0')) setPageText(heading(lines));
-  if (page_ == 1 && linesOnPage_ == 0) setPageText(heading(lines));
+  if (now_.page < 1) now_.page = 1;
+  if (mode != print_mode::textFile && isUnwritten(now_.pageText)) setPageText(heading(lines));
+  if (now_.page == 1 && now_.linesOnPage == 0) setPageText(heading(lines));
 
   openSpool();
   addBlock(lines, count, mode);
   board_.clear();
-  board_.print("Generating page" + numberText(page_) + "...");
+  board_.print("Generating page" + numberText(now_.page) + "...");
   writePage();
 }
 
@@ -111,7 +113,9 @@ void PrintEngine::PrintData(PrintLines& lines, std::int16_t& count, std::int16_t
 /// have closed it.
 void PrintEngine::openSpool() {
   if (spool_ && state_.files.isOpen(file_number::spool)) return;
-  spool_.emplace(state_.files, kSpoolName, kPageLength, OpenMode::create, file_number::spool);
+  const OpenMode mode = holdsOldPages_ ? OpenMode::replace : OpenMode::create;
+  spool_.emplace(state_.files, kSpoolName, kPageLength, mode, file_number::spool);
+  holdsOldPages_ = false;
   isChanged_ = true;  // it may be a new file
 }
 
@@ -134,39 +138,42 @@ void PrintEngine::closeSpool() {
 }
 
 void PrintEngine::reset(PrintLines& lines) {
+  // All that cannot fail comes first: what may be refused must not take the next heading away.
   pages_.clear();
-  closeSpool();
-  page_ = 0;
+  now_.page = 0;
   setPageText({});
-  deleteSpool();
   lines.fill({});
-  lineCount_ = 0;
-  linesOnPage_ = 0;
+  now_.lineCount = 0;
+  now_.linesOnPage = 0;
+  holdsOldPages_ = true;
+  closeSpool();
+  deleteSpool();
+  holdsOldPages_ = false;
 }
 
 void PrintEngine::measurePage() {
   Printer& printer = desktop_.printer();
   printer.setFont(kFontName, kFontSize);
   constexpr int margin = kFontSize / 2;
-  linesPerPage_ = rounded(printer.printableHeight() / kFontSize - margin);
+  now_.linesPerPage = rounded(printer.printableHeight() / kFontSize - margin);
 }
 
 std::string PrintEngine::heading(const PrintLines& lines) const {
-  return std::string(lines.front()).append(numberText(page_)).append(kLineEnd);
+  return std::string(lines.front()).append(numberText(now_.page)).append(kLineEnd);
 }
 
 void PrintEngine::addBlock(PrintLines& lines, std::int16_t count, std::int16_t mode) {
-  const int filled = lineCount_ + count;
-  if (filled < linesPerPage_) {
+  const int filled = now_.lineCount + count;
+  if (filled < now_.linesPerPage) {
     addLines(lines, count);
-    lineCount_ = checked16(filled);
+    now_.lineCount = checked16(filled);
     writePage();
-  } else if (filled > linesPerPage_) {
+  } else if (filled > now_.linesPerPage) {
     startNextPage(lines, mode);
     addLines(lines, count);
-    lineCount_ = linesOnPage_;
+    now_.lineCount = now_.linesOnPage;
   } else {
-    // The next page counts as holding what this one held before the block: `lineCount_` stays.
+    // The next page counts as holding what this one held before the block: `now_.lineCount` stays.
     addLines(lines, count);
     startNextPage(lines, mode);
   }
@@ -175,7 +182,7 @@ void PrintEngine::addBlock(PrintLines& lines, std::int16_t count, std::int16_t m
 void PrintEngine::addLines(PrintLines& lines, std::int16_t count) {
   for (std::int16_t line = 1; line <= count; ++line) {
     addLine(lines.at(static_cast<std::size_t>(line)));
-    linesOnPage_ = line;
+    now_.linesOnPage = line;
   }
 }
 
@@ -183,24 +190,25 @@ void PrintEngine::addLines(PrintLines& lines, std::int16_t count) {
 void PrintEngine::addLine(std::string& line) {
   if (line.empty()) return;
   isChanged_ = true;
-  if (pageText_.starts_with('\0')) pageText_.clear();
+  if (isUnwritten(now_.pageText)) now_.pageText.clear();
   // Only a heading, or a line that was cut off, ends in blanks; this runs for millions of lines.
-  if (pageText_.ends_with(' ')) pageText_.resize(withoutTrailingBlanks(pageText_).size());
-  pageText_.append(kIndent).append(line).append(kLineEnd);
-  if (pageText_.size() > kPageLength) pageText_.resize(kPageLength);
+  if (now_.pageText.ends_with(' '))
+    now_.pageText.resize(withoutTrailingBlanks(now_.pageText).size());
+  now_.pageText.append(kIndent).append(line).append(kLineEnd);
+  if (now_.pageText.size() > kPageLength) now_.pageText.resize(kPageLength);
   line.clear();
 }
 
 void PrintEngine::setPageText(std::string_view text) {
-  pageText_ = text;
+  now_.pageText = text;
   isChanged_ = true;
-  if (pageText_.size() > kPageLength) pageText_.resize(kPageLength);
+  if (now_.pageText.size() > kPageLength) now_.pageText.resize(kPageLength);
 }
 
 void PrintEngine::startNextPage(const PrintLines& lines, std::int16_t mode) {
   writePage();
-  page_ = checked16(page_ + 1);
-  linesOnPage_ = 0;
+  now_.page = checked16(now_.page + 1);
+  now_.linesOnPage = 0;
   setPageText(mode == print_mode::textFile ? std::string()
                                            : std::string(kIndent).append(heading(lines)));
 }
@@ -208,11 +216,11 @@ void PrintEngine::startNextPage(const PrintLines& lines, std::int16_t mode) {
 /// A page that has been put among the pages as it stands is not put there again.
 void PrintEngine::writePage() {
   if (!isChanged_) return;
-  if (!pages_.hasRoomFor(page_)) writePages();
-  const std::size_t length = pageText_.size();
-  pageText_.resize(kPageLength, ' ');
-  pages_.put(page_, std::as_bytes(std::span(pageText_)));
-  pageText_.resize(length);
+  if (!pages_.hasRoomFor(now_.page)) writePages();
+  const std::size_t length = now_.pageText.size();
+  now_.pageText.resize(kPageLength, ' ');
+  pages_.put(now_.page, std::as_bytes(std::span(now_.pageText)));
+  now_.pageText.resize(length);
   isChanged_ = false;
 }
 
@@ -228,7 +236,9 @@ void PrintEngine::PrintOut(std::int16_t mode, std::int16_t pages, const std::str
 void PrintEngine::writeToTextFile(std::int16_t pages, const std::string& header) {
   board_.open("Writing to file...");
   state_.files.close(file_number::collection);
-  refuseToReplaceCollection(state_, fileName_);
+  refuseToReplaceCollection(state_.files, state_, fileName_);
+  if (state_.files.fileSystem().isSameFile(fileName_, kSpoolName))
+    throw RunTimeError(ErrorNumber::fileAlreadyOpen, fileName_);
   TextWriter file(state_.files, fileName_, file_number::collection);
   file.write(header);
   file.write(kLineEnd);

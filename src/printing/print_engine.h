@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/board.h"
 #include "platform/desktop.h"
-#include "printing/board.h"
 #include "records/app_state.h"
 #include "records/record_block.h"
 #include "records/record_file.h"
@@ -42,16 +42,18 @@ class PrintEngine {
   void OpenPrinter(std::int16_t& mode);
 
   /// Adds the lines 1 to `count` as one block, which is never split, after the page has been
-  /// measured. `mode` reset begins a new printout; pageCount sets `count` to the number of pages.
-  /// Pages that could not be written are written with a later block, or when they are delivered.
+  /// measured. `mode` reset begins a new printout, also when the old spool file cannot be deleted;
+  /// pageCount sets `count` to the number of pages. Pages that could not be written are written
+  /// with a later block, or when they are delivered.
   void PrintData(PrintLines& lines, std::int16_t& count, std::int16_t mode);
 
   /// Delivers the pages: asks for a range and prints it, or writes all of them to the text file
-  /// after the line `header`. Deletes the spool file, unless the mode is cancelled.
+  /// after the line `header`. Deletes the spool file, unless the mode is cancelled. Run-time error
+  /// 55 when the text file is the open collection or the spool file itself.
   void PrintOut(std::int16_t mode, std::int16_t pages, const std::string& header);
 
-  /// Shows the platform's printer set-up.
-  void PrinterSetup();
+  /// Shows the platform's printer set-up, under the name of an editor's control.
+  void PrinterSetup(const std::string& dialogName = {});
 
  private:
   // A page as a fixed text: padded with blanks, cut at the width. The padding is not kept, only
@@ -83,12 +85,17 @@ class PrintEngine {
   std::optional<RecordFile> spool_;  // while pages are composed
   RecordBlock pages_{kPageLength};   // of the spool file that are not in it yet
   std::string fileName_;             // of the text file, as the dialog last had it
-  std::int16_t page_ = 0;
-  std::string pageText_ = std::string(kPageLength, '\0');
-  bool isChanged_ = true;         // since it was put among the pages
-  std::int16_t lineCount_ = 0;    // lines on the page, the heading not counted
-  std::int16_t linesOnPage_ = 0;  // the last block line put on the page
-  std::int16_t linesPerPage_ = 0;
+
+  /// The page being composed.
+  struct Composed {
+    std::int16_t page = 0;
+    std::string pageText = std::string(kPageLength, '\0');
+    std::int16_t lineCount = 0;    ///< lines on the page, the heading not counted
+    std::int16_t linesOnPage = 0;  ///< the last block line put on the page
+    std::int16_t linesPerPage = 0;
+  } now_;
+  bool isChanged_ = true;       // since it was put among the pages
+  bool holdsOldPages_ = false;  // the spool file, which could not be deleted
 };
 
 }  // namespace quillbox

@@ -2,6 +2,10 @@
 
 #include <algorithm>
 
+#include "platform/checked16.h"
+#include "platform/run_time_error.h"
+#include "text/padding.h"
+
 namespace quillbox {
 namespace {
 
@@ -15,60 +19,80 @@ HeaderRecord makeHeader(int count, int fileType) {
 
 }  // namespace
 
-CollectionStore::CollectionStore(AppState& state, const CollectionKind& kind)
-    : state_(state), kind_(kind), blank_(blankRecord(kind)), read_(kind.recordLength) {}
+CollectionStore::CollectionStore(OpenFiles& files, const OpenCollection& collection,
+                                 const CollectionKind& kind)
+    : files_(files),
+      collection_(collection),
+      kind_(kind),
+      blank_(blankRecord(kind)),
+      read_(kind.recordLength) {}
 
-HeaderRecord CollectionStore::readHeader() {
-  RecordFile file(state_.files, state_.currentPath, kind_.recordLength, OpenMode::read);
+RecordFile CollectionStore::open(OpenMode mode) {
+  return RecordFile(files_, collection_.currentPath, kind_.recordLength, mode);
+}
+
+HeaderRecord CollectionStore::ReadHeader() {
+  RecordFile file = open(OpenMode::read);
   HeaderRecord header;
   file.read(kHeaderRecordNumber, bytesOf(header));
   return header;
 }
 
-void CollectionStore::writeHeader(int count, int fileType, OpenMode mode) {
-  unfinishedSlot_.reset();
+std::int16_t CollectionStore::readCount() { return std::max<std::int16_t>(ReadHeader().Count, 0); }
+
+void CollectionStore::WriteHeader(int count, int fileType, OpenMode mode) {
   const HeaderRecord header = makeHeader(count, fileType);
-  RecordFile file(state_.files, state_.currentPath, kind_.recordLength, mode);
+  RecordFile file = open(mode);
   file.write(kHeaderRecordNumber, bytesOf(header));
   file.close();
 }
 
-void CollectionStore::readItem(int item, std::span<std::byte> into) {
-  unfinishedSlot_.reset();
-  RecordFile file(state_.files, state_.currentPath, kind_.recordLength, OpenMode::read);
+void CollectionStore::ReadRecord(int item, std::span<std::byte> into) {
+  RecordFile file = open(OpenMode::read);
   file.read(recordNumberOf(item), read_, blank_);
   std::ranges::copy(read_, into.begin());
 }
 
-void CollectionStore::writeItem(int item, std::span<const std::byte> record, int count) {
-  if (item < 1) throw RunTimeError(ErrorNumber::badRecordNumber, state_.currentPath);
+std::vector<std::byte> CollectionStore::ReadRecord(int item) {
+  std::vector<std::byte> record(kind_.recordLength);
+  ReadRecord(item, record);
+  return record;
+}
+
+void CollectionStore::WriteRecord(int item, std::span<const std::byte> record, int count) {
+  if (item < 1) throw RunTimeError(ErrorNumber::badRecordNumber, collection_.currentPath);
   const HeaderRecord header = makeHeader(count, kind_.rules.fileType);
-  RecordFile file(state_.files, state_.currentPath, kind_.recordLength, OpenMode::update);
+  RecordFile file = open(OpenMode::update);
   if (kind_.rules.itemWritesRewriteTheHeader) file.write(kHeaderRecordNumber, bytesOf(header));
   file.write(recordNumberOf(item), record);
   file.close();
 }
 
-void CollectionStore::writeNewItem(std::span<const std::byte> record) {
-  if (!unfinishedSlot_ && kind_.rules.reusesDeletedSlots) unfinishedSlot_ = firstDeletedSlot();
-  if (unfinishedSlot_) {
-    writeItem(*unfinishedSlot_, record, state_.Count);
-    unfinishedSlot_.reset();
-    return;
+std::int16_t CollectionStore::slotForNewItem() {
+  if (kind_.rules.reusesDeletedSlots) {
+    RecordFile file = open(OpenMode::read);
+    for (int item = 1; item <= collection_.Count; ++item) {
+      file.read(recordNumberOf(item), read_, blank_);
+      if (withoutBlanksAround(markerField(read_)) == kind_.rules.deletion.marker)
+        return checked16(item);
+    }
   }
-  const std::int16_t count = checked16(state_.Count + 1);
-  writeHeader(count, kind_.rules.fileType);
-  writeItem(count, record, count);
-  // Only now: a failed write leaves the count, so that trying again fills the same slot.
-  state_.Count = count;
+  return checked16(collection_.Count + 1);
+}
+
+std::int16_t CollectionStore::writeNewItem(std::optional<std::int16_t>& slot,
+                                           std::span<const std::byte> record) {
+  if (!slot) slot = slotForNewItem();
+  const std::int16_t count = std::max(*slot, collection_.Count);
+  if (count > collection_.Count) WriteHeader(count, kind_.rules.fileType);
+  WriteRecord(*slot, record, count);
+  slot.reset();
+  return count;
 }
 
 bool CollectionStore::writeDeleted(int item, std::span<const std::byte> record) {
-  writeItem(item, record, state_.Count);
-  if (!kind_.rules.deletion.readsBack) return true;
-  std::vector<std::byte> readBack(kind_.recordLength);
-  readItem(item, readBack);
-  return isDeleted(readBack);
+  WriteRecord(item, record, collection_.Count);
+  return !kind_.rules.deletion.readsBack || isDeleted(ReadRecord(item));
 }
 
 bool CollectionStore::isDeleted(std::span<const std::byte> record) const {
@@ -79,17 +103,9 @@ std::string_view CollectionStore::markerField(std::span<const std::byte> record)
   return textOf(kind_.fields.front(), record);
 }
 
-std::optional<int> CollectionStore::firstDeletedSlot() {
-  RecordFile file(state_.files, state_.currentPath, kind_.recordLength, OpenMode::read);
-  for (int item = 1; item <= state_.Count; ++item) {
-    file.read(recordNumberOf(item), read_, blank_);
-    if (withoutBlanksAround(markerField(read_)) == kind_.rules.deletion.marker) return item;
-  }
-  return std::nullopt;
-}
-
-void refuseToReplaceCollection(AppState& state, const std::string& path) {
-  if (state.files.fileSystem().isSameFile(path, state.currentPath))
+void refuseToReplaceCollection(OpenFiles& files, const OpenCollection& collection,
+                               const std::string& path) {
+  if (files.fileSystem().isSameFile(path, collection.currentPath))
     throw RunTimeError(ErrorNumber::fileAlreadyOpen, path);
 }
 

@@ -15,37 +15,47 @@
 
 namespace quillbox {
 
-/// The open collection as one kind reads and writes it. Every operation opens the file at
-/// `AppState::currentPath`, does its work and closes it again; one that fails throws a
-/// RunTimeError and leaves `Count`, the positions and the caller's buffers as they were.
+/// A collection as its kind reads and writes it. Every operation opens the file at the collection's
+/// `currentPath`, does its work and closes it again; one that fails throws a RunTimeError and
+/// leaves the caller's buffers as they were. Nothing here changes what is open or where the user
+/// is.
 ///
 /// Items are numbered from 1; 0 is nothing and kNewItem a new item. A record passed in or out has
 /// the kind's record length.
 class CollectionStore {
  public:
-  CollectionStore(AppState& state, const CollectionKind& kind);
+  /// The collection is looked at with each operation and must outlive the store.
+  CollectionStore(OpenFiles& files, const OpenCollection& collection, const CollectionKind& kind);
 
   const CollectionKind& kind() const { return kind_; }
 
   /// Reads the header of the file as it stands.
-  HeaderRecord readHeader();
+  HeaderRecord ReadHeader();
+
+  /// The items that the header counts; none when it counts less than none.
+  std::int16_t readCount();
 
   /// Writes the header: `count`, `fileType` and the running version. The file must exist unless
   /// `mode` is OpenMode::create.
-  void writeHeader(int count, int fileType, OpenMode mode = OpenMode::update);
+  void WriteHeader(int count, int fileType, OpenMode mode = OpenMode::update);
 
   /// Reads an item; what lies past the end of the file is blank.
-  void readItem(int item, std::span<std::byte> into);
+  void ReadRecord(int item, std::span<std::byte> into);
+  std::vector<std::byte> ReadRecord(int item);
 
   /// Writes the header with `count` and the kind's file type if the kind's item writes do that,
   /// then the item. Run-time error 63 for a position that is no item: the header is never
   /// overwritten by one.
-  void writeItem(int item, std::span<const std::byte> record, int count);
+  void WriteRecord(int item, std::span<const std::byte> record, int count);
 
-  /// Stores `record` as a new item: in the first deleted slot if the kind reuses them, otherwise
-  /// after the last item, where `Count` rises (run-time error 6 beyond 16 bits). Called again after
-  /// a failure, and nothing in between, it stores the item in the same slot.
-  void writeNewItem(std::span<const std::byte> record);
+  /// Stores `record` as a new item and returns how many items there are then. It goes into the
+  /// first deleted slot if the kind reuses them, otherwise after the last item (run-time error 6
+  /// beyond 16 bits).
+  ///
+  /// A failure may leave half of the item in its slot, which no scan would take for deleted again:
+  /// `slot` keeps it for the next try. Whoever calls forgets it as soon as anything else may have
+  /// happened to the collection; it is empty after a success.
+  std::int16_t writeNewItem(std::optional<std::int16_t>& slot, std::span<const std::byte> record);
 
   /// Writes `record`, which carries the deleted marker, over an item, and reads it back if the
   /// kind does that. False when what was read back is not deleted.
@@ -56,17 +66,19 @@ class CollectionStore {
 
  private:
   std::string_view markerField(std::span<const std::byte> record) const;
-  std::optional<int> firstDeletedSlot();
+  std::int16_t slotForNewItem();
+  RecordFile open(OpenMode mode);
 
-  AppState& state_;
+  OpenFiles& files_;
+  const OpenCollection& collection_;
   const CollectionKind& kind_;
-  std::vector<std::byte> blank_;       // what a record past the end of the file reads as
-  std::vector<std::byte> read_;        // the record being read
-  std::optional<int> unfinishedSlot_;  // no longer deleted, not yet the new item
+  std::vector<std::byte> blank_;  // what a record past the end of the file reads as
+  std::vector<std::byte> read_;   // the record being read
 };
 
 /// Run-time error 55 when `path` leads to the open collection, which must never be written over by
 /// what is made from it.
-void refuseToReplaceCollection(AppState& state, const std::string& path);
+void refuseToReplaceCollection(OpenFiles& files, const OpenCollection& collection,
+                               const std::string& path);
 
 }  // namespace quillbox

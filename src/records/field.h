@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <string>
 #include <string_view>
 
 namespace quillbox {
@@ -26,13 +25,12 @@ struct Field {
   std::size_t width;                               ///< bytes of one entry
   std::size_t count = 1;                           ///< entries, stored back to back
   std::span<const std::string_view> choices = {};  ///< the built-in list of a choice
-};
 
-/// What the user put into the input of a field.
-struct Entered {
-  const Field* field;
-  std::string text = {};   ///< of a text box, in the record's characters
-  std::int16_t whole = 0;  ///< 0 or 1 of a check box, the place in a list or -1
+  /// The same field of the same kind of record, wherever its descriptor stands.
+  friend constexpr bool operator==(const Field& one, const Field& other) {
+    return one.name == other.name && one.type == other.type && one.offset == other.offset &&
+           one.width == other.width && one.count == other.count;
+  }
 };
 
 /// All `width` characters of an entry.
@@ -58,15 +56,6 @@ void setReal(const Field& field, std::span<std::byte> record, double value);
 /// Makes `record` the blank record: blanks in texts, zeros elsewhere. (A record of zero bytes is
 /// another thing: what a buffer holds before anything was read.)
 void fillBlank(std::span<const Field> fields, std::span<std::byte> record);
-
-/// `text` without the blanks at its end.
-std::string_view withoutTrailingBlanks(std::string_view text);
-
-/// `text` without the blanks at either end.
-std::string_view withoutBlanksAround(std::string_view text);
-
-/// `text` up to its first NUL: what a control shows of it.
-std::string_view upToNul(std::string_view text);
 
 /// The field of that name, at compile time; a name that is not in the table does not compile.
 consteval const Field& fieldNamed(std::span<const Field> fields, std::string_view name) {

@@ -9,8 +9,6 @@
 #include <string_view>
 #include <type_traits>
 
-#include "platform/run_time_error.h"
-
 /// The types that records are made of. Each has alignment 1 and is its own disk layout, on any
 /// host, so that a record struct is the bytes of the file.
 namespace quillbox {
@@ -87,13 +85,6 @@ static_assert(sizeof(Real) == 8 && alignof(Real) == 1);
 
 static_assert(sizeof(WholeNumber) == 2 && alignof(WholeNumber) == 1);
 static_assert(sizeof(Money) == 8 && alignof(Money) == 1);
-
-/// `value` as the 16-bit number that counts and positions are kept in; run-time error 6 when it
-/// does not fit.
-constexpr std::int16_t checked16(int value) {
-  if (value < INT16_MIN || value > INT16_MAX) throw RunTimeError(ErrorNumber::overflow);
-  return static_cast<std::int16_t>(value);
-}
 
 /// The bytes of a record, for reading and writing files.
 template <typename Record>

@@ -2,10 +2,11 @@
 
 #include <array>
 
+#include "platform/desktop.h"
 #include "records/app_state.h"
 #include "records/header_record.h"
-#include "records/number_text.h"
 #include "records/version.h"
+#include "text/number_text.h"
 
 namespace quillbox {
 namespace {
@@ -18,81 +19,113 @@ constexpr LabelWords kMediaLabel = {"Record #:", " of", "Record #:None", "Record
 constexpr std::string_view kMusicTitle = "QBX - Music Manager";
 
 // The music editor's own spelling of the marker; files made with it must go on being understood.
-constexpr DeleteRules kMusicDelete = {"DETELED", true, true, kMusicTitle, kMusicTitle, kMusicTitle};
+constexpr DeleteRules kMusicDelete = {.marker = "DETELED",
+                                      .keepsTheRest = true,
+                                      .readsBack = true,
+                                      .questionTitle = kMusicTitle,
+                                      .abortedTitle = kMusicTitle,
+                                      .deletedTitle = kMusicTitle};
 // The music editor's title is shared; nothing but the question is said.
-constexpr DeleteRules kDelete = {"DELETED", false, false, kMusicTitle, "", ""};
+constexpr DeleteRules kDelete = {.marker = "DELETED", .questionTitle = kMusicTitle};
 // Three titles, each spelled its own way.
-constexpr DeleteRules kMediaDelete = {"DELETED",
-                                      true,
-                                      true,
-                                      "QBX - waves Manager",
-                                      "QBX - Wave/Mid/Graphic Manager",
-                                      "QBX - Wave/Midi/Graphic Manager"};
+constexpr DeleteRules kMediaDelete = {.marker = "DELETED",
+                                      .keepsTheRest = true,
+                                      .readsBack = true,
+                                      .questionTitle = "QBX - waves Manager",
+                                      .abortedTitle = "QBX - Wave/Mid/Graphic Manager",
+                                      .deletedTitle = "QBX - Wave/Midi/Graphic Manager"};
 
-constexpr GoToRules kMusicGoTo = {kMusicTitle, false};
-constexpr GoToRules kGoTo = {"Go To Record", true};
-constexpr GoToRules kMediaGoTo = {kDefaultTitle, false};
+constexpr EditingRules kMusicRules = {.messageTitle = kMusicTitle,
+                                      .fileType = music_file_type::current,
+                                      .itemWritesRewriteTheHeader = true,
+                                      .label = kMusicLabel,
+                                      .stepping = Stepping::skipsDeleted,
+                                      .reusesDeletedSlots = true,
+                                      .deletion = kMusicDelete,
+                                      .goTo = {.invalidTitle = kMusicTitle}};
+constexpr EditingRules kFamilyRules = {
+    .messageTitle = kMusicTitle,
+    .label = kLabel,
+    .deletion = kDelete,
+    .goTo = {.invalidTitle = "Go To Record", .badTextIsAnError = true}};
+constexpr EditingRules kMediaRules = {.messageTitle = kDefaultTitle,
+                                      .itemWritesRewriteTheHeader = true,
+                                      .label = kMediaLabel,
+                                      .stepping = Stepping::skipsDeleted,
+                                      .reusesDeletedSlots = true,
+                                      .deletion = kMediaDelete,
+                                      .goTo = {.invalidTitle = kDefaultTitle}};
 
 template <auto record>
-std::span<std::byte> bufferIn(AppState& state) {
-  return bytesOf(state.*record);
+std::span<std::byte> bufferIn(OpenCollection& collection) {
+  return bytesOf(collection.*record);
 }
 
-constexpr EditingRules kMusicRules = {kMusicTitle,
-                                      music_file_type::current,
-                                      true,
-                                      kMusicLabel,
-                                      Stepping::skipsDeleted,
-                                      true,
-                                      kMusicDelete,
-                                      kMusicGoTo};
-constexpr EditingRules kFamilyRules = {kMusicTitle,     1,     false,   kLabel,
-                                       Stepping::plain, false, kDelete, kGoTo};
-constexpr EditingRules kMediaRules = {kDefaultTitle,          1,    true,         kMediaLabel,
-                                      Stepping::skipsDeleted, true, kMediaDelete, kMediaGoTo};
-
-consteval CollectionKind mediaFiles(std::int16_t code, std::string_view optionCaption,
-                                    std::string_view extension, std::string_view captionPrefix) {
-  return {code,
-          optionCaption,
-          extension,
-          EditorForm::wave,
-          captionPrefix,
-          "File Collection Manager",
-          false,
-          sizeof(MediaFileRecord),
-          kMediaFileFields,
-          bufferIn<&OpenCollection::mediaFile>,
-          &OpenCollection::CurRec,
-          kMediaRules};
+consteval CollectionKind mediaFiles(std::int16_t code, std::int16_t mediaCode,
+                                    std::string_view extension, std::string_view option,
+                                    std::string_view captionPrefix) {
+  return {.code = code,
+          .mediaCode = mediaCode,
+          .extension = extension,
+          .editor = EditorForm::wave,
+          .words = {option, captionPrefix, "File Collection Manager"},
+          .opensFromCommandLine = false,
+          .recordLength = sizeof(MediaFileRecord),
+          .fields = kMediaFileFields,
+          .buffer = bufferIn<&OpenCollection::mediaFile>,
+          .rules = kMediaRules};
 }
 
 constexpr std::array<CollectionKind, 9> kKinds = {{
-    {1, "&Music Collection", "MCS", EditorForm::music, "Music Collection Manager (",
-     "Music Collection Manager", true, sizeof(MusicRecord), kMusicFields,
-     bufferIn<&OpenCollection::music>, &OpenCollection::CurRec, kMusicRules},
-    // Only the video editor steps by the second position.
-    {3, "&Video Collection", "VCS", EditorForm::video, "Video Tape Collection Manager (",
-     "Video Tape Collection Manager", true, sizeof(VideoRecord), kVideoFields,
-     bufferIn<&OpenCollection::video>, &OpenCollection::ListPos, kFamilyRules},
-    {2, "&Comic Collection", "CCS", EditorForm::comics, "Comic Collection Manager (",
-     "Comic Collection Manager", true, sizeof(ComicRecord), kComicFields,
-     bufferIn<&OpenCollection::comic>, &OpenCollection::CurRec, kFamilyRules},
-    {4, "&Software Collection", "SCS", EditorForm::software, "Software Collection Manager (",
-     "Software Collection Manager", true, sizeof(SoftwareRecord), kSoftwareFields,
-     bufferIn<&OpenCollection::software>, &OpenCollection::CurRec, kFamilyRules},
+    {.code = 1,
+     .extension = "MCS",
+     .editor = EditorForm::music,
+     .words = {"&Music Collection", "Music Collection Manager (", "Music Collection Manager"},
+     .recordLength = sizeof(MusicRecord),
+     .fields = kMusicFields,
+     .buffer = bufferIn<&OpenCollection::music>,
+     .rules = kMusicRules},
+    {.code = 3,
+     .extension = "VCS",
+     .editor = EditorForm::video,
+     .words = {"&Video Collection", "Video Tape Collection Manager (",
+               "Video Tape Collection Manager"},
+     .recordLength = sizeof(VideoRecord),
+     .fields = kVideoFields,
+     .buffer = bufferIn<&OpenCollection::video>,
+     .position = &OpenCollection::ListPos,  // the only editor that steps by it
+     .rules = kFamilyRules},
+    {.code = 2,
+     .extension = "CCS",
+     .editor = EditorForm::comics,
+     .words = {"&Comic Collection", "Comic Collection Manager (", "Comic Collection Manager"},
+     .recordLength = sizeof(ComicRecord),
+     .fields = kComicFields,
+     .buffer = bufferIn<&OpenCollection::comic>,
+     .rules = kFamilyRules},
+    {.code = 4,
+     .extension = "SCS",
+     .editor = EditorForm::software,
+     .words = {"&Software Collection", "Software Collection Manager (",
+               "Software Collection Manager"},
+     .recordLength = sizeof(SoftwareRecord),
+     .fields = kSoftwareFields,
+     .buffer = bufferIn<&OpenCollection::software>,
+     .rules = kFamilyRules},
     // Two blanks in the book editor's first caption.
-    {5, "&Book Collection", "BCS", EditorForm::books, "Book Collection Manager (",
-     "Book Collection  Manager", true, sizeof(BookRecord), kBookFields,
-     bufferIn<&OpenCollection::book>, &OpenCollection::CurRec, kFamilyRules},
-    mediaFiles(6, "&Wav File Collection", "WCS", "Wave File Collection ("),
-    mediaFiles(7, "M&idi File Collection", "ICS", "MIDI File Collection ("),
-    mediaFiles(8, "&Graphic File Collection", "GCS", "Graphic File Collection ("),
-    mediaFiles(9, "MP&3 File Collection", "MPS", "MP3 File Collection ("),
+    {.code = 5,
+     .extension = "BCS",
+     .editor = EditorForm::books,
+     .words = {"&Book Collection", "Book Collection Manager (", "Book Collection  Manager"},
+     .recordLength = sizeof(BookRecord),
+     .fields = kBookFields,
+     .buffer = bufferIn<&OpenCollection::book>,
+     .rules = kFamilyRules},
+    mediaFiles(6, 1, "WCS", "&Wav File Collection", "Wave File Collection ("),
+    mediaFiles(7, 2, "ICS", "M&idi File Collection", "MIDI File Collection ("),
+    mediaFiles(8, 3, "GCS", "&Graphic File Collection", "Graphic File Collection ("),
+    mediaFiles(9, 4, "MPS", "MP&3 File Collection", "MP3 File Collection ("),
 }};
-
-/// The code of the last kind that is not one of media files.
-constexpr int kBeforeMediaFiles = 5;
 
 }  // namespace
 
@@ -110,12 +143,9 @@ const CollectionKind* kindOfCode(int code) {
   return nullptr;
 }
 
-int mediaCodeOf(const CollectionKind& kind) {
-  return kind.code > kBeforeMediaFiles ? kind.code - kBeforeMediaFiles : 0;
-}
-
-const CollectionKind* kindOfMediaCode(int mediaCode) {
-  return mediaCode < 1 ? nullptr : kindOfCode(mediaCode + kBeforeMediaFiles);
+int mediaCodeOf(int kindCode) {
+  const CollectionKind* kind = kindOfCode(kindCode);
+  return kind == nullptr ? 0 : kind->mediaCode;
 }
 
 std::vector<std::byte> blankRecord(const CollectionKind& kind) {

@@ -2,20 +2,42 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "records/app_state.h"
 #include "records/field.h"
 
 namespace quillbox {
 
-struct AppState;
-struct OpenCollection;
-
 /// The editor form of a kind; the four media-file kinds share one.
 enum class EditorForm { music, video, software, comics, books, wave };
+inline constexpr std::size_t kEditorForms = 6;
+
+/// The row of an editor in a table that has one for each of them, in their order.
+template <const auto& rows>
+constexpr const auto& rowOf(EditorForm editor) {
+  constexpr auto isComplete = [] {
+    for (std::size_t row = 0; row < std::size(rows); ++row)
+      if (rows[row].editor != static_cast<EditorForm>(row)) return false;
+    return std::size(rows) == kEditorForms;
+  };
+  static_assert(isComplete(), "one row for each editor, in the order of EditorForm");
+  return rows[static_cast<std::size_t>(editor)];
+}
+
+// The words of windows below are shown by forms alone. They stand here all the same, so that what
+// tells a kind from another is one row.
+
+/// What an editor's window is called, and its kind in the new-collection dialog.
+struct WindowWords {
+  std::string_view option;         ///< of the new-collection dialog
+  std::string_view captionPrefix;  ///< the caption is this, the file name and ")"
+  std::string_view designCaption;  ///< the caption before a collection is open
+};
 
 /// How an editor moves from item to item.
 enum class Stepping {
@@ -34,45 +56,44 @@ struct LabelWords {
 /// What Delete writes and says. Nothing is said where a title is empty.
 struct DeleteRules {
   std::string_view marker;         ///< goes into the first text field
-  bool keepsTheRest;               ///< false: every other byte becomes zero
-  bool readsBack;                  ///< and ends the program when the marker is not there
+  bool keepsTheRest = false;       ///< otherwise every other byte becomes zero
+  bool readsBack = false;          ///< and ends the program when the marker is not there
   std::string_view questionTitle;  ///< also of "Deletion failure!"
-  std::string_view abortedTitle;
-  std::string_view deletedTitle;
+  std::string_view abortedTitle = {};
+  std::string_view deletedTitle = {};
 };
 
 /// What Go To makes of an answer that is no item.
 struct GoToRules {
   std::string_view invalidTitle;  ///< of "Invalid input?!"
-  bool badTextIsAnError;          ///< what is no 16-bit number is a run-time error, not a message
+  bool badTextIsAnError = false;  ///< what is no 16-bit number is a run-time error, not a message
 };
 
 /// How the editor of a kind works; music, the video-to-book family and media files each have
 /// theirs.
 struct EditingRules {
-  std::string_view messageTitle;    ///< of the editor's messages that have no title of their own
-  std::int16_t fileType;            ///< in the headers of item writes
-  bool itemWritesRewriteTheHeader;  ///< in place too, not only when an item is added
+  std::string_view messageTitle;  ///< of the editor's messages that have no title of their own
+  std::int16_t fileType = 1;      ///< in the headers of item writes
+  bool itemWritesRewriteTheHeader = false;  ///< in place too, not only when an item is added
   LabelWords label;
-  Stepping stepping;
-  bool reusesDeletedSlots;  ///< a new item goes into the first deleted slot
+  Stepping stepping = Stepping::plain;
+  bool reusesDeletedSlots = false;  ///< a new item goes into the first deleted slot
   DeleteRules deletion;
   GoToRules goTo;
 };
 
 /// One kind of collection: a row of the table of the nine kinds.
 struct CollectionKind {
-  std::int16_t code;               ///< kind code, 1 to 9
-  std::string_view optionCaption;  ///< in the new-collection dialog
-  std::string_view extension;      ///< in capitals, without the dot
+  std::int16_t code;           ///< kind code, 1 to 9
+  std::int16_t mediaCode = 0;  ///< of the media-file kinds, 1 to 4
+  std::string_view extension;  ///< in capitals, without the dot
   EditorForm editor;
-  std::string_view captionPrefix;  ///< the editor's caption is this, the file name and ")"
-  std::string_view designCaption;  ///< the editor's caption before a collection is open
-  bool opensFromCommandLine;
+  WindowWords words;
+  bool opensFromCommandLine = true;
   std::size_t recordLength;       ///< bytes
   std::span<const Field> fields;  ///< of its record; the first one carries the deleted marker
-  std::span<std::byte> (*buffer)(AppState& state);  ///< its record buffer
-  std::int16_t OpenCollection::*position;           ///< what the editor steps by
+  std::span<std::byte> (*buffer)(OpenCollection& collection);        ///< its record buffer
+  std::int16_t OpenCollection::*position = &OpenCollection::CurRec;  ///< what the editor steps by
   EditingRules rules;
 };
 
@@ -85,11 +106,8 @@ const CollectionKind* kindOfExtension(std::string_view extension);
 /// The kind with that code, or nullptr.
 const CollectionKind* kindOfCode(int code);
 
-/// The media-file kinds have a code of their own, 1 to 4; it is 0 for every other kind.
-int mediaCodeOf(const CollectionKind& kind);
-
-/// The media-file kind of that code, or nullptr.
-const CollectionKind* kindOfMediaCode(int mediaCode);
+/// The media code of the kind with that code, 1 to 4; 0 for every other kind, and for none.
+int mediaCodeOf(int kindCode);
 
 /// The blank record of a kind.
 std::vector<std::byte> blankRecord(const CollectionKind& kind);

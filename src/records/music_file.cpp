@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/paths.h"
+#include "platform/file_paths.h"
+#include "platform/run_time_error.h"
+#include "records/header_record.h"
 #include "records/record_file.h"
 #include "records/version.h"
 
@@ -11,47 +13,42 @@ namespace quillbox {
 
 namespace {
 
-/// A file without its header would pass for one of an older type.
-void makeMusicFile(AppState& state, CollectionStore& store) {
-  try {
-    store.writeHeader(0, music_file_type::current, OpenMode::create);
-  } catch (const RunTimeError&) {
-    ignoringErrors([&] { state.files.fileSystem().remove(state.currentPath); });
-    throw;
-  }
+/// Where a link has the name, the file that it leads to is made.
+void makeMusicFile(OpenFiles& files, const std::string& path) {
+  HeaderRecord header;
+  header.Count = 0;
+  header.FileType = music_file_type::current;
+  header.Version = kVersionText;
+  makeRecordFile(files, fileBehind(files.fileSystem(), path), sizeof(MusicRecord), {},
+                 file_number::fresh,
+                 [&](RecordFile& file) { file.write(kHeaderRecordNumber, bytesOf(header)); });
 }
 
 }  // namespace
 
-MusicFileState openMusicFile(AppState& state, CollectionStore& store) {
-  if (!state.files.fileSystem().exists(state.currentPath)) makeMusicFile(state, store);
-  const HeaderRecord header = store.readHeader();
-  state.Count = std::max<std::int16_t>(header.Count, 0);
+MusicFileState openMusicFile(OpenFiles& files, OpenCollection& opening) {
+  if (!files.fileSystem().exists(opening.currentPath)) makeMusicFile(files, opening.currentPath);
+  RecordFile file(files, opening.currentPath, sizeof(MusicRecord), OpenMode::read);
+  HeaderRecord header;
+  file.read(kHeaderRecordNumber, bytesOf(header));
+  opening.Count = std::max<std::int16_t>(header.Count, 0);
   if (header.FileType < music_file_type::upgradable) return MusicFileState::refused;
   if (header.FileType == music_file_type::upgradable) return MusicFileState::upgradable;
   return MusicFileState::current;
 }
 
-void upgradeMusicFile(AppState& state) {
-  FileSystem& files = state.files.fileSystem();
-  const std::string backup = backupPath(state.currentPath, "BAK");
-  if (files.exists(backup)) {
-    // The old backup may be all there is on the disk of what the collection holds.
-    RecordFile collection(state.files, state.currentPath, sizeof(MusicRecord), OpenMode::read);
-    collection.flush();
-    files.remove(backup);
-  }
-  files.rename(state.currentPath, backup);
-
-  RecordFile from(state.files, backup, kMusicRecordType4Length, OpenMode::read);
-  RecordFile to(state.files, state.currentPath, sizeof(MusicRecord), OpenMode::create);
+void upgradeMusicFile(OpenFiles& files, OpenCollection& opening) {
+  const auto [path, backup] =
+      moveToBackup(files.fileSystem(), opening.currentPath, "BAK", OldBackup::isDeleted);
+  RecordFile from(files, backup, kMusicRecordType4Length, OpenMode::read);
+  RecordFile to(files, path, sizeof(MusicRecord), MadeLike{backup});
   HeaderRecord header;
   from.read(kHeaderRecordNumber, bytesOf(header));
 
   MusicRecord blank;
   fillBlank(kMusicFields, bytesOf(blank));
   const auto blankOld = bytesOf(std::as_const(blank)).first(kMusicRecordType4Length);
-  MusicRecord& buffer = state.music;
+  MusicRecord buffer = opening.music;
   // Up to Count, not Count + 1: the item in the last record has never been carried over.
   for (int number = recordNumberOf(1); number <= header.Count; ++number) {
     const WholeNumber mediaType = buffer.MediaType;  // not among what is copied
@@ -68,6 +65,7 @@ void upgradeMusicFile(AppState& state) {
   to.write(kHeaderRecordNumber, bytesOf(header));
   to.flush();
   to.close();
+  opening.music = buffer;
 }
 
 }  // namespace quillbox

@@ -1,5 +1,7 @@
 #include "records/navigation.h"
 
+#include "platform/checked16.h"
+
 namespace quillbox {
 
 std::optional<std::int16_t> nextItem(CollectionStore& store, std::int16_t position,
@@ -7,7 +9,7 @@ std::optional<std::int16_t> nextItem(CollectionStore& store, std::int16_t positi
   if (position <= 0) return std::nullopt;
   do {
     position = checked16(position + 1);
-    store.readItem(position, into);
+    store.ReadRecord(position, into);
   } while (store.kind().rules.stepping == Stepping::skipsDeleted && store.isDeleted(into));
   return position;
 }
@@ -23,7 +25,7 @@ std::optional<std::int16_t> previousItem(CollectionStore& store, std::int16_t po
       position = checked16(position - 1);
     else if (skips)
       position = count;
-    store.readItem(position, into);
+    store.ReadRecord(position, into);
     if (!skips || !store.isDeleted(into)) return position;
     if (read % count == 0 && !onLap()) return std::nullopt;
   }

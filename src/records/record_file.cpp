@@ -15,6 +15,13 @@ RecordFile::RecordFile(OpenFiles& files, std::string path, std::size_t recordLen
       recordLength_(recordLength),
       number_(files.open(number, path_, mode)) {}
 
+RecordFile::RecordFile(OpenFiles& files, std::string path, std::size_t recordLength,
+                       const MadeLike& like, int number)
+    : files_(files),
+      path_(std::move(path)),
+      recordLength_(recordLength),
+      number_(files.make(number, path_, like.file)) {}
+
 RecordFile::~RecordFile() {
   // Once it is closed the number may be another file's. Whoever wants to hear of a failure calls
   // close().
@@ -55,6 +62,22 @@ void RecordFile::writeRecords(int firstRecordNumber, std::span<const std::byte> 
 std::uint64_t RecordFile::offsetOf(int recordNumber) const {
   if (recordNumber < 1) throw RunTimeError(ErrorNumber::badRecordNumber, path_);
   return static_cast<std::uint64_t>(recordNumber - 1) * recordLength_;
+}
+
+void makeRecordFile(OpenFiles& files, const std::string& path, std::size_t recordLength,
+                    const MadeLike& like, int number,
+                    const std::function<void(RecordFile& file)>& fill) {
+  bool made = false;
+  try {
+    RecordFile file(files, path, recordLength, like, number);
+    made = true;
+    fill(file);
+    file.close();
+  } catch (const RunTimeError&) {
+    // The failure that led here is the one to report.
+    if (made) ignoringErrors([&] { files.fileSystem().remove(path); });
+    throw;
+  }
 }
 
 }  // namespace quillbox

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <span>
 #include <string>
 
@@ -12,10 +13,17 @@ namespace quillbox {
 /// cost nothing, small enough to stay in the processor's cache.
 inline constexpr std::size_t kRecordBlockBytes = 262'144;
 
+/// A file is to be made, as FileSystem::make does it.
+struct MadeLike {
+  std::string file;  ///< empty: like any new file
+};
+
 /// A file of fixed-length records, numbered from 1, open for as long as the object lives.
 class RecordFile {
  public:
   RecordFile(OpenFiles& files, std::string path, std::size_t recordLength, OpenMode mode,
+             int number = file_number::fresh);
+  RecordFile(OpenFiles& files, std::string path, std::size_t recordLength, const MadeLike& like,
              int number = file_number::fresh);
   RecordFile(const RecordFile&) = delete;
   RecordFile& operator=(const RecordFile&) = delete;
@@ -55,5 +63,11 @@ class RecordFile {
   int number_;
   bool closed_ = false;
 };
+
+/// Makes a file, has `fill` write all of it, and closes it. One that could not be written is
+/// deleted again: half a file under a collection's name would pass for the collection.
+void makeRecordFile(OpenFiles& files, const std::string& path, std::size_t recordLength,
+                    const MadeLike& like, int number,
+                    const std::function<void(RecordFile& file)>& fill);
 
 }  // namespace quillbox

@@ -3,12 +3,9 @@
 #include <string>
 #include <string_view>
 
-#include "records/field.h"
+#include "text/padding.h"
 
 namespace quillbox {
-
-/// The title of messages that have none of their own.
-inline constexpr std::string_view kDefaultTitle = "Quillbox";
 
 /// The program's version as it stands inside a line ("Quillbox V1.71   - Music Collection") and,
 /// padded to 8, in every header the program writes.

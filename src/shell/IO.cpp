@@ -1,5 +1,6 @@
 #include "shell/IO.h"
 
+#include "platform/desktop.h"
 #include "platform/paths.h"
 
 namespace quillbox::IO {
@@ -32,20 +33,13 @@ bool pathIsWhole(AppState& state) {
 
 }  // namespace
 
-const CollectionKind* chooseCollection(Program& program) {
-  AppState& state = program.state();
-  state.newCollection = false;
+std::string chooseCollection(Program& program) {
+  const FileDialog cdlQBX1{.title = "Open Collection", .filter = kOpenFilter, .name = "cdlQBX1"};
   for (;;) {
-    state.currentPath = program.desktop().openDialog({"Open Collection", kOpenFilter}).value_or("");
-    if (state.currentPath.empty()) return nullptr;
-    if (state.files.fileSystem().exists(state.currentPath)) break;
+    std::string path = program.desktop().openDialog(cdlQBX1).value_or("");
+    if (path.empty() || program.state().files.fileSystem().exists(path)) return path;
     program.message(kDefaultTitle, "File not found?!");
   }
-  const CollectionKind* kind = kindOfExtension(extensionOf(state.currentPath));
-  if (kind == nullptr) return nullptr;
-  state.kindCode = kind->code;
-  state.mediaCode = static_cast<std::int16_t>(mediaCodeOf(*kind));
-  return kind;
 }
 
 void SaveAs(Program& program, std::string& chosen) {

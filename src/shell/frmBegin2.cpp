@@ -14,18 +14,24 @@
 namespace quillbox {
 namespace {
 
+/// The toolbar's images: the theme's name of each, and the program's own.
+struct Image {
+  const char* themeIcon;
+  const char* ownIcon;
+};
+constexpr Image imgBegin[] = {
+    {"document-new", "new"}, {"document-open", "open"}, {"application-exit", "exit"}};
+
 struct ToolRow {
   const char* key;
   const char* caption;
-  const char* themeIcon;
-  const char* ownIcon;
+  const Image& image;
   QKeySequence::StandardKey shortcut;
 };
-
 const ToolRow kTools[] = {
-    {"N", "New Collection", "document-new", "new", QKeySequence::New},
-    {"O", "Open Collection", "document-open", "open", QKeySequence::Open},
-    {"X", "Exit", "application-exit", "exit", QKeySequence::Quit},
+    {"N", "New Collection", imgBegin[0], QKeySequence::New},
+    {"O", "Open Collection", imgBegin[1], QKeySequence::Open},
+    {"X", "Exit", imgBegin[2], QKeySequence::Quit},
 };
 
 constexpr int kPictureLines = 5;  // of text, its height
@@ -49,8 +55,8 @@ void frmBegin2::makeToolbar() {
   if (auto* more = tbrBegin->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button")))
     more->setAccessibleName(QStringLiteral("More"));
   for (const ToolRow& tool : kTools) {
-    QAction* action =
-        tbrBegin->addAction(icon(tool.themeIcon, tool.ownIcon), QString::fromUtf8(tool.caption));
+    QAction* action = tbrBegin->addAction(icon(tool.image.themeIcon, tool.image.ownIcon),
+                                          QString::fromUtf8(tool.caption));
     action->setObjectName(QString::fromUtf8(tool.key));
     action->setShortcut(tool.shortcut);
     onTriggered(*action, [this, key = tool.key] { tbrBegin_ButtonClick(key); });

@@ -64,8 +64,8 @@ void frmNewCollection::drawoptions() {
   undrawopt();
   QWidget* before = txtColName_;
   for (int element = 1; const CollectionKind& kind : collectionKinds()) {
-    auto* option = new QRadioButton(fromUtf8Text(kind.optionCaption));
-    option->setObjectName(QStringLiteral("optQBX_%1").arg(element++));
+    auto* option = new QRadioButton(fromUtf8Text(kind.words.option));
+    option->setObjectName(controlName("optQBX", element++));
     option->setFont(optionFont(font()));
     option->setIcon(iconOf(kind));
     options_->addWidget(option);
@@ -92,17 +92,13 @@ void frmNewCollection::cmdNew_Click() {
     program().message("QBX - File Manager", "Must specify filename!");
     return;
   }
-  state().currentPath = joinPath(state().dataFolder, name);
-  state().newCollection = true;
   const CollectionKind* kind = selectedKind();
   if (kind == nullptr) return;
-  state().currentPath.append(".").append(kind->extension);
-  state().kindCode = kind->code;
-  state().mediaCode = checked16(mediaCodeOf(*kind));
-  IO::DelFile(program(), state().currentPath);
+  const std::string path = joinPath(state().dataFolder, name).append(".").append(kind->extension);
+  IO::DelFile(program(), path);
   undrawopt();
   hide();
-  openEditor(*kind);
+  openEditor(*kind, path);
 }
 
 void frmNewCollection::Form_Unload() {

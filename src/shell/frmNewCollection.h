@@ -20,8 +20,8 @@ class frmNewCollection : public Form {
   /// Draws the kinds and shows the dialog.
   void showWithOptions();
 
-  /// Opens the editor of a kind on the new collection; set by the start-up module.
-  std::function<void(const CollectionKind&)> openEditor;
+  /// Opens the editor of a kind on a new collection at that path; set by the start-up module.
+  std::function<void(const CollectionKind&, const std::string& path)> openEditor;
 
  protected:
   void Form_Unload() override;

@@ -1,5 +1,7 @@
 #include "shell/modQBX1.h"
 
+#include <utility>
+
 #include "editors/frmBooks.h"
 #include "editors/frmComics.h"
 #include "editors/frmMusic.h"
@@ -7,12 +9,14 @@
 #include "editors/frmVideo.h"
 #include "editors/frmWave.h"
 #include "forms/about.h"
+#include "platform/file_paths.h"
 #include "platform/paths.h"
 #include "records/kinds.h"
 #include "records/version.h"
 #include "shell/IO.h"
 #include "shell/frmBegin2.h"
 #include "shell/frmNewCollection.h"
+#include "text/padding.h"
 
 namespace quillbox {
 namespace {
@@ -28,7 +32,10 @@ std::string joined(std::span<const std::string> arguments) {
 
 }  // namespace
 
-modQBX1::modQBX1(Program& program) : program_(program) { program.setShell(*this); }
+modQBX1::modQBX1(Program& program)
+    : program_(program), board_(program), printEngine_(program.state(), program.desktop(), board_) {
+  program.setShell(*this);
+}
 
 void modQBX1::Main(std::span<const std::string> arguments) {
   program_.message(endingWithVersion("QBX V"), aboutText(), MessageIcon::information);
@@ -43,8 +50,16 @@ void modQBX1::Main(std::span<const std::string> arguments) {
     return;
   }
   // The data folder stays empty then: a collection made later goes to the root folder.
-  state.currentPath = isFullPath(path) ? path : fullPath(path, files.currentFolder());
-  editorOf(kind->editor).open();
+  open(*kind, fullPathOnDisk(files, path));
+}
+
+/// The record buffers and the second position are carried over from what was open before.
+void modQBX1::open(const CollectionKind& kind, std::string path, bool isNew) {
+  OpenCollection opening = program_.state();
+  opening.currentPath = std::move(path);
+  opening.kindCode = kind.code;
+  opening.newCollection = isNew;
+  editorOf(kind.editor).open(std::move(opening));
 }
 
 void modQBX1::showStartScreen() {
@@ -59,53 +74,54 @@ std::string modQBX1::SaveAs() {
   return chosen;
 }
 
+/// A collection that cannot be opened changes nothing: the form that asked comes back with what it
+/// had open.
 void modQBX1::FileOpen() {
-  AppState& state = program_.state();
-  const OpenCollection before = state;
-  const CollectionKind* kind = IO::chooseCollection(program_);
+  const std::string path = IO::chooseCollection(program_);
+  const CollectionKind* kind = kindOfExtension(extensionOf(path));
   if (kind == nullptr) return;
-  try {
-    editorOf(kind->editor).open();
-  } catch (const RunTimeError&) {
-    // The form that asked comes back, and so does what it had open.
-    static_cast<OpenCollection&>(state) = before;
-    throw;
-  }
   program_.form<frmBegin2>().hide();
+  open(*kind, path);
 }
 
 void modQBX1::showNewCollection() {
   auto& dialog = program_.form<frmNewCollection>();
-  dialog.openEditor = [this](const CollectionKind& kind) { openNew(kind); };
+  dialog.openEditor = [this](const CollectionKind& kind, const std::string& path) {
+    openNew(kind, path);
+  };
   dialog.showWithOptions();
 }
 
 /// A collection that cannot be made leaves nothing to come back to but the start screen.
-void modQBX1::openNew(const CollectionKind& kind) {
+void modQBX1::openNew(const CollectionKind& kind, const std::string& path) {
   try {
-    editorOf(kind.editor).open();
+    open(kind, path, true);
   } catch (const RunTimeError& error) {
-    program_.state().newCollection = false;
     program_.report(error);
   }
 }
 
 frmEditor& modQBX1::editorOf(EditorForm form) {
-  switch (form) {
-    case EditorForm::music:
-      return program_.form<frmMusic>();
-    case EditorForm::video:
-      return program_.form<frmVideo>();
-    case EditorForm::software:
-      return program_.form<frmSoftware>();
-    case EditorForm::comics:
-      return program_.form<frmComics>();
-    case EditorForm::books:
-      return program_.form<frmBooks>();
-    case EditorForm::wave:
-      break;
-  }
-  return program_.form<frmWave>();
+  const auto make = [&]() -> std::unique_ptr<frmEditor> {
+    switch (form) {
+      case EditorForm::music:
+        return std::make_unique<frmMusic>(program_, printEngine_);
+      case EditorForm::video:
+        return std::make_unique<frmVideo>(program_, printEngine_);
+      case EditorForm::software:
+        return std::make_unique<frmSoftware>(program_, printEngine_);
+      case EditorForm::comics:
+        return std::make_unique<frmComics>(program_, printEngine_);
+      case EditorForm::books:
+        return std::make_unique<frmBooks>(program_, printEngine_);
+      case EditorForm::wave:
+        break;
+    }
+    return std::make_unique<frmWave>(program_, printEngine_);
+  };
+  auto& editor = editors_.at(static_cast<std::size_t>(form));
+  if (!editor) editor = make();
+  return *editor;
 }
 
 }  // namespace quillbox

@@ -1,14 +1,17 @@
 #pragma once
 
+#include <array>
+#include <memory>
 #include <span>
 #include <string>
 
+#include "editors/frmEditor.h"
 #include "forms/program.h"
+#include "printing/frmRecDisp.h"
+#include "printing/print_engine.h"
 #include "records/kinds.h"
 
 namespace quillbox {
-
-class frmEditor;
 
 /// The start-up module: starts the program and brings up its forms.
 class modQBX1 : public Shell {
@@ -23,12 +26,17 @@ class modQBX1 : public Shell {
   void FileOpen() override;
   std::string SaveAs() override;
   void showNewCollection() override;
+  Board& board() override { return board_; }
 
  private:
   frmEditor& editorOf(EditorForm form);
-  void openNew(const CollectionKind& kind);
+  void open(const CollectionKind& kind, std::string path, bool isNew = false);
+  void openNew(const CollectionKind& kind, const std::string& path);
 
   Program& program_;
+  frmRecDisp board_;
+  PrintEngine printEngine_;
+  std::array<std::unique_ptr<frmEditor>, kEditorForms> editors_;  // made on first use
 };
 
 }  // namespace quillbox

@@ -4,14 +4,12 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
-#include <algorithm>
 #include <array>
-#include <cassert>
 #include <utility>
 
 #include "forms/controls.h"
 #include "forms/qt_text.h"
-#include "printing/frmRecDisp.h"
+#include "platform/desktop.h"
 #include "sortsearch/search_engine.h"
 
 namespace quillbox {
@@ -21,11 +19,11 @@ namespace {
 /// caption.
 constexpr int kSheetWidth = 60;
 
-/// An input that can be used only while boxes are ticked.
+/// An input that can be used only while two boxes are ticked, which may be the same.
 struct EnabledBy {
   const char* input;
   const char* box;
-  const char* secondBox = nullptr;
+  const char* secondBox = box;
 };
 
 }  // namespace
@@ -34,11 +32,12 @@ struct EnabledBy {
 struct SearchForm {
   EditorForm editor;
   const char* name;
-  const char* caption;  ///< none: by media-file kind
+  const char* caption = nullptr;  ///< none: by media-file kind
   const char* beginName;
-  const char* beginCaption;
-  const char* exitName;
-  const char* exitCaption;
+  const char* beginCaption = "&Begin Search";
+  void (frmSearch::*begin)();  ///< under its name in this form
+  const char* exitName = "cmdExit";
+  const char* exitCaption = "E&xit Window";
   std::span<const EnabledBy> enabling = {};
 };
 
@@ -46,25 +45,48 @@ namespace {
 
 // Unlike the editor, the search form looks at both boxes whichever was clicked.
 constexpr EnabledBy kLoan[] = {
-    {"txtBorrower", "chkCurrLoaned"},
-    {"txtDateLoaned", "chkCurrLoaned"},
-    {"txtDueDate", "chkCurrLoaned"},
-    {"chkBookLoaned", "chkCurrLoaned", "chkHasBook"},
+    {.input = "txtBorrower", .box = "chkCurrLoaned"},
+    {.input = "txtDateLoaned", .box = "chkCurrLoaned"},
+    {.input = "txtDueDate", .box = "chkCurrLoaned"},
+    {.input = "chkBookLoaned", .box = "chkCurrLoaned", .secondBox = "chkHasBook"},
 };
 
 constexpr SearchForm kForms[] = {
-    {EditorForm::music, "frmMusSearch", "Music Search", "cmdSearch", "Be&gin Search", "cmdExit",
-     "E&xit Search", kLoan},
-    {EditorForm::video, "frmVideoSearch", "Video Tape Collection Manager", "cmbBeginSearch",
-     "&Begin Search", "cmdExit", "E&xit Window"},
-    {EditorForm::software, "frmSoftwareSearch", "Software Collection Manager", "cmdBeginSearch",
-     "&Begin Search", "cmdExit", "E&xit Window"},
-    {EditorForm::comics, "frmComicSearch", "Comic Search", "cmdSearch", "B&egin Search", "cmdExit",
-     "E&xit Window"},
-    {EditorForm::books, "frmBookSearch", "Book Search Data", "cmdBeginSearch", "&Begin Search",
-     "cmdExitWindow", "E&xit Search"},
-    {EditorForm::wave, "frmWaveSearch", nullptr, "cmbBeginSearch", "&Begin Search", "cmdExit",
-     "E&xit Window"},
+    {.editor = EditorForm::music,
+     .name = "frmMusSearch",
+     .caption = "Music Search",
+     .beginName = "cmdSearch",
+     .beginCaption = "Be&gin Search",
+     .begin = &frmSearch::cmdSearch_Click,
+     .exitCaption = "E&xit Search",
+     .enabling = kLoan},
+    {.editor = EditorForm::video,
+     .name = "frmVideoSearch",
+     .caption = "Video Tape Collection Manager",
+     .beginName = "cmbBeginSearch",
+     .begin = frmSearch::cmbBeginSearch_Click},
+    {.editor = EditorForm::software,
+     .name = "frmSoftwareSearch",
+     .caption = "Software Collection Manager",
+     .beginName = "cmdBeginSearch",
+     .begin = frmSearch::cmdBeginSearch_Click},
+    {.editor = EditorForm::comics,
+     .name = "frmComicSearch",
+     .caption = "Comic Search",
+     .beginName = "cmdSearch",
+     .beginCaption = "B&egin Search",
+     .begin = &frmSearch::cmdSearch_Click},
+    {.editor = EditorForm::books,
+     .name = "frmBookSearch",
+     .caption = "Book Search Data",
+     .beginName = "cmdBeginSearch",
+     .begin = frmSearch::cmdBeginSearch_Click,
+     .exitName = "cmdExitWindow",
+     .exitCaption = "E&xit Search"},
+    {.editor = EditorForm::wave,
+     .name = "frmWaveSearch",
+     .beginName = "cmbBeginSearch",
+     .begin = frmSearch::cmbBeginSearch_Click},
 };
 
 // By media code, from 1.
@@ -72,11 +94,7 @@ constexpr std::array<const char*, 4> kMediaCaptions = {
     "Wave Collection Manager", "MIDI Collection Manager", "Graphics Collection Manager",
     "MP3 Collection Manager"};
 
-const SearchForm& formOf(const CollectionKind& kind) {
-  const auto* const form = std::ranges::find(kForms, kind.editor, &SearchForm::editor);
-  assert(form != std::end(kForms));
-  return *form;
-}
+const SearchForm& formOf(const CollectionKind& kind) { return rowOf<kForms>(kind.editor); }
 
 }  // namespace
 
@@ -97,7 +115,7 @@ frmSearch::frmSearch(Program& program, const CollectionKind& kind, const SearchP
 
   auto* begin =
       makeButton(QString::fromUtf8(form_.beginName), QString::fromUtf8(form_.beginCaption));
-  onClick(*begin, [this] { cmdSearch_Click(); });
+  onClick(*begin, [this, click = form_.begin] { (this->*click)(); });
   auto* exit = makeButton(QString::fromUtf8(form_.exitName), QString::fromUtf8(form_.exitCaption));
   onClick(*exit, [this] { owner_.leave(); });
   auto* row = new QHBoxLayout;
@@ -108,13 +126,14 @@ frmSearch::frmSearch(Program& program, const CollectionKind& kind, const SearchP
   actAsDialog(begin);
   setHelpPage("search.md");
 
-  for (QCheckBox* box : sheet_->findChildren<QCheckBox*>())
-    onClick(*box, [this] { enableInputs(); });
+  for (const EnabledBy& rule : form_.enabling)
+    for (const char* box : {rule.box, rule.secondBox})
+      sheet_->whenToggled(box, [this] { enableInputs(); });
   enableInputs();
 }
 
 void frmSearch::open(Form& editor, const FieldSheet& editorSheet) {
-  const auto media = static_cast<std::size_t>(state().mediaCode);
+  const auto media = static_cast<std::size_t>(mediaCodeOf(state().kindCode));
   if (form_.caption != nullptr)
     setCaption(QString::fromUtf8(form_.caption));
   else if (media >= 1 && media <= kMediaCaptions.size())
@@ -126,17 +145,16 @@ void frmSearch::open(Form& editor, const FieldSheet& editorSheet) {
 
 void frmSearch::cmdSearch_Click() {
   const Query query(kind_, sheet_->entered(), desktop().shortDateForm());
-  if (const auto item = findItem(state(), kind_, query, program().form<frmRecDisp>()))
-    owner_.found(*item);
+  if (const auto found = findItem(state().files, state(), kind_, query, program().board()))
+    owner_.found(*found);
   else
     program().message(kDefaultTitle, searchRulesOf(kind_).notFound);
 }
 
 void frmSearch::enableInputs() {
-  for (const auto& [input, box, secondBox] : form_.enabling) {
-    const bool second = secondBox == nullptr || sheet_->checkBox(secondBox).isChecked();
-    sheet_->setInputEnabled(input, second && sheet_->checkBox(box).isChecked());
-  }
+  const auto isTicked = [this](const char* box) { return sheet_->checkBox(box).isChecked(); };
+  for (const auto& [input, box, secondBox] : form_.enabling)
+    sheet_->setInputEnabled(input, isTicked(box) && isTicked(secondBox));
 }
 
 }  // namespace quillbox

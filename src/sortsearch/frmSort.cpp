@@ -6,13 +6,11 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
-#include <algorithm>
-#include <cassert>
 #include <utility>
 
 #include "forms/controls.h"
 #include "forms/qt_text.h"
-#include "printing/frmRecDisp.h"
+#include "platform/desktop.h"
 #include "sortsearch/sort_engine.h"
 
 namespace quillbox {
@@ -22,34 +20,62 @@ namespace {
 struct SortForm {
   EditorForm editor;
   const char* name;
-  const char* caption;
-  const char* boxName;  ///< of the boxes, followed by "_" and their number from 0
+  const char* caption = "Sorting Options";
+  const char* boxName = "";  ///< of the control array of the boxes
   const char* beginName;
   const char* beginCaption;
-  const char* exitName;
+  void (frmSort::*begin)();  ///< under its name in this form
+  const char* exitName = "cmdExit";
   const char* exitCaption;
 };
 
 constexpr SortForm kForms[] = {
-    {EditorForm::music, "frmMusicSort", "Sorting Options", "chkMusSort", "cmdBeginSort",
-     "&Begin Sorting", "cmdExitSort", "E&xit Window"},
-    {EditorForm::video, "frmVideoSort", "Sorting Options", "chkSort", "cmdBeginSort", "&Begin Sort",
-     "cmdExit", "E&xit"},
-    {EditorForm::software, "frmSoftwareSort", "Sorting Options", "chkSort", "cmbBeginSort",
-     "&Begin Sort", "cmdExit", "E&xit"},
-    {EditorForm::comics, "frmComicSort", "Sorting Options", "chkSort", "cmdBeginSort",
-     "Be&gin Sort", "cmdExit", "E&xit"},
-    {EditorForm::books, "frmBookSort", "Book Sort Options", "chkBsort", "cmdSort", "&Begin Sort",
-     "cmdExit", "E&xit Window"},
-    {EditorForm::wave, "frmWaveSort", "Sorting Options", "", "cmdBeginSort", "&Begin Sort",
-     "cmdExit", "E&xit"},
+    {.editor = EditorForm::music,
+     .name = "frmMusicSort",
+     .boxName = "chkMusSort",
+     .beginName = "cmdBeginSort",
+     .beginCaption = "&Begin Sorting",
+     .begin = &frmSort::cmdBeginSort_Click,
+     .exitName = "cmdExitSort",
+     .exitCaption = "E&xit Window"},
+    {.editor = EditorForm::video,
+     .name = "frmVideoSort",
+     .boxName = "chkSort",
+     .beginName = "cmdBeginSort",
+     .beginCaption = "&Begin Sort",
+     .begin = &frmSort::cmdBeginSort_Click,
+     .exitCaption = "E&xit"},
+    {.editor = EditorForm::software,
+     .name = "frmSoftwareSort",
+     .boxName = "chkSort",
+     .beginName = "cmbBeginSort",
+     .beginCaption = "&Begin Sort",
+     .begin = frmSort::cmbBeginSort_Click,
+     .exitCaption = "E&xit"},
+    {.editor = EditorForm::comics,
+     .name = "frmComicSort",
+     .boxName = "chkSort",
+     .beginName = "cmdBeginSort",
+     .beginCaption = "Be&gin Sort",
+     .begin = &frmSort::cmdBeginSort_Click,
+     .exitCaption = "E&xit"},
+    {.editor = EditorForm::books,
+     .name = "frmBookSort",
+     .caption = "Book Sort Options",
+     .boxName = "chkBsort",
+     .beginName = "cmdSort",
+     .beginCaption = "&Begin Sort",
+     .begin = frmSort::cmdSort_Click,
+     .exitCaption = "E&xit Window"},
+    {.editor = EditorForm::wave,
+     .name = "frmWaveSort",
+     .beginName = "cmdBeginSort",
+     .beginCaption = "&Begin Sort",
+     .begin = &frmSort::cmdBeginSort_Click,
+     .exitCaption = "E&xit"},
 };
 
-const SortForm& formOf(const CollectionKind& kind) {
-  const auto* const form = std::ranges::find(kForms, kind.editor, &SortForm::editor);
-  assert(form != std::end(kForms));
-  return *form;
-}
+const SortForm& formOf(const CollectionKind& kind) { return rowOf<kForms>(kind.editor); }
 
 /// Shows the pointer that asks for patience: most sorts have no progress to show.
 class WaitCursor {
@@ -75,8 +101,7 @@ frmSort::frmSort(Program& program, const CollectionKind& kind, Owner owner)
     if (key.boxCaption.empty()) continue;
     const QString caption = fromUtf8Text(key.boxCaption);
     auto* box = new QCheckBox(caption);
-    box->setObjectName(
-        QStringLiteral("%1_%2").arg(QString::fromUtf8(form.boxName)).arg(boxes_.size()));
+    box->setObjectName(controlName(form.boxName, static_cast<int>(boxes_.size())));
     box->setAccessibleName(withoutAccessKey(caption));
     column->addWidget(box);
     boxes_.push_back(box);
@@ -87,7 +112,7 @@ frmSort::frmSort(Program& program, const CollectionKind& kind, Owner owner)
   column->addSpacing(column->spacing());
 
   begin_ = makeButton(QString::fromUtf8(form.beginName), QString::fromUtf8(form.beginCaption));
-  onClick(*begin_, [this] { cmdBeginSort_Click(); });
+  onClick(*begin_, [this, begin = form.begin] { (this->*begin)(); });
   auto* exit = makeButton(QString::fromUtf8(form.exitName), QString::fromUtf8(form.exitCaption));
   onClick(*exit, [this] { owner_.leave(); });
   auto* row = new QHBoxLayout;
@@ -110,13 +135,13 @@ void frmSort::cmdBeginSort_Click() {
   std::vector<bool> ticked;
   for (const QCheckBox* box : boxes_) ticked.push_back(box->isChecked());
   try {
-    {
+    const std::int16_t count = [&] {
       const WaitCursor wait;
-      sortCollection(state(), kind_, ticked, program().form<frmRecDisp>());
-    }
+      return sortCollection(state().files, state(), kind_, ticked, program().board());
+    }();
     program().message(kDefaultTitle, "Sorting complete.");
-    finishSort(state(), kind_);
-    owner_.sorted();
+    finishSort(state().files, state(), kind_);
+    owner_.sorted(count);
   } catch (const RunTimeError& error) {
     // Where the items are now is not what the forms know.
     program().report(error);

@@ -17,8 +17,9 @@ class frmSort : public Form {
  public:
   /// What the form asks of its editor.
   struct Owner {
-    std::function<void()> sorted;  ///< shows itself, now that the items have other places
-    std::function<void()> leave;   ///< shows itself as it was
+    /// Shows itself, now that the items have other places and are `count`.
+    std::function<void(std::int16_t count)> sorted;
+    std::function<void()> leave;  ///< shows itself as it was
   };
 
   frmSort(Program& program, const CollectionKind& kind, Owner owner);
@@ -26,12 +27,15 @@ class frmSort : public Form {
   /// Shows the form instead of its editor.
   void open(Form& editor);
 
+  // The begin button's handler, under the names it has on the forms.
+  void cmdBeginSort_Click();
+  static constexpr auto cmbBeginSort_Click = &frmSort::cmdBeginSort_Click;
+  static constexpr auto cmdSort_Click = &frmSort::cmdBeginSort_Click;
+
  protected:
   void Form_Unload() override { owner_.leave(); }
 
  private:
-  void cmdBeginSort_Click();
-
   const CollectionKind& kind_;
   Owner owner_;
   std::vector<QCheckBox*> boxes_;  // one for each key that has one

@@ -3,12 +3,15 @@
 #include <algorithm>
 #include <utility>
 
-#include "records/date_text.h"
+#include "platform/checked16.h"
+#include "records/entered.h"
 #include "records/header_record.h"
-#include "records/number_text.h"
 #include "records/record_file.h"
 #include "records/record_reader.h"
-#include "records/windows1252.h"
+#include "text/date_text.h"
+#include "text/number_text.h"
+#include "text/padding.h"
+#include "text/windows1252.h"
 
 namespace quillbox {
 namespace {
@@ -96,7 +99,8 @@ bool Query::meets(std::span<const std::byte> record, const Condition& condition)
 
 /// What of a typed text is looked for.
 std::string_view Query::taken(const Field& field, std::string_view typed) const {
-  const bool isDate = std::ranges::find(rules_.dates, &field) != rules_.dates.end();
+  const bool isDate =
+      std::ranges::any_of(rules_.dates, [&field](const Field* date) { return *date == field; });
   const bool startsAsDate = typed.front() >= '1' && typed.front() <= '9';
   return isDate && !startsAsDate ? std::string_view() : typed;
 }
@@ -120,29 +124,25 @@ bool Query::textMeets(std::string_view text, std::string_view wanted) const {
   return text == wanted;
 }
 
-std::optional<int> findItem(AppState& state, const CollectionKind& kind, const Query& query,
-                            Board& board) {
-  if (state.Count < 1) return std::nullopt;
-  const SearchRules& rules = searchRulesOf(kind);
+std::optional<FoundItem> findItem(OpenFiles& files, const OpenCollection& collection,
+                                  const CollectionKind& kind, const Query& query, Board& board) {
+  const int count = collection.Count;
+  if (count < 1) return std::nullopt;
+  const bool showsProgress = searchRulesOf(kind).showsProgress;
   std::optional<OpenBoard> open;
-  if (rules.showsProgress) open.emplace(board, "Searching...");
-  RecordFile file(state.files, state.currentPath, kind.recordLength, OpenMode::read,
+  if (showsProgress) open.emplace(board, "Searching...");
+  RecordFile file(files, collection.currentPath, kind.recordLength, OpenMode::read,
                   file_number::collection);
   const std::vector<std::byte> blank = blankRecord(kind);
-  RecordReader reader(file, state.Count, recordNumberOf(1), blank);
-  ProgressLine line(state.Count);
-  for (int item = 1; item <= state.Count; ++item) {
-    if (rules.showsProgress) {
+  RecordReader reader(file, count, recordNumberOf(1), blank);
+  ProgressLine line(count);
+  for (int item = 1; item <= count; ++item) {
+    if (showsProgress) {
       board.print(line.of(item));
-      board.progress(item, state.Count);
+      board.progress(item, count);
     }
     const auto record = reader.next();
-    const bool isHit = query.matches(record);
-    if (isHit || item == state.Count) std::ranges::copy(record, kind.buffer(state).begin());
-    if (!isHit) continue;
-    state.CurRec = checked16(item);
-    if (rules.setsListPos) state.ListPos = state.CurRec;
-    return item;
+    if (query.matches(record)) return FoundItem{checked16(item), {record.begin(), record.end()}};
   }
   return std::nullopt;
 }

@@ -1,13 +1,16 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "printing/board.h"
+#include "platform/board.h"
 #include "records/app_state.h"
+#include "records/entered.h"
 #include "sortsearch/search_rules.h"
 
 namespace quillbox {
@@ -42,11 +45,16 @@ class Query {
   std::vector<Condition> conditions_;
 };
 
-/// Looks for the first item that matches, from item 1 on, deleted items included. The kind's record
-/// buffer takes the item found, or else the last one. A hit sets `CurRec`, and `ListPos` where the
-/// kind does that. Run-time error 63 when the file is shorter than its `Count` by more than its
-/// last item; an empty collection is not even opened.
-std::optional<int> findItem(AppState& state, const CollectionKind& kind, const Query& query,
-                            Board& board);
+/// An item with its record as the search read it.
+struct FoundItem {
+  std::int16_t item;
+  std::vector<std::byte> record;
+};
+
+/// Looks for the first item that matches, from item 1 on, deleted items included. Run-time error 63
+/// when the file is shorter than its `Count` by more than its last item; an empty collection is not
+/// even opened.
+std::optional<FoundItem> findItem(OpenFiles& files, const OpenCollection& collection,
+                                  const CollectionKind& kind, const Query& query, Board& board);
 
 }  // namespace quillbox

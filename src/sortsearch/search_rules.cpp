@@ -1,8 +1,5 @@
 #include "sortsearch/search_rules.h"
 
-#include <algorithm>
-#include <cassert>
-
 #include "records/app_state.h"
 
 namespace quillbox {
@@ -27,10 +24,6 @@ constexpr SearchRules kRules[] = {
 
 }  // namespace
 
-const SearchRules& searchRulesOf(const CollectionKind& kind) {
-  const auto* const rules = std::ranges::find(kRules, kind.editor, &SearchRules::editor);
-  assert(rules != std::end(kRules));
-  return *rules;
-}
+const SearchRules& searchRulesOf(const CollectionKind& kind) { return rowOf<kRules>(kind.editor); }
 
 }  // namespace quillbox

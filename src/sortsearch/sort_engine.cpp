@@ -4,12 +4,13 @@
 #include <optional>
 #include <string>
 
-#include "platform/paths.h"
+#include "platform/checked16.h"
+#include "platform/file_paths.h"
 #include "records/header_record.h"
-#include "records/number_text.h"
 #include "records/record_file.h"
 #include "records/record_reader.h"
 #include "sortsearch/sort_slots.h"
+#include "text/number_text.h"
 
 namespace quillbox {
 namespace {
@@ -17,26 +18,32 @@ namespace {
 /// One sort from the renamed file to the new one.
 class Sort {
  public:
-  Sort(AppState& state, const CollectionKind& kind, const SortRules& rules, Board& board)
-      : state_(state), kind_(kind), rules_(rules), board_(board) {}
+  Sort(OpenFiles& files, const OpenCollection& collection, const MovedFile& moved,
+       const CollectionKind& kind, const SortRules& rules, Board& board)
+      : files_(files),
+        collection_(collection),
+        moved_(moved),
+        kind_(kind),
+        rules_(rules),
+        board_(board) {}
 
-  void run(const std::string& backup, const std::vector<bool>& ticked) {
+  std::int16_t run(const std::vector<bool>& ticked) {
     // Nothing is compared with a slot that has no number.
     constexpr int sentinels = 2;
-    if (state_.Count + sentinels > INT16_MAX)
-      throw RunTimeError(ErrorNumber::overflow, state_.currentPath);
-    SortSlots slots(state_.Count, kind_.recordLength);
-    const HeaderRecord header = read(backup, slots);
+    if (collection_.Count + sentinels > INT16_MAX)
+      throw RunTimeError(ErrorNumber::overflow, collection_.currentPath);
+    SortSlots slots(collection_.Count, kind_.recordLength);
+    const HeaderRecord header = read(slots);
     slots.compact(kind_.fields.front());
     sort(slots, ticked);
     slots.compact(kind_.fields.front());
     write(header, slots);
-    state_.Count = checked16(slots.count());
+    return checked16(slots.count());
   }
 
  private:
-  HeaderRecord read(const std::string& backup, SortSlots& slots) {
-    RecordFile file(state_.files, backup, kind_.recordLength, OpenMode::read, rules_.fileNumber);
+  HeaderRecord read(SortSlots& slots) {
+    RecordFile file(files_, moved_.backup, kind_.recordLength, OpenMode::read, rules_.fileNumber);
     HeaderRecord header;
     file.read(kHeaderRecordNumber, bytesOf(header));
     const std::vector<std::byte> blank = blankRecord(kind_);
@@ -78,29 +85,18 @@ class Sort {
     if (rules_.showsProgress) board_.setBoardCaption("Writing File...");
     HeaderRecord header = before;
     header.Count = checked16(slots.count());
-    bool made = false;
-    try {
-      RecordFile file(state_.files, state_.currentPath, kind_.recordLength, OpenMode::create,
-                      rules_.fileNumber);
-      made = true;
-      file.write(kHeaderRecordNumber, bytesOf(header));
-      for (int item = 1; item <= slots.count(); ++item)
-        file.write(recordNumberOf(item), slots.record(item));
-      file.flush();
-      file.close();
-    } catch (const RunTimeError&) {
-      if (made) discard();
-      throw;
-    }
+    makeRecordFile(files_, moved_.path, kind_.recordLength, {moved_.backup}, rules_.fileNumber,
+                   [&](RecordFile& file) {
+                     file.write(kHeaderRecordNumber, bytesOf(header));
+                     for (int item = 1; item <= slots.count(); ++item)
+                       file.write(recordNumberOf(item), slots.record(item));
+                     file.flush();
+                   });
   }
 
-  /// Half a file under the collection's name would pass for the collection.
-  void discard() {
-    // The failure that led here is the one to report.
-    ignoringErrors([this] { state_.files.fileSystem().remove(state_.currentPath); });
-  }
-
-  AppState& state_;
+  OpenFiles& files_;
+  const OpenCollection& collection_;
+  const MovedFile& moved_;
   const CollectionKind& kind_;
   const SortRules& rules_;
   Board& board_;
@@ -108,30 +104,31 @@ class Sort {
 
 }  // namespace
 
-void sortCollection(AppState& state, const CollectionKind& kind, const std::vector<bool>& ticked,
-                    Board& board) {
+std::int16_t sortCollection(OpenFiles& files, const OpenCollection& collection,
+                            const CollectionKind& kind, const std::vector<bool>& ticked,
+                            Board& board) {
   const SortRules& rules = sortRulesOf(kind);
-  FileSystem& files = state.files.fileSystem();
-  state.files.close(file_number::collection);
-  const std::string backup = fullPath(backupPath(state.currentPath, "bak"), files.currentFolder());
-  files.rename(state.currentPath, backup);
+  FileSystem& disk = files.fileSystem();
+  files.close(file_number::collection);
+  const MovedFile moved =
+      moveToBackup(disk, collection.currentPath, "bak", OldBackup::stopsTheWork);
+  std::int16_t count = 0;
   std::optional<OpenBoard> open;
   if (rules.showsProgress) open.emplace(board, "Reading File...");
   try {
-    Sort(state, kind, rules, board).run(backup, ticked);
+    count = Sort(files, collection, moved, kind, rules, board).run(ticked);
   } catch (RunTimeError& error) {
-    error.addNote("The collection is now under its backup's name:\n" + backup);
+    error.addNote("The collection is now under its backup's name:\n" + moved.backup);
     throw;
   }
-  files.remove(backup);
+  disk.remove(moved.backup);
+  return count;
 }
 
-void finishSort(AppState& state, const CollectionKind& kind) {
-  const SortRules& rules = sortRulesOf(kind);
-  if (rules.resetsListPos) state.ListPos = 1;
-  if (!rules.leavesFileOpen) return;
-  state.files.open(file_number::collection, state.currentPath, OpenMode::update);
-  File& file = state.files.file(file_number::collection);
+void finishSort(OpenFiles& files, const OpenCollection& collection, const CollectionKind& kind) {
+  if (!sortRulesOf(kind).leavesFileOpen) return;
+  files.open(file_number::collection, collection.currentPath, OpenMode::update);
+  File& file = files.file(file_number::collection);
   HeaderRecord header;
   file.readAt(0, bytesOf(header));
   file.writeAt(0, bytesOf(header));

@@ -1,15 +1,17 @@
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
-#include "printing/board.h"
+#include "platform/board.h"
 #include "records/app_state.h"
 #include "sortsearch/sort_rules.h"
 
 namespace quillbox {
 
 /// Rewrites the open collection in the order of the ticked keys: one flag for each key of the
-/// kind's SortRules, in their order. `Count` drops by the blank items that are left out.
+/// kind's SortRules, in their order. Returns its new `Count`, without the blank items, which are
+/// left out.
 ///
 /// While it works the collection is kept under its backup's name. The new file is on the disk
 /// before the backup is deleted, so at every moment one of the two is complete. A failure leaves
@@ -19,11 +21,11 @@ namespace quillbox {
 /// more than 32765 items.
 ///
 /// Sorting books ends the program at once, with the collection under its backup's name.
-void sortCollection(AppState& state, const CollectionKind& kind, const std::vector<bool>& ticked,
-                    Board& board);
+std::int16_t sortCollection(OpenFiles& files, const OpenCollection& collection,
+                            const CollectionKind& kind, const std::vector<bool>& ticked,
+                            Board& board);
 
-/// What follows when the user has been told: the second position goes to 1 and a media-file
-/// collection is left open, where the kind does that.
-void finishSort(AppState& state, const CollectionKind& kind);
+/// What follows when the user has been told: the collection is left open, where the kind does that.
+void finishSort(OpenFiles& files, const OpenCollection& collection, const CollectionKind& kind);
 
 }  // namespace quillbox

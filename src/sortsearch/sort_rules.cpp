@@ -1,8 +1,5 @@
 #include "sortsearch/sort_rules.h"
 
-#include <algorithm>
-#include <cassert>
-
 #include "platform/open_files.h"
 #include "records/app_state.h"
 
@@ -72,10 +69,6 @@ constexpr SortRules kRules[] = {
 
 }  // namespace
 
-const SortRules& sortRulesOf(const CollectionKind& kind) {
-  const auto* const rules = std::ranges::find(kRules, kind.editor, &SortRules::editor);
-  assert(rules != std::end(kRules));
-  return *rules;
-}
+const SortRules& sortRulesOf(const CollectionKind& kind) { return rowOf<kRules>(kind.editor); }
 
 }  // namespace quillbox

@@ -5,7 +5,8 @@
 #include <numeric>
 #include <string_view>
 
-#include "records/windows1252.h"
+#include "text/padding.h"
+#include "text/windows1252.h"
 
 namespace quillbox {
 namespace {
@@ -64,7 +65,7 @@ std::span<const std::byte> SortSlots::bytes(Number record) const {
 }
 
 void SortSlots::compact(const Field& test) {
-  const auto isBlank = [&](Number record) { return textOf(test, bytes(record)).front() == '\0'; };
+  const auto isBlank = [&](Number record) { return isUnwritten(textOf(test, bytes(record))); };
   const auto end = slots_.begin() + count_;
   for (auto slot = slots_.begin(); slot < end; ++slot)
     if (isBlank(*slot)) std::copy(slot + 1, end + 1, slot);

@@ -1,8 +1,7 @@
 // What only the book editor does: nothing can be deleted, and 20 bytes are carried along.
 
 #include "records/book_record.h"
-#include "support/family_files.h"
-#include "support/form_fixture.h"
+#include "support/family_steps.h"
 
 namespace quillbox::test {
 namespace {
@@ -17,7 +16,7 @@ BookRecord book(std::string_view author, std::string_view reserved = "") {
   return record;
 }
 
-class BookEditor : public FamilySteps<FormTest> {
+class BookEditor : public FamilySteps {
  protected:
   BookEditor() : FamilySteps(kBooks) {}
 
@@ -155,9 +154,7 @@ TEST_F(BookEditor, ReservedBytesOfANewItemAreThoseOfTheLastOneRead) {
 
 TEST_F(BookEditor, ReservedBytesAreCarriedIntoAnotherCollection) {
   openBytes(fileOf({book("A", "one")}));
-  state_->currentPath = path("other.BCS");
-  auto& editor = dynamic_cast<frmEditor&>(form());
-  program_->run([&editor] { editor.open(); });
+  openHere(path("other.BCS"));
   EXPECT_EQ(indicator(), "New File");
   typeFirst("New");
   pressWrite();

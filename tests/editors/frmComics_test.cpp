@@ -1,8 +1,7 @@
 // What only the comic editor does: the date is a text.
 
 #include "records/comic_record.h"
-#include "support/family_files.h"
-#include "support/form_fixture.h"
+#include "support/family_steps.h"
 
 namespace quillbox::test {
 namespace {
@@ -13,7 +12,7 @@ ComicRecord comic(std::string_view title) {
   return record;
 }
 
-class ComicEditor : public FamilySteps<FormTest> {
+class ComicEditor : public FamilySteps {
  protected:
   ComicEditor() : FamilySteps(kComics) {}
 

@@ -10,26 +10,26 @@ namespace {
 
 /// What the exported line of an item begins with, and the list whose entries the lines end in.
 struct ExportedKind {
-  const EditorKind& editor;
+  const ModelKind& editor;
   const char* list;
   bool hasSecondField;
 };
 
 void PrintTo(const ExportedKind& exported, std::ostream* out) { *out << exported.editor.name; }
 
-const ExportedKind kMusicExport = {kMusicEditor, "Songs", true};
-const ExportedKind kVideoExport = {kVideoEditor, "Movies", false};
-const ExportedKind kSoftwareExport = {kSoftwareEditor, "Programs", false};
-const ExportedKind kComicExport = {kComicEditor, "Notes", true};
-const ExportedKind kBookExport = {kBookEditor, nullptr, false};
-const ExportedKind kMediaExport = {kMediaEditor, nullptr, false};
+const ExportedKind kMusicExport = {kMusic, "Songs", true};
+const ExportedKind kVideoExport = {kVideo, "Movies", false};
+const ExportedKind kSoftwareExport = {kSoftware, "Programs", false};
+const ExportedKind kComicExport = {kComics, "Notes", true};
+const ExportedKind kBookExport = {kBooks, nullptr, false};
+const ExportedKind kMediaExport = {kWaves, nullptr, false};
 
 class Export : public EditorTest, public testing::WithParamInterface<ExportedKind> {
  protected:
   Export() : EditorTest(GetParam().editor) {}
 
-  bool isBooks() const { return kind().extension == "BCS"; }
-  bool isMedia() const { return kind().extension == "WCS"; }
+  bool isBooks() const { return kind().isBooks(); }
+  bool isMedia() const { return kind().isMedia(); }
 
   void openTwo() {
     before_ = collection({item("a"), item("b")});
@@ -52,7 +52,7 @@ class Export : public EditorTest, public testing::WithParamInterface<ExportedKin
   void exportData() {
     choose("ExportData");
     desktop_.expectNothingLeft();
-    EXPECT_EQ(formName(), editor().formName);
+    EXPECT_EQ(formName(), kind().formName);
   }
   void exportItems() {
     expectDialog(target());
@@ -116,31 +116,31 @@ TEST_P(Export, AnEmptyCollectionGivesAnEmptyFile) {
 
 TEST_P(Export, LeavesTheScreenAsItIs) {
   openTwo();
-  press(editor().next);
-  type(editor().otherBox, "typed");
+  press(kind().buttons.next);
+  type(kind().otherBox(), "typed");
   const std::string label = indicator();
   exportItems();
   EXPECT_EQ(indicator(), label);
   EXPECT_EQ(state_->CurRec, 2);
   EXPECT_EQ(first(), "b");
   EXPECT_EQ(other(), "typed");
-  press(editor().write);
+  press(kind().buttons.write);
   EXPECT_EQ(bytes().substr(0, 2 * kind().recordLength), before_.substr(0, 2 * kind().recordLength));
   EXPECT_NE(bytes(), before_) << "what was typed is written";
 }
 
 TEST_P(Export, ChangesNothingOfTheItemOnScreen) {
   openTwo();
-  press(editor().next);
+  press(kind().buttons.next);
   exportItems();
-  press(editor().write);
+  press(kind().buttons.write);
   EXPECT_EQ(bytes(), before_);
 }
 
 TEST_P(Export, LeavesANewItemAsTyped) {
   openTwo();
-  press(editor().clear);
-  type(editor().firstBox, "new");
+  press(kind().buttons.clear);
+  type(kind().firstBox(), "new");
   const std::string label = indicator();
   exportItems();
   EXPECT_EQ(state_->CurRec, kNewItem);
@@ -221,8 +221,8 @@ INSTANTIATE_TEST_SUITE_P(Kinds, ExportDialog,
 
 TEST_P(ExportDialog, CancelledItEndsInSilence) {
   openTwo();
-  press(editor().next);
-  type(editor().otherBox, "typed");
+  press(kind().buttons.next);
+  type(kind().otherBox(), "typed");
   desktop_.expectSave("File Save As", std::nullopt);
   exportData();
   EXPECT_EQ(other(), "typed");
@@ -258,7 +258,7 @@ TEST_P(ExportDialog, NeverTakesThePlaceOfTheCollection) {
     exportData();
     EXPECT_EQ(bytes(), before_) << chosen;
   }
-  press(editor().next);
+  press(kind().buttons.next);
   EXPECT_EQ(first(), "b");
 }
 
@@ -266,7 +266,7 @@ TEST_P(ExportDialog, NeverTakesThePlaceOfTheCollection) {
 
 class ExportedBooks : public EditorTest {
  protected:
-  ExportedBooks() : EditorTest(kBookEditor) {}
+  ExportedBooks() : EditorTest(kBooks) {}
 };
 
 TEST_F(ExportedBooks, NeverTakeThePlaceOfTheCollection) {

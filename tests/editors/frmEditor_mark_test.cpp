@@ -13,7 +13,7 @@ class Mark : public EditorTest {
   QLabel& mark() { return control<QLabel>("lblNotWritten"); }
 };
 
-class EachMark : public Mark, public testing::WithParamInterface<EditorKind> {
+class EachMark : public Mark, public testing::WithParamInterface<ModelKind> {
  protected:
   EachMark() : Mark(GetParam()) {}
 };
@@ -21,70 +21,70 @@ class EachMark : public Mark, public testing::WithParamInterface<EditorKind> {
 TEST_P(EachMark, IsNotThereForAnItemJustShown) {
   open({item("One"), item("Two")});
   EXPECT_FALSE(isMarked());
-  press(editor().next);
+  press(kind().buttons.next);
   EXPECT_FALSE(isMarked());
 }
 
 TEST_P(EachMark, ComparesWithTheFile) {
   open({item("One"), item("Two")});
   const std::string before = other();
-  type(editor().otherBox, "Something else");
+  type(kind().otherBox(), "Something else");
   EXPECT_TRUE(isMarked());
-  type(editor().otherBox, before.c_str());
+  type(kind().otherBox(), before.c_str());
   EXPECT_FALSE(isMarked());
 }
 
 TEST_P(EachMark, GoesWhenTheItemIsWritten) {
   open({item("One")});
-  type(editor().otherBox, "Changed");
+  type(kind().otherBox(), "Changed");
   EXPECT_TRUE(isMarked());
-  press(editor().write);
+  press(kind().buttons.write);
   EXPECT_FALSE(isMarked());
 }
 
 TEST_P(EachMark, StaysWhenWritingFails) {
   open({item("One")});
-  type(editor().otherBox, "Changed");
+  type(kind().otherBox(), "Changed");
   files_.failNth(0, ErrorNumber::permissionDenied);
   desktop_.tolerateMessages = true;
-  press(editor().write);
+  press(kind().buttons.write);
   EXPECT_TRUE(isMarked());
-  press(editor().write);
+  press(kind().buttons.write);
   EXPECT_FALSE(isMarked());
 }
 
 TEST_P(EachMark, GoesWithTheStepToAnotherItem) {
   open({item("One"), item("Two")});
-  type(editor().otherBox, "Changed");
-  press(editor().next);
+  type(kind().otherBox(), "Changed");
+  press(kind().buttons.next);
   EXPECT_FALSE(isMarked());
 }
 
 TEST_P(EachMark, TellsThatANewItemHoldsSomething) {
   open({item("One")});
-  press(editor().clear);
+  press(kind().buttons.clear);
   EXPECT_FALSE(isMarked());
-  type(editor().otherBox, "N");
+  type(kind().otherBox(), "N");
   EXPECT_TRUE(isMarked());
-  type(editor().otherBox, "");
+  type(kind().otherBox(), "");
   EXPECT_FALSE(isMarked());
-  type(editor().firstBox, "New");
-  press(editor().write);  // a form for the next one
+  type(kind().firstBox(), "New");
+  press(kind().buttons.write);  // a form for the next one
   EXPECT_FALSE(isMarked());
 }
 
 TEST_P(EachMark, TakesNoticeInAnEmptyCollection) {
   open({});
   EXPECT_FALSE(isMarked());
-  type(editor().firstBox, "N");
+  type(kind().firstBox(), "N");
   EXPECT_TRUE(isMarked());
 }
 
 TEST_P(EachMark, AsksNothing) {
   open({item("One"), item("Two")});
-  type(editor().otherBox, "Changed");
-  press(editor().next);  // an unexpected question would fail the test
-  type(editor().otherBox, "Changed");
+  type(kind().otherBox(), "Changed");
+  press(kind().buttons.next);  // an unexpected question would fail the test
+  type(kind().otherBox(), "Changed");
   close();
   EXPECT_EQ(formName(), "frmBegin2");
   EXPECT_EQ(bytes(), collection({item("One"), item("Two")}));
@@ -92,7 +92,7 @@ TEST_P(EachMark, AsksNothing) {
 
 TEST_P(EachMark, SaysWhatItMeansToEyesAndEars) {
   open({item("One")});
-  type(editor().otherBox, "Changed");
+  type(kind().otherBox(), "Changed");
   EXPECT_EQ(mark().toolTip(), "not written yet");
   EXPECT_EQ(mark().accessibleDescription(), "not written yet");
 }
@@ -100,21 +100,19 @@ TEST_P(EachMark, SaysWhatItMeansToEyesAndEars) {
 TEST_P(EachMark, KeepsItsPlaceFreeWhenItIsNotShown) {
   open({item("One")});
   const QSize before = form().size();
-  const int next = button(editor().next).x();
-  type(editor().otherBox, "Changed");
+  const int next = button(kind().buttons.next).x();
+  type(kind().otherBox(), "Changed");
   QApplication::processEvents();
   EXPECT_EQ(form().size(), before);
-  EXPECT_EQ(button(editor().next).x(), next);
+  EXPECT_EQ(button(kind().buttons.next).x(), next);
 }
 
-INSTANTIATE_TEST_SUITE_P(Editors, EachMark,
-                         testing::Values(kMusicEditor, kVideoEditor, kSoftwareEditor, kComicEditor,
-                                         kBookEditor, kMediaEditor),
+INSTANTIATE_TEST_SUITE_P(Editors, EachMark, testing::ValuesIn(kModelEditors),
                          [](const auto& each) { return std::string(each.param.name); });
 
 class MusicMark : public Mark {
  protected:
-  MusicMark() : Mark(kMusicEditor) {}
+  MusicMark() : Mark(kMusic) {}
 };
 
 TEST_F(MusicMark, KnowsTwoWritingsOfOneNumber) {
@@ -153,7 +151,7 @@ TEST_F(MusicMark, SeesTheSongs) {
 
 class VideoMark : public Mark {
  protected:
-  VideoMark() : Mark(kVideoEditor) {}
+  VideoMark() : Mark(kVideo) {}
 };
 
 TEST_F(VideoMark, SeesTheListPage) {
@@ -173,17 +171,17 @@ TEST_F(VideoMark, SeesTheListPage) {
 
 TEST_F(VideoMark, WarnsOfADeletedItemThatAnotherIsShownFor) {
   std::string deleted = blankItem();
-  setText(kind().fields.front(), std::as_writable_bytes(std::span(deleted)), "DELETED");
+  setText(kind().row().fields.front(), std::as_writable_bytes(std::span(deleted)), "DELETED");
   open({item("One"), deleted});
   EXPECT_FALSE(isMarked());
-  press(editor().next);
+  press(kind().buttons.next);
   EXPECT_EQ(first(), "One");
   EXPECT_TRUE(isMarked());
 }
 
 class SoftwareMark : public Mark {
  protected:
-  SoftwareMark() : Mark(kSoftwareEditor) {}
+  SoftwareMark() : Mark(kSoftware) {}
 };
 
 TEST_F(SoftwareMark, WarnsWhenTheListPageShowsAnotherItemThanTheIndicator) {

@@ -4,8 +4,9 @@
 #include <utility>
 #include <vector>
 
-#include "records/windows1252.h"
+#include "platform/checked16.h"
 #include "support/form_fixture.h"
+#include "text/windows1252.h"
 
 namespace quillbox::test {
 namespace {
@@ -48,7 +49,7 @@ class Listings : public FormTest {
     openHere(name);
   }
   void openHere(const std::string& name) {
-    restart();
+    start();
     desktop_.tolerateOpen = path(name);
     choose("O");
     desktop_.tolerateOpen.reset();
@@ -140,9 +141,9 @@ TEST_F(Listings, MediaTypesAreThoseOfTheUsersOwnFile) {
 TEST_F(Listings, MediaFilesOfAnUnknownKindAreNotPrinted) {
   openCopy("sounds.WCS");
   press("cmdNext");
-  for (const int code : {0, 5, -1}) {
+  for (const int code : {0, 5, 10, -1}) {
     SCOPED_TRACE(code);
-    state_->mediaCode = checked16(code);
+    state_->kindCode = checked16(code);
     desktop_.expectPrint(PrintChoice{false});
     print();
     EXPECT_EQ(label("lblRec"), "Record #: 1 of 3");

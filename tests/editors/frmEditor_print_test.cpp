@@ -30,7 +30,7 @@ void expectTextFile(FakeDesktop& desktop, std::optional<std::string> name,
   desktop.expectSave("Print to FileName", kFilter, offered, std::move(name));
 }
 
-class PrintList : public EditorTest, public testing::WithParamInterface<EditorKind> {
+class PrintList : public EditorTest, public testing::WithParamInterface<ModelKind> {
  protected:
   PrintList() : EditorTest(GetParam()) {}
 
@@ -38,9 +38,9 @@ class PrintList : public EditorTest, public testing::WithParamInterface<EditorKi
   void openThree() {
     before_ = collection({item("first"), item("second"), item("third")});
     openBytes(before_);
-    press(editor().next);
+    press(kind().buttons.next);
     ASSERT_EQ(first(), "second");
-    type(editor().otherBox, "typed");
+    type(kind().otherBox(), "typed");
   }
 
   /// Lets a page hold a single line: each item comes on a page of its own, behind an empty one.
@@ -53,14 +53,14 @@ class PrintList : public EditorTest, public testing::WithParamInterface<EditorKi
 
   /// The editor alone is on screen, with item 1 as it is in the file.
   void expectBackWithItemOne() {
-    EXPECT_EQ(formName(), editor().formName);
+    EXPECT_EQ(formName(), kind().formName);
     EXPECT_EQ(state_->CurRec, 1);
-    EXPECT_EQ((*state_).*kind().position, 1);
-    EXPECT_EQ(indicator(), recordLabel(kind(), 1, state_->Count));
+    EXPECT_EQ((*state_).*kind().row().position, 1);
+    EXPECT_EQ(indicator(), kind().label(1, state_->Count));
     EXPECT_EQ(first(), "first");
     EXPECT_NE(other(), "typed");
     EXPECT_EQ(bytes(), before_);
-    press(editor().write);
+    press(kind().buttons.write);
     EXPECT_EQ(bytes(), before_) << "the item on screen is not item 1";
   }
   void expectNothingOnPaper() {
@@ -81,12 +81,7 @@ class PrintList : public EditorTest, public testing::WithParamInterface<EditorKi
   std::string before_;
 };
 
-std::string nameOf(const testing::TestParamInfo<EditorKind>& info) { return info.param.name; }
-
-INSTANTIATE_TEST_SUITE_P(Kinds, PrintList,
-                         testing::Values(kMusicEditor, kVideoEditor, kSoftwareEditor, kComicEditor,
-                                         kBookEditor, kMediaEditor),
-                         nameOf);
+INSTANTIATE_TEST_SUITE_P(Kinds, PrintList, testing::ValuesIn(kModelEditors), nameOfKind);
 
 TEST_P(PrintList, PrintsASheetForEachPageAndComesBackWithItemOne) {
   openThree();
@@ -164,8 +159,8 @@ TEST_P(PrintList, CancelledPrintsNothingButComesBackWithItemOne) {
 
 TEST_P(PrintList, DropsANewItemThatIsBeingTyped) {
   openThree();
-  press(editor().clear);
-  type(editor().firstBox, "new");
+  press(kind().buttons.clear);
+  type(kind().firstBox(), "new");
   desktop_.expectPrint(std::nullopt);
   print();
   expectBackWithItemOne();
@@ -180,8 +175,8 @@ TEST_P(PrintList, ListsWhatIsInTheFileEachTime) {
   }
   ASSERT_EQ(desktop_.fakePrinter.sheets.size(), 2U);
   EXPECT_EQ(desktop_.fakePrinter.sheets.front(), desktop_.fakePrinter.sheets.back());
-  type(editor().otherBox, "changed");
-  press(editor().write);
+  type(kind().otherBox(), "changed");
+  press(kind().buttons.write);
   expectPaper(desktop_, "1");
   print();
   expectInOrder(desktop_.fakePrinter.sheets.back(), {": changed\r\n"});
@@ -212,14 +207,35 @@ class BoardTitles : public QObject {
 TEST_P(PrintList, TheBoardStandsForTheEditorMeanwhile) {
   openThree();
   makeAPageForEachItem();
-  const BoardTitles told(program_->form<frmRecDisp>(), form());
+  const BoardTitles told(dynamic_cast<frmRecDisp&>(program_->board()), form());
   expectPaper(desktop_, "4");
   print();
-  EXPECT_EQ(told.titles, (Texts{"Printing Status", "Printing to Printer..."}));
+  EXPECT_EQ(told.titles, (Texts{"Printing Status...", "Printing Status", "Printing to Printer..."}))
+      << "loaded, then given its captions";
   expectTextFile(desktop_, path("list.txt"));
   print();
-  EXPECT_EQ(told.titles, (Texts{"Printing Status", "Printing to Printer...", "Printing Status",
-                                "Writing to file..."}));
+  EXPECT_EQ(told.titles, (Texts{"Printing Status...", "Printing Status", "Printing to Printer...",
+                                "Printing Status", "Writing to file..."}));
+}
+
+TEST_P(PrintList, TheEditorMakesWayForTheBoardBehindThePrintDialog) {
+  openThree();
+  const QMainWindow& shown = form();
+  desktop_.onBox = [&](const std::string& title, const std::string&) {
+    EXPECT_EQ(shown.isVisible(), title == "QBX List Print");
+    // Nothing is read of the collection before the board is there.
+    files_.beforeRead = [&] {
+      const QMainWindow& board = formNamed("frmRecDisp");
+      EXPECT_FALSE(shown.isVisible());
+      EXPECT_TRUE(board.isVisible());
+      const auto* lines = board.findChild<QLabel*>("lblLines");
+      EXPECT_TRUE(QTest::qWaitFor([&] { return lines->text() == "Starting Print Routine..."; }))
+          << lines->text().toStdString();
+    };
+  };
+  desktop_.expectPrint(std::nullopt);
+  print();
+  EXPECT_EQ(files_.beforeRead, nullptr) << "never read";
 }
 
 TEST_P(PrintList, SetsUpThePrinterAndLeavesTheScreenAlone) {
@@ -234,7 +250,7 @@ TEST_P(PrintList, SetsUpThePrinterAndLeavesTheScreenAlone) {
   EXPECT_EQ(found, 1);
   EXPECT_EQ(desktop_.printerSetups, 1);
   EXPECT_EQ(desktop_.fakePrinter.fonts, (Texts{"Courier New 12"}));
-  EXPECT_EQ(formName(), editor().formName);
+  EXPECT_EQ(formName(), kind().formName);
   EXPECT_EQ(state_->CurRec, 2);
   EXPECT_EQ(other(), "typed");
 }
@@ -346,7 +362,7 @@ TEST_P(PrintList, ACollectionThatIsGoneIsListedBlankAndLeavesTheScreenAlone) {
   ASSERT_EQ(desktop_.fakePrinter.sheets.size(), 4U);
   expectInOrder(desktop_.fakePrinter.sheets.back(), {" 3 of 3\r\n", ": \r\n", "-----\r\n"});
   EXPECT_EQ(desktop_.fakePrinter.sheets.back().find("third"), std::string::npos);
-  EXPECT_EQ(formName(), editor().formName);
+  EXPECT_EQ(formName(), kind().formName);
   EXPECT_EQ(state_->CurRec, 2);
   EXPECT_EQ(other(), "typed");
   EXPECT_FALSE(std::filesystem::exists(collectionPath()));

@@ -3,23 +3,16 @@
 
 #include <QAccessible>
 
-#include "support/family_files.h"
-#include "support/form_fixture.h"
+#include "support/family_steps.h"
 
 namespace quillbox::test {
 namespace {
-
-constexpr const char* kOpenFilter =
-    "All Collections (*.?CS, *.MPS)|*.?CS;*.MPS|Music Collection (*.MCS)|*.MCS|Comic Collection "
-    "(*.CCS)|*.CCS|Video Collection (*.VCS)|*.VCS|Software Collection (*.SCS)|*.SCS|Book "
-    "Collection (*.BCS)|*.BCS|Wave Collection (*.WCS)|*.WCS|MIDI Collection "
-    "(*.ICS)|*.ICS|Graphics Collection (*.GCS)|*.GCS|MP3 Collection (*.MPS)|*.MPS";
 
 constexpr std::size_t kEntryWidth = 50;
 
 /// A second page as a user sees it, and where its entries are in the record.
 struct Page {
-  FamilyKind kind;
+  ModelKind kind;
   const char* formName;
   const char* caption;
   std::string boxName;
@@ -66,7 +59,7 @@ const Page kNotes = {
     {{"cmdPrevious", "Pre&vious Item"}, {"cmdNext", "&Next Item"}, {"cmdExit", "E&xit Window"}},
     100};
 
-class ListPage : public FamilySteps<FormTest>, public testing::WithParamInterface<Page> {
+class ListPage : public FamilySteps, public testing::WithParamInterface<Page> {
  protected:
   ListPage() : FamilySteps(GetParam().kind) {}
 
@@ -277,9 +270,7 @@ TEST_P(ListPage, EntriesAreShownTrimmedAndUpToTheirFirstNul) {
 TEST_P(ListPage, IsEmptyAfterAFreshLoadOfAnEmptyCollection) {
   openThree();
   writeFile(path("empty." + std::string(kind().extension)), familyHeader(0));
-  state_->currentPath = path("empty." + std::string(kind().extension));
-  auto& editor = dynamic_cast<frmEditor&>(form());
-  program_->run([&editor] { editor.open(); });
+  openHere(path("empty." + std::string(kind().extension)));
   openPage();
   EXPECT_EQ(entry(0), "");
   EXPECT_EQ(lastEntry(), "");
@@ -490,7 +481,7 @@ TEST_P(OtherPages, StepFromWhereTheVideoEditorWasLast) {
   writeFile(collectionPath(), threeItems());
   start({path("tapes.VCS")});
   desktop_.expectInput("Record #", "Go To Record", "50");
-  press(kVideo.goTo);
+  press(kVideo.buttons.goTo);
   desktop_.expectOpen("Open Collection", kOpenFilter, collectionPath());
   choose("OpenFile");
   EXPECT_EQ(formName(), kind().formName);

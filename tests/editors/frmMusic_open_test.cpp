@@ -58,9 +58,7 @@ TEST_F(OpeningMusic, MakesTheCollectionWhenThereIsNone) {
 
 TEST_F(OpeningMusic, ANewCollectionOfTheDialogHasItsOwnFileTypeUntilAnItemIsWritten) {
   start({path("other.MCS")});
-  state_->currentPath = path();
-  state_->newCollection = true;
-  program_->run([&] { dynamic_cast<frmMusic&>(form()).open(); });
+  openHere(path(), true);
   EXPECT_EQ(file(), std::string("\0\0\1\0001.71    ", 12));
   EXPECT_FALSE(state_->newCollection) << "cleared once the file is made";
   EXPECT_EQ(label(), "New Record");
@@ -83,21 +81,20 @@ TEST_F(OpeningMusic, ANewCollectionOverAnOldOneLeavesItsItemsUncounted) {
   const std::string before = musicFile({album("A"), album("B")});
   writeFile(path(), before);
   start({path("other.MCS")});
-  state_->currentPath = path();
-  state_->newCollection = true;
-  program_->run([&] { dynamic_cast<frmMusic&>(form()).open(); });
+  openHere(path(), true);
   EXPECT_EQ(headerOf(file()).Count, 0);
   EXPECT_EQ(file().substr(12), before.substr(12));
 }
 
 TEST_F(OpeningMusic, ANewCollectionInAFolderThatIsNotThereEndsOnTheStartScreen) {
   start({path()});
-  state_->currentPath = path("gone/new.MCS");
-  state_->newCollection = true;
   auto& editor = dynamic_cast<frmMusic&>(form());
   editor.hide();
   expectError("'76':\n\nPath not found", path("gone/new.MCS"));
-  program_->run([&] { editor.open(); });
+  OpenCollection opening = *state_;
+  opening.currentPath = path("gone/new.MCS");
+  opening.newCollection = true;
+  program_->run([&] { editor.open(opening); });
   EXPECT_EQ(formName(), "frmBegin2");
 }
 
@@ -107,7 +104,7 @@ TEST_F(OpeningMusic, AHeaderOfAnyLengthIsEnoughForAnEmptyCollection) {
     std::string bytes("\0\0\5\0001.71    ", 12);
     bytes.resize(length);
     writeFile(path(), bytes);
-    restart({path()});
+    start({path()});
     EXPECT_EQ(label(), "Record #: 0");
     close();
     EXPECT_EQ(file(), bytes);
@@ -117,7 +114,7 @@ TEST_F(OpeningMusic, AHeaderOfAnyLengthIsEnoughForAnEmptyCollection) {
 TEST_F(OpeningMusic, ShowsTheCaptionExactly) {
   for (const char* name : {"a[*]b.MCS", "[*][*].MCS", "<b>bold<b>.MCS", "R&B.MCS", "Björk.MCS"}) {
     writeFile(path(name), musicFile({album("A")}));
-    restart({path(name)});
+    start({path(name)});
     EXPECT_EQ(caption(), "Music Collection Manager (" + std::string(name) + ")");
   }
 }
@@ -127,7 +124,7 @@ TEST_F(OpeningMusic, LoadsAgainEachTimeItIsOpened) {
   start({path()});
   press("cmdNext");
   writeFile(path("QBX Music.ini"), "[MEDIA]\n");
-  program_->run([&] { dynamic_cast<frmMusic&>(form()).open(); });
+  openHere(path());
   EXPECT_EQ(label(), "Record #: 1 Of 2");
   EXPECT_EQ(mediaTypes().size(), 7U);
 }
@@ -140,8 +137,7 @@ TEST_F(OpeningMusic, LoadsAFormThatOwesNothingToTheLastCollection) {
   writeFile(path("other.MCS"), musicFile({album("B")}));
   start({path()});
   ASSERT_FALSE(check("chkBookLoaned").isEnabled());
-  state_->currentPath = path("other.MCS");
-  program_->run([&] { dynamic_cast<frmMusic&>(form()).open(); });
+  openHere(path("other.MCS"));
   EXPECT_TRUE(check("chkBookLoaned").isEnabled());
   EXPECT_EQ(list("cmbGenre").currentIndex(), 0);
 }
@@ -174,7 +170,7 @@ TEST_F(OpeningMusic, AFileMarkedByNewFileIsUpgradedWithTheOldLength) {
   choose("NewFile");
   const std::string marked = file();
   expectUpgrade();
-  restart({path()});
+  start({path()});
   EXPECT_EQ(file("jazz.BAK"), marked);
   EXPECT_EQ(itemOf(file(), 1).Artist.view(), marked.substr(2336, 50))
       << "the records are read 36 bytes too early";
@@ -190,7 +186,7 @@ TEST_F(OpeningMusic, AnUpgradeThatFailsLeavesTheBackupComplete) {
     files.forget();
     files.failNth(nth, ErrorNumber::diskFull);
     desktop_.tolerateMessages = true;
-    restart({path()});
+    start({path()});
     const bool failed = files.hasFailed();
     files.failNth(-1, ErrorNumber::diskFull);
     const auto holdsAll = [&](const std::string& candidate) {
@@ -238,7 +234,7 @@ TEST_F(OpeningMusic, ACorruptListIsReportedAndDeleted) {
   for (const char* bytes : {"", "\n[MEDIA]", "[media]\n", "[MEDIA] \n", "\xEF\xBB\xBF[MEDIA]\n"}) {
     writeFile(path("QBX Music.ini"), bytes);
     desktop_.expectMessage(kEditorMessages, "ERROR! INI File corrupt!");
-    restart({path()});
+    start({path()});
     EXPECT_EQ(mediaTypes().size(), 8U);
     EXPECT_FALSE(std::filesystem::exists(path("QBX Music.ini")));
     close();
@@ -274,7 +270,7 @@ TEST_F(OpeningMusic, RefusesWhatIsOlderThanType4) {
     const std::string before = musicFile(1, type, {album("A")});
     writeFile(path(), before);
     desktop_.expectMessage(kEditorMessages, kRefused);
-    restart({path()});
+    start({path()});
     EXPECT_EQ(label(), "Record #: 0");
     EXPECT_EQ(state_->CurRec, 0);
     EXPECT_EQ(shown("txtArtist"), "");
@@ -366,7 +362,7 @@ TEST_F(OpeningMusic, ATruncatedFileShowsWhatIsThere) {
     SCOPED_TRACE(length);
     writeFile(path(), whole.substr(0, length));
     desktop_.tolerateMessages = true;  // refused, or upgraded, while the header is cut short
-    restart({path()});
+    start({path()});
     useWithoutCrashing();
   }
 }
@@ -383,7 +379,7 @@ TEST_F(OpeningMusic, RandomBytesNeverCrashTheProgram) {
     if (bytes.size() > 4 && round % 2 == 0)
       bytes.replace(1, 3, {'\0', static_cast<char>(round % 7), '\0'});
     writeFile(path(), bytes);
-    restart({path()});
+    start({path()});
     useWithoutCrashing();
   }
 }

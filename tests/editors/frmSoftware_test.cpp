@@ -1,8 +1,7 @@
 // What only the software editor does: whole prices.
 
 #include "records/software_record.h"
-#include "support/family_files.h"
-#include "support/form_fixture.h"
+#include "support/family_steps.h"
 
 namespace quillbox::test {
 namespace {
@@ -15,7 +14,7 @@ SoftwareRecord disk(std::string_view label) {
   return record;
 }
 
-class SoftwareEditor : public FamilySteps<FormTest> {
+class SoftwareEditor : public FamilySteps {
  protected:
   SoftwareEditor() : FamilySteps(kSoftware) {}
 

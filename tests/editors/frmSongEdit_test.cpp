@@ -1,7 +1,10 @@
 #include <QAccessible>
 #include <QGuiApplication>
+#include <functional>
+#include <utility>
 
 #include "support/form_fixture.h"
+#include "text/padding.h"
 
 namespace quillbox::test {
 namespace {
@@ -32,6 +35,14 @@ class SongPages : public FormTest {
   std::string song(int index) {
     const std::string name = "txtSongTitle_" + std::to_string(index);
     return std::string(withoutTrailingBlanks(std::string_view(shown(name.c_str()))));
+  }
+  QLabel& hint() { return control<QLabel>("lblFull"); }
+
+  /// Fills the page on screen and tries to add that title.
+  void addToFullPage(const char* title) {
+    for (int i = 0; i < 20; ++i) type(("txtSongTitle_" + std::to_string(i)).c_str(), "taken");
+    type("txtSongEdit", title);
+    QTest::keyClick(&box("txtSongEdit"), Qt::Key_Return);
   }
   std::string storedSong(int item, std::size_t song) {
     return text(itemOf(file(), item).Songs.at(song));
@@ -107,6 +118,19 @@ TEST_F(SongPages, LeavingTheSecondPageDoesTheSame) {
   EXPECT_EQ(QGuiApplication::focusObject(), &box("txtArtist"));
   press("cmdWriteData");
   EXPECT_EQ(storedSong(1, 38), "Thirty-nine");
+}
+
+TEST_F(SongPages, ExitPutsTheFocusOnTheArtistWhereverItWas) {
+  for (const char* button : {"cmdWriteData", "cmdGoto"})
+    for (const bool second : {false, true}) {
+      SCOPED_TRACE(button);
+      control<QPushButton>(button).setFocus();
+      openPage1();
+      if (second) press("cmdNextPage");
+      box("txtSongTitle_3").setFocus();
+      press("cmdExit");
+      EXPECT_EQ(QGuiApplication::focusObject(), &box("txtArtist"));
+    }
 }
 
 TEST_F(SongPages, ClosingAPageIsLeavingIt) {
@@ -193,12 +217,102 @@ TEST_F(SongPages, TheBoxAtTheTopFillsTheFirstEmptySong) {
   EXPECT_EQ(text(state_->music.Songs[2]), "All Blues");
 }
 
-TEST_F(SongPages, AFullPageLeavesTheBoxAtTheTopAsItIs) {
+TEST_F(SongPages, AFullPageLeavesTheBoxAtTheTopAsItIsAndSaysSo) {
   openPage1();
-  for (int i = 0; i < 20; ++i) box(("txtSongTitle_" + std::to_string(i)).c_str()).setText("taken");
-  type("txtSongEdit", "One more");
-  QTest::keyClick(&box("txtSongEdit"), Qt::Key_Return);
+  EXPECT_TRUE(hint().isHidden());
+  addToFullPage("One more");
   EXPECT_EQ(shown("txtSongEdit"), "One more");
+  EXPECT_TRUE(hint().isVisible());
+  EXPECT_EQ(hint().text(), "This page is full: the title has no place yet.");
+  EXPECT_EQ(box("txtSongEdit").accessibleDescription(), hint().text());
+  press("cmdNextPage");
+  EXPECT_TRUE(hint().isHidden()) << "the other page";
+  press("cmdNextPage");
+  EXPECT_TRUE(hint().isVisible());
+
+  type("txtSongTitle_7", "");
+  box("txtSongEdit").setFocus();
+  QTest::keyClick(&box("txtSongEdit"), Qt::Key_Return);
+  EXPECT_EQ(song(7), "One more");
+  EXPECT_TRUE(hint().isHidden());
+  EXPECT_EQ(box("txtSongEdit").accessibleDescription(), "");
+}
+
+TEST_F(SongPages, TheHintGoesWhenTheTitleIsTypedAnew) {
+  openPage1();
+  addToFullPage("One more");
+  QTest::keyClicks(&box("txtSongEdit"), "x");
+  EXPECT_TRUE(hint().isHidden());
+}
+
+TEST_F(SongPages, ATitleThatFoundNoPlaceStaysWithItsAlbum) {
+  openPage1();
+  addToFullPage("One more");
+  press("cmdExit");
+  press("cmdWriteData");
+  openPage1();
+  EXPECT_EQ(shown("txtSongEdit"), "One more") << "the same album";
+  press("cmdExit");
+  for (int song = 0; song < 40; ++song)
+    EXPECT_EQ(storedSong(1, static_cast<std::size_t>(song)).find("One more"), std::string::npos);
+}
+
+TEST_F(SongPages, ATitleThatFoundNoPlaceNeverReachesAnotherAlbum) {
+  writeFile(path("other.MCS"), musicFile({album("X")}));
+  const std::pair<const char*, std::function<void()>> ways[] = {
+      {"next", [this] { press("cmdNext"); }},
+      {"go to",
+       [this] {
+         desktop_.expectInput("Record #", "Go To Record", "2");
+         press("cmdGoto");
+       }},
+      {"go to itself",
+       [this] {
+         desktop_.expectInput("Record #", "Go To Record", "1");
+         press("cmdGoto");
+       }},
+      {"search",
+       [this] {
+         choose("SearchRecords");
+         type("txtArtist", "B");
+         press("cmdSearch");
+       }},
+      {"clear", [this] { press("cmdClearData"); }},
+      {"open",
+       [this] {
+         desktop_.expectOpen("Open Collection", kOpenFilter, path("other.MCS"));
+         choose("OpenFile");
+       }},
+  };
+  for (const auto& [name, way] : ways) {
+    SCOPED_TRACE(name);
+    writeFile(path(), musicFile({album("A"), album("B")}));
+    start({path()});
+    openPage2();
+    addToFullPage("One more");
+    press("cmdExit");
+    way();
+    EXPECT_EQ(formName(), "frmMusic");
+    openPage2();
+    EXPECT_EQ(shown("txtSongEdit"), "");
+    EXPECT_TRUE(hint().isHidden());
+    press("cmdExit");
+    press("cmdWriteData");
+    EXPECT_EQ((file() + file("other.MCS")).find("One more"), std::string::npos);
+  }
+}
+
+TEST_F(SongPages, ClearSongsEmptiesTheBoxAtTheTopToo) {
+  openPage1();
+  addToFullPage("One more");
+  press("cmdNextPage");
+  addToFullPage("Two more");
+  press("cmdClearList");
+  EXPECT_EQ(shown("txtSongEdit"), "");
+  press("cmdNextPage");
+  EXPECT_EQ(shown("txtSongEdit"), "");
+  press("cmdExit");
+  EXPECT_EQ(text(state_->music.Songs[0]), "");
 }
 
 TEST_F(SongPages, FitASmallScreen) {

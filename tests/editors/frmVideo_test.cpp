@@ -1,8 +1,8 @@
 // What only the video editor does: dates, amounts, and the second position it steps by.
 
+#include "platform/qt/qt_desktop.h"
 #include "records/video_record.h"
-#include "support/family_files.h"
-#include "support/form_fixture.h"
+#include "support/family_steps.h"
 
 namespace quillbox::test {
 namespace {
@@ -16,7 +16,7 @@ VideoRecord tape(std::string_view label) {
   return record;
 }
 
-class VideoEditor : public FamilySteps<FormTest> {
+class VideoEditor : public FamilySteps {
  protected:
   VideoEditor() : FamilySteps(kVideo) {}
 
@@ -361,6 +361,24 @@ TEST_F(VideoEditor, AMarkerThatWasTypedHidesTheItem) {
   pressPrevious();
   EXPECT_EQ(first(), "B") << "item 1 is not shown again";
   EXPECT_EQ(state_->CurRec, 1);
+}
+
+TEST_F(VideoEditor, AnUntouchedItemIsWrittenAsItWasInEveryLanguage) {
+  VideoRecord taken = tape("A");
+  taken.AquireDate = 46'347.75;
+  openBytes(fileOf({taken, tape("B")}));
+  const std::string before = bytes();
+  int languages = 0;
+  for (const QLocale& locale :
+       QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory)) {
+    desktop_.dateForm = shortDateForm(locale);
+    pressNext();
+    press("cmdPrev");
+    pressWrite();
+    ASSERT_EQ(bytes(), before) << locale.name().toStdString();
+    ++languages;
+  }
+  EXPECT_GT(languages, 500);
 }
 
 }  // namespace

@@ -1,7 +1,10 @@
 // The editor of media-file catalogues and its folder loader.
 
+#include "editors/frmWave.h"
+
 #include <QAccessible>
 
+#include "platform/checked16.h"
 #include "printing/frmRecDisp.h"
 #include "records/media_file_record.h"
 #include "support/form_fixture.h"
@@ -59,6 +62,10 @@ class WaveEditor : public FormTest {
   std::string bytes() { return file(name_); }
   std::string record() { return label("lblRec"); }
 
+  /// The code that tells the four kinds apart, as the state holds it.
+  /// The codes of media files follow those of the other five kinds.
+  void pretendCode(int code) { state_->kindCode = static_cast<std::int16_t>(code + 5); }
+
   void addFiles(const char* folder, std::initializer_list<const char*> names) {
     std::filesystem::create_directories(path(folder));
     for (const char* name : names) writeFile(path(std::string(folder) + "/" + name), "data");
@@ -66,6 +73,7 @@ class WaveEditor : public FormTest {
   void load(const char* title, const char* filter, std::optional<std::string> picked) {
     desktop_.expectOpen(title, filter, std::move(picked));
     choose("LoadMenu");
+    EXPECT_EQ(desktop_.dialogName, "cdlWaves");
     EXPECT_EQ(formName(), "frmWave");
   }
   void loadWaves(std::optional<std::string> picked) {
@@ -182,26 +190,26 @@ TEST_F(WaveEditor, ADeleteThatDoesNotReadBackEndsTheProgram) {
 TEST_F(WaveEditor, AnUnknownKindSaysSoAndIsLoadedAllTheSame) {
   open(catalogue({mediaFile("a")}));
   const std::string captionBefore = caption();
-  state_->mediaCode = 0;
-  desktop_.expectMessage("Quillbox", "Fucked!");
-  auto& editor = dynamic_cast<frmEditor&>(form());
-  program_->run([&] { editor.open(); });
-  EXPECT_EQ(record(), "Record #: 1 of 1");
-  EXPECT_EQ(caption(), captionBefore) << "the caption is left alone";
+  for (const int code : {-1, 0, 5, 6, 255}) {
+    SCOPED_TRACE(code);
+    writeFile(path("other.WCS"), catalogue({mediaFile("b"), mediaFile("c")}));
+    pretendCode(code);
+    desktop_.expectMessage("Quillbox", "Fucked!");
+    openHere(path("other.WCS"));
+    desktop_.expectNothingLeft();
+    EXPECT_EQ(record(), "Record #: 1 of 2");
+    EXPECT_EQ(caption(), captionBefore) << "the caption is left unset";
+  }
+  for (const int code : {1, 2, 3, 4}) {
+    SCOPED_TRACE(code);
+    pretendCode(code);
+    openHere(path("other.WCS"));
+    EXPECT_NE(caption(), captionBefore);
+  }
 }
 
-TEST_F(WaveEditor, HasItsCaptionsAndMenus) {
+TEST_F(WaveEditor, HasItsCaptions) {
   open(catalogue({mediaFile("a")}));
-  const std::vector<std::pair<const char*, const char*>> actions = {
-      {"FileMenu", "&File"},          {"NewFile", "&New"},
-      {"OpenFile", "&Open"},          {"ExitCollection", "E&xit"},
-      {"EditMenu", "&Edit"},          {"SortCollection", "S&ort Collection"},
-      {"PrintMenu", "&Print"},        {"SearchCollection", "S&earch Collection"},
-      {"PrintList", "Print &List"},   {"PrintSetup", "Printer &Setup"},
-      {"ExportData", "&Export Data"}, {"LoadMenu", "&Load"},
-      {"HelpMenu", "&Help"},          {"AboutCollection", "&About"}};
-  for (const auto& [name, text] : actions)
-    EXPECT_EQ(control<QAction>(name).text().toStdString(), text);
   const std::vector<std::pair<const char*, const char*>> buttons = {
       {"cmdWrite", "&Write Data"},   {"cmdClear", "&Clear Data"}, {"cmdNext", "Ne&xt Item"},
       {"cmdPrev", "Pre&vious Item"}, {"cmdGoto", "&GoTo"},        {"cmdDelete", "Delete &Item"}};
@@ -215,10 +223,6 @@ TEST_F(WaveEditor, HasItsCaptionsAndMenus) {
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&box(name))->text(QAccessible::Name),
               QString(text).remove('&'));
   }
-  desktop_.expectMessage("About Wav/MIDI/Graphic Collection",
-                         "Quillbox V1.71\nWave/Midi/Graphics Area Version: V1.71\n\nA catalogue "
-                         "for everything you collect, made by people who collect.");
-  choose("AboutCollection");
 }
 
 // ---- The folder loader
@@ -237,7 +241,24 @@ TEST_F(WaveEditor, LoadsTheFilesOfItsKindFromTheFolderOfThePickedFile) {
   EXPECT_EQ(item.FileSize, 0.0) << "never measured";
   EXPECT_EQ(files_.currentFolder(), path("found")) << "now the current folder";
   EXPECT_EQ(record(), "Record #: 1 of 3") << "the current item is shown again";
-  EXPECT_FALSE(program_->form<frmRecDisp>().isVisible());
+  EXPECT_FALSE(dynamic_cast<frmRecDisp&>(program_->board()).isVisible());
+}
+
+TEST_F(WaveEditor, TheBoardStandsForTheEditorWhileFilesAreLoaded) {
+  open(catalogue({mediaFile("old.wav")}));
+  addFiles("found", {"one.wav"});
+  const QMainWindow& shown = form();
+  bool loading = false;
+  desktop_.onBox = [&](const std::string&, const std::string&) {
+    files_.beforeRead = [&] {
+      loading = true;
+      EXPECT_FALSE(shown.isVisible());
+      EXPECT_EQ(formName(), "frmRecDisp");
+      EXPECT_EQ(caption(), "Loading Data");
+    };
+  };
+  loadWaves(path("found/one.wav"));
+  EXPECT_TRUE(loading);
 }
 
 TEST_F(WaveEditor, LoadingAgainAddsNothing) {

@@ -47,26 +47,26 @@ inline const FormCase kAllForms[] = {
     {"Music", "music", "MCS"},
     {"Songs1", "music-songs", "MCS", {"EditSongs"}},
     {"Songs2", "music-songs-2", "MCS", {"EditSongs", "cmdNextPage"}},
-    {"MusicSort", "sort", "MCS", {kMusicEditor.sort.action}},
-    {"MusicSearch", "search", "MCS", {kMusicEditor.search.action}},
+    {"MusicSort", "sort", "MCS", {kMusic.sort.action}},
+    {"MusicSearch", "search", "MCS", {kMusic.search.action}},
     {"Video", "video", "VCS"},
     {"VideoTitles", "video-list", "VCS", {"EditTitles"}},
-    {"VideoSort", "video-sort", "VCS", {kVideoEditor.sort.action}},
-    {"VideoSearch", "video-search", "VCS", {kVideoEditor.search.action}},
+    {"VideoSort", "video-sort", "VCS", {kVideo.sort.action}},
+    {"VideoSearch", "video-search", "VCS", {kVideo.search.action}},
     {"Software", "software", "SCS"},
     {"SoftwareTitles", "software-list", "SCS", {"EditTitles"}},
-    {"SoftwareSort", "software-sort", "SCS", {kSoftwareEditor.sort.action}},
-    {"SoftwareSearch", "software-search", "SCS", {kSoftwareEditor.search.action}},
+    {"SoftwareSort", "software-sort", "SCS", {kSoftware.sort.action}},
+    {"SoftwareSearch", "software-search", "SCS", {kSoftware.search.action}},
     {"Comics", "comics", "CCS"},
     {"ComicTitles", "comics-list", "CCS", {"EditTitles"}},
-    {"ComicSort", "comics-sort", "CCS", {kComicEditor.sort.action}},
-    {"ComicSearch", "comics-search", "CCS", {kComicEditor.search.action}},
+    {"ComicSort", "comics-sort", "CCS", {kComics.sort.action}},
+    {"ComicSearch", "comics-search", "CCS", {kComics.search.action}},
     {"Books", "books", "BCS"},
-    {"BookSort", "books-sort", "BCS", {kBookEditor.sort.action}},
-    {"BookSearch", "books-search", "BCS", {kBookEditor.search.action}},
+    {"BookSort", "books-sort", "BCS", {kBooks.sort.action}},
+    {"BookSearch", "books-search", "BCS", {kBooks.search.action}},
     {"MediaFiles", "media-files", "WCS"},
-    {"MediaFileSort", "media-files-sort", "WCS", {kMediaEditor.sort.action}},
-    {"MediaFileSearch", "media-files-search", "WCS", {kMediaEditor.search.action}},
+    {"MediaFileSort", "media-files-sort", "WCS", {kWaves.sort.action}},
+    {"MediaFileSearch", "media-files-search", "WCS", {kWaves.search.action}},
     {"Board", "board", nullptr, {}, FormCase::Window::board},
     {"PrintDialog", "print", nullptr, {}, FormCase::Window::printDialog},
 };
@@ -178,7 +178,7 @@ class AllForms : public FormTest {
     dialog_.reset();
     setTextScale(look.textScale);
     QApplication::setPalette(paletteOf(look));
-    restart();
+    start();
     QWidget& opened = follow(which, look.content);
     if (look.content == Look::Content::longest) fill(opened);
     settle(opened);
@@ -256,7 +256,7 @@ class AllForms : public FormTest {
 
   QWidget& openBoard(Look::Content content) {
     form().hide();
-    auto& board = program_->form<frmRecDisp>();
+    auto& board = dynamic_cast<frmRecDisp&>(program_->board());
     board.open("Printing Status");
     if (content == Look::Content::empty) return board;
     constexpr int lines = 12;

@@ -89,7 +89,7 @@ TEST_F(HelpTest, OpensFromTheHelpMenus) {
   start();
   choose("ContentBegin");
   EXPECT_EQ(helpPage(), "index.md");
-  restart();
+  start();
   open("MCS");
   choose("MusicContents");
   EXPECT_EQ(helpPage(), "music.md");

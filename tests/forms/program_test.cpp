@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "forms/form.h"
+#include "platform/checked16.h"
 #include "support/failing_files.h"
 #include "support/fake_desktop.h"
 #include "support/test_folder.h"
@@ -32,6 +33,7 @@ class ProgramTest : public testing::Test, public Shell {
   void FileOpen() override {}
   std::string SaveAs() override { return {}; }
   void showNewCollection() override {}
+  Board& board() override { return board_; }
 
   TestFolder folder_;
   FailingFiles files_;
@@ -40,6 +42,7 @@ class ProgramTest : public testing::Test, public Shell {
   Program program_{state_, desktop_};
   SomeForm form_{program_};
   SomeForm start_{program_};
+  NoBoard board_;
   int startScreens_ = 0;
 };
 
@@ -75,14 +78,41 @@ TEST_F(ProgramTest, ShowsTheStartScreenAfterAnErrorThatLeftNothing) {
   EXPECT_EQ(startScreens_, 1);
 }
 
-TEST_F(ProgramTest, LooksForAnEmptyDesktopOnlyAfterTheOutermostHandler) {
+TEST_F(ProgramTest, RunsOneHandlerAtATime) {
+  form_.show();
+  bool began = false;
+  program_.run([&] {
+    EXPECT_TRUE(program_.isRunning());
+    program_.run([&] { began = true; });
+  });
+  EXPECT_FALSE(began);
+  EXPECT_FALSE(program_.isRunning());
+  program_.run([&] { began = true; });
+  EXPECT_TRUE(began) << "nothing is held back afterwards";
+}
+
+TEST_F(ProgramTest, RunsNoHandlerWhileAnErrorIsShownAndTheNextOneAfterIt) {
+  form_.show();
+  bool began = false;
+  desktop_.expectMessage("Quillbox", "Run-time error '6':\n\nOverflow");
+  desktop_.onBox = [&](const std::string&, const std::string&) {
+    program_.run([&] { began = true; });
+  };
+  program_.run([] { checked16(INT16_MAX + 1); });
+  EXPECT_FALSE(began);
+  program_.run([&] { began = true; });
+  EXPECT_TRUE(began);
+}
+
+TEST_F(ProgramTest, AWindowStaysWhenItIsClosedWhileAHandlerRuns) {
   form_.show();
   program_.run([&] {
-    program_.run([&] { form_.hide(); });
-    EXPECT_EQ(startScreens_, 0);
-    form_.show();
+    EXPECT_FALSE(form_.close());
+    EXPECT_TRUE(form_.isVisible());
   });
-  EXPECT_EQ(startScreens_, 0);
+  start_.show();
+  form_.close();
+  EXPECT_FALSE(form_.isVisible());
 }
 
 TEST_F(ProgramTest, EndingAtOnceClosesTheFilesAndAsksNothing) {

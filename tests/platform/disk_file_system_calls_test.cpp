@@ -96,6 +96,19 @@ TEST_F(FailingCalls, WhereRenamingCannotRefuseATargetNothingIsOverwrittenEither)
   }
 }
 
+TEST_F(FailingCalls, WhereRenamingCannotRefuseATargetALinkIsInTheWayToo) {
+  writeFile("jazz.MCS", "the collection");
+  std::filesystem::create_symlink("missing", "jazz.BAK");
+  EXPECT_EQ(plainRenameFailure(EINVAL, "jazz.MCS", "jazz.BAK"), (Failure{58, "jazz.BAK"}));
+  EXPECT_TRUE(std::filesystem::is_symlink("jazz.BAK"));
+  EXPECT_EQ(readFile("jazz.MCS"), "the collection");
+}
+
+TEST_F(FailingCalls, AnotherFileSystemIsAnErrorOfItsOwn) {
+  writeFile("jazz.MCS", "the collection");
+  EXPECT_EQ(plainRenameFailure(EXDEV, "jazz.MCS", "jazz.BAK"), (Failure{74, "jazz.MCS"}));
+}
+
 TEST_F(FailingCalls, WhereRenamingCannotRefuseATargetItRenamesAllTheSame) {
   for (const int error : {EINVAL, ENOSYS}) {
     writeFile("jazz.MCS", "the collection");

@@ -13,6 +13,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -597,6 +598,86 @@ TEST_F(DiskFileSystemTest, ANameThatLeadsNowhereIsNoSameFile) {
     EXPECT_FALSE(files_.isSameFile(name, "jazz.MCS")) << name;
     EXPECT_FALSE(files_.isSameFile(name, name)) << name;
   }
+}
+
+TEST_F(DiskFileSystemTest, AFileIsMadeOnlyWhereTheNameIsFree) {
+  const std::string path = folder_.path("jazz.MCS");
+  auto file = files_.make(path, "");
+  write(*file, 2, "abc");
+  EXPECT_EQ(read(*file, 0, 9), "\0\0abc"s);
+  file->flush();
+  file->close();
+  EXPECT_EQ(failureOf([&] { files_.make(path, ""); }), (Failure{58, path}));
+  EXPECT_EQ(readFile(path), "\0\0abc"s);
+  const std::string folder = folder_.path("folder");
+  std::filesystem::create_directory(folder);
+  EXPECT_EQ(failureOf([&] { files_.make(folder, ""); }), (Failure{58, folder}));
+  const std::string inMissing = folder_.path("missing/jazz.MCS");
+  EXPECT_EQ(failureOf([&] { files_.make(inMissing, ""); }), (Failure{76, inMissing}));
+  const std::string like = folder_.path("like");
+  EXPECT_NE(failureOf([&] { files_.make(folder_.path("new"), like); }).number, 0);
+  EXPECT_FALSE(std::filesystem::exists("new"));
+}
+
+TEST_F(DiskFileSystemTest, ALinkIsInTheWayOfAFileToBeMade) {
+  QUILLBOX_NEEDS(links);
+  writeFile("jazz.MCS", "the collection");
+  std::filesystem::create_symlink("jazz.MCS", "link");
+  std::filesystem::create_symlink("missing", "to nothing");
+  for (const char* name : {"link", "to nothing"}) {
+    EXPECT_EQ(failureOf([&] { files_.make(name, ""); }), (Failure{58, name}));
+    EXPECT_TRUE(std::filesystem::is_symlink(name));
+  }
+  EXPECT_EQ(readFile("jazz.MCS"), "the collection");
+  EXPECT_FALSE(std::filesystem::exists("missing"));
+}
+
+TEST_F(DiskFileSystemTest, ALinkTellsWhereItLeadsOneStepOn) {
+  QUILLBOX_NEEDS(links);
+  std::filesystem::create_directory("below");
+  writeFile("jazz.MCS", "");
+  std::filesystem::create_symlink("jazz.MCS", "link");
+  std::filesystem::create_symlink("../link", "below/link");
+  std::filesystem::create_symlink(folder_.path("missing"), "below/to nothing");
+  std::filesystem::create_symlink("self", "self");
+  std::filesystem::create_directory_symlink("below", "to folder");
+  EXPECT_EQ(files_.linkTarget("link"), "jazz.MCS");
+  EXPECT_EQ(files_.linkTarget("below/link"), "below/../link");
+  EXPECT_EQ(files_.linkTarget("to folder/link"), "to folder/../link");
+  EXPECT_EQ(files_.linkTarget("below/to nothing"), folder_.path("missing"));
+  EXPECT_EQ(files_.linkTarget("self"), "self");
+  EXPECT_EQ(files_.linkTarget("to folder"), "below");
+  for (const char* name : {"jazz.MCS", "below", "missing", "missing/jazz.MCS", "jazz.MCS/x", ""})
+    EXPECT_EQ(files_.linkTarget(name), std::nullopt) << name;
+  const std::string tooLong(300, 'x');
+  EXPECT_EQ(failureOf([&] { files_.linkTarget(tooLong); }), (Failure{75, tooLong}));
+}
+
+TEST_F(DiskFileSystemTest, LinksAreRemovedAndRenamedThemselves) {
+  QUILLBOX_NEEDS(links);
+  writeFile("jazz.MCS", "the collection");
+  std::filesystem::create_symlink("jazz.MCS", "link");
+  std::filesystem::create_symlink("missing", "to nothing");
+  EXPECT_EQ(failureOf([&] { files_.rename("jazz.MCS", "to nothing"); }),
+            (Failure{58, "to nothing"}));
+  files_.rename("to nothing", "still to nothing");
+  EXPECT_TRUE(std::filesystem::is_symlink("still to nothing"));
+  files_.remove("still to nothing");
+  files_.remove("link");
+  EXPECT_EQ(readFile("jazz.MCS"), "the collection");
+  EXPECT_EQ(files_.list(".").size(), 1U);
+}
+
+TEST_F(DiskFileSystemTest, AFoldersPathIsWhereTheSystemFindsIt) {
+  const auto full = std::filesystem::canonical(folder_.path());
+  std::filesystem::create_directories("far/away");
+  EXPECT_EQ(std::filesystem::path(files_.resolvedFolder(".")), full);
+  EXPECT_EQ(std::filesystem::path(files_.resolvedFolder("far/away/../")), full / "far");
+  EXPECT_EQ(failureOf([&] { files_.resolvedFolder("missing/.."); }).number,
+            kMachine.links == nullptr ? 76 : 0);
+  QUILLBOX_NEEDS(links);
+  std::filesystem::create_directory_symlink("far/away", "link");
+  EXPECT_EQ(std::filesystem::path(files_.resolvedFolder("link/..")), full / "far");
 }
 
 TEST_F(DiskFileSystemTest, AFullDiskIsAnError) {

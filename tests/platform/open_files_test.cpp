@@ -65,6 +65,19 @@ TEST_F(OpenFilesTest, NumbersWithARoleOfTheirOwnAreGivenAsAsked) {
   EXPECT_EQ(openFresh("b"), 1);
 }
 
+TEST_F(OpenFilesTest, AFileIsMadeUnderANumberAsOneIsOpened) {
+  open_.open(file_number::collection, "a", OpenMode::read);
+  files_.forget();
+  EXPECT_EQ(open_.make(file_number::collection, "new", ""), file_number::collection);
+  EXPECT_EQ(open_.make(file_number::fresh, "newer", "a"), 1);
+  const std::vector<OperationRecord> expected = {
+      {FileOperation::close, "a"}, {FileOperation::make, "new"}, {FileOperation::make, "newer"}};
+  EXPECT_EQ(files_.operations(), expected);
+  open_.close(file_number::collection);
+  EXPECT_THROW(open_.make(7, "new", ""), RunTimeError);
+  EXPECT_FALSE(open_.isOpen(7));
+}
+
 TEST_F(OpenFilesTest, EachNumberIsItsOwnFile) {
   const int a = openFresh("a");
   const int b = openFresh("b");

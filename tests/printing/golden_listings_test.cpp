@@ -7,13 +7,14 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/checked16.h"
 #include "printing/listing.h"
 #include "printing/print_engine.h"
-#include "records/windows1252.h"
 #include "support/failing_files.h"
 #include "support/fake_desktop.h"
 #include "support/music_files.h"
 #include "support/test_folder.h"
+#include "text/windows1252.h"
 
 namespace quillbox::test {
 namespace {
@@ -102,7 +103,6 @@ class GoldenListings : public testing::TestWithParam<std::string> {
     writeFile(path_, bytes);
     state_.currentPath = path_;
     state_.Count = headerOf(bytes).Count;
-    state_.mediaCode = checked16(mediaCodeOf(kind_));
   }
 
   static bool isLong() { return GetParam() == kLong; }
@@ -111,9 +111,10 @@ class GoldenListings : public testing::TestWithParam<std::string> {
   void print(int pagesExpected) {
     std::int16_t mode = print_mode::printer;
     engine_.OpenPrinter(mode);
-    const std::int16_t pages = composePages(state_, kind_, listing_, mode, engine_, board_);
+    const std::int16_t pages =
+        composePages(state_.files, state_, kind_, listing_, mode, engine_, board_);
     EXPECT_EQ(pages, pagesExpected);
-    const auto heading = listing_.fileHeading(state_.mediaCode);
+    const auto heading = listing_.fileHeading(kind_.mediaCode);
     ASSERT_TRUE(heading);
     engine_.PrintOut(mode, pages, *heading);
   }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -137,6 +139,28 @@ TEST(ListingBlocks, AMediaFileOfAnyKind) {
                             "Description       : Start-up chime",
                             kSeparator};
     EXPECT_EQ(item.block(), expected) << extension;
+  }
+}
+
+TEST(ListingBlocks, MediaFilesOfAnySizeListItInDecimal) {
+  constexpr int catalogue = 2000;
+  constexpr unsigned bitsOfADouble = 53;
+  std::mt19937_64 random(7);  // NOLINT: the same sizes each time
+  for (int item = 1; item <= catalogue; ++item) {
+    // As many bits as a double holds exactly, at any height of 64.
+    const std::uint64_t bytes = (random() >> (64 - bitsOfADouble)) >>
+                                random() % bitsOfADouble << random() % (64 - bitsOfADouble + 1);
+    ListedItem listed("WCS");
+    listed.text("FileName", "A.WAV").text("FilePath", "C:").text("Description", "-");
+    listed.real("FileSize", static_cast<double>(bytes));
+    const Lines expected = {
+        "Record #          :  " + std::to_string(item) + " of " + std::to_string(catalogue),
+        "FileName          : A.WAV",
+        "File Path         : C:",
+        "File Size         : " + std::to_string(bytes) + " Bytes",
+        "Description       : -",
+        kSeparator};
+    ASSERT_EQ(listed.block(item, catalogue), expected);
   }
 }
 

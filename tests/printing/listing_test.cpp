@@ -149,6 +149,7 @@ TEST(Listing, AFileSizeIsANumberOfBytesWithoutABlank) {
               {1, "1 Bytes"},
               {3000000000.0, "3000000000 Bytes"},
               {999999999999999.0, "999999999999999 Bytes"},
+              {1e15, "1000000000000000 Bytes"},
               {-1, "-1 Bytes"}};
   for (const auto& row : rows)
     EXPECT_EQ(ListedItem("WCS").real("FileSize", row.stored).value("File Size"), row.shown);
@@ -175,7 +176,7 @@ TEST(Listing, TheHeadingsOfPagesAndTextFiles) {
     const Listing listing(kind, {choiceOf, "M/d/yy"});
     EXPECT_EQ(listing.pageHeading(),
               "Quillbox V1.71   - " + std::string(row.page) + " Collection Printout Page #");
-    EXPECT_EQ(listing.fileHeading(mediaCodeOf(kind)),
+    EXPECT_EQ(listing.fileHeading(kind.mediaCode),
               "Quillbox V1.71   - " + std::string(row.file) + " Collection");
   }
 }

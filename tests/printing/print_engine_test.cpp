@@ -296,6 +296,17 @@ TEST_F(PrintDataTest, ABlockLongerThanAPageIsNotSplit) {
   }
 }
 
+TEST_F(PrintDataTest, ABlockOfNoLinesThatBeginsAPageLeavesItEmpty) {
+  holdLines(10);
+  block("a", 12);
+  EXPECT_EQ(pageCount(), 2);
+  block("b", 0);  // behind a page that holds more than fits
+  EXPECT_EQ(pageCount(), 3);
+  block("c", 3);
+  EXPECT_EQ(pages(), (Texts{"Albums, page 1\r\n", "     Albums, page 2\r\n" + printed("a", 12),
+                            "     Albums, page 3\r\n" + printed("c", 3)}));
+}
+
 TEST_F(PrintDataTest, TheModeAndTheHeadingAreThoseOfTheBlockThatBeginsThePage) {
   holdLines(5);
   block("a", 4, print_mode::textFile);

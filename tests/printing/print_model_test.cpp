@@ -9,9 +9,9 @@
 
 #include "platform/disk_file_system.h"
 #include "printing/print_engine.h"
-#include "records/windows1252.h"
 #include "support/fake_desktop.h"
 #include "support/test_folder.h"
+#include "text/windows1252.h"
 
 namespace quillbox::test {
 namespace {

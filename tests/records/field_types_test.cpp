@@ -12,6 +12,7 @@
 #include <string_view>
 #include <type_traits>
 
+#include "platform/checked16.h"
 #include "records/header_record.h"
 #include "records/music_record.h"
 
@@ -22,9 +23,6 @@ using namespace std::string_view_literals;
 
 static_assert(alignof(FixedText<1>) == 1 && sizeof(FixedText<1>) == 1);
 static_assert(alignof(FixedText<36>) == 1 && sizeof(FixedText<36>) == 36);
-static_assert(alignof(WholeNumber) == 1 && sizeof(WholeNumber) == 2);
-static_assert(alignof(Money) == 1 && sizeof(Money) == 8);
-static_assert(alignof(Real) == 1 && sizeof(Real) == 8);
 static_assert(std::is_trivially_copyable_v<Real>);
 static_assert(std::is_trivially_copyable_v<FixedText<50>>);
 static_assert(std::is_trivially_copyable_v<WholeNumber> && std::is_trivially_copyable_v<Money>);

@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 
+#include "platform/checked16.h"
+#include "support/counting_store.h"
 #include "support/failing_files.h"
 #include "support/failure.h"
 #include "support/music_files.h"
@@ -43,10 +45,7 @@ class NavigationTest : public testing::Test {
     return std::ranges::all_of(bytes, [](std::byte byte) { return byte == std::byte{'#'}; });
   }
 
-  auto reads() const {
-    return std::ranges::count(files_.operations(), FileOperation::read,
-                              &OperationRecord::operation);
-  }
+  int reads() const { return files_.countOf(FileOperation::read); }
 
   void expectNothingOpen() {
     for (int number = 1; number <= 255; ++number)
@@ -57,7 +56,7 @@ class NavigationTest : public testing::Test {
   std::string path_ = folder_.path("jazz.MCS");
   FailingFiles files_;
   AppState state_{files_};
-  CollectionStore store_{state_, *kindOfCode(1)};
+  CountingStore store_{state_, *kindOfCode(1)};
   MusicRecord item_{};
   int laps_ = 0;
 };
@@ -308,7 +307,7 @@ class PlainSteppingTest : public NavigationTest {
   }
 
   const CollectionKind plain_ = plainKind();
-  CollectionStore plainStore_{state_, plain_};
+  CountingStore plainStore_{state_, plain_};
 };
 
 TEST_F(PlainSteppingTest, NextIsOneUpDeletedOrNot) {

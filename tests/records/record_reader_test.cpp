@@ -38,10 +38,7 @@ class RecordReaderTest : public testing::TestWithParam<std::size_t> {
     return {reinterpret_cast<const char*>(record.data()), record.size()};
   }
 
-  int reads() const {
-    return static_cast<int>(
-        std::ranges::count(files_.operations(), FileOperation::read, &OperationRecord::operation));
-  }
+  int reads() const { return files_.countOf(FileOperation::read); }
 
   TestFolder folder_;
   std::string path_ = folder_.path("items");

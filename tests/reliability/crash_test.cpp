@@ -21,9 +21,10 @@
 #include <vector>
 
 #include "platform/disk_file_system.h"
-#include "records/collection_store.h"
+#include "platform/run_time_error.h"
 #include "records/music_file.h"
 #include "sortsearch/sort_engine.h"
+#include "support/counting_store.h"
 #include "support/test_folder.h"
 
 namespace quillbox::test {
@@ -110,9 +111,9 @@ class CrashTest : public testing::TestWithParam<int> {
     DiskFileSystem files;
     AppState state(files);
     state.currentPath = path;
-    CollectionStore store(state, opened);
-    EXPECT_EQ(store.readHeader().Count, count);
-    store.readItem(item, opened.buffer(state));
+    CountingStore store(state, opened);
+    EXPECT_EQ(store.ReadHeader().Count, count);
+    store.ReadRecord(item, opened.buffer(state));
     EXPECT_NE(textOf(opened.fields.front(), opened.buffer(state)).front(), ' ');
   }
 
@@ -121,10 +122,13 @@ class CrashTest : public testing::TestWithParam<int> {
   TestFolder folder_;
 };
 
-using SortCrashTest = CrashTest;
+class SortCrashTest : public CrashTest {
+ protected:
+  /// Kills the sort of the collection at `path`, whose bytes are in `file`.
+  void expectSafe(const std::string& path, const std::string& file);
+};
 
-TEST_P(SortCrashTest, LeavesTheCollectionOrItsBackupComplete) {
-  const std::string path = folder_.path("mine." + std::string(kind().extension));
+void SortCrashTest::expectSafe(const std::string& path, const std::string& file) {
   const std::string backup = folder_.path("mine.bak");
   const std::string before =
       collectionBytes(kind(), kItems, kind().rules.fileType, kind().recordLength, kSeed);
@@ -134,16 +138,16 @@ TEST_P(SortCrashTest, LeavesTheCollectionOrItsBackupComplete) {
     state.currentPath = path;
     state.Count = kItems;
     NoBoard board;
-    sortCollection(state, kind(), std::vector<bool>(5, true), board);
+    state.Count = sortCollection(state.files, state, kind(), std::vector<bool>(5, true), board);
   };
-  writeFile(path, before);
+  writeFile(file, before);
   const Microseconds whole = durationOf(sort);
   const bool endsProgram = kind().editor == EditorForm::books;
   const std::string after = endsProgram ? before : readFile(path);
   ASSERT_EQ(after.size(), before.size());
   for (int crash = 0; crash < crashes(); ++crash) {
     std::filesystem::remove(backup);
-    writeFile(path, before);
+    writeFile(file, before);
     killedWithin(anyMomentOf(whole), sort);
     if (std::filesystem::exists(backup)) {
       ASSERT_TRUE(readFile(backup) == before) << "crash " << crash;
@@ -154,6 +158,19 @@ TEST_P(SortCrashTest, LeavesTheCollectionOrItsBackupComplete) {
       expectOpens(path, kind(), kItems, kItems);
     }
   }
+}
+
+TEST_P(SortCrashTest, LeavesTheCollectionOrItsBackupComplete) {
+  const std::string path = folder_.path("mine." + std::string(kind().extension));
+  expectSafe(path, path);
+}
+
+TEST_P(SortCrashTest, LeavesThemCompleteBehindALink) {
+  const std::string path = folder_.path("mine." + std::string(kind().extension));
+  std::filesystem::create_directory("elsewhere");
+  std::filesystem::create_symlink("elsewhere/real", path);
+  expectSafe(path, folder_.path("elsewhere/real"));
+  EXPECT_TRUE(std::filesystem::is_symlink(path));
 }
 
 using ItemCrashTest = CrashTest;
@@ -168,12 +185,12 @@ TEST_P(ItemCrashTest, TouchesNoItemButItsOwn) {
     AppState state(files);
     state.currentPath = path;
     state.Count = few;
-    CollectionStore store(state, kind());
+    CountingStore store(state, kind());
     std::vector<std::byte> record(kind().recordLength);
     fillBlank(kind().fields, record);
     setText(kind().fields.front(), record, "written");
     for (int again = 0; again < 100; ++again) {
-      store.writeItem(7, record, state.Count);
+      store.WriteRecord(7, record, state.Count);
       store.writeNewItem(record);
     }
   };
@@ -211,7 +228,7 @@ TEST_P(UpgradeCrashTest, LeavesTheOldFileOrTheNewOne) {
     DiskFileSystem files;
     AppState state(files);
     state.currentPath = path;
-    upgradeMusicFile(state);
+    upgradeMusicFile(state.files, state);
   };
   writeFile(path, before);
   const Microseconds whole = durationOf(upgrade);

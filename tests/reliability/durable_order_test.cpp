@@ -7,11 +7,13 @@
 #include <vector>
 
 #include "editors/media_loader.h"
+#include "platform/checked16.h"
 #include "printing/listing.h"
 #include "printing/print_engine.h"
 #include "records/music_file.h"
 #include "support/collection_path.h"
 #include "support/fake_desktop.h"
+#include "support/loading.h"
 #include "support/music_files.h"
 #include "support/sort_model.h"
 
@@ -24,6 +26,8 @@ const char* nameOf(FileOperation operation) {
   switch (operation) {
     case FileOperation::open:
       return "open";
+    case FileOperation::make:
+      return "make";
     case FileOperation::read:
       return "read";
     case FileOperation::write:
@@ -34,12 +38,16 @@ const char* nameOf(FileOperation operation) {
       return "close";
     case FileOperation::exists:
       return "exists";
+    case FileOperation::linkTarget:
+      return "linkTarget";
     case FileOperation::remove:
       return "remove";
     case FileOperation::rename:
       return "rename";
     case FileOperation::list:
       return "list";
+    case FileOperation::resolve:
+      return "resolve";
   }
   return "";
 }
@@ -70,23 +78,25 @@ class DurableOrder : public testing::Test {
 };
 
 TEST_F(DurableOrder, ASortRemovesTheBackupWhenTheNewFileIsOnTheDiskAndClosed) {
-  for (const SortedKind& kind : kSortedKinds) {
+  for (const ModelKind& kind : kModelKinds) {
     if (kind.endsProgram) continue;
     SCOPED_TRACE(kind.name);
-    const std::string name = "mine." + std::string(kind.kind().extension);
+    const std::string name = "mine." + std::string(kind.extension);
     open(name, sortFile(kind, {named(kind, "B", 'b'), named(kind, "A", 'a')}), 2);
-    sortCollection(state_, kind.kind(), kind.everyTick(), board_);
-    EXPECT_EQ(told(), (Texts{"rename " + name, "open mine.bak", "read mine.bak", "close mine.bak",
-                             "open " + name, "write " + name, "flush " + name, "close " + name,
-                             "remove mine.bak"}));
+    state_.Count = sortCollection(state_.files, state_, kind.row(), kind.everyTick(), board_);
+    EXPECT_EQ(told(), (Texts{"linkTarget " + name, "rename " + name, "open mine.bak",
+                             "read mine.bak", "close mine.bak", "make " + name, "write " + name,
+                             "flush " + name, "close " + name, "remove mine.bak"}));
   }
 }
 
 TEST_F(DurableOrder, ASortOfBooksWritesAndRemovesNothing) {
-  const SortedKind& kind = kSortedBooks;
+  const ModelKind& kind = kBooks;
   open("mine.BCS", sortFile(kind, {named(kind, "B", 'b'), named(kind, "A", 'a')}), 2);
-  EXPECT_THROW(sortCollection(state_, kind.kind(), kind.everyTick(), board_), ProgramEnd);
-  EXPECT_EQ(told(), (Texts{"rename mine.BCS", "open mine.bak", "read mine.bak", "close mine.bak"}));
+  EXPECT_THROW(sortCollection(state_.files, state_, kind.row(), kind.everyTick(), board_),
+               ProgramEnd);
+  EXPECT_EQ(told(), (Texts{"linkTarget mine.BCS", "rename mine.BCS", "open mine.bak",
+                           "read mine.bak", "close mine.bak"}));
 }
 
 TEST_F(DurableOrder, AnUpgradeRemovesAnEarlierBackupWhenTheCollectionIsOnTheDisk) {
@@ -96,15 +106,15 @@ TEST_F(DurableOrder, AnUpgradeRemovesAnEarlierBackupWhenTheCollectionIsOnTheDisk
     writeFile(folder_.path("mine.BAK"), "an earlier backup");
     if (!hasBackup) std::filesystem::remove("mine.BAK");
     open("mine.MCS", old, 3);
-    upgradeMusicFile(state_);
-    Texts expected = {"exists mine.BAK"};
+    upgradeMusicFile(state_.files, state_);
+    Texts expected = {"linkTarget mine.MCS", "rename mine.MCS"};
     if (hasBackup)
       expected.insert(expected.end(),
-                      {"open mine.MCS", "flush mine.MCS", "remove mine.BAK", "close mine.MCS"});
-    expected.insert(expected.end(),
-                    {"rename mine.MCS", "open mine.BAK", "open mine.MCS", "read mine.BAK",
-                     "write mine.MCS", "read mine.BAK", "write mine.MCS", "close mine.BAK",
-                     "write mine.MCS", "flush mine.MCS", "close mine.MCS"});
+                      {"open mine.MCS", "flush mine.MCS", "remove mine.BAK", "rename mine.MCS"});
+    expected.insert(
+        expected.end(),
+        {"open mine.BAK", "make mine.MCS", "read mine.BAK", "write mine.MCS", "read mine.BAK",
+         "write mine.MCS", "close mine.BAK", "write mine.MCS", "flush mine.MCS", "close mine.MCS"});
     EXPECT_EQ(told(), expected);
   }
 }
@@ -116,7 +126,7 @@ TEST_F(DurableOrder, AnUpgradeWritesTheHeaderLast) {
                  kMusicRecordType4Length),
        3);
   files_.failNth(FileOperation::write, 2, ErrorNumber::diskFull);
-  EXPECT_THROW(upgradeMusicFile(state_), RunTimeError);
+  EXPECT_THROW(upgradeMusicFile(state_.files, state_), RunTimeError);
   EXPECT_EQ(readFile("mine.MCS").substr(0, 12), std::string(12, '\0'));
   EXPECT_EQ(readFile("mine.MCS").size(), 3 * sizeof(MusicRecord));
 }
@@ -131,7 +141,8 @@ TEST_F(DurableOrder, ATextListingRemovesTheSpoolWhenTheTextFileIsClosed) {
   std::int16_t mode = print_mode::printer;
   engine.OpenPrinter(mode);
   const Listing listing(kind, {[](const Field&, int) { return ""; }, ""});
-  const std::int16_t pages = composePages(state_, kind, listing, mode, engine, board_);
+  const std::int16_t pages =
+      composePages(state_.files, state_, kind, listing, mode, engine, board_);
   files_.forget();
   engine.PrintOut(mode, pages, "Books");
   EXPECT_EQ(told(), (Texts{"open list.txt", "open printer.tmp", "read printer.tmp",
@@ -144,7 +155,7 @@ TEST_F(DurableOrder, ALoadedFolderCountsNoItemThatIsNotThere) {
   for (const int failing : {0, 2, 4}) {  // the items
     open("mine.WCS", plainCollection(kind, {}), 0);
     files_.failNth(FileOperation::write, failing, ErrorNumber::diskFull);
-    EXPECT_THROW(loadFiles(state_, kind, "/music", {"a.wav", "b.wav", "c.wav"}, board_),
+    EXPECT_THROW(loadAndCount(state_, kind, "/music", {"a.wav", "b.wav", "c.wav"}, board_),
                  RunTimeError);
     EXPECT_EQ(headerOf(readFile("mine.WCS")).Count, failing / 2);
     EXPECT_EQ(state_.Count, failing / 2);

@@ -12,6 +12,7 @@
 #include "printing/print_engine.h"
 #include "support/collection_path.h"
 #include "support/fake_desktop.h"
+#include "support/loading.h"
 
 namespace quillbox::test {
 namespace {
@@ -45,7 +46,7 @@ class ListedPath : public CollectionPath {
   static constexpr double kSheetOf30Lines = 350;
 
   std::int16_t compose(std::int16_t mode) {
-    return composePages(state_, kind_, listing_, mode, engine_, board_);
+    return composePages(state_.files, state_, kind_, listing_, mode, engine_, board_);
   }
   void chooseTextFile() {
     desktop_.expectPrint(PrintChoice{.toFile = true});
@@ -173,7 +174,7 @@ class ExportPath : public CollectionPath {
     writeFile(target_, "the last export");
   }
 
-  void run() override { exportCollection(state_, kind_, target_); }
+  void run() override { exportCollection(state_.files, state_, kind_, target_); }
 
   /// The names of media files cannot be exported.
   Failure usualFailure() const override { return {kind_.editor == EditorForm::wave ? 13 : 0, ""}; }
@@ -212,10 +213,10 @@ class LoadFolder : public CollectionPath {
   }
 
   void run() override {
-    const LoaderRow& row = loaderRow(mediaCodeOf(kind_));
+    const LoaderRow& row = loaderRow(kind_.mediaCode);
     auto names = filesToLoad(files_, kFolder, loaderPatterns(row.filter));
     std::ranges::sort(names);
-    loadFiles(state_, kind_, kFolder, names, board_);
+    loadAndCount(state_, kind_, kFolder, names, board_);
   }
   void expectDone() const override {
     EXPECT_TRUE(collection() == after_);
@@ -242,7 +243,7 @@ class LoadFolder : public CollectionPath {
   static constexpr const char* kFolder = "folder";
 
   static std::string fileName(const CollectionKind& kind, std::string_view name) {
-    const std::string pattern = loaderPatterns(loaderRow(mediaCodeOf(kind)).filter).front();
+    const std::string pattern = loaderPatterns(loaderRow(kind.mediaCode).filter).front();
     return std::string(name) + pattern.substr(1);
   }
   std::string loaded(std::string_view name) const {

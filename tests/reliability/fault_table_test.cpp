@@ -7,6 +7,8 @@
 
 #include "records/music_file.h"
 #include "support/collection_path.h"
+#include "support/counting_store.h"
+#include "support/machine.h"
 #include "support/music_files.h"
 
 namespace quillbox::test {
@@ -64,7 +66,7 @@ class ItemPath : public CollectionPath {
   std::string newItem() const { return std::string(kind_.recordLength, 'N'); }
   std::size_t length() const { return item_.size(); }
 
-  CollectionStore store_{state_, kind_};
+  CountingStore store_{state_, kind_};
   int slot_;
   std::string item_;
   std::string after_;
@@ -75,7 +77,7 @@ class WriteInPlace : public ItemPath {
   explicit WriteInPlace(const CollectionKind& kind) : ItemPath(kind, threeItems(kind), 2) {
     becomes(newItem());
   }
-  void run() override { store_.writeItem(slot_, bytesIn(item_), state_.Count); }
+  void run() override { store_.WriteRecord(slot_, bytesIn(item_), state_.Count); }
 };
 
 class Append : public ItemPath {
@@ -115,7 +117,7 @@ class HeaderWrite : public ItemPath {
   explicit HeaderWrite(const CollectionKind& kind) : ItemPath(kind, threeItems(kind), 0) {
     after_.replace(0, kHeaderLength, plainHeader(kind, 3));
   }
-  void run() override { store_.writeHeader(state_.Count, kind_.rules.fileType); }
+  void run() override { store_.WriteHeader(state_.Count, kind_.rules.fileType); }
 };
 
 /// A collection that is not there yet.
@@ -124,7 +126,7 @@ class NewFile : public CollectionPath {
   explicit NewFile(const CollectionKind& kind) : CollectionPath(kind, "", 7) {
     std::filesystem::remove(path_);
   }
-  void run() override { store_.writeHeader(0, kind_.rules.fileType, OpenMode::create); }
+  void run() override { store_.WriteHeader(0, kind_.rules.fileType, OpenMode::create); }
   void expectDone() const override { EXPECT_EQ(collection(), plainHeader(kind_, 0)); }
   void expectSafe(const Fault& fault, const Failure& failure) const override {
     expectOnlyPiecesChanged(collection(), "", plainHeader(kind_, 0), {{0, kHeaderLength}},
@@ -133,7 +135,7 @@ class NewFile : public CollectionPath {
   }
 
  protected:
-  CollectionStore store_{state_, kind_};
+  CountingStore store_{state_, kind_};
 };
 
 class OpenNewMusicFile : public NewFile {
@@ -142,7 +144,7 @@ class OpenNewMusicFile : public NewFile {
   /// What could be neither written nor taken away again is refused, as any empty file is.
   void run() override {
     isLeftOver_ = std::filesystem::exists(path_) && collection().empty();
-    EXPECT_EQ(openMusicFile(state_, store_),
+    EXPECT_EQ(openMusicFile(state_.files, state_),
               isLeftOver_ ? MusicFileState::refused : MusicFileState::current);
   }
   /// A version that was cut off comes with the first item.
@@ -172,21 +174,21 @@ class Upgrade : public CollectionPath {
       after_.append(reinterpret_cast<const char*>(&item), sizeof item);
     }
   }
-  void run() override { upgradeMusicFile(state_); }
+  void run() override { upgradeMusicFile(state_.files, state_); }
   void expectDone() const override {
     EXPECT_TRUE(collection() == after_);
-    EXPECT_TRUE(readFile(backup_) == before_);
+    EXPECT_TRUE(bytesAt(backup()) == before_);
     EXPECT_EQ(state_.Count, 4);
   }
   void expectSafe(const Fault& /*fault*/, const Failure& /*failure*/) const override {
     const bool underItsName = collection() == before_;
-    const bool underBackup = bytesAt(backup_) == before_;
+    const bool underBackup = bytesAt(backup()) == before_;
     EXPECT_NE(underItsName, underBackup);
     EXPECT_EQ(state_.Count, 4);
   }
   /// What the old file has been read from is closed with a report.
   bool endsWith(std::size_t nth) const override {
-    return CollectionPath::endsWith(nth) || operationAt(nth).path == backup_;
+    return CollectionPath::endsWith(nth) || operationAt(nth).path == backup();
   }
   void putInOrder() override {
     if (bytesAt(backup_) != before_) return;
@@ -195,6 +197,12 @@ class Upgrade : public CollectionPath {
   }
 
  protected:
+  /// Where it could not be moved to its usual backup, the file is in its own folder.
+  std::string backup() const {
+    const std::string besideTheFile = folder_.path("elsewhere/BAK");
+    return std::filesystem::exists(besideTheFile) ? besideTheFile : backup_;
+  }
+
   std::string backup_;
 
  private:
@@ -212,6 +220,45 @@ class Upgrade : public CollectionPath {
   }
 
   std::string after_;
+};
+
+/// The same where the collection is behind a link in another folder.
+class UpgradeBehindALink : public Upgrade {
+ public:
+  explicit UpgradeBehindALink(const CollectionKind& kind) : Upgrade(kind) {
+    std::filesystem::create_directory("elsewhere");
+    std::filesystem::rename(path_, file_);
+    std::filesystem::create_symlink("elsewhere/real", path_);
+  }
+  void expectDone() const override {
+    Upgrade::expectDone();
+    EXPECT_TRUE(std::filesystem::is_symlink(path_));
+  }
+  void putInOrder() override {
+    if (bytesAt(backup()) != before_) return;
+    std::filesystem::remove(file_);
+    std::filesystem::rename(backup(), file_);
+  }
+
+ private:
+  std::string file_ = folder_.path("elsewhere/real");
+};
+
+/// A new collection where the name is a link that leads to no file yet.
+class OpenNewMusicFileBehindALink : public OpenNewMusicFile {
+ public:
+  explicit OpenNewMusicFileBehindALink(const CollectionKind& kind) : OpenNewMusicFile(kind) {
+    std::filesystem::create_directory("elsewhere");
+    std::filesystem::create_symlink("elsewhere/real", path_);
+  }
+  void expectDone() const override {
+    OpenNewMusicFile::expectDone();
+    EXPECT_TRUE(std::filesystem::is_symlink(path_));
+  }
+  void expectSafe(const Fault& fault, const Failure& failure) const override {
+    OpenNewMusicFile::expectSafe(fault, failure);
+    EXPECT_TRUE(std::filesystem::is_symlink(path_));
+  }
 };
 
 /// The same where a backup of an earlier upgrade is in the way.
@@ -234,11 +281,16 @@ class UpgradeOverABackup : public Upgrade {
 
 std::vector<FaultPathRow> everyRow() {
   const auto isMusic = [](const CollectionKind& kind) { return kind.code == 1; };
+  const auto isMusicBehindALink = [&](const CollectionKind& kind) {
+    return isMusic(kind) && kMachine.links == nullptr;
+  };
   return joined({rowsOf<WriteInPlace>("WriteInPlace"), rowsOf<Append>("Append"),
                  rowsOf<ReuseOfADeletedSlot>("ReuseOfADeletedSlot", tendsHeader),
                  rowsOf<Delete>("Delete"), rowsOf<HeaderWrite>("HeaderWrite"),
                  rowsOf<NewFile>("NewFile"), rowsOf<OpenNewMusicFile>("OpenNewFile", isMusic),
+                 rowsOf<OpenNewMusicFileBehindALink>("OpenNewFileBehindALink", isMusicBehindALink),
                  rowsOf<Upgrade>("Upgrade", isMusic),
+                 rowsOf<UpgradeBehindALink>("UpgradeBehindALink", isMusicBehindALink),
                  rowsOf<UpgradeOverABackup>("UpgradeOverABackup", isMusic)});
 }
 

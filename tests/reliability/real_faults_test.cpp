@@ -21,7 +21,9 @@
 #include "records/music_file.h"
 #include "sortsearch/sort_engine.h"
 #include "support/collection_path.h"
+#include "support/counting_store.h"
 #include "support/fake_desktop.h"
+#include "support/loading.h"
 #include "support/machine.h"
 #include "support/music_files.h"
 
@@ -60,14 +62,18 @@ class RealFaults : public testing::Test {
   }
 
   void writeNewItem() {
-    CollectionStore(state_, kind_).writeNewItem(std::vector<std::byte>(kind_.recordLength));
+    CountingStore(state_, kind_).writeNewItem(std::vector<std::byte>(kind_.recordLength));
   }
   void writeInPlace() {
     const std::vector<std::byte> item(kind_.recordLength, std::byte{'N'});
-    CollectionStore(state_, kind_).writeItem(2, item, state_.Count);
+    CountingStore(state_, kind_).WriteRecord(2, item, state_.Count);
   }
-  void sort() { sortCollection(state_, kind_, std::vector<bool>(5, true), board_); }
-  void exportTo(const std::string& target) { exportCollection(state_, kind_, target); }
+  void sort() {
+    state_.Count = sortCollection(state_.files, state_, kind_, std::vector<bool>(5, true), board_);
+  }
+  void exportTo(const std::string& target) {
+    exportCollection(state_.files, state_, kind_, target);
+  }
 
   /// Chooses the text file and composes the pages for it.
   std::int16_t composeFor(const std::string& target, FakeDesktop& desktop, PrintEngine& engine) {
@@ -76,7 +82,7 @@ class RealFaults : public testing::Test {
     std::int16_t mode = print_mode::printer;
     engine.OpenPrinter(mode);
     const Listing listing(kind_, {[](const Field&, int) { return ""; }, ""});
-    return composePages(state_, kind_, listing, mode, engine, board_);
+    return composePages(state_.files, state_, kind_, listing, mode, engine, board_);
   }
   void listTo(const std::string& target) {
     FakeDesktop desktop;
@@ -191,7 +197,7 @@ TEST_F(FullDisk, AnUpgradeLeavesTheOldFileUnderItsBackup) {
   const std::string old = musicFile(3, music_file_type::upgradable,
                                     {album("A"), album("B"), album("C")}, kMusicRecordType4Length);
   writeFile(path_, old);
-  EXPECT_EQ(withFilesUpTo(4000, [this] { upgradeMusicFile(state_); }),
+  EXPECT_EQ(withFilesUpTo(4000, [this] { upgradeMusicFile(state_.files, state_); }),
             (Outcome{{61, path_}, kItems}));
   EXPECT_TRUE(bytesAt(folder_.path("things/mine.BAK")) == old);
 }
@@ -266,7 +272,7 @@ TEST_F(ReadOnlyFolder, ItemsAreWrittenButNothingIsMadeOrRenamed) {
   const ClosedFolder closed(folder_);
   EXPECT_EQ(failureOfSort(), (Failure{70, path_}));
   expectUntouched();
-  EXPECT_EQ(failureOf([this] { upgradeMusicFile(state_); }), (Failure{70, path_}));
+  EXPECT_EQ(failureOf([this] { upgradeMusicFile(state_.files, state_); }), (Failure{70, path_}));
   expectUntouched();
   const std::string target = folder_.path("things/out.txt");
   EXPECT_EQ(failureOf([&] { exportTo(target); }), (Failure{70, target}));
@@ -275,8 +281,8 @@ TEST_F(ReadOnlyFolder, ItemsAreWrittenButNothingIsMadeOrRenamed) {
   EXPECT_EQ(collection().substr(2 * kind_.recordLength, 4), "NNNN");
 
   state_.currentPath = folder_.path("things/new.MCS");
-  CollectionStore store(state_, kind_);
-  EXPECT_EQ(failureOf([&] { openMusicFile(state_, store); }), (Failure{70, state_.currentPath}));
+  EXPECT_EQ(failureOf([&] { openMusicFile(state_.files, state_); }),
+            (Failure{70, state_.currentPath}));
   EXPECT_FALSE(std::filesystem::exists(state_.currentPath));
   expectNothingOpen();
 }
@@ -297,32 +303,39 @@ TEST_F(RemovedFolder, WithoutACurrentFolderOnlyWhatNeedsNoneWorks) {
   std::filesystem::create_directory("here");
   std::filesystem::current_path("here");
   std::filesystem::remove(folder_.path("here"));
-  EXPECT_EQ(failureOfSort(), (Failure{76, "."}));
-  expectUntouched();
   EXPECT_EQ(failureOf([this] { exportTo("out.txt"); }), (Failure{53, "out.txt"}));
   expectUntouched();
   EXPECT_NE(failureOf([this] { listTo(folder_.path("list.txt")); }), Failure{});
   expectUntouched();
   writeInPlace();
   EXPECT_EQ(collection().substr(2 * kind_.recordLength, 4), "NNNN");
+  sort();
+  EXPECT_EQ(collection()[kind_.recordLength], 'B');
+  EXPECT_FALSE(std::filesystem::exists(backup_));
   expectNothingOpen();
+
+  // This one's backup is "bak" in the current folder.
+  state_.currentPath = folder_.path("things/mineMCS");
+  writeFile(state_.currentPath, before_);
+  EXPECT_EQ(failureOfSort(), (Failure{76, "."}));
+  EXPECT_TRUE(readFile(state_.currentPath) == before_);
 }
 
 TEST_F(RemovedFolder, ACollectionWithoutItsFolderIsAnErrorAndIsNotMadeAgain) {
   std::filesystem::remove_all("things");
   const Failure gone = {76, path_};
   std::vector<std::byte> record(kind_.recordLength);
-  CollectionStore store(state_, kind_);
-  EXPECT_EQ(failureOf([&] { store.readHeader(); }), gone);
-  EXPECT_EQ(failureOf([&] { store.readItem(1, record); }), gone);
+  CountingStore store(state_, kind_);
+  EXPECT_EQ(failureOf([&] { store.ReadHeader(); }), gone);
+  EXPECT_EQ(failureOf([&] { store.ReadRecord(1, record); }), gone);
   EXPECT_EQ(failureOf([this] { writeInPlace(); }), gone);
   EXPECT_EQ(failureOf([this] { writeNewItem(); }), gone);
   EXPECT_EQ(failureOf([&] { store.writeDeleted(1, record); }), gone);
-  EXPECT_EQ(failureOf([&] { openMusicFile(state_, store); }), gone);
-  EXPECT_EQ(failureOf([this] { upgradeMusicFile(state_); }), gone);
+  EXPECT_EQ(failureOf([&] { openMusicFile(state_.files, state_); }), gone);
+  EXPECT_EQ(failureOf([this] { upgradeMusicFile(state_.files, state_); }), gone);
   EXPECT_EQ(failureOfSort(), gone);
   EXPECT_EQ(failureOf([this] { exportTo(folder_.path("out.txt")); }), gone);
-  EXPECT_EQ(failureOf([this] { loadFiles(state_, kind_, "/music", {"a.wav"}, board_); }), gone);
+  EXPECT_EQ(failureOf([this] { loadAndCount(state_, kind_, "/music", {"a.wav"}, board_); }), gone);
   EXPECT_EQ(failureOf([this] { listTo(folder_.path("list.txt")); }), Failure{});
   EXPECT_EQ(state_.Count, kItems);
   EXPECT_FALSE(std::filesystem::exists("things"));
@@ -335,15 +348,16 @@ TEST_F(FolderInsteadOfTheCollection, IsAnAccessError) {
   writeFile(path_ + "/inside", "kept");
   const Failure noFile = {75, path_};
   std::vector<std::byte> record(kind_.recordLength);
-  CollectionStore store(state_, kind_);
-  EXPECT_EQ(failureOf([&] { store.readHeader(); }), noFile);
-  EXPECT_EQ(failureOf([&] { store.readItem(1, record); }), noFile);
+  CountingStore store(state_, kind_);
+  EXPECT_EQ(failureOf([&] { store.ReadHeader(); }), noFile);
+  EXPECT_EQ(failureOf([&] { store.ReadRecord(1, record); }), noFile);
   EXPECT_EQ(failureOf([this] { writeInPlace(); }), noFile);
   EXPECT_EQ(failureOf([this] { writeNewItem(); }), noFile);
   EXPECT_EQ(failureOf([&] { store.writeDeleted(1, record); }), noFile);
-  EXPECT_EQ(failureOf([&] { openMusicFile(state_, store); }), noFile);
+  EXPECT_EQ(failureOf([&] { openMusicFile(state_.files, state_); }), noFile);
   EXPECT_EQ(failureOf([this] { exportTo(folder_.path("out.txt")); }), noFile);
-  EXPECT_EQ(failureOf([this] { loadFiles(state_, kind_, "/music", {"a.wav"}, board_); }), noFile);
+  EXPECT_EQ(failureOf([this] { loadAndCount(state_, kind_, "/music", {"a.wav"}, board_); }),
+            noFile);
   EXPECT_EQ(failureOf([this] { listTo(folder_.path("list.txt")); }), Failure{});
   EXPECT_EQ(state_.Count, kItems);
   EXPECT_EQ(readFile(path_ + "/inside"), "kept");
@@ -356,8 +370,8 @@ TEST_F(FolderInsteadOfTheCollection, IsRenamedByASortAndAnUpgradeAndThenAnError)
     std::filesystem::remove_all(path_);
     std::filesystem::create_directory(path_);
     writeFile(path_ + "/inside", "kept");
-    const Failure failure =
-        failureOf([&] { ending == std::string("bak") ? sort() : upgradeMusicFile(state_); });
+    const Failure failure = failureOf(
+        [&] { ending == std::string("bak") ? sort() : upgradeMusicFile(state_.files, state_); });
     EXPECT_EQ(failure, (Failure{75, backup}));
     EXPECT_EQ(readFile(backup + "/inside"), "kept");
     EXPECT_EQ(state_.Count, kItems);

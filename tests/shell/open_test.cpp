@@ -4,6 +4,7 @@
 
 #include "platform/paths.h"
 #include "shell/IO.h"
+#include "support/family_files.h"
 #include "support/form_fixture.h"
 
 namespace quillbox::test {
@@ -16,23 +17,22 @@ class OpenDialog : public FormTest {
   }
 };
 
-TEST_F(OpenDialog, OpensEachKindInItsEditorWithBothCodes) {
+TEST_F(OpenDialog, OpensEachKindInItsEditorWithItsCode) {
   const struct {
     const char* fixture;
     const char* formName;
     const char* caption;
     int kindCode;
-    int mediaCode;
   } kinds[] = {
-      {"albums.MCS", "frmMusic", "Music Collection Manager (albums.MCS)", 1, 0},
-      {"longbox.CCS", "frmComics", "Comic Collection Manager (longbox.CCS)", 2, 0},
-      {"tapes.VCS", "frmVideo", "Video Tape Collection Manager (tapes.VCS)", 3, 0},
-      {"disks.SCS", "frmSoftware", "Software Collection Manager (disks.SCS)", 4, 0},
-      {"shelf.BCS", "frmBooks", "Book Collection Manager (shelf.BCS)", 5, 0},
-      {"sounds.WCS", "frmWave", "Wave File Collection (sounds.WCS)", 6, 1},
-      {"tunes.ICS", "frmWave", "MIDI File Collection (tunes.ICS)", 7, 2},
-      {"pictures.GCS", "frmWave", "Graphic File Collection (pictures.GCS)", 8, 3},
-      {"songs.MPS", "frmWave", "MP3 File Collection (songs.MPS)", 9, 4},
+      {"albums.MCS", "frmMusic", "Music Collection Manager (albums.MCS)", 1},
+      {"longbox.CCS", "frmComics", "Comic Collection Manager (longbox.CCS)", 2},
+      {"tapes.VCS", "frmVideo", "Video Tape Collection Manager (tapes.VCS)", 3},
+      {"disks.SCS", "frmSoftware", "Software Collection Manager (disks.SCS)", 4},
+      {"shelf.BCS", "frmBooks", "Book Collection Manager (shelf.BCS)", 5},
+      {"sounds.WCS", "frmWave", "Wave File Collection (sounds.WCS)", 6},
+      {"tunes.ICS", "frmWave", "MIDI File Collection (tunes.ICS)", 7},
+      {"pictures.GCS", "frmWave", "Graphic File Collection (pictures.GCS)", 8},
+      {"songs.MPS", "frmWave", "MP3 File Collection (songs.MPS)", 9},
   };
   start();
   for (const auto& kind : kinds) {
@@ -44,7 +44,6 @@ TEST_F(OpenDialog, OpensEachKindInItsEditorWithBothCodes) {
     EXPECT_EQ(formName(), kind.formName);
     EXPECT_EQ(caption(), kind.caption);
     EXPECT_EQ(state_->kindCode, kind.kindCode);
-    EXPECT_EQ(state_->mediaCode, kind.mediaCode);
     EXPECT_EQ(state_->CurRec, 1);
     EXPECT_EQ(file(kind.fixture), before) << "opening writes nothing";
     close();
@@ -58,6 +57,7 @@ TEST_F(OpenDialog, TakesASmallExtension) {
   expectOpen(path("jazz.mcs"));
   choose("O");
   EXPECT_EQ(formName(), "frmMusic");
+  EXPECT_EQ(desktop_.dialogName, "cdlQBX1");
 }
 
 TEST_F(OpenDialog, OpensNothingOfAnotherExtension) {
@@ -83,11 +83,37 @@ TEST_F(OpenDialog, AsksAgainWhileTheFileIsNotThere) {
   EXPECT_FALSE(std::filesystem::exists(path("gone.MCS")));
 }
 
-TEST_F(OpenDialog, CancelledFromAnEditorLeadsToTheStartScreenWithNoPath) {
+TEST_F(OpenDialog, CancelledFromAnEditorLeadsToTheStartScreen) {
   writeFile(path(), musicFile({album("A")}));
   start({path()});
   expectOpen(std::nullopt);
   choose("OpenFile");
+  EXPECT_EQ(formName(), "frmBegin2");
+}
+
+TEST_F(OpenDialog, TheStartScreenIsGoneBeforeTheEditorSaysAnything) {
+  writeFile(path(), std::string("\0\0\1\0001.71    ", 12));  // one that is refused
+  start();
+  bool isOnScreen = true;
+  const QWidget& startScreen = form();
+  desktop_.onBox = [&](const std::string&, const std::string&) {
+    isOnScreen = startScreen.isVisible();
+  };
+  expectOpen(path());
+  desktop_.expectMessage("QBX - Music Manager",
+                         "Old File Type Incompatible. Contact us for upgrades.");
+  choose("O");
+  EXPECT_FALSE(isOnScreen);
+  EXPECT_EQ(formName(), "frmMusic");
+}
+
+TEST_F(OpenDialog, ACollectionThatCannotBeReadBringsTheStartScreenBack) {
+  writeFile(path(), musicFile({album("A")}));
+  start();
+  expectOpen(path());
+  files_.failNth(FileOperation::read, 0, ErrorNumber::deviceIo);
+  desktop_.expectMessage("Quillbox", "Run-time error '57':\n\nDevice I/O error\n" + path());
+  choose("O");
   EXPECT_EQ(formName(), "frmBegin2");
   EXPECT_EQ(state_->currentPath, "");
 }
@@ -165,9 +191,11 @@ TEST_F(NewCollection, ShowsTheNineKindsInTheirOrder) {
       "&Music Collection",     "&Video Collection",        "&Comic Collection",
       "&Software Collection",  "&Book Collection",         "&Wav File Collection",
       "M&idi File Collection", "&Graphic File Collection", "MP&3 File Collection"};
-  for (int i = 0; i < 9; ++i)
-    EXPECT_EQ(control<QRadioButton>(("optQBX_" + std::to_string(i + 1)).c_str()).text(),
-              captions[i]);
+  for (int i = 0; i < 9; ++i) {
+    const auto& option = control<QRadioButton>(("optQBX_" + std::to_string(i + 1)).c_str());
+    EXPECT_EQ(option.text(), captions[i]);
+    EXPECT_EQ(option.font().families(), (QStringList{"MS Sans Serif", form().font().family()}));
+  }
   EXPECT_EQ(button("cmdNew").text(), "&Go");
   EXPECT_EQ(box("txtColName").accessibleName(), "Collection Name:");
 }
@@ -179,17 +207,16 @@ TEST_F(NewCollection, MakesACollectionOfEachKindAndOpensItsEditor) {
     const char* label;
     const char* indicator;
     int kindCode;
-    int mediaCode;
   } kinds[] = {
-      {"MCS", "frmMusic", "New Record", "lblIndex", 1, 0},
-      {"VCS", "frmVideo", "New Record", "lblIndex", 3, 0},
-      {"CCS", "frmComics", "New Record", "lblIndex", 2, 0},
-      {"SCS", "frmSoftware", "New Record", "lblIndex", 4, 0},
-      {"BCS", "frmBooks", "New Record", "lblBookCap", 5, 0},
-      {"WCS", "frmWave", "Record #:None", "lblRec", 6, 1},
-      {"ICS", "frmWave", "Record #:None", "lblRec", 7, 2},
-      {"GCS", "frmWave", "Record #:None", "lblRec", 8, 3},
-      {"MPS", "frmWave", "Record #:None", "lblRec", 9, 4},
+      {"MCS", "frmMusic", "New Record", "lblIndex", 1},
+      {"VCS", "frmVideo", "New Record", "lblIndex", 3},
+      {"CCS", "frmComics", "New Record", "lblIndex", 2},
+      {"SCS", "frmSoftware", "New Record", "lblIndex", 4},
+      {"BCS", "frmBooks", "New Record", "lblBookCap", 5},
+      {"WCS", "frmWave", "Record #:None", "lblRec", 6},
+      {"ICS", "frmWave", "Record #:None", "lblRec", 7},
+      {"GCS", "frmWave", "Record #:None", "lblRec", 8},
+      {"MPS", "frmWave", "Record #:None", "lblRec", 9},
   };
   start();
   for (int i = 0; i < 9; ++i) {
@@ -203,12 +230,32 @@ TEST_F(NewCollection, MakesACollectionOfEachKindAndOpensItsEditor) {
     EXPECT_EQ(label(kind.indicator), kind.label);
     EXPECT_EQ(state_->CurRec, kNewItem);
     EXPECT_EQ(state_->kindCode, kind.kindCode);
-    EXPECT_EQ(state_->mediaCode, kind.mediaCode);
     EXPECT_FALSE(state_->newCollection);
     EXPECT_EQ(file("Mine." + std::string(kind.extension)), std::string("\0\0\1\0001.71    ", 12));
     close();
     EXPECT_EQ(formName(), "frmBegin2");
   }
+}
+
+TEST_F(NewCollection, HasNoPositionLeftFromTheCollectionBefore) {
+  writeFile(path("tapes.VCS"), familyFile(kVideo, {"A", "B", "C"}));
+  start({path("tapes.VCS")});
+  press("cmdNext");
+  state_->dataFolder = folder_.path();
+  choose("NewFile");
+  name("Mine");
+  select(2);
+  press("cmdNew");
+  EXPECT_EQ(state_->ListPos, 0);
+  type("txtVidTitle", "first");
+  press("cmdUpdate");
+  choose("EditTitles");
+  press("cmdNext");
+  press("cmdExit");
+  EXPECT_EQ(label(), "Record # 1 of 1");
+  type("txtPublisher", "changed");
+  press("cmdUpdate");
+  EXPECT_EQ(file("Mine.VCS").size(), 2 * kVideo.recordLength) << "nothing is stored beyond Count";
 }
 
 TEST_F(NewCollection, WantsAName) {
@@ -224,8 +271,7 @@ TEST_F(NewCollection, StaysWithoutAKind) {
   name("Jazz");
   press("cmdNew");
   EXPECT_EQ(formName(), "frmNewCollection");
-  EXPECT_EQ(state_->currentPath, path("Jazz")) << "nothing is appended";
-  EXPECT_TRUE(state_->newCollection);
+  EXPECT_EQ(state_->currentPath, "") << "nothing is open";
   EXPECT_TRUE(std::filesystem::is_empty(folder_.path()));
   select(1);
   press("cmdNew");
@@ -388,6 +434,31 @@ TEST_F(SaveAs, AsksAgainWhileTheCollectionsOwnFolderListsNothing) {
   desktop_.expectMessage("Quillbox", "Invalid Path!");
   desktop_.expectSave("File Save As", "bare");
   EXPECT_EQ(ask(), "bare") << "an empty folder lists nothing either";
+}
+
+TEST_F(SaveAs, LooksAtEveryFolderOnTheWayToTheCollectionFromTheLastToTheFirst) {
+  start();
+  std::filesystem::create_directories(path("outer/inner"));
+  writeFile(path("outer/inner/jazz.MCS"), "");
+  state_->currentPath = path("outer/inner/jazz.MCS");
+  std::vector<OperationRecord> looks;
+  for (std::filesystem::path folder = path("outer/inner");; folder = folder.parent_path()) {
+    const bool isRoot = folder == folder.root_path();
+    looks.push_back({FileOperation::list, folder.string() + (isRoot ? "" : "/")});
+    if (isRoot) break;
+  }
+  files_.forget();
+  desktop_.expectSave("File Save As", path("out.txt"));
+  EXPECT_EQ(ask(), path("out.txt"));
+  EXPECT_TRUE(files_.operations() == looks);
+  for (int nth = 0; nth < std::ssize(looks); ++nth) {
+    SCOPED_TRACE(nth);
+    files_.failNth(FileOperation::list, nth, ErrorNumber::permissionDenied);
+    desktop_.expectSave("File Save As", path("out.txt"));
+    desktop_.expectMessage("Quillbox", "Invalid Path!");
+    desktop_.expectSave("File Save As", path("other.txt"));
+    EXPECT_EQ(ask(), path("other.txt"));
+  }
 }
 
 TEST_F(SaveAs, DelFileTakesABareNameToLieInTheProgramsFolder) {

@@ -41,6 +41,25 @@ TEST_F(StartUp, MakesARelativePathAFullOne) {
   EXPECT_EQ(state_->currentPath, path("jazz.MCS"));
 }
 
+TEST_F(StartUp, LetsTheSystemFollowAPathThatLeadsBackFromALink) {
+  std::filesystem::create_directories("far/away");
+  std::filesystem::create_directory_symlink("far/away", "link");
+  writeFile(path("far/jazz.MCS"), musicFile({album("Miles Davis")}));
+  start({"link/../jazz.MCS"});
+  EXPECT_EQ(state_->currentPath, path("far/jazz.MCS"));
+  EXPECT_EQ(shown("txtArtist"), std::string("Miles Davis").append(39, ' '));
+  EXPECT_FALSE(std::filesystem::exists("jazz.MCS"));
+}
+
+TEST_F(StartUp, MakesNothingWhereAPathLeadsBackFromAFolderThatIsMissing) {
+  const std::string named = path("missing/../jazz.MCS");
+  desktop_.expectMessage("Quillbox", "Run-time error '76':\n\nPath not found\n" + named);
+  start({"missing/../jazz.MCS"});
+  EXPECT_EQ(formName(), "frmBegin2");
+  EXPECT_FALSE(std::filesystem::exists("jazz.MCS"));
+  EXPECT_FALSE(std::filesystem::exists("missing"));
+}
+
 TEST_F(StartUp, RecognisesBackslashesWhenItTakesThePathApart) {
   writeFile(path("C:\\Data\\jazz.mcs"), musicFile({album("Miles Davis")}));
   start({"C:\\Data\\jazz.mcs "});
@@ -53,7 +72,7 @@ TEST_F(StartUp, LeavesOtherFilesUnopened) {
     SCOPED_TRACE(name);
     writeFile(path(name), "untouched");
     files_.forget();
-    restart({path(name)});
+    start({path(name)});
     EXPECT_EQ(formName(), "frmBegin2");
     EXPECT_EQ(state_->dataFolder, folder_.path());
     EXPECT_TRUE(files_.operations().empty());
@@ -91,7 +110,8 @@ TEST_F(StartScreen, HasAboutAndContentsInItsHelpMenu) {
   EXPECT_EQ(control<QAction>("AboutBegin").text(), "&About");
   desktop_.expectMessage("About Quillbox",
                          "Quillbox V1.71\n\nA catalogue for everything you collect, made by people "
-                         "who collect.");
+                         "who collect.",
+                         MessageIcon::information);
   choose("AboutBegin");
 }
 

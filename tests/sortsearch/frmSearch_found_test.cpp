@@ -7,52 +7,57 @@
 namespace quillbox::test {
 namespace {
 
-class SearchingEditor : public EditorTest, public testing::WithParamInterface<EditorKind> {
+class SearchingEditor : public EditorTest, public testing::WithParamInterface<ModelKind> {
  protected:
   SearchingEditor() : EditorTest(GetParam()) {}
 
-  bool isBooks() const { return kind().extension == "BCS"; }
-  bool isVideo() const { return kind().extension == "VCS"; }
+  bool isBooks() const { return kind().isBooks(); }
+  bool isVideo() const { return kind().isVideo(); }
 
-  void openSearch() { openSideForm(editor().search); }
-  void leaveSearch() { leaveSideForm(editor().search); }
+  void openSearch() { openSideForm(kind().search); }
+  void leaveSearch() { leaveSideForm(kind().search); }
   void begin() {
-    press(editor().search.begin);
+    press(kind().search.begin);
     desktop_.expectNothingLeft();
   }
   void beginInVain() {
+    int boxes = 0;
+    desktop_.onBox = [&](const std::string&, const std::string&) {
+      EXPECT_EQ(formName(), kind().search.formName) << "the board is gone by then";
+      ++boxes;
+    };
     desktop_.expectMessage("Quillbox", isBooks() ? "Not Found" : "Data Not Found...");
     begin();
-    EXPECT_EQ(formName(), editor().search.formName);
+    desktop_.onBox = nullptr;
+    EXPECT_EQ(boxes, 1);
+    EXPECT_EQ(formName(), kind().search.formName);
   }
   void searchFor(const std::string& first) {
     openSearch();
-    type(editor().firstBox, first.c_str());
+    type(kind().firstBox(), first.c_str());
     begin();
-    EXPECT_EQ(formName(), editor().formName);
+    EXPECT_EQ(formName(), kind().formName);
   }
   void searchInVain() {
     openSearch();
-    type(editor().firstBox, "nowhere");
+    type(kind().firstBox(), "nowhere");
     beginInVain();
   }
 
   /// The item with every flag set.
   std::string flagged(std::string item) const {
-    for (const Field& each : kind().fields)
+    for (const Field& each : kind().row().fields)
       if (each.type == FieldType::flag) setWhole(each, std::as_writable_bytes(std::span(item)), 1);
     return item;
   }
   void expectWriteChangesNothing() {
     const std::string before = bytes();
-    press(editor().write);
+    press(kind().buttons.write);
     EXPECT_EQ(bytes(), before);
   }
 };
 
-INSTANTIATE_TEST_SUITE_P(Kinds, SearchingEditor,
-                         testing::Values(kMusicEditor, kVideoEditor, kSoftwareEditor, kComicEditor,
-                                         kBookEditor, kMediaEditor),
+INSTANTIATE_TEST_SUITE_P(Kinds, SearchingEditor, testing::ValuesIn(kModelEditors),
                          [](const auto& editor) { return editor.param.name; });
 
 // ---- Hits
@@ -60,26 +65,26 @@ INSTANTIATE_TEST_SUITE_P(Kinds, SearchingEditor,
 TEST_P(SearchingEditor, AHitShowsTheItem) {
   const std::string before = collection({item("A"), item("B"), item("C")});
   openBytes(before);
-  type(editor().otherBox, "typed for another item");
+  type(kind().otherBox(), "typed for another item");
   state_->ListPos = 7;
   searchFor("C");
   EXPECT_EQ(state_->CurRec, 3);
   EXPECT_EQ(state_->ListPos, isBooks() ? 7 : 3);
-  EXPECT_EQ(indicator(), recordLabel(kind(), 3, 3));
+  EXPECT_EQ(indicator(), kind().label(3, 3));
   EXPECT_EQ(first(), "C");
-  EXPECT_FALSE(button(editor().next).isEnabled());
+  EXPECT_FALSE(button(kind().buttons.next).isEnabled());
   EXPECT_EQ(bytes(), before) << "a search writes nothing";
   expectWriteChangesNothing();
 }
 
 TEST_P(SearchingEditor, AHitEndsANewItem) {
   open({item("A"), item("B")});
-  press(editor().clear);
-  type(editor().firstBox, "New");
+  press(kind().buttons.clear);
+  type(kind().firstBox(), "New");
   searchFor("B");
   EXPECT_EQ(state_->CurRec, 2);
   EXPECT_EQ(first(), "B");
-  EXPECT_EQ(indicator(), recordLabel(kind(), 2, 2));
+  EXPECT_EQ(indicator(), kind().label(2, 2));
   expectWriteChangesNothing();
 }
 
@@ -90,7 +95,7 @@ TEST_P(SearchingEditor, EverySearchStartsAtItemOne) {
   openSearch();
   begin();
   EXPECT_EQ(state_->CurRec, 2);
-  press(editor().next);
+  press(kind().buttons.next);
   EXPECT_EQ(state_->CurRec, 3);
   openSearch();
   begin();
@@ -100,7 +105,7 @@ TEST_P(SearchingEditor, EverySearchStartsAtItemOne) {
 
 TEST_P(SearchingEditor, WithNothingEnteredTheFirstItemWithoutFlagsIsFound) {
   open({flagged(item("A")), flagged(item("B")), item("C"), item("D")});
-  press(editor().next);
+  press(kind().buttons.next);
   openSearch();
   const bool asksForFlags = !form().findChildren<QCheckBox*>().empty();
   begin();
@@ -109,7 +114,7 @@ TEST_P(SearchingEditor, WithNothingEnteredTheFirstItemWithoutFlagsIsFound) {
 
 TEST_P(SearchingEditor, WithNothingEnteredItemOneIsFound) {
   open({item("A"), item("B")});
-  press(editor().next);
+  press(kind().buttons.next);
   openSearch();
   begin();
   EXPECT_EQ(state_->CurRec, 1);
@@ -117,17 +122,17 @@ TEST_P(SearchingEditor, WithNothingEnteredItemOneIsFound) {
 }
 
 TEST_P(SearchingEditor, FindsDeletedItems) {
-  const std::string marker(kind().rules.deletion.marker);
+  const std::string marker(kind().marker());
   open({item("A"), item(marker), item("C")});
-  type(editor().otherBox, "typed");
+  type(kind().otherBox(), "typed");
   searchFor(marker);
   EXPECT_EQ(state_->CurRec, 2);
   // A deleted video leaves the screen as it was.
   EXPECT_EQ(first(), isVideo() ? "A" : marker);
   EXPECT_EQ(other() == "typed", isVideo());
-  EXPECT_EQ(indicator(), recordLabel(kind(), isVideo() ? 1 : 2, 3));
+  EXPECT_EQ(indicator(), kind().label(isVideo() ? 1 : 2, 3));
   EXPECT_EQ(state_->ListPos, isBooks() ? 0 : 2);
-  press(editor().next);
+  press(kind().buttons.next);
   EXPECT_EQ(first(), "C");
 }
 
@@ -136,7 +141,7 @@ TEST_P(SearchingEditor, FindsDeletedItems) {
 TEST_P(SearchingEditor, AMissKeepsTheSearchFormWithItsInputs) {
   open({item("A"), item("B")});
   searchInVain();
-  EXPECT_EQ(shown(editor().firstBox), "nowhere");
+  EXPECT_EQ(shown(kind().firstBox()), "nowhere");
   EXPECT_EQ(state_->CurRec, 1);
   beginInVain();
 }
@@ -144,14 +149,14 @@ TEST_P(SearchingEditor, AMissKeepsTheSearchFormWithItsInputs) {
 TEST_P(SearchingEditor, AMissLeavesTheEditorAsItWas) {
   const std::string before = collection({item("A"), item("B"), item("C")});
   openBytes(before);
-  press(editor().next);
-  type(editor().otherBox, "typed");
+  press(kind().buttons.next);
+  type(kind().otherBox(), "typed");
   const auto listPos = state_->ListPos;
   searchInVain();
   leaveSearch();
   EXPECT_EQ(state_->CurRec, 2);
   EXPECT_EQ(state_->ListPos, listPos);
-  EXPECT_EQ(indicator(), recordLabel(kind(), 2, 3));
+  EXPECT_EQ(indicator(), kind().label(2, 3));
   EXPECT_EQ(first(), "B");
   EXPECT_EQ(other(), "typed");
   EXPECT_EQ(bytes(), before);
@@ -159,20 +164,20 @@ TEST_P(SearchingEditor, AMissLeavesTheEditorAsItWas) {
 
 TEST_P(SearchingEditor, WriteDataAfterAMissChangesNothing) {
   open({item("A"), item("B"), item("C")});
-  press(editor().next);
+  press(kind().buttons.next);
   for (const WayOut way : kWaysOut) {
     SCOPED_TRACE(static_cast<int>(way));
     searchInVain();
-    leaveSideForm(editor().search, way);
+    leaveSideForm(kind().search, way);
     expectWriteChangesNothing();
   }
 }
 
 TEST_P(SearchingEditor, ANewItemOutlivesAMiss) {
   open({item("A"), item("B")});
-  press(editor().clear);
-  type(editor().firstBox, "New");
-  type(editor().otherBox, "typed");
+  press(kind().buttons.clear);
+  type(kind().firstBox(), "New");
+  type(kind().otherBox(), "typed");
   const std::string label = indicator();
   searchInVain();
   leaveSearch();
@@ -180,7 +185,7 @@ TEST_P(SearchingEditor, ANewItemOutlivesAMiss) {
   EXPECT_EQ(indicator(), label);
   EXPECT_EQ(first(), "New");
   EXPECT_EQ(other(), "typed");
-  press(editor().write);
+  press(kind().buttons.write);
   EXPECT_EQ(headerOf(bytes()).Count, 3);
   EXPECT_EQ(bytes().substr(3 * kind().recordLength, 4), "New ");
 }
@@ -191,23 +196,23 @@ TEST_P(SearchingEditor, NothingIsFoundInAnEmptyCollection) {
   beginInVain();
   leaveSearch();
   EXPECT_EQ(state_->CurRec, 0);
-  EXPECT_EQ(indicator(), kind().rules.label.empty);
+  EXPECT_EQ(indicator(), kind().labels.empty);
 }
 
 // ---- Failures
 
 TEST_P(SearchingEditor, ACollectionThatIsGoneIsAnErrorOnTheSearchForm) {
   open({item("A"), item("B")});
-  press(editor().next);
-  type(editor().otherBox, "typed");
+  press(kind().buttons.next);
+  type(kind().otherBox(), "typed");
   std::filesystem::remove(collectionPath());
   openSearch();
-  type(editor().firstBox, "A");
+  type(kind().firstBox(), "A");
   expectError("'53':\n\nFile not found\n" + collectionPath());
   begin();
-  EXPECT_EQ(formName(), editor().search.formName);
-  EXPECT_EQ(shown(editor().firstBox), "A");
-  EXPECT_FALSE(program_->form<frmRecDisp>().isVisible());
+  EXPECT_EQ(formName(), kind().search.formName);
+  EXPECT_EQ(shown(kind().firstBox()), "A");
+  EXPECT_FALSE(dynamic_cast<frmRecDisp&>(program_->board()).isVisible());
   EXPECT_FALSE(desktop_.endedAtOnce);
   leaveSearch();
   EXPECT_EQ(first(), "B");
@@ -217,12 +222,12 @@ TEST_P(SearchingEditor, ACollectionThatIsGoneIsAnErrorOnTheSearchForm) {
 TEST_P(SearchingEditor, AnItemThatCannotBeReadLeavesTheRecordThatIsShown) {
   open({item("A"), item("B"), item("C")});
   openSearch();
-  type(editor().firstBox, "C");
+  type(kind().firstBox(), "C");
   files_.failNth(FileOperation::read, 0, ErrorNumber::deviceIo);
   expectError("'57':\n\nDevice I/O error\n" + collectionPath());
   begin();
-  EXPECT_EQ(formName(), editor().search.formName);
-  EXPECT_FALSE(program_->form<frmRecDisp>().isVisible());
+  EXPECT_EQ(formName(), kind().search.formName);
+  EXPECT_FALSE(dynamic_cast<frmRecDisp&>(program_->board()).isVisible());
   leaveSearch();
   EXPECT_EQ(first(), "A");
   EXPECT_EQ(state_->CurRec, 1);
@@ -234,10 +239,10 @@ TEST_P(SearchingEditor, AFileShorterThanItsCountIsAnErrorOnTheSearchForm) {
   const std::string whole = bytes();
   writeFile(collectionPath(), whole.substr(0, whole.size() - 1));
   openSearch();
-  type(editor().firstBox, "C");
+  type(kind().firstBox(), "C");
   expectError("'63':\n\nBad record number\n" + collectionPath());
   begin();
-  EXPECT_EQ(formName(), editor().search.formName);
+  EXPECT_EQ(formName(), kind().search.formName);
   leaveSearch();
   EXPECT_EQ(first(), "A");
   EXPECT_EQ(state_->CurRec, 1);
@@ -246,8 +251,78 @@ TEST_P(SearchingEditor, AFileShorterThanItsCountIsAnErrorOnTheSearchForm) {
 
 // ---- Numbers beyond their range
 
+/// Bytes of an item that no input shows, and that Write Data stores as they were read.
+struct HiddenBytes {
+  const ModelKind& editor;
+  std::size_t offset;
+  std::size_t width;
+};
+
+void PrintTo(const HiddenBytes& hidden, std::ostream* out) { *out << hidden.editor.name; }
+
+class SearchedHiddenBytes : public EditorTest, public testing::WithParamInterface<HiddenBytes> {
+ protected:
+  SearchedHiddenBytes() : EditorTest(GetParam().editor) {}
+
+  std::string hiding(const std::string& first) const {
+    std::string hidden(GetParam().width, first.front());
+    return item(first).replace(GetParam().offset, hidden.size(), hidden);
+  }
+  /// By their first characters, item by item.
+  std::string allHidden() {
+    const std::string file = bytes();
+    std::string all;
+    for (std::size_t at = kind().recordLength; at < file.size(); at += kind().recordLength) {
+      const std::string hidden = file.substr(at + GetParam().offset, GetParam().width);
+      EXPECT_EQ(hidden, std::string(hidden.size(), hidden.front()));
+      all += hidden.front();
+    }
+    return all;
+  }
+  void writeChanged() {
+    type(kind().otherBox(), "changed");
+    press(kind().buttons.write);
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(Kinds, SearchedHiddenBytes,
+                         testing::Values(HiddenBytes{kBooks, 204, 20}, HiddenBytes{kWaves, 192, 8}),
+                         [](const auto& hidden) { return hidden.param.editor.name; });
+
+TEST_P(SearchedHiddenBytes, AreThoseOfTheHit) {
+  open({hiding("A"), hiding("B"), hiding("C"), hiding("D")});
+  openSideForm(kind().search);
+  type(kind().firstBox(), "C");
+  press(kind().search.begin);
+  ASSERT_EQ(first(), "C");
+  writeChanged();
+  EXPECT_EQ(allHidden(), "ABCD");
+  press(kind().buttons.clear);
+  writeChanged();
+  EXPECT_EQ(allHidden(), "ABCDC") << "and of a new item made from it";
+}
+
+TEST_P(SearchedHiddenBytes, AreThoseOfTheItemShownWhenTheFormIsLeftWithoutAHit) {
+  open({hiding("A"), hiding("B"), hiding("C")});
+  press(kind().buttons.next);
+  for (const bool searches : {false, true}) {
+    openSideForm(kind().search);
+    type(kind().firstBox(), "nowhere");
+    if (searches) {
+      desktop_.expectMessage("Quillbox", kind().notFound);
+      press(kind().search.begin);
+    }
+    leaveSideForm(kind().search);
+    writeChanged();
+    EXPECT_EQ(allHidden(), "ABC");
+  }
+  press(kind().buttons.clear);
+  writeChanged();
+  EXPECT_EQ(allHidden(), "ABCB");
+}
+
 struct BigNumber {
-  const EditorKind& editor;
+  const ModelKind& editor;
   const char* input;
   const char* typed;
 };
@@ -260,31 +335,31 @@ class SearchedNumber : public EditorTest, public testing::WithParamInterface<Big
 };
 
 INSTANTIATE_TEST_SUITE_P(Inputs, SearchedNumber,
-                         testing::Values(BigNumber{kSoftwareEditor, "txtSftWare_2", "70000"},
-                                         BigNumber{kSoftwareEditor, "txtSftWare_3", "-32769"},
-                                         BigNumber{kMusicEditor, "txtAquireCost", "1e30"},
-                                         BigNumber{kVideoEditor, "txtCurrPrice", "1e30"},
-                                         BigNumber{kComicEditor, "txtCmic_7", "1e30"}),
+                         testing::Values(BigNumber{kSoftware, "txtSftWare_2", "70000"},
+                                         BigNumber{kSoftware, "txtSftWare_3", "-32769"},
+                                         BigNumber{kMusic, "txtAquireCost", "1e30"},
+                                         BigNumber{kVideo, "txtCurrPrice", "1e30"},
+                                         BigNumber{kComics, "txtCmic_7", "1e30"}),
                          [](const auto& number) { return std::string(number.param.input); });
 
 TEST_P(SearchedNumber, BeyondItsRangeIsAnOverflowAndTheFormStaysAsTyped) {
   open({item("A"), item("B")});
-  openSideForm(editor().search);
-  type(editor().firstBox, "B");
+  openSideForm(kind().search);
+  type(kind().firstBox(), "B");
   type(GetParam().input, GetParam().typed);
   expectError("'6':\n\nOverflow");
-  press(editor().search.begin);
-  EXPECT_EQ(formName(), editor().search.formName);
-  EXPECT_EQ(shown(editor().firstBox), "B");
+  press(kind().search.begin);
+  EXPECT_EQ(formName(), kind().search.formName);
+  EXPECT_EQ(shown(kind().firstBox()), "B");
   EXPECT_EQ(shown(GetParam().input), GetParam().typed);
-  leaveSideForm(editor().search);
+  leaveSideForm(kind().search);
   EXPECT_EQ(state_->CurRec, 1);
 }
 
 // ---- Deleting after a search
 
 struct DeletingEditor {
-  const EditorKind& editor;
+  const ModelKind& editor;
   const char* questionTitle;
   const char* deletedTitle;
 };
@@ -298,27 +373,26 @@ class DeleteAfterSearch : public EditorTest, public testing::WithParamInterface<
 };
 
 INSTANTIATE_TEST_SUITE_P(Kinds, DeleteAfterSearch,
-                         testing::Values(DeletingEditor{kMusicEditor, "QBX - Music Manager",
+                         testing::Values(DeletingEditor{kMusic, "QBX - Music Manager",
                                                         "QBX - Music Manager"},
-                                         DeletingEditor{kMediaEditor, "QBX - waves Manager",
+                                         DeletingEditor{kWaves, "QBX - waves Manager",
                                                         "QBX - Wave/Midi/Graphic Manager"}),
                          [](const auto& deleting) { return deleting.param.editor.name; });
 
 TEST_P(DeleteAfterSearch, KeepsTheRestOfTheItemThatIsShown) {
   open({item("A"), item("B"), item("C")});
-  press(editor().next);
-  openSideForm(editor().search);
-  type(editor().firstBox, "nowhere");
+  press(kind().buttons.next);
+  openSideForm(kind().search);
+  type(kind().firstBox(), "nowhere");
   desktop_.expectMessage("Quillbox", "Data Not Found...");
-  press(editor().search.begin);
-  leaveSideForm(editor().search);
+  press(kind().search.begin);
+  leaveSideForm(kind().search);
   desktop_.expectQuestion(GetParam().questionTitle, "Do you really want to delete this?!",
                           Answer::yes);
   desktop_.expectMessage(GetParam().deletedTitle, "Deleted.");
   press("cmdDelete");
   std::string deleted = item("B");
-  setText(kind().fields.front(), std::as_writable_bytes(std::span(deleted)),
-          kind().rules.deletion.marker);
+  setText(kind().row().fields.front(), std::as_writable_bytes(std::span(deleted)), kind().marker());
   EXPECT_EQ(bytes(), collection({item("A"), deleted, item("C")}));
 }
 

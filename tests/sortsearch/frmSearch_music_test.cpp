@@ -8,11 +8,11 @@ namespace {
 
 class MusicSearch : public EditorTest {
  protected:
-  MusicSearch() : EditorTest(kMusicEditor) {}
+  MusicSearch() : EditorTest(kMusic) {}
 
   void openSearch() {
     open({item("A")});
-    openSideForm(editor().search);
+    openSideForm(kind().search);
   }
 
   /// An input and its caption, which are never enabled one without the other.
@@ -84,13 +84,23 @@ TEST_F(MusicSearch, TheBookletBoxFollowsBothWhicheverWasClickedLast) {
   }
 }
 
+TEST_F(MusicSearch, TheLoanInputsFollowBoxesHoweverTheyAreToggled) {
+  openSearch();
+  toggle("chkCurrLoaned");
+  expectLoan(true, false);
+  toggle("chkHasBook");
+  expectLoan(true, true);
+  check("chkCurrLoaned").toggle();
+  expectLoan(false, false);
+}
+
 TEST_F(MusicSearch, TheLoanInputsAreAsTheyWereWhenItIsOpenedAgain) {
   openSearch();
   tick("chkHasBook");
   tick("chkCurrLoaned");
   type("txtBorrower", "Ann");
-  leaveSideForm(editor().search);
-  openSideForm(editor().search);
+  leaveSideForm(kind().search);
+  openSideForm(kind().search);
   expectLoan(true, true);
   EXPECT_EQ(shown("txtBorrower"), "Ann");
 }
@@ -106,10 +116,10 @@ TEST_F(MusicSearch, FindsTheUsersOwnMediaTypes) {
   std::string miniDisc = item("B");
   setWhole(field("MediaType"), std::as_writable_bytes(std::span(miniDisc)), 7);
   open({item("A"), miniDisc});
-  openSideForm(editor().search);
+  openSideForm(kind().search);
   EXPECT_EQ(mediaTypes(), withMiniDisc());
   pick("cmbMediaType", 7);
-  press(editor().search.begin);
+  press(kind().search.begin);
   EXPECT_EQ(state_->CurRec, 2);
   EXPECT_EQ(list("cmbMediaType").currentText(), "Mini Disc");
 }
@@ -117,11 +127,11 @@ TEST_F(MusicSearch, FindsTheUsersOwnMediaTypes) {
 TEST_F(MusicSearch, OffersWhatTheEditorOffersNow) {
   openSearch();
   pick("cmbMediaType", 2);
-  leaveSideForm(editor().search);
+  leaveSideForm(kind().search);
   writeFile(path("QBX Music.ini"), "[MEDIA]\nMD,Mini Disc\n");
   desktop_.tolerateOpen = collectionPath();
   choose("OpenFile");
-  openSideForm(editor().search);
+  openSideForm(kind().search);
   EXPECT_EQ(mediaTypes(), withMiniDisc());
   EXPECT_EQ(list("cmbMediaType").currentText(), "Digital Audio Tape") << "still chosen";
 }

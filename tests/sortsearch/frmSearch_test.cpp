@@ -16,7 +16,7 @@ struct InputLook {
 
 /// Everything that can be reached on a search form.
 struct SearchLook {
-  const EditorKind& editor;
+  const ModelKind& editor;
   const char* caption;
   std::vector<InputLook> inputs;  ///< in tab order
   const char* begin;
@@ -26,7 +26,7 @@ struct SearchLook {
 void PrintTo(const SearchLook& look, std::ostream* out) { *out << look.editor.name; }
 
 const SearchLook kMusicSearch = {
-    kMusicEditor,
+    kMusic,
     "Music Search",
     {{"txtArtist", "&Artist:", "Artist"},
      {"txtAlbum", "A&lbum:", "Album"},
@@ -47,7 +47,7 @@ const SearchLook kMusicSearch = {
     "Be&gin Search",
     "E&xit Search"};
 
-const SearchLook kVideoSearch = {kVideoEditor,
+const SearchLook kVideoSearch = {kVideo,
                                  "Video Tape Collection Manager",
                                  {{"txtVidTitle", "&Label Text:", "Label"},
                                   {"txtPublisher", "&Publisher:", "Publisher"},
@@ -60,7 +60,7 @@ const SearchLook kVideoSearch = {kVideoEditor,
                                  "&Begin Search",
                                  "E&xit Window"};
 
-const SearchLook kSoftwareSearch = {kSoftwareEditor,
+const SearchLook kSoftwareSearch = {kSoftware,
                                     "Software Collection Manager",
                                     {{"txtSftWare_0", "&Disk Label:", "DiskLabel"},
                                      {"txtSftWare_1", "P&ublisher:", "Publisher"},
@@ -75,7 +75,7 @@ const SearchLook kSoftwareSearch = {kSoftwareEditor,
                                     "E&xit Window"};
 
 // Without the two boxes of the editor.
-const SearchLook kComicSearch = {kComicEditor,
+const SearchLook kComicSearch = {kComics,
                                  "Comic Search",
                                  {{"txtCmic_0", "&Book Title:", "BookTitle"},
                                   {"txtCmic_1", "&Comic Title:", "ComicTitle"},
@@ -90,7 +90,7 @@ const SearchLook kComicSearch = {kComicEditor,
                                  "B&egin Search",
                                  "E&xit Window"};
 
-const SearchLook kBookSearch = {kBookEditor,
+const SearchLook kBookSearch = {kBooks,
                                 "Book Search Data",
                                 {{"txtBooks_0", "&Author:", "Author"},
                                  {"txtBooks_1", "&Title:", "Title"},
@@ -101,7 +101,7 @@ const SearchLook kBookSearch = {kBookEditor,
                                 "&Begin Search",
                                 "E&xit Search"};
 
-const SearchLook kMediaSearch = {kMediaEditor,
+const SearchLook kMediaSearch = {kWaves,
                                  "Wave Collection Manager",
                                  {{"txtFileName", "FileName:", "FileName"}},
                                  "&Begin Search",
@@ -112,8 +112,8 @@ class SearchForms : public EditorTest, public testing::WithParamInterface<Search
   SearchForms() : EditorTest(GetParam().editor) {}
 
   const std::vector<InputLook>& inputs() const { return GetParam().inputs; }
-  void openSearch() { openSideForm(editor().search); }
-  void leaveSearch(WayOut way = WayOut::exitButton) { leaveSideForm(editor().search, way); }
+  void openSearch() { openSideForm(kind().search); }
+  void leaveSearch(WayOut way = WayOut::exitButton) { leaveSideForm(kind().search, way); }
 
   void makeUsable(const InputLook& input) {
     for (const char* needed : input.ticksFirst)
@@ -184,8 +184,8 @@ TEST_P(SearchForms, HasItsButtonsByNameAndCaption) {
   openSearch();
   EXPECT_EQ(caption(), GetParam().caption);
   EXPECT_EQ(form().findChildren<QPushButton*>().size(), 2);
-  EXPECT_EQ(button(editor().search.begin).text().toStdString(), GetParam().begin);
-  EXPECT_EQ(button(editor().search.exit).text().toStdString(), GetParam().exit);
+  EXPECT_EQ(button(kind().search.begin).text().toStdString(), GetParam().begin);
+  EXPECT_EQ(button(kind().search.exit).text().toStdString(), GetParam().exit);
 }
 
 TEST_P(SearchForms, EveryInputCarriesItsCaptionAsItsNameAndIsEmpty) {
@@ -218,8 +218,8 @@ TEST_P(SearchForms, TabGoesFromTheFirstInputToTheLastButton) {
   control<QWidget>(inputs().front().name).setFocus();
   std::vector<std::string> order;
   for (const InputLook& input : inputs()) order.emplace_back(input.name);
-  order.emplace_back(editor().search.begin);
-  order.emplace_back(editor().search.exit);
+  order.emplace_back(kind().search.begin);
+  order.emplace_back(kind().search.exit);
   for (const std::string& name : order) {
     EXPECT_EQ(form().focusWidget()->objectName().toStdString(), name);
     QTest::keyClick(form().focusWidget(), Qt::Key_Tab);
@@ -230,8 +230,8 @@ TEST_P(SearchForms, OpensWithTheFocusOnItsFirstInput) {
   open({item("A")});
   for (int time = 0; time < 2; ++time) {
     openSearch();
-    EXPECT_EQ(form().focusWidget(), &box(editor().firstBox));
-    button(editor().search.exit).setFocus();
+    EXPECT_EQ(form().focusWidget(), &box(kind().firstBox()));
+    button(kind().search.exit).setFocus();
     leaveSearch();
   }
 }
@@ -244,8 +244,8 @@ TEST_P(SearchForms, EveryInputIsLookedFor) {
     open({other, other, different(other, input)});
     openSearch();
     enter(input);
-    press(editor().search.begin);
-    EXPECT_EQ(formName(), editor().formName);
+    press(kind().search.begin);
+    EXPECT_EQ(formName(), kind().formName);
     EXPECT_EQ(state_->CurRec, 3);
   }
 }
@@ -269,16 +269,16 @@ TEST_P(SearchForms, KeepsItsInputsWhenItIsOpenedAgain) {
 TEST_P(SearchForms, EveryWayOutShowsTheEditorAsItWas) {
   const std::string before = collection({item("A"), item("B")});
   openBytes(before);
-  press(editor().next);
-  type(editor().otherBox, "typed");
+  press(kind().buttons.next);
+  type(kind().otherBox(), "typed");
   for (const WayOut way : kWaysOut) {
     SCOPED_TRACE(static_cast<int>(way));
     openSearch();
     leaveSearch(way);
     EXPECT_EQ(first(), "B");
     EXPECT_EQ(other(), "typed");
-    EXPECT_EQ(indicator(), recordLabel(kind(), 2, 2));
-    EXPECT_EQ(form().focusWidget(), &box(editor().otherBox));
+    EXPECT_EQ(indicator(), kind().label(2, 2));
+    EXPECT_EQ(form().focusWidget(), &box(kind().otherBox()));
     EXPECT_EQ(bytes(), before);
   }
 }
@@ -286,24 +286,24 @@ TEST_P(SearchForms, EveryWayOutShowsTheEditorAsItWas) {
 TEST_P(SearchForms, EnterInATextBeginsTheSearch) {
   open({item("A"), item("B")});
   openSearch();
-  type(editor().firstBox, "B");
-  QTest::keyClick(&box(editor().firstBox), Qt::Key_Return);
-  EXPECT_EQ(formName(), editor().formName);
+  type(kind().firstBox(), "B");
+  QTest::keyClick(&box(kind().firstBox()), Qt::Key_Return);
+  EXPECT_EQ(formName(), kind().formName);
   EXPECT_EQ(state_->CurRec, 2);
 }
 
 TEST_P(SearchForms, EnterOnAButtonPressesThatButton) {
   open({item("A"), item("B")});
   openSearch();
-  type(editor().firstBox, "B");
-  button(editor().search.exit).setFocus();
+  type(kind().firstBox(), "B");
+  button(kind().search.exit).setFocus();
   QTest::keyClick(form().focusWidget(), Qt::Key_Return);
-  EXPECT_EQ(formName(), editor().formName);
+  EXPECT_EQ(formName(), kind().formName);
   EXPECT_EQ(state_->CurRec, 1) << "left, not searched";
   openSearch();
-  button(editor().search.begin).setFocus();
+  button(kind().search.begin).setFocus();
   QTest::keyClick(form().focusWidget(), Qt::Key_Enter);
-  EXPECT_EQ(formName(), editor().formName);
+  EXPECT_EQ(formName(), kind().formName);
   EXPECT_EQ(state_->CurRec, 2);
 }
 
@@ -311,12 +311,12 @@ TEST_P(SearchForms, EnterOnAButtonPressesThatButton) {
 
 class SearchedComics : public EditorTest {
  protected:
-  SearchedComics() : EditorTest(kComicEditor) {}
+  SearchedComics() : EditorTest(kComics) {}
 };
 
 TEST_F(SearchedComics, AreAskedForUnderAHeading) {
   open({item("A")});
-  openSideForm(editor().search);
+  openSideForm(kind().search);
   QStringList texts;
   for (const QLabel* each : form().findChildren<QLabel*>()) texts << each->text();
   EXPECT_TRUE(texts.contains("Input Data To Search For"));
@@ -324,7 +324,7 @@ TEST_F(SearchedComics, AreAskedForUnderAHeading) {
 
 class SearchedMediaFiles : public EditorTest {
  protected:
-  SearchedMediaFiles() : EditorTest(kMediaEditor) {}
+  SearchedMediaFiles() : EditorTest(kWaves) {}
 };
 
 TEST_F(SearchedMediaFiles, AreNamedByTheKindOpenNow) {
@@ -338,9 +338,9 @@ TEST_F(SearchedMediaFiles, AreNamedByTheKindOpenNow) {
     writeFile(path(name), collection({item("A")}));
     desktop_.tolerateOpen = path(name);
     choose("OpenFile");
-    openSideForm(editor().search);
+    openSideForm(kind().search);
     EXPECT_EQ(caption(), expected);
-    leaveSideForm(editor().search);
+    leaveSideForm(kind().search);
   }
 }
 

@@ -9,13 +9,13 @@
 namespace quillbox::test {
 namespace {
 
-class FailedSort : public EditorTest, public testing::WithParamInterface<EditorKind> {
+class FailedSort : public EditorTest, public testing::WithParamInterface<ModelKind> {
  protected:
   FailedSort() : EditorTest(GetParam()) {}
 
   void begin() {
-    openSideForm(editor().sort);
-    press(editor().sort.begin);
+    openSideForm(kind().sort);
+    press(kind().sort.begin);
     desktop_.expectNothingLeft();
     EXPECT_TRUE(desktop_.endedAtOnce);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
@@ -30,12 +30,7 @@ class FailedSort : public EditorTest, public testing::WithParamInterface<EditorK
   }
 };
 
-std::string nameOf(const testing::TestParamInfo<EditorKind>& info) { return info.param.name; }
-
-INSTANTIATE_TEST_SUITE_P(Kinds, FailedSort,
-                         testing::Values(kMusicEditor, kVideoEditor, kSoftwareEditor, kComicEditor,
-                                         kBookEditor, kMediaEditor),
-                         nameOf);
+INSTANTIATE_TEST_SUITE_P(Kinds, FailedSort, testing::ValuesIn(kModelEditors), nameOfKind);
 
 TEST_P(FailedSort, ABackupInTheWayIsLeftAloneAndSoIsTheCollection) {
   const std::string before = collection({item("b"), item("a")});
@@ -78,9 +73,7 @@ TEST_P(FailedSort, AFileShorterThanItsCountLeavesTheBackup) {
 class FailedWriting : public FailedSort {};
 
 INSTANTIATE_TEST_SUITE_P(Kinds, FailedWriting,
-                         testing::Values(kMusicEditor, kVideoEditor, kSoftwareEditor, kComicEditor,
-                                         kMediaEditor),
-                         nameOf);
+                         testing::Values(kMusic, kVideo, kSoftware, kComics, kWaves), nameOfKind);
 
 TEST_P(FailedWriting, HalfAFileIsNeverLeftUnderTheCollectionsName) {
   const std::string before = collection({item("b"), item("a")});
@@ -101,12 +94,12 @@ TEST_P(FailedWriting, HalfAFileIsNeverLeftUnderTheCollectionsName) {
 
 TEST_P(FailedWriting, ABackupThatCannotBeDeletedIsAnErrorWithTheCollectionSorted) {
   open({item("b"), item("a")});
-  openSideForm(editor().sort);
+  openSideForm(kind().sort);
   if (const auto boxes = form().findChildren<QCheckBox*>(); !boxes.empty())
     tick(boxes.front()->objectName().toUtf8().constData());
   files_.failNth(FileOperation::remove, 0, ErrorNumber::permissionDenied);
   expectError("'70':\n\nPermission denied\n" + backup());
-  press(editor().sort.begin);
+  press(kind().sort.begin);
   EXPECT_TRUE(desktop_.endedAtOnce);
   EXPECT_EQ(bytes(), collection({item("a"), item("b")}));
   EXPECT_EQ(readFile(backup()), collection({item("b"), item("a")}));
@@ -116,7 +109,7 @@ TEST_P(FailedWriting, ABackupThatCannotBeDeletedIsAnErrorWithTheCollectionSorted
 
 class SortedBooks : public EditorTest {
  protected:
-  SortedBooks() : EditorTest(kBookEditor) {}
+  SortedBooks() : EditorTest(kBooks) {}
 };
 
 TEST_F(SortedBooks, EndTheProgramUnderTheirBackupsNameWithoutAWord) {
@@ -125,9 +118,9 @@ TEST_F(SortedBooks, EndTheProgramUnderTheirBackupsNameWithoutAWord) {
     SCOPED_TRACE(box);
     openBytes(before);
     desktop_.endedAtOnce = false;
-    openSideForm(editor().sort);
+    openSideForm(kind().sort);
     if (*box != '\0') tick(box);
-    press(editor().sort.begin);
+    press(kind().sort.begin);
     EXPECT_TRUE(desktop_.endedAtOnce);
     EXPECT_FALSE(desktop_.quitAsked);
     EXPECT_FALSE(std::filesystem::exists(collectionPath()));

@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <utility>
 
+#include "platform/checked16.h"
 #include "support/form_fixture.h"
 
 namespace quillbox::test {
@@ -10,7 +11,7 @@ namespace {
 
 /// The boxes of a sort form: their name without the number, and the field that each sorts by.
 struct SortKeys {
-  const EditorKind& editor;
+  const ModelKind& editor;
   const char* box;
   std::vector<const char*> fields;
 };
@@ -18,31 +19,34 @@ struct SortKeys {
 void PrintTo(const SortKeys& keys, std::ostream* out) { *out << keys.editor.name; }
 
 const SortKeys kMusicKeys = {
-    kMusicEditor, "chkMusSort_", {"Artist", "Album", "RecordCo", "MediaType", "Genre"}};
-const SortKeys kVideoKeys = {
-    kVideoEditor, "chkSort_", {"Label", "Publisher", "MediaType", "Commercial"}};
+    kMusic, "chkMusSort_", {"Artist", "Album", "RecordCo", "MediaType", "Genre"}};
+const SortKeys kVideoKeys = {kVideo, "chkSort_", {"Label", "Publisher", "MediaType", "Commercial"}};
 const SortKeys kSoftwareKeys = {
-    kSoftwareEditor, "chkSort_", {"DiskLabel", "Publisher", "MediaType", "Commercial"}};
-const SortKeys kComicKeys = {kComicEditor, "chkSort_", {"BookTitle", "ComicTitle", "Artists"}};
-const SortKeys kMediaKeys = {kMediaEditor, "", {}};  // always by the file's name
+    kSoftware, "chkSort_", {"DiskLabel", "Publisher", "MediaType", "Commercial"}};
+const SortKeys kComicKeys = {kComics, "chkSort_", {"BookTitle", "ComicTitle", "Artists"}};
+const SortKeys kMediaKeys = {kWaves, "", {}};  // always by the file's name
 
 /// What each sort form that finishes its work does. That of books never does.
 class SortedEditor : public EditorTest, public testing::WithParamInterface<SortKeys> {
  protected:
   SortedEditor() : EditorTest(GetParam().editor) {}
 
-  bool isMusic() const { return kind().extension == "MCS"; }
-  bool isVideo() const { return kind().extension == "VCS"; }
+  bool isMusic() const { return kind().isMusic(); }
+  bool isVideo() const { return kind().isVideo(); }
   bool hasBoxes() const { return !GetParam().fields.empty(); }
 
   void tickBox(std::size_t number) { tick((GetParam().box + std::to_string(number)).c_str()); }
-  void openSort() { openSideForm(editor().sort); }
+  void openSort() { openSideForm(kind().sort); }
   void begin() {
     desktop_.expectMessage("Quillbox", "Sorting complete.");
-    press(editor().sort.begin);
+    desktop_.onBox = [this](const std::string&, const std::string&) {
+      EXPECT_EQ(formName(), kind().sort.formName) << "the editor comes back behind the message";
+    };
+    press(kind().sort.begin);
+    desktop_.onBox = nullptr;
     desktop_.expectNothingLeft();
     EXPECT_FALSE(desktop_.endedAtOnce);
-    EXPECT_EQ(formName(), editor().formName);
+    EXPECT_EQ(formName(), kind().formName);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
   }
   void sortByNothing() {
@@ -55,17 +59,17 @@ class SortedEditor : public EditorTest, public testing::WithParamInterface<SortK
     begin();
   }
   void goTo(int item) {
-    for (int n = 1; n < item; ++n) press(editor().next);
+    for (int n = 1; n < item; ++n) press(kind().buttons.next);
     ASSERT_EQ(state_->CurRec, item);
   }
 
   /// That item is on screen, and Write Data changes nothing of it.
   void expectShown(int position, const std::string& text) {
-    EXPECT_EQ(indicator(), recordLabel(kind(), position, state_->Count));
+    EXPECT_EQ(indicator(), kind().label(position, state_->Count));
     EXPECT_EQ(state_->CurRec, position);
     EXPECT_EQ(first(), text);
     const std::string before = bytes();
-    press(editor().write);
+    press(kind().buttons.write);
     EXPECT_EQ(bytes(), before);
   }
   void expectEmptyForm() {
@@ -148,7 +152,7 @@ TEST_P(SortedEditor, WithoutATickOnlyMediaFilesAreSorted) {
 TEST_P(SortedEditor, ShowsWhatIsAtItsPositionNow) {
   open({item("c"), item("a"), item("b")});
   goTo(2);
-  type(editor().otherBox, "typed for another item");
+  type(kind().otherBox(), "typed for another item");
   state_->ListPos = 3;
   sortByFirst();
   EXPECT_EQ(state_->ListPos, isMusic() ? 3 : 1);
@@ -162,11 +166,11 @@ TEST_P(SortedEditor, StepsOnFromThereAsUsual) {
   open({item("c"), item("a"), item("b")});
   sortByFirst();
   expectShown(1, "a");
-  press(editor().next);
+  press(kind().buttons.next);
   expectShown(2, "b");
-  press(editor().next);
+  press(kind().buttons.next);
   expectShown(3, "c");
-  EXPECT_FALSE(button(editor().next).isEnabled());
+  EXPECT_FALSE(button(kind().buttons.next).isEnabled());
 }
 
 TEST_P(SortedEditor, ShowsTheLastItemWhenItsPositionIsGone) {
@@ -183,14 +187,14 @@ TEST_P(SortedEditor, ShowsTheLastItemWhenItsPositionIsGone) {
 
 TEST_P(SortedEditor, ShowsTheEmptyFormWhenNoItemIsLeft) {
   open({blankItem()});
-  type(editor().otherBox, "typed");
+  type(kind().otherBox(), "typed");
   sortByNothing();
   EXPECT_EQ(headerOf(bytes()).Count, 0);
   EXPECT_EQ(state_->Count, 0);
   EXPECT_EQ(state_->CurRec, 0);
-  EXPECT_EQ(indicator(), kind().rules.label.empty);
+  EXPECT_EQ(indicator(), kind().labels.empty);
   expectEmptyForm();
-  EXPECT_FALSE(button(editor().next).isEnabled());
+  EXPECT_FALSE(button(kind().buttons.next).isEnabled());
 }
 
 TEST_P(SortedEditor, AnEmptyCollectionStaysEmpty) {
@@ -198,21 +202,21 @@ TEST_P(SortedEditor, AnEmptyCollectionStaysEmpty) {
   sortByNothing();
   EXPECT_EQ(headerOf(bytes()).Count, 0);
   EXPECT_EQ(state_->CurRec, 0);
-  EXPECT_EQ(indicator(), kind().rules.label.empty);
+  EXPECT_EQ(indicator(), kind().labels.empty);
 }
 
 TEST_P(SortedEditor, ANewItemStaysAsTypedAndIsAddedAfterwards) {
   open({item("b"), item("a")});
-  press(editor().clear);
-  type(editor().firstBox, "New");
-  type(editor().otherBox, "typed");
+  press(kind().buttons.clear);
+  type(kind().firstBox(), "New");
+  type(kind().otherBox(), "typed");
   const std::string label = indicator();
   sortByFirst();
   EXPECT_EQ(state_->CurRec, kNewItem);
   EXPECT_EQ(first(), "New");
   EXPECT_EQ(other(), "typed");
   EXPECT_EQ(indicator(), label);
-  press(editor().write);
+  press(kind().buttons.write);
   EXPECT_EQ(headerOf(bytes()).Count, 3);
   const std::string sorted = collection({item("a"), item("b")}).substr(kind().recordLength);
   EXPECT_EQ(bytes().substr(kind().recordLength, sorted.size()), sorted);
@@ -222,9 +226,9 @@ TEST_P(SortedEditor, ANewItemStaysAsTypedAndIsAddedAfterwards) {
 TEST_P(SortedEditor, KeepsItsBoxesForTheNextSort) {
   open({item("b"), item("a")});
   sortByFirst();
-  press(editor().next);
-  type(editor().firstBox, "!");
-  press(editor().write);
+  press(kind().buttons.next);
+  type(kind().firstBox(), "!");
+  press(kind().buttons.write);
   openSort();
   begin();
   EXPECT_EQ(bytes().substr(2 * kind().recordLength, 2), "a ");
@@ -234,16 +238,16 @@ TEST_P(SortedEditor, KeepsItsBoxesForTheNextSort) {
 
 class SortedVideos : public EditorTest {
  protected:
-  SortedVideos() : EditorTest(kVideoEditor) {}
+  SortedVideos() : EditorTest(kVideo) {}
 };
 
 TEST_F(SortedVideos, ADeletedItemOneLeavesTheFormEmpty) {
   open({item("x"), item("DELETED")});
   tick("chkCommercial");
-  openSideForm(editor().sort);
+  openSideForm(kind().sort);
   tick("chkSort_0");
   desktop_.expectMessage("Quillbox", "Sorting complete.");
-  press(editor().sort.begin);
+  press(kind().sort.begin);
   EXPECT_EQ(bytes(), collection({item("DELETED"), item("x")}));
   EXPECT_EQ(indicator(), "Record # 1 of 2");
   for (const char* name :
@@ -257,13 +261,13 @@ TEST_F(SortedVideos, ADeletedItemOneLeavesTheFormEmpty) {
 
 class SortedMediaFiles : public EditorTest {
  protected:
-  SortedMediaFiles() : EditorTest(kMediaEditor) {}
+  SortedMediaFiles() : EditorTest(kWaves) {}
 
   void sort() {
     open({item("b"), item("a")});
-    openSideForm(editor().sort);
+    openSideForm(kind().sort);
     desktop_.expectMessage("Quillbox", "Sorting complete.");
-    press(editor().sort.begin);
+    press(kind().sort.begin);
     EXPECT_TRUE(isOpen());
   }
   bool isOpen() const { return state_->files.isOpen(file_number::collection); }
@@ -299,9 +303,9 @@ TEST_F(SortedMediaFiles, AnyOtherWorkGoesOnMeanwhile) {
   press("cmdWrite");
   press("cmdNext");
   EXPECT_EQ(first(), "b");
-  openSideForm(editor().sort);
+  openSideForm(kind().sort);
   desktop_.expectMessage("Quillbox", "Sorting complete.");
-  press(editor().sort.begin);
+  press(kind().sort.begin);
   EXPECT_TRUE(isOpen());
   EXPECT_EQ(first(), "b");
   EXPECT_EQ(headerOf(bytes()).Count, 2);
@@ -311,11 +315,11 @@ TEST_F(SortedMediaFiles, SearchingClosesTheCollection) {
   for (const bool hit : {true, false}) {
     SCOPED_TRACE(hit);
     sort();
-    openSideForm(editor().search);
+    openSideForm(kind().search);
     EXPECT_TRUE(isOpen());
     type("txtFileName", hit ? "a" : "nowhere");
     if (!hit) desktop_.expectMessage("Quillbox", "Data Not Found...");
-    press(editor().search.begin);
+    press(kind().search.begin);
     EXPECT_FALSE(isOpen());
   }
 }

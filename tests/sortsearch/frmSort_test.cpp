@@ -12,7 +12,7 @@ struct BoxLook {
 
 /// Everything that can be reached on a sort form.
 struct SortLook {
-  const EditorKind& editor;
+  const ModelKind& editor;
   const char* caption;
   std::vector<BoxLook> boxes;
   const char* begin;
@@ -21,7 +21,7 @@ struct SortLook {
 
 void PrintTo(const SortLook& look, std::ostream* out) { *out << look.editor.name; }
 
-const SortLook kMusicSort = {kMusicEditor,
+const SortLook kMusicSort = {kMusic,
                              "Sorting Options",
                              {{"chkMusSort_0", "By &Artist"},
                               {"chkMusSort_1", "By A&lbum Title"},
@@ -31,7 +31,7 @@ const SortLook kMusicSort = {kMusicEditor,
                              "&Begin Sorting",
                              "E&xit Window"};
 
-const SortLook kVideoSort = {kVideoEditor,
+const SortLook kVideoSort = {kVideo,
                              "Sorting Options",
                              {{"chkSort_0", "&Label Text"},
                               {"chkSort_1", "&Publisher"},
@@ -40,7 +40,7 @@ const SortLook kVideoSort = {kVideoEditor,
                              "&Begin Sort",
                              "E&xit"};
 
-const SortLook kSoftwareSort = {kSoftwareEditor,
+const SortLook kSoftwareSort = {kSoftware,
                                 "Sorting Options",
                                 {{"chkSort_0", "&Disk Label"},
                                  {"chkSort_1", "&Publisher"},
@@ -50,13 +50,13 @@ const SortLook kSoftwareSort = {kSoftwareEditor,
                                 "E&xit"};
 
 const SortLook kComicSort = {
-    kComicEditor,
+    kComics,
     "Sorting Options",
     {{"chkSort_0", "&Book Title"}, {"chkSort_1", "&Comic Title"}, {"chkSort_2", "&Artists"}},
     "Be&gin Sort",
     "E&xit"};
 
-const SortLook kBookSort = {kBookEditor,
+const SortLook kBookSort = {kBooks,
                             "Book Sort Options",
                             {{"chkBsort_0", "&Author"},
                              {"chkBsort_1", "&Publisher"},
@@ -65,14 +65,14 @@ const SortLook kBookSort = {kBookEditor,
                             "&Begin Sort",
                             "E&xit Window"};
 
-const SortLook kMediaSort = {kMediaEditor, "Sorting Options", {}, "&Begin Sort", "E&xit"};
+const SortLook kMediaSort = {kWaves, "Sorting Options", {}, "&Begin Sort", "E&xit"};
 
 class SortForms : public EditorTest, public testing::WithParamInterface<SortLook> {
  protected:
   SortForms() : EditorTest(GetParam().editor) {}
 
-  void openSort() { openSideForm(editor().sort); }
-  void leaveSort(WayOut way) { leaveSideForm(editor().sort, way); }
+  void openSort() { openSideForm(kind().sort); }
+  void leaveSort(WayOut way) { leaveSideForm(kind().sort, way); }
   void tickBox(std::size_t number) { tick(GetParam().boxes.at(number).name); }
   bool isTicked(std::size_t number) { return check(GetParam().boxes.at(number).name).isChecked(); }
 };
@@ -96,14 +96,14 @@ TEST_P(SortForms, HasItsBoxesAndButtonsByNameAndCaption) {
     EXPECT_FALSE(check(name).isChecked()) << name;
   }
   EXPECT_EQ(form().findChildren<QPushButton*>().size(), 2);
-  EXPECT_EQ(button(editor().sort.begin).text().toStdString(), GetParam().begin);
-  EXPECT_EQ(button(editor().sort.exit).text().toStdString(), GetParam().exit);
+  EXPECT_EQ(button(kind().sort.begin).text().toStdString(), GetParam().begin);
+  EXPECT_EQ(button(kind().sort.exit).text().toStdString(), GetParam().exit);
 }
 
 TEST_P(SortForms, OpensWithTheFocusOnItsFirstControl) {
   open({item("A")});
   openSort();
-  QWidget* expected = &button(editor().sort.begin);
+  QWidget* expected = &button(kind().sort.begin);
   if (!GetParam().boxes.empty()) expected = &check(GetParam().boxes.front().name);
   EXPECT_EQ(form().focusWidget(), expected);
 }
@@ -111,24 +111,24 @@ TEST_P(SortForms, OpensWithTheFocusOnItsFirstControl) {
 TEST_P(SortForms, EveryWayOutShowsTheEditorAsItWas) {
   const std::string before = collection({item("B"), item("A")});
   openBytes(before);
-  press(editor().next);
-  type(editor().otherBox, "typed");
+  press(kind().buttons.next);
+  type(kind().otherBox(), "typed");
   for (const WayOut way : kWaysOut) {
     SCOPED_TRACE(static_cast<int>(way));
     openSort();
     leaveSort(way);
     EXPECT_EQ(first(), "A");
     EXPECT_EQ(other(), "typed");
-    EXPECT_EQ(indicator(), recordLabel(kind(), 2, 2));
-    EXPECT_EQ(form().focusWidget(), &box(editor().otherBox));
+    EXPECT_EQ(indicator(), kind().label(2, 2));
+    EXPECT_EQ(form().focusWidget(), &box(kind().otherBox()));
     EXPECT_EQ(bytes(), before);
   }
 }
 
 TEST_P(SortForms, EveryWayOutLeavesANewItemAsTyped) {
   open({item("A")});
-  press(editor().clear);
-  type(editor().firstBox, "New");
+  press(kind().buttons.clear);
+  type(kind().firstBox(), "New");
   for (const WayOut way : kWaysOut) {
     SCOPED_TRACE(static_cast<int>(way));
     openSort();
@@ -159,9 +159,9 @@ TEST_P(SortForms, KeepsItsBoxesWhenItIsOpenedAgain) {
 TEST_P(SortForms, EnterOnAButtonPressesIt) {
   open({item("A")});
   openSort();
-  button(editor().sort.exit).setFocus();
+  button(kind().sort.exit).setFocus();
   QTest::keyClick(form().focusWidget(), Qt::Key_Return);
-  EXPECT_EQ(formName(), editor().formName);
+  EXPECT_EQ(formName(), kind().formName);
 }
 
 }  // namespace

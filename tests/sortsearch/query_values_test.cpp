@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "records/entered.h"
 #include "support/failure.h"
 #include "support/search_form.h"
 

@@ -12,9 +12,9 @@
 namespace quillbox::test {
 namespace {
 
-class SortBackup : public SortFixture, public testing::TestWithParam<SortedKind> {
+class SortBackup : public SortFixture, public testing::TestWithParam<ModelKind> {
  protected:
-  const SortedKind& kind() const { return GetParam(); }
+  const ModelKind& kind() const { return GetParam(); }
 };
 
 TEST_P(SortBackup, ABackupInTheWayIsNotTouched) {
@@ -53,7 +53,7 @@ TEST_P(SortBackup, AFileShorterThanItsCountIsOnlyUnderItsBackupsName) {
 }
 
 TEST_P(SortBackup, ALastItemThatIsMissingIsBlankAndSortedFirst) {
-  if (kind().kind().editor == EditorForm::books) return;  // sorting books ends the program
+  if (kind().isBooks()) return;  // sorting books ends the program
   putNamed(kind(), {"B", "A"});
   const std::string whole = file();
   state_.Count = 3;
@@ -62,7 +62,7 @@ TEST_P(SortBackup, ALastItemThatIsMissingIsBlankAndSortedFirst) {
   std::string expected = whole.substr(0, 12);
   expected[0] = 3;
   expected.resize(kind().recordLength);
-  const auto blank = blankRecord(kind().kind());
+  const auto blank = blankRecord(kind().row());
   expected.append(reinterpret_cast<const char*>(blank.data()), blank.size());
   expected.append(whole, 2 * kind().recordLength)
       .append(whole, kind().recordLength, kind().recordLength);
@@ -82,7 +82,7 @@ TEST_P(SortBackup, ACountWithoutRoomForTwoMoreIsAnError) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, SortBackup, testing::ValuesIn(kSortedKinds), nameOfSorted);
+INSTANTIATE_TEST_SUITE_P(Kinds, SortBackup, testing::ValuesIn(kModelKinds), nameOfKind);
 
 class SortPaths : public SortFixture, public testing::Test {
  protected:
@@ -104,39 +104,39 @@ TEST_F(SortPaths, TheBackupsNameIsCutAtTheFirstDotOfThePath) {
       {"plain/COLL.MCS", folder_.path("plain/COLL.bak")},
       {"COLLMCS", folder_.path("bak")},
   };
-  putNamed(kSortedMusic, {"B", "A"});
+  putNamed(kMusic, {"B", "A"});
   const std::string whole = old_;
   for (const auto& [path, backup] : rows) {
     backup_ = backup;
     putBytes(path, whole);
-    sort(kSortedMusic.ticks({0}));
+    sort(kMusic.ticks({0}));
     EXPECT_EQ(fillers(), "ba") << path;
     EXPECT_FALSE(std::filesystem::exists(backup));
 
     putBytes(path, whole.substr(0, whole.size() - 1));
-    EXPECT_EQ(messageOf(kSortedMusic.ticks({0})),
+    EXPECT_EQ(messageOf(kMusic.ticks({0})),
               "Run-time error '63':\n\nBad record number\n" + backup + noteOf(backup));
     expectOnlyTheBackup();
 
     putBytes(path, whole);
     writeFile(backup, "precious");
-    EXPECT_EQ(failureOfSort(kSortedMusic.ticks({0})), (Failure{58, backup}));
+    EXPECT_EQ(failureOfSort(kMusic.ticks({0})), (Failure{58, backup}));
     EXPECT_TRUE(file() == whole);
     EXPECT_EQ(readFile(backup), "precious");
   }
 }
 
 TEST_F(SortPaths, AFolderOfTheBackupsNameIsInTheWayToo) {
-  put(kSortedVideo, {named(kSortedVideo, "A", 'a')});
+  put(kVideo, {named(kVideo, "A", 'a')});
   std::filesystem::create_directory(backup_);
-  EXPECT_EQ(failureOfSort(kSortedVideo.everyTick()), (Failure{58, backup_}));
+  EXPECT_EQ(failureOfSort(kVideo.everyTick()), (Failure{58, backup_}));
   EXPECT_TRUE(file() == old_);
   EXPECT_TRUE(std::filesystem::is_directory(backup_));
 }
 
 TEST_F(SortPaths, ACollectionThatMayNotBeRenamedStaysAsItIs) {
   QUILLBOX_NEEDS(permissions);
-  putNamed(kSortedMusic, {"B", "A"});
+  putNamed(kMusic, {"B", "A"});
   std::filesystem::create_directory("closed");
   const std::string path = folder_.path("closed/things.MCS");
   backup_ = folder_.path("closed/things.bak");
@@ -145,8 +145,7 @@ TEST_F(SortPaths, ACollectionThatMayNotBeRenamedStaysAsItIs) {
   std::filesystem::permissions(
       "closed", perms::owner_read | perms::owner_exec | perms::group_read | perms::group_exec);
   const OrdinaryUser user(folder_);
-  EXPECT_EQ(messageOf(kSortedMusic.everyTick()),
-            "Run-time error '70':\n\nPermission denied\n" + path);
+  EXPECT_EQ(messageOf(kMusic.everyTick()), "Run-time error '70':\n\nPermission denied\n" + path);
   expectOnlyTheCollection(old_);
 }
 

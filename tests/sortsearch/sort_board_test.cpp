@@ -14,19 +14,19 @@ using namespace std::string_literals;
 using Told = std::vector<std::string>;
 
 std::string comic(const std::string& book, const std::string& title, const std::string& artists) {
-  return sortItem(kSortedComics, {book, title, artists});
+  return sortItem(kComics, {book, title, artists});
 }
 
 std::string book(const std::string& author, const std::string& publisher,
                  const std::string& mediaType, const std::string& genre) {
-  return sortItem(kSortedBooks, {author, publisher, mediaType, genre});
+  return sortItem(kBooks, {author, publisher, mediaType, genre});
 }
 
 class SortBoard : public SortFixture, public testing::Test {};
 
 TEST_F(SortBoard, ComicsShowEachRecordReadAndEachRepetition) {
-  put(kSortedComics, {comic("B", "x", "m"), comic("A", "y", "n")});
-  sort(kSortedComics.ticks({0, 2}));
+  put(kComics, {comic("B", "x", "m"), comic("A", "y", "n")});
+  sort(kComics.ticks({0, 2}));
   EXPECT_EQ(board_.told, (Told{
                              "open: Reading File...",
                              "line: Reading 1 of 2...",
@@ -47,8 +47,8 @@ TEST_F(SortBoard, ComicsShowEachRecordReadAndEachRepetition) {
 }
 
 TEST_F(SortBoard, TheSecondComicKeyHasACaptionOfItsOwn) {
-  put(kSortedComics, {comic("A", "x", "m")});
-  sort(kSortedComics.ticks({1}));
+  put(kComics, {comic("A", "x", "m")});
+  sort(kComics.ticks({1}));
   EXPECT_EQ(board_.told, (Told{
                              "open: Reading File...",
                              "line: Reading 1 of 1...",
@@ -62,23 +62,23 @@ TEST_F(SortBoard, TheSecondComicKeyHasACaptionOfItsOwn) {
 }
 
 TEST_F(SortBoard, WhatIsNotTickedIsNotShown) {
-  put(kSortedComics, {comic("B", "x", "m"), comic("A", "y", "n")});
-  sort(kSortedComics.ticks({}));
+  put(kComics, {comic("B", "x", "m"), comic("A", "y", "n")});
+  sort(kComics.ticks({}));
   EXPECT_EQ(board_.told, (Told{"open: Reading File...", "line: Reading 1 of 2...",
                                "line: Reading 2 of 2...", "caption: Writing File...", "close"}));
 }
 
 TEST_F(SortBoard, NoItemsAreSortedInOneRepetition) {
-  put(kSortedComics, {});
-  sort(kSortedComics.ticks({0}));
+  put(kComics, {});
+  sort(kComics.ticks({0}));
   EXPECT_EQ(board_.told,
             (Told{"open: Reading File...", "caption: Sorting by Book Title",
                   "line: Sorting 0. Please wait...", "caption: Writing File...", "close"}));
 }
 
 TEST_F(SortBoard, BlankItemsAreReadButNotSorted) {
-  put(kSortedComics, {comic("A", "x", "m"), comic("\0"s, "y", "n"), comic("\0"s, "z", "o")});
-  sort(kSortedComics.ticks({0}));
+  put(kComics, {comic("A", "x", "m"), comic("\0"s, "y", "n"), comic("\0"s, "z", "o")});
+  sort(kComics.ticks({0}));
   EXPECT_EQ(board_.told, (Told{
                              "open: Reading File...",
                              "line: Reading 1 of 3...",
@@ -94,25 +94,25 @@ TEST_F(SortBoard, BlankItemsAreReadButNotSorted) {
 }
 
 TEST_F(SortBoard, ProgressIsKnownWhileReadingOnly) {
-  put(kSortedComics, {comic("A", "x", "m"), comic("B", "y", "n"), comic("C", "z", "o")});
-  sort(kSortedComics.ticks({}));
+  put(kComics, {comic("A", "x", "m"), comic("B", "y", "n"), comic("C", "z", "o")});
+  sort(kComics.ticks({}));
   using Steps = std::vector<std::pair<int, int>>;
   EXPECT_EQ(board_.steps, (Steps{{1, 3}, {2, 3}, {3, 3}}));
   board_.steps.clear();
-  sort(kSortedComics.ticks({0}));
+  sort(kComics.ticks({0}));
   EXPECT_EQ(board_.steps, (Steps{{1, 3}, {2, 3}, {3, 3}, {0, 0}, {0, 0}, {0, 0}, {0, 0}}));
 }
 
 TEST_F(SortBoard, ARecordThatIsMissingIsTheLastOneShown) {
-  put(kSortedComics, {comic("A", "x", "m"), comic("B", "y", "n")});
+  put(kComics, {comic("A", "x", "m"), comic("B", "y", "n")});
   state_.Count = 5;
-  EXPECT_NE(messageOf(kSortedComics.ticks({0})), "");
+  EXPECT_NE(messageOf(kComics.ticks({0})), "");
   EXPECT_EQ(board_.told, (Told{"open: Reading File...", "line: Reading 1 of 5...",
                                "line: Reading 2 of 5...", "line: Reading 3 of 5...", "close"}));
 }
 
 TEST_F(SortBoard, OtherKindsDoNotShowIt) {
-  for (const SortedKind& kind : kSortedKinds) {
+  for (const ModelKind& kind : kModelKinds) {
     if (kind.showsProgress) continue;
     std::vector<std::string> keys(kind.keys.size(), "2");
     const std::string second = sortItem(kind, keys);
@@ -127,8 +127,8 @@ TEST_F(SortBoard, OtherKindsDoNotShowIt) {
 using SortBooks = SortBoard;
 
 TEST_F(SortBooks, TheProgramEndsBehindThePublishersAndBeforeTheAuthors) {
-  put(kSortedBooks, {book("B", "y", "0", "1"), book("A", "x", "-1", "1")});
-  EXPECT_TRUE(endsProgram(kSortedBooks.everyTick()));
+  put(kBooks, {book("B", "y", "0", "1"), book("A", "x", "-1", "1")});
+  EXPECT_TRUE(endsProgram(kBooks.everyTick()));
   EXPECT_EQ(board_.told, (Told{
                              "open: Reading File...",
                              "line: Reading 1 of 2...",
@@ -164,8 +164,7 @@ TEST_F(SortBooks, TheProgramEndsWhateverIsTicked) {
     std::vector<bool> ticked(4);
     for (std::size_t key = 0; key < 4; ++key) ticked[key] = (bits >> key & 1U) != 0;
     SCOPED_TRACE(testing::PrintToString(ticked));
-    put(kSortedBooks,
-        {book("B", "y", "0", "1"), book("\0"s, "y", "0", "1"), book("A", "x", "-1", "1")});
+    put(kBooks, {book("B", "y", "0", "1"), book("\0"s, "y", "0", "1"), book("A", "x", "-1", "1")});
     board_.told.clear();
     EXPECT_TRUE(endsProgram(ticked));
     expectOnlyTheBackup();
@@ -184,16 +183,16 @@ TEST_F(SortBooks, TheProgramEndsWhateverIsTicked) {
 }
 
 TEST_F(SortBooks, TheProgramEndsWithoutItemsToo) {
-  put(kSortedBooks, {});
-  EXPECT_TRUE(endsProgram(kSortedBooks.ticks({})));
+  put(kBooks, {});
+  EXPECT_TRUE(endsProgram(kBooks.ticks({})));
   EXPECT_EQ(board_.told, (Told{"open: Reading File...", "close"}));
   expectOnlyTheBackup();
 }
 
 TEST_F(SortBooks, NothingIsWrittenOrRemoved) {
-  put(kSortedBooks, {book("B", "y", "0", "1"), book("A", "x", "-1", "1")});
+  put(kBooks, {book("B", "y", "0", "1"), book("A", "x", "-1", "1")});
   files_.forget();
-  EXPECT_TRUE(endsProgram(kSortedBooks.everyTick()));
+  EXPECT_TRUE(endsProgram(kBooks.everyTick()));
   for (const OperationRecord& record : files_.operations()) {
     EXPECT_NE(record.operation, FileOperation::write);
     EXPECT_NE(record.operation, FileOperation::remove);

@@ -3,9 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstring>
+#include <span>
 #include <string>
 #include <vector>
 
+#include "sortsearch/sort_slots.h"
 #include "support/sort_model.h"
 
 namespace quillbox::test {
@@ -14,22 +17,14 @@ namespace {
 using namespace std::string_literals;
 
 /// Every kind but books, which are never written.
-constexpr SortedKind kWrittenKinds[] = {
-    kSortedMusic,
-    kSortedComics,
-    kSortedVideo,
-    kSortedSoftware,
-    kSortedWaves,
-    sortedMediaFiles("Midi", 7),
-    sortedMediaFiles("Graphics", 8),
-    sortedMediaFiles("Mp3", 9),
-};
+constexpr ModelKind kWrittenKinds[] = {kMusic, kComics, kVideo,    kSoftware,
+                                       kWaves, kMidi,   kGraphics, kMp3};
 
 class SortEngine : public SortFixture, public testing::Test {};
 
-class SortEngineKinds : public SortFixture, public testing::TestWithParam<SortedKind> {
+class SortEngineKinds : public SortFixture, public testing::TestWithParam<ModelKind> {
  protected:
-  const SortedKind& kind() const { return GetParam(); }
+  const ModelKind& kind() const { return GetParam(); }
 };
 
 TEST_P(SortEngineKinds, TheFirstTickedKeyCountsMostAndTheNextBreaksItsTies) {
@@ -159,7 +154,7 @@ TEST_P(SortEngineKinds, TheNewFileIsOnTheDiskBeforeTheBackupIsDeleted) {
     EXPECT_NE(found, all.end());
     return found - all.begin();
   };
-  EXPECT_EQ(placeOf(rename, state_.currentPath), 0);
+  EXPECT_LT(placeOf(rename, state_.currentPath), placeOf(make, state_.currentPath));
   EXPECT_LT(placeOf(write, state_.currentPath), placeOf(flush, state_.currentPath));
   EXPECT_LT(placeOf(flush, state_.currentPath), placeOf(close, state_.currentPath));
   EXPECT_LT(placeOf(close, state_.currentPath), placeOf(remove, backup_));
@@ -170,16 +165,18 @@ TEST_P(SortEngineKinds, TheNewFileIsOnTheDiskBeforeTheBackupIsDeleted) {
   EXPECT_EQ(onNewFile[onNewFile.size() - 2], flush);
 }
 
-TEST_P(SortEngineKinds, AfterwardsTheSecondPositionIsTheFirstItem) {
-  putNamed(kind(), {"B", "A"});
+TEST_P(SortEngineKinds, WhatIsOpenChangesOnlyWithTheResult) {
+  putNamed(kind(), {"B", std::string(1, '\0'), "A"});
   state_.CurRec = 2;
   state_.ListPos = 7;
-  sort(kind().everyTick());
+  std::ranges::fill(kind().row().buffer(state_), std::byte{'#'});
+  const auto buffer = std::string(kind().recordLength, '#');
+  EXPECT_EQ(sortCollection(state_.files, state_, kind().row(), kind().everyTick(), board_), 2);
+  finish();
+  EXPECT_EQ(state_.Count, 3);
   EXPECT_EQ(state_.CurRec, 2);
   EXPECT_EQ(state_.ListPos, 7);
-  finish();
-  EXPECT_EQ(state_.CurRec, 2);
-  EXPECT_EQ(state_.ListPos, kind().code == 1 ? 7 : 1);
+  EXPECT_EQ(std::memcmp(kind().row().buffer(state_).data(), buffer.data(), buffer.size()), 0);
 }
 
 TEST_P(SortEngineKinds, OnlyMediaFilesAreLeftOpen) {
@@ -210,26 +207,57 @@ TEST_P(SortEngineKinds, ASortedCollectionCanBeSortedAgain) {
   EXPECT_EQ(file().substr(0, 2), "\0\0"s);
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, SortEngineKinds, testing::ValuesIn(kWrittenKinds), nameOfSorted);
+INSTANTIATE_TEST_SUITE_P(Kinds, SortEngineKinds, testing::ValuesIn(kWrittenKinds), nameOfKind);
 
 TEST_F(SortEngine, AlbumsBySeveralKeys) {
   const std::vector<std::string> items = {
-      sortItem(kSortedMusic, {"Queen", "Jazz", "EMI", "2", "1"}, 'a'),
-      sortItem(kSortedMusic, {"abba", "Voulez-Vous", "Polar", "-1", "3"}, 'b'),
-      sortItem(kSortedMusic, {"ABBA", "Arrival", "Polar", "0", "3"}, 'c'),
-      sortItem(kSortedMusic, {"Queen", "Innuendo", "emi", "0", "-1"}, 'd'),
+      sortItem(kMusic, {"Queen", "Jazz", "EMI", "2", "1"}, 'a'),
+      sortItem(kMusic, {"abba", "Voulez-Vous", "Polar", "-1", "3"}, 'b'),
+      sortItem(kMusic, {"ABBA", "Arrival", "Polar", "0", "3"}, 'c'),
+      sortItem(kMusic, {"Queen", "Innuendo", "emi", "0", "-1"}, 'd'),
   };
   const std::pair<std::vector<bool>, std::string> rows[] = {
-      {kSortedMusic.ticks({}), "abcd"},     {kSortedMusic.ticks({0}), "bcad"},
-      {kSortedMusic.ticks({0, 1}), "cbda"}, {kSortedMusic.ticks({1}), "cdab"},
-      {kSortedMusic.ticks({2}), "adbc"},    {kSortedMusic.ticks({2, 4}), "dabc"},
-      {kSortedMusic.ticks({3}), "bcda"},    {kSortedMusic.ticks({4}), "dabc"},
-      {kSortedMusic.ticks({3, 4}), "bdca"},
+      {kMusic.ticks({}), "abcd"},  {kMusic.ticks({0}), "bcad"}, {kMusic.ticks({0, 1}), "cbda"},
+      {kMusic.ticks({1}), "cdab"}, {kMusic.ticks({2}), "adbc"}, {kMusic.ticks({2, 4}), "dabc"},
+      {kMusic.ticks({3}), "bcda"}, {kMusic.ticks({4}), "dabc"}, {kMusic.ticks({3, 4}), "bdca"},
   };
   for (const auto& [ticked, expected] : rows) {
-    put(kSortedMusic, items);
+    put(kMusic, items);
     sort(ticked);
     EXPECT_EQ(fillers(), expected) << testing::PrintToString(ticked);
+  }
+}
+
+TEST_F(SortEngine, KeysCountToTheirLastCharacter) {
+  for (const ModelKind& kind : kModelKinds)
+    for (std::size_t key = 0; key < kind.keys.size(); ++key) {
+      const KeyPlace& place = kind.keys[key];
+      if (place.isNumber()) continue;
+      SCOPED_TRACE(kind.name + (" " + std::to_string(place.offset)));
+      SortSlots slots(2, kind.recordLength);
+      for (const int slot : {1, 2}) {
+        std::string item(kind.recordLength, '.');
+        item[place.offset + place.width - 1] = slot == 1 ? 'B' : 'A';
+        item.back() = static_cast<char>('0' + slot);
+        std::ranges::copy(std::as_bytes(std::span(item)), slots.record(slot).begin());
+      }
+      slots.exchangeSort(*sortRulesOf(kind.row()).keys[key].field, [] {});
+      // The slot behind them has travelled to the front.
+      EXPECT_EQ(static_cast<char>(slots.record(2).back()), '2');
+      EXPECT_EQ(static_cast<char>(slots.record(3).back()), '1');
+    }
+}
+
+TEST_F(SortEngine, ACollectionThatIsOpenIsClosedBeforeItIsRenamed) {
+  for (const ModelKind& kind : kWrittenKinds) {
+    SCOPED_TRACE(kind.name);
+    putNamed(kind, {"B", "A"});
+    state_.files.open(file_number::collection, state_.currentPath, OpenMode::update);
+    files_.forget();
+    sort(kind.everyTick());
+    EXPECT_EQ(files_.operations().front(),
+              (OperationRecord{FileOperation::close, state_.currentPath}));
+    expectNothingOpen();
   }
 }
 
@@ -237,19 +265,18 @@ TEST_F(SortEngine, AFlagOfMinusOneComesBeforeOneOfZero) {
   std::vector<std::string> items;
   for (const char* flag : {"1", "0", "-1", "0", "-1", "2"})
     items.push_back(
-        sortItem(kSortedVideo, {"Same", "", "0", flag}, static_cast<char>('a' + items.size())));
-  put(kSortedVideo, items);
-  sort(kSortedVideo.ticks({3}));
+        sortItem(kVideo, {"Same", "", "0", flag}, static_cast<char>('a' + items.size())));
+  put(kVideo, items);
+  sort(kVideo.ticks({3}));
   EXPECT_EQ(fillers(), "cebdaf");
 }
 
 TEST_F(SortEngine, FourAdjacentBlanksCostItems) {
-  const std::vector<std::string> items = {
-      named(kSortedWaves, "A", 'a'),   named(kSortedWaves, "\0"s, '1'),
-      named(kSortedWaves, "\0"s, '2'), named(kSortedWaves, "\0"s, '3'),
-      named(kSortedWaves, "\0"s, '4'), named(kSortedWaves, "B", 'b'),
-      named(kSortedWaves, "C", 'c'),   named(kSortedWaves, "D", 'd')};
-  put(kSortedWaves, items);
+  const std::vector<std::string> items = {named(kWaves, "A", 'a'),   named(kWaves, "\0"s, '1'),
+                                          named(kWaves, "\0"s, '2'), named(kWaves, "\0"s, '3'),
+                                          named(kWaves, "\0"s, '4'), named(kWaves, "B", 'b'),
+                                          named(kWaves, "C", 'c'),   named(kWaves, "D", 'd')};
+  put(kWaves, items);
   sort({});
   // One of the blank items is counted in the place of the last but one.
   EXPECT_EQ(fillers(), "4ab");
@@ -258,13 +285,13 @@ TEST_F(SortEngine, FourAdjacentBlanksCostItems) {
 
 TEST_F(SortEngine, AsManyItemsAsHaveRoomAreSorted) {
   constexpr int count = 32765;
-  std::vector<std::string> items(count, sortItem(kSortedSoftware, {"A", "", "0", "-1"}));
-  items.front() = sortItem(kSortedSoftware, {"B", "", "0", "0"});
-  put(kSortedSoftware, items);
-  sort(kSortedSoftware.ticks({3}));
+  std::vector<std::string> items(count, sortItem(kSoftware, {"A", "", "0", "-1"}));
+  items.front() = sortItem(kSoftware, {"B", "", "0", "0"});
+  put(kSoftware, items);
+  sort(kSoftware.ticks({3}));
   EXPECT_EQ(state_.Count, count);
   std::ranges::rotate(items, items.begin() + 1);
-  expectOnlyTheCollection(sortFile(kSortedSoftware, items));
+  expectOnlyTheCollection(sortFile(kSoftware, items));
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "records/field.h"
+#include "text/padding.h"
 
 namespace quillbox::test {
 namespace {
@@ -224,6 +225,22 @@ TEST(SortSlotsOrder, EqualKeysKeepTheirOrder) {
   exchangeSort(slots, kOther);
   slots.compact(kName);
   EXPECT_EQ(counted(slots), "BADEC");
+}
+
+TEST(SortSlotsOrder, HoweverManyKeysAreEqualTheyKeepTheirOrder) {
+  constexpr int count = 1'000;
+  std::vector<std::string> names;
+  for (int n = 0; n < count; ++n) names.push_back(std::to_string(count + n));
+  SortSlots slots = slotsNamed(names);
+  const auto keyOf = [](int n) { return std::string(1, static_cast<char>('a' + n * 7 % 5)); };
+  for (int n = 0; n < count; ++n) setText(kOther, slots.record(n + 1), keyOf(n));
+  exchangeSort(slots, kOther);
+  slots.compact(kName);
+  std::vector<std::string> expected;
+  for (char key = 'a'; key < 'a' + 5; ++key)
+    for (int n = 0; n < count; ++n)
+      if (keyOf(n).front() == key) expected.push_back(names[static_cast<std::size_t>(n)]);
+  EXPECT_EQ(namesIn(slots), expected);
 }
 
 TEST(SortSlotsOrder, ALetterAndItsCapitalAreEqual) {

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/checked16.h"
 #include "records/collection_store.h"
 #include "records/kinds.h"
 #include "support/fault_table.h"

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <map>
+#include <algorithm>
 #include <optional>
 #include <string>
-#include <string_view>
-#include <utility>
 #include <vector>
 
-#include "support/model_bytes.h"
+#include "support/model_store.h"
+#include "support/sort_model.h"
 
 namespace quillbox::test {
 
@@ -18,41 +17,27 @@ struct GoToAnswer {
   int error = 0;            ///< of an answer without an item
 };
 
-/// Files as bytes, by their paths.
-using ModelDisk = std::map<std::string, std::string>;
-
-/// A path with what stands behind its first dot replaced. Nothing above has a dot in its name.
-inline std::string withEnding(const std::string& path, const std::string& ending) {
-  return path.substr(0, path.find('.') + 1) + ending;
-}
-
-/// The header of a collection that the new-collection dialog makes.
-inline std::string headerOfNew() { return littleEndian(0, 2) + littleEndian(1, 2) + "1.71    "; }
-
 /// An editor told the long way: the files as bytes, the positions, the record buffer and what
 /// stands on the forms. Each step is a user's; what it says is the run-time error that is shown,
 /// or nothing.
-class EditorModel {
+class EditorModel : public ModelStore {
  public:
   static constexpr int kNew = -1;
 
   EditorModel(const ModelKind& kind, ModelDisk& disk)
-      : kind_(kind), disk_(disk), buffer(kind.length(), '\0') {
+      : ModelStore(kind, disk), buffer(kind.recordLength, '\0') {
     for (const ModelInput& input : kind.inputs) {
       inputs.push_back(emptyOf(input));
       search.push_back(emptyOf(input));
     }
     list.resize(static_cast<std::size_t>(kind.list.entries));
-    ticks = kind.sorted->ticks({});
+    ticks = kind.ticks({});
   }
 
  private:
-  const ModelKind& kind_;
-  ModelDisk& disk_;
-  std::string path_;
+  int unfinishedSlot_ = 0;  ///< of a new item whose write failed; 0: none
 
  public:
-  int count = 0;
   int curRec = 0;
   int listPos = 0;
   std::string buffer;
@@ -69,17 +54,13 @@ class EditorModel {
 
   int& position() { return kind_.isVideo() ? listPos : curRec; }
 
-  /// The collection that is open.
-  const std::string& path() const { return path_; }
-  const std::string& file() const { return disk_.at(path_); }
-
   /// Opens a collection, or makes one where there is none. Returns what is said meanwhile.
   std::vector<std::string> open(const std::string& path) {
     path_ = path;
     const bool exists = disk_.contains(path);
     if (!exists) writeHeader(0);
-    count = std::max<int>(0, static_cast<int>(numberAt(file(), 0, 2)));
-    const int fileType = static_cast<int>(numberAt(file(), 2, 2));
+    count = headerCount();
+    const int fileType = headerNumber(2);
     const bool isRefused = kind_.isMusic() && fileType < 4;
     std::vector<std::string> said;
     if (isRefused) said = {"Old File Type Incompatible. Contact us for upgrades."};
@@ -96,15 +77,10 @@ class EditorModel {
     } else if (count < 1 || isRefused) {
       showNothing();
     } else {
-      label = labelOf(1);
+      label = kind_.label(1, count);
       show(1);
     }
     return said;
-  }
-
-  /// New File leaves the header behind, of music one of the older type.
-  void leaveForNew() {
-    writeAt(0, littleEndian(count, 2) + littleEndian(kind_.fileTypeLeftBehind(), 2) + "1.71    ");
   }
 
   /// The new-collection dialog makes a collection; where the old one is to stay, its bytes do.
@@ -113,24 +89,9 @@ class EditorModel {
     if (!oldStays) disk_.erase(path);
     writeAt(0, headerOfNew());
     count = 0;
+    listPos = 0;
     bookLoanedEnabled = true;
     reset();
-  }
-
-  std::string record(int item) const {
-    std::string bytes = blankRecord();
-    const std::size_t at = static_cast<std::size_t>(item) * kind_.length();
-    if (at < file().size()) putBytes(bytes, 0, file().substr(at, kind_.length()));
-    return bytes;
-  }
-  bool isWhole(int item) const {
-    return file().size() >= static_cast<std::size_t>(item + 1) * kind_.length();
-  }
-
-  /// The last item may be missing as a whole and is blank then.
-  bool canBeRead(int item) const {
-    return isWhole(item) ||
-           (item == count && file().size() <= static_cast<std::size_t>(item) * kind_.length());
   }
 
   bool isEnabled(std::size_t input) const {
@@ -161,7 +122,7 @@ class EditorModel {
       if (held.error != 0) return errorText(held.error);
       putBytes(stored, kind_.inputs[i].offset, storedBytes(kind_.inputs[i], held));
     }
-    for (std::size_t i = 0; i < inputs.size(); ++i) inputs[i] = filled(i);
+    fillDates();
     buffer = stored;
     storeList();
     if (curRec != kNew) {
@@ -172,15 +133,25 @@ class EditorModel {
     if (slot > count) writeHeader(slot);
     writeItem(slot, buffer, std::max(slot, count));
     count = std::max(slot, count);
+    unfinishedSlot_ = 0;
     clear();
     return {};
   }
 
+  /// What stays of a write that failed: dates that were empty, and the place of a new item, which
+  /// need no longer be a deleted one, for the next try.
+  void writeFailed(int slot) {
+    fillDates();
+    if (curRec == kNew && slot <= count) unfinishedSlot_ = slot;
+  }
+
+  /// Whatever is done but writing and clearing ends the tries to write the same item.
+  void giveUpSlot() { unfinishedSlot_ = 0; }
+
   /// Where a new item goes.
   int newSlot() const {
-    for (int item = 1; kind_.skipsDeleted() && item <= count; ++item)
-      if (trimmedOf(markerOf(record(item))) == kind_.sorted->marker()) return item;
-    return count + 1;
+    if (unfinishedSlot_ > 0) return unfinishedSlot_;
+    return deletedItem().value_or(count + 1);
   }
 
   void clear() {
@@ -194,8 +165,8 @@ class EditorModel {
 
   std::string removeItem() {
     if (curRec < 1) return errorText(63, path_);
-    std::string record = kind_.skipsDeleted() ? buffer : std::string(kind_.length(), '\0');
-    putBytes(record, 0, fixedText(std::string(kind_.sorted->marker()), kind_.markerWidth()));
+    std::string record = kind_.skipsDeleted() ? buffer : std::string(kind_.recordLength, '\0');
+    putBytes(record, 0, fixedText(std::string(kind_.marker()), kind_.markerWidth()));
     writeItem(position(), record, count);
     if (kind_.skipsDeleted()) buffer = record;
     clear();
@@ -244,8 +215,10 @@ class EditorModel {
     updateScreen();
   }
 
+  /// A title that has found no place goes, too.
   void clearList() {
     for (Held& entry : list) entry = {};
+    for (std::string& title : songTitles) title.clear();
   }
 
   /// The title at the top of a song page goes into the first empty song.
@@ -268,19 +241,15 @@ class EditorModel {
                fixedText(list[entry].text, ModelList::kWidth));
   }
 
-  bool canSort() const {
-    for (int item = 1; item <= count; ++item)
-      if (!canBeRead(item)) return false;
-    return true;
-  }
   void sort() {
     std::vector<std::string> items;
     for (int item = 1; item <= count; ++item) items.push_back(record(item));
-    SortModel sorted(*kind_.sorted, items);
+    SortModel sorted(kind_, items);
     sorted.run(ticks);
     count = sorted.count;
-    std::string file = littleEndian(count, 2) + this->file().substr(2, 10);
-    file.resize(count > 0 ? kind_.length() : 12, '\0');
+    std::string file =
+        littleEndian(count, 2) + (this->file() + std::string(12, '\0')).substr(2, 10);
+    file.resize(count > 0 ? kind_.recordLength : 12, '\0');
     for (const std::string& item : sorted.items()) file += item;
     disk_[path_] = file;
 
@@ -289,7 +258,7 @@ class EditorModel {
     const int item = std::min(position(), count);
     reset();
     if (item < 1) return showNothing();
-    label = labelOf(item);
+    label = kind_.label(item, count);
     show(item);
   }
 
@@ -313,21 +282,10 @@ class EditorModel {
     return false;
   }
 
-  /// Exports to a file of that name, and path.
-  std::string exportTo(const std::string& name, const std::string& path) {
-    if (path == path_) return errorText(55, name);
-    std::string& text = disk_[path];
-    text.clear();
-    for (int item = 1; item <= count; ++item) {
-      if (!canBeRead(item)) return errorText(63, path_);
-      if (kind_.isMedia()) return errorText(13);
-      text += exportedLines(record(item));
-    }
-    return {};
-  }
-
   /// Loads the files of a folder.
   void load(const std::string& folder, const std::vector<std::string>& names) {
+    const int before = count;
+    takeCount(headerCount());
     std::vector<std::string> known;
     for (int item = 1; item <= count; ++item)
       known.push_back(withoutEndBlanks(markerOf(record(item))));
@@ -335,12 +293,21 @@ class EditorModel {
       const std::string stored = fixedText(name, 64);
       if (std::ranges::count(known, withoutEndBlanks(stored)) > 0) continue;
       known.push_back(withoutEndBlanks(stored));
-      buffer = stored + fixedText(folder, 128) + littleEndian(0, 8) + fixedText("", 128);
       ++count;
-      writeItem(count, buffer, count);
+      writeItem(count, stored + fixedText(folder, 128) + littleEndian(0, 8) + fixedText("", 128),
+                count);
     }
     if (curRec >= 1) return show(curRec);
-    count < 1 ? showNothing() : show(1);
+    if (count > before) show(1);
+  }
+
+  /// What a loader that fails leaves: what is shown stays, counted as the file has it.
+  void takeCount(int counted) {
+    if (counted == count) return;
+    count = counted;
+    if (curRec >= 1) label = kind_.label(curRec, count);
+    previousEnabled = curRec != 1;
+    nextEnabled = curRec != count;
   }
 
   /// Shows an item that is read.
@@ -353,38 +320,6 @@ class EditorModel {
   }
 
  private:
-  std::string blankRecord() const {
-    std::string blank(kind_.length(), '\0');
-    const auto fill = [&](std::size_t offset, std::size_t width) {
-      putBytes(blank, offset, std::string(width, ' '));
-    };
-    for (const ModelInput& input : kind_.inputs)
-      if (input.isText()) fill(input.offset, input.width);
-    fill(kind_.list.offset, list.size() * ModelList::kWidth);
-    fill(kind_.reservedOffset, kind_.length() - kind_.reservedOffset);
-    return blank;
-  }
-
-  std::string markerOf(const std::string& record) const {
-    return record.substr(0, kind_.markerWidth());
-  }
-  bool isDeleted(const std::string& record) const {
-    return withoutEndBlanks(markerOf(record)) == kind_.sorted->marker();
-  }
-
-  void writeAt(std::size_t offset, const std::string& bytes) {
-    std::string& file = disk_[path_];
-    file.resize(std::max(file.size(), offset + bytes.size()), '\0');
-    putBytes(file, offset, bytes);
-  }
-  void writeHeader(int items) {
-    writeAt(0, littleEndian(items, 2) + littleEndian(kind_.fileType(), 2) + "1.71    ");
-  }
-  void writeItem(int item, const std::string& bytes, int items) {
-    if (kind_.skipsDeleted()) writeHeader(items);
-    writeAt(static_cast<std::size_t>(item) * kind_.length(), bytes);
-  }
-
   /// From records that end before the bar code. As many are carried over as the header counts, less
   /// one; the media type is whatever the record buffer holds.
   void upgrade() {
@@ -398,29 +333,9 @@ class EditorModel {
       putBytes(item, 2188, buffer.substr(2188, 2));
       putBytes(item, 2334, littleEndian(-1, 2));
       buffer = item + fixedText("Bar Code/ID Here...", 36);
-      writeAt((number - 1) * kind_.length(), buffer);
+      writeAt((number - 1) * kind_.recordLength, buffer);
     }
     writeAt(0, old.substr(0, 2) + littleEndian(5, 2) + "1.71    ");
-  }
-
-  /// A line of each entry of the item's list that does not begin with a zero byte.
-  std::string exportedLines(const std::string& record) const {
-    const auto quoted = [&](std::size_t offset) {
-      return '"' + withoutEndBlanks(upToZero(record.substr(offset, ModelList::kWidth))) + '"';
-    };
-    std::string lines;
-    for (std::size_t entry = 0; entry < list.size(); ++entry) {
-      const std::size_t offset = kind_.list.offset + entry * ModelList::kWidth;
-      if (record[offset] == '\0') continue;
-      for (int text = 0; text < kind_.exportedTexts; ++text)
-        lines += quoted(static_cast<std::size_t>(text) * ModelList::kWidth) + ',';
-      lines += quoted(offset) + "\r\n";
-    }
-    return lines;
-  }
-
-  std::string labelOf(int item) const {
-    return kind_.labels.before + std::to_string(item) + kind_.labels.of + std::to_string(count);
   }
 
   void reset() {
@@ -442,7 +357,7 @@ class EditorModel {
     for (std::size_t i = 0; i < inputs.size(); ++i)
       inputs[i] = heldOf(kind_.inputs[i], buffer, inputs[i]);
     // Negative positions have no blank before them.
-    label = labelOf(curRec);
+    label = kind_.label(curRec, count);
     if (curRec < 0) label.erase(label.find(" -"), 1);
     previousEnabled = curRec != 1;
     nextEnabled = curRec != count;
@@ -471,6 +386,10 @@ class EditorModel {
     if (kind_.inputs[input].fills == Fills::today) return {"11/21/2026"};
     if (kind_.inputs[input].fills == Fills::newYear1980) return {"1/1/80", kDates[0].number};
     return held;
+  }
+
+  void fillDates() {
+    for (std::size_t i = 0; i < inputs.size(); ++i) inputs[i] = filled(i);
   }
 
   bool isCondition(std::size_t input) const {

@@ -1,5 +1,8 @@
 #include "support/failing_files.h"
 
+#include <algorithm>
+#include <set>
+#include <span>
 #include <utility>
 
 namespace quillbox::test {
@@ -42,11 +45,25 @@ class FailingFile : public File {
 
 }  // namespace
 
+bool closesWhatWasOnlyRead(const std::vector<OperationRecord>& operations, std::size_t nth) {
+  const OperationRecord& closing = operations.at(nth);
+  if (closing.operation != FileOperation::close) return false;
+  while (nth-- > 0) {
+    const OperationRecord& earlier = operations.at(nth);
+    if (earlier.path != closing.path) continue;
+    if (earlier.operation == FileOperation::write) return false;
+    if (earlier.operation == FileOperation::open) break;
+  }
+  return true;
+}
+
 void FailingFiles::failNth(int nth, ErrorNumber error) {
   failing_.reset();
   countdown_ = nth;
   error_ = error;
-  failed_ = false;
+  lasts_ = false;
+  failed_.clear();
+  since_ = operations_.size();
 }
 
 void FailingFiles::failNth(FileOperation operation, int nth, ErrorNumber error) {
@@ -54,17 +71,75 @@ void FailingFiles::failNth(FileOperation operation, int nth, ErrorNumber error) 
   failing_ = operation;
 }
 
+void FailingFiles::failNth(std::size_t nth, const Fault& fault,
+                           std::optional<FileOperation> operation) {
+  forget();
+  failNth(static_cast<int>(nth), fault.error);
+  failing_ = operation;
+  shortWrites = fault.isShort;
+  lasts_ = fault.lasts;
+}
+
+void FailingFiles::heal() {
+  countdown_ = -1;
+  lasts_ = false;
+  shortWrites = false;
+}
+
+void FailingFiles::forget() {
+  operations_.clear();
+  failed_.clear();
+  since_ = 0;
+}
+
+int FailingFiles::countOf(FileOperation operation) const {
+  return static_cast<int>(std::ranges::count(std::span(operations_).subspan(since_), operation,
+                                             &OperationRecord::operation));
+}
+
+int FailingFiles::operationsThatMatter() const {
+  std::set<std::string> written;
+  int matter = 0;
+  for (const auto& [operation, path] : std::span(operations_).subspan(since_)) {
+    if (operation == FileOperation::write || operation == FileOperation::flush)
+      written.insert(path);
+    if (operation != FileOperation::close || written.erase(path) > 0) ++matter;
+  }
+  return matter;
+}
+
 std::optional<RunTimeError> FailingFiles::next(FileOperation operation, const std::string& path) {
   operations_.push_back({operation, path});
-  if (countdown_ < 0 || (failing_ && *failing_ != operation)) return std::nullopt;
-  if (countdown_-- > 0) return std::nullopt;
-  failed_ = true;
+  const bool fails = lasts_ && hasFailed() ? std::ranges::count(errorsOf(operation), error_) > 0
+                                           : isDue(operation);
+  if (!fails) return std::nullopt;
+  failed_.push_back(operations_.size() - 1);
   return RunTimeError(error_, path);
+}
+
+bool FailingFiles::isDue(FileOperation operation) {
+  if (countdown_ < 0 || (failing_ && *failing_ != operation)) return false;
+  return countdown_-- == 0;
 }
 
 std::unique_ptr<File> FailingFiles::open(const std::string& path, OpenMode mode) {
   if (const auto error = next(FileOperation::open, path)) throw RunTimeError(*error);
   return std::make_unique<FailingFile>(*this, path, disk_.open(path, mode));
+}
+
+std::unique_ptr<File> FailingFiles::make(const std::string& path, const std::string& like) {
+  if (const auto error = next(FileOperation::make, path)) throw RunTimeError(*error);
+  return std::make_unique<FailingFile>(*this, path, disk_.make(path, like));
+}
+
+std::optional<std::string> FailingFiles::linkTarget(const std::string& path) {
+  if (const auto error = next(FileOperation::linkTarget, path)) throw RunTimeError(*error);
+  return disk_.linkTarget(path);
+}
+
+std::string FailingFiles::resolvedFolder(const std::string& folder) {
+  if (const auto error = next(FileOperation::resolve, folder)) throw RunTimeError(*error);
+  return disk_.resolvedFolder(folder);
 }
 
 std::vector<FolderEntry> FailingFiles::list(const std::string& folder) {

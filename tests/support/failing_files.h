@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
@@ -7,10 +8,9 @@
 
 #include "platform/disk_file_system.h"
 #include "platform/run_time_error.h"
+#include "support/faults.h"
 
 namespace quillbox::test {
-
-enum class FileOperation { open, read, write, flush, close, exists, remove, rename, list };
 
 /// One operation as it was asked for.
 struct OperationRecord {
@@ -19,6 +19,9 @@ struct OperationRecord {
 
   bool operator==(const OperationRecord&) const = default;
 };
+
+/// Whether that operation closes a file that was only read: failing to is no matter.
+bool closesWhatWasOnlyRead(const std::vector<OperationRecord>& operations, std::size_t nth);
 
 /// The machine's file system, with every operation written down and any of them made to fail.
 class FailingFiles : public FileSystem {
@@ -29,6 +32,13 @@ class FailingFiles : public FileSystem {
   /// Fails the `nth` operation of that kind, counted from now on.
   void failNth(FileOperation operation, int nth, ErrorNumber error);
 
+  /// Forgets the operations and fails the `nth` of those that follow, or of those of one kind among
+  /// them, with that fault.
+  void failNth(std::size_t nth, const Fault& fault, std::optional<FileOperation> operation = {});
+
+  /// Nothing fails any more.
+  void heal();
+
   /// Before the operation fails a write puts down half of its bytes.
   bool shortWrites = false;
 
@@ -36,14 +46,33 @@ class FailingFiles : public FileSystem {
   std::function<void()> beforeRead;
 
   /// True when the failure asked for has happened.
-  bool hasFailed() const { return failed_; }
+  bool hasFailed() const { return !failed_.empty(); }
+
+  /// The places of those that failed, in the operations since the last call of forget().
+  const std::vector<std::size_t>& failed() const { return failed_; }
 
   /// Every operation since the last call of forget().
   const std::vector<OperationRecord>& operations() const { return operations_; }
-  void forget() { operations_.clear(); }
+  void forget();
+
+  /// How many of a kind there were since the last call of forget() or failNth().
+  int countOf(FileOperation operation) const;
+
+  /// How many there were since then that cannot fail unsaid: all but closing what was only read.
+  int operationsThatMatter() const;
+
+  /// Does that once. Returns how many operations it takes.
+  template <typename Work>
+  int operationsOf(Work work) {
+    forget();
+    work();
+    return static_cast<int>(operations_.size());
+  }
 
   std::unique_ptr<File> open(const std::string& path, OpenMode mode) override;
+  std::unique_ptr<File> make(const std::string& path, const std::string& like) override;
   bool exists(const std::string& path) override;
+  std::optional<std::string> linkTarget(const std::string& path) override;
   bool isSameFile(const std::string& a, const std::string& b) override {
     return disk_.isSameFile(a, b);
   }
@@ -51,6 +80,7 @@ class FailingFiles : public FileSystem {
   void rename(const std::string& from, const std::string& to) override;
   std::string currentFolder() override { return disk_.currentFolder(); }
   void setCurrentFolder(const std::string& folder) override { disk_.setCurrentFolder(folder); }
+  std::string resolvedFolder(const std::string& folder) override;
   std::string programFolder() override { return disk_.programFolder(); }
   std::vector<FolderEntry> list(const std::string& folder) override;
 
@@ -58,11 +88,15 @@ class FailingFiles : public FileSystem {
   std::optional<RunTimeError> next(FileOperation operation, const std::string& path);
 
  private:
+  bool isDue(FileOperation operation);
+
   DiskFileSystem disk_;
   std::vector<OperationRecord> operations_;
+  std::size_t since_ = 0;
   std::optional<FileOperation> failing_;
   int countdown_ = -1;
-  bool failed_ = false;
+  bool lasts_ = false;
+  std::vector<std::size_t> failed_;
   ErrorNumber error_ = ErrorNumber::deviceIo;
 };
 

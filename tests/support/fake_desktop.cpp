@@ -10,12 +10,16 @@ namespace quillbox::test {
 
 FakeDesktop::~FakeDesktop() { expectNothingLeft(); }
 
-void FakeDesktop::expectMessage(std::string title, std::string text) {
+void FakeDesktop::expectMessage(std::string title, std::string text,
+                                std::optional<MessageIcon> icon) {
+  const bool isError = text.starts_with("Run-time error");
   expected_.push_back({Kind::message, std::move(title), std::move(text), Answer::ok, {}});
+  expected_.back().icon = icon.value_or(isError ? MessageIcon::critical : MessageIcon::none);
 }
 
 void FakeDesktop::expectQuestion(std::string title, std::string text, Answer answer) {
   expected_.push_back({Kind::question, std::move(title), std::move(text), answer, {}});
+  expected_.back().icon = MessageIcon::question;
 }
 
 void FakeDesktop::expectInput(std::string prompt, std::string title,
@@ -58,7 +62,10 @@ void FakeDesktop::expectNothingLeft() {
 Answer FakeDesktop::messageBox(const MessageBox& box) {
   const Kind kind = box.buttons == Buttons::yesNo ? Kind::question : Kind::message;
   const auto next = take(kind, box.title, box.text);
-  if (next) return next->answer;
+  if (next) {
+    EXPECT_EQ(next->icon, box.icon) << "the icon of [" << box.title << "] " << box.text;
+    return next->answer;
+  }
   return kind == Kind::question ? Answer::no : Answer::ok;
 }
 
@@ -71,12 +78,14 @@ std::optional<std::string> FakeDesktop::inputBox(const std::string& prompt,
 }
 
 std::optional<std::string> FakeDesktop::openDialog(const FileDialog& dialog) {
+  dialogName = dialog.name;
   if (tolerateOpen) return tolerateOpen;
   const auto next = take(Kind::open, dialog.title, dialog.filter);
   return next ? next->typed : std::nullopt;
 }
 
 std::optional<std::string> FakeDesktop::saveDialog(const FileDialog& dialog) {
+  dialogName = dialog.name;
   const auto next = take(Kind::save, dialog.title, dialog.filter);
   EXPECT_EQ(next ? next->offered : dialog.fileName, dialog.fileName);
   return next ? next->typed : std::nullopt;
@@ -99,6 +108,13 @@ void FakeDesktop::rest(int, const std::function<bool()>& over) {
 
 std::optional<FakeDesktop::Expected> FakeDesktop::take(Kind kind, const std::string& title,
                                                        const std::string& text) {
+  if (onBox) onBox(title, text);
+  const bool isNext = !expected_.empty() && expected_.front().kind == kind &&
+                      expected_.front().title == title && expected_.front().text == text;
+  if (surprises != nullptr && !isNext) {
+    surprises->push_back(text);
+    return std::nullopt;
+  }
   if (expected_.empty()) {
     if (tolerateMessages) return std::nullopt;
     ADD_FAILURE() << "not expected: [" << title << "] " << text;

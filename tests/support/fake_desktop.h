@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/desktop.h"
 #include "support/fake_printer.h"
@@ -19,7 +20,8 @@ class FakeDesktop : public Desktop {
   FakeDesktop& operator=(const FakeDesktop&) = delete;
   ~FakeDesktop() override;
 
-  void expectMessage(std::string title, std::string text);
+  /// The box of a run-time error has the icon of one; any other has none unless `icon` is given.
+  void expectMessage(std::string title, std::string text, std::optional<MessageIcon> icon = {});
   void expectQuestion(std::string title, std::string text, Answer answer);
   void expectInput(std::string prompt, std::string title, std::optional<std::string> answer,
                    std::string preset = {});
@@ -46,14 +48,22 @@ class FakeDesktop : public Desktop {
   std::string dateForm = "M/d/yy";
   std::function<void()> onRest;  ///< run by every rest()
 
+  /// Run by every box and dialog, with its title and text, while the program waits for the answer.
+  std::function<void(const std::string& title, const std::string& text)> onBox;
+
   /// Answers every box that was not expected, without a failure.
   bool tolerateMessages = false;
+
+  /// Where set, a box other than the one expected next is no failure: it is answered with OK, No or
+  /// Cancel, and its text kept here.
+  std::vector<std::string>* surprises = nullptr;
 
   /// Answers the open dialog without its being expected.
   std::optional<std::string> tolerateOpen;
 
   int rests = 0;
   int printerSetups = 0;
+  std::string dialogName;  ///< of the last dialog for a file or the printer
   FakePrinter fakePrinter;
   bool quitAsked = false;
   bool endedAtOnce = false;
@@ -65,7 +75,10 @@ class FakeDesktop : public Desktop {
   std::optional<std::string> saveDialog(const FileDialog& dialog) override;
   std::string shortDateForm() override { return dateForm; }
   std::string todayText() override { return today; }
-  void printerSetup() override { ++printerSetups; }
+  void printerSetup(const std::string& name) override {
+    dialogName = name;
+    ++printerSetups;
+  }
   std::optional<PrintChoice> printDialog(const std::string& title) override;
   Printer& printer() override { return fakePrinter; }
   void rest(int milliseconds, const std::function<bool()>& over) override;
@@ -82,6 +95,7 @@ class FakeDesktop : public Desktop {
     std::optional<std::string> typed;
     std::string offered = {};
     std::optional<PrintChoice> choice = {};
+    MessageIcon icon = MessageIcon::none;
   };
 
   std::optional<Expected> take(Kind kind, const std::string& title, const std::string& text);

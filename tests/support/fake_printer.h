@@ -14,6 +14,7 @@ class FakePrinter : public Printer {
  public:
   double height = 756;              ///< points
   std::optional<int> failsAfter;    ///< sheets; then every operation is run-time error 57
+  bool failsAtEnd = false;          ///< only when the document is handed over
   std::vector<std::string> sheets;  ///< handed over
   std::vector<std::string> fonts;   ///< "Courier New 10", ...
   int documents = 0;                ///< handed over
@@ -36,6 +37,7 @@ class FakePrinter : public Printer {
   }
   void endDocument() override {
     failIfGone();
+    if (failsAtEnd) throw RunTimeError(ErrorNumber::deviceIo, "the printer");
     if (!printed_.empty()) ++documents;
     sheets.insert(sheets.end(), printed_.begin(), printed_.end());
     forget();

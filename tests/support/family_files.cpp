@@ -1,37 +1,33 @@
 #include "support/family_files.h"
 
 #include "records/kinds.h"
+#include "text/padding.h"
 
 namespace quillbox::test {
 
-std::string familyHeader(int count) {
-  const auto bits = static_cast<unsigned>(count);
-  std::string header = {static_cast<char>(bits & 0xFFU), static_cast<char>(bits >> 8U & 0xFFU), 1,
-                        0};
-  return header + "1.71    ";
+std::string familyHeader(int count, int fileType) {
+  return wholeBytes(count) + wholeBytes(fileType) + "1.71    ";
 }
 
-std::string familyItem(const FamilyKind& kind, std::string_view first, std::string_view other) {
-  const CollectionKind* of = kindOfExtension(kind.extension);
-  if (of == nullptr) throw std::logic_error("no such kind");
+std::string familyItem(const ModelKind& kind, std::string_view first, std::string_view other) {
   std::string item(kind.recordLength, '\0');
-  fillBlank(of->fields, std::as_writable_bytes(std::span(item)));
+  fillBlank(kind.row().fields, std::as_writable_bytes(std::span(item)));
   item.replace(0, first.size(), first);
-  item.replace(kind.otherOffset, other.size(), other);
+  item.replace(kind.inputs[1].offset, other.size(), other);
   return item;
 }
 
-std::string deletedItem(const FamilyKind& kind) {
+std::string deletedItem(const ModelKind& kind) {
   std::string item(kind.recordLength, '\0');
   const std::string marker = "DELETED" + std::string(43, ' ');
   return item.replace(0, marker.size(), marker);
 }
 
-std::string familyFile(const FamilyKind& kind, std::initializer_list<std::string_view> firsts) {
+std::string familyFile(const ModelKind& kind, std::initializer_list<std::string_view> firsts) {
   return familyFile(kind, static_cast<int>(firsts.size()), firsts);
 }
 
-std::string familyFile(const FamilyKind& kind, int count,
+std::string familyFile(const ModelKind& kind, int count,
                        std::initializer_list<std::string_view> firsts) {
   std::string bytes = familyHeader(count);
   bytes.resize(kind.recordLength);
@@ -40,7 +36,7 @@ std::string familyFile(const FamilyKind& kind, int count,
   return bytes;
 }
 
-std::string itemBytes(const FamilyKind& kind, std::string_view file, int n) {
+std::string itemBytes(const ModelKind& kind, std::string_view file, int n) {
   const auto at = static_cast<std::size_t>(n) * kind.recordLength;
   if (file.size() < at + kind.recordLength) throw std::out_of_range("no such item");
   return std::string(file.substr(at, kind.recordLength));

@@ -24,134 +24,6 @@
 
 namespace quillbox::test {
 
-/// The errors that an operation can have.
-inline std::vector<ErrorNumber> errorsOf(FileOperation operation) {
-  using enum ErrorNumber;
-  switch (operation) {
-    case FileOperation::open:
-      return {deviceIo, diskFull, permissionDenied, pathNotFound};
-    case FileOperation::read:
-      return {deviceIo};
-    case FileOperation::write:
-    case FileOperation::flush:
-    case FileOperation::close:
-      return {deviceIo, diskFull};
-    case FileOperation::exists:
-    case FileOperation::remove:
-    case FileOperation::rename:
-      return {deviceIo, permissionDenied};
-    case FileOperation::list:
-      return {deviceIo, permissionDenied, pathNotFound};
-  }
-  return {};
-}
-
-/// How an operation fails.
-struct Fault {
-  ErrorNumber error;
-  bool isShort = false;  ///< a write puts down half of its bytes
-  bool lasts = false;    ///< so does every later operation that can have the error
-};
-
-inline std::vector<Fault> faultsOf(FileOperation operation) {
-  std::vector<Fault> faults;
-  for (const ErrorNumber error : errorsOf(operation))
-    for (const bool lasts : {false, true}) {
-      faults.push_back({error, false, lasts});
-      if (operation == FileOperation::write) faults.push_back({error, true, lasts});
-    }
-  return faults;
-}
-
-/// The machine's file system with a fault, which is gone after one operation or lasts.
-class FaultyFiles : public FileSystem {
- public:
-  void failNth(std::size_t nth, const Fault& fault) {
-    fault_ = fault;
-    forget();
-    files_.shortWrites = fault.isShort;
-    files_.failNth(static_cast<int>(nth), fault.error);
-  }
-  void heal() {
-    fault_ = {};
-    files_.shortWrites = false;
-    files_.failNth(-1, ErrorNumber::deviceIo);
-  }
-
-  const std::vector<OperationRecord>& operations() const { return files_.operations(); }
-  void forget() {
-    files_.forget();
-    failed_.clear();
-  }
-
-  /// The places of those that failed, in the operations since the last call of forget().
-  const std::vector<std::size_t>& failed() const { return failed_; }
-
-  std::unique_ptr<File> open(const std::string& path, OpenMode mode) override {
-    return during(FileOperation::open,
-                  [&] { return std::make_unique<FaultyFile>(*this, files_.open(path, mode)); });
-  }
-  bool exists(const std::string& path) override {
-    return during(FileOperation::exists, [&] { return files_.exists(path); });
-  }
-  bool isSameFile(const std::string& a, const std::string& b) override {
-    return files_.isSameFile(a, b);
-  }
-  void remove(const std::string& path) override {
-    during(FileOperation::remove, [&] { files_.remove(path); });
-  }
-  void rename(const std::string& from, const std::string& to) override {
-    during(FileOperation::rename, [&] { files_.rename(from, to); });
-  }
-  std::string currentFolder() override { return files_.currentFolder(); }
-  void setCurrentFolder(const std::string& folder) override { files_.setCurrentFolder(folder); }
-  std::string programFolder() override { return files_.programFolder(); }
-  std::vector<FolderEntry> list(const std::string& folder) override {
-    return during(FileOperation::list, [&] { return files_.list(folder); });
-  }
-
- private:
-  class FaultyFile : public File {
-   public:
-    FaultyFile(FaultyFiles& owner, std::unique_ptr<File> file)
-        : owner_(owner), file_(std::move(file)) {}
-
-    std::size_t readAt(std::uint64_t offset, std::span<std::byte> into) override {
-      return owner_.during(FileOperation::read, [&] { return file_->readAt(offset, into); });
-    }
-    void writeAt(std::uint64_t offset, std::span<const std::byte> from) override {
-      owner_.during(FileOperation::write, [&] { file_->writeAt(offset, from); });
-    }
-    void flush() override {
-      owner_.during(FileOperation::flush, [&] { file_->flush(); });
-    }
-    void close() override {
-      owner_.during(FileOperation::close, [&] { file_->close(); });
-    }
-
-   private:
-    FaultyFiles& owner_;
-    std::unique_ptr<File> file_;
-  };
-
-  template <typename Call>
-  std::invoke_result_t<Call> during(FileOperation operation, const Call& call) {
-    if (fault_.lasts && !failed_.empty() &&
-        std::ranges::count(errorsOf(operation), fault_.error) == 1)
-      files_.failNth(0, fault_.error);
-    try {
-      return call();
-    } catch (const RunTimeError&) {
-      if (files_.hasFailed()) failed_.push_back(files_.operations().size() - 1);
-      throw;
-    }
-  }
-
-  FailingFiles files_;
-  Fault fault_{};
-  std::vector<std::size_t> failed_;
-};
-
 /// The bytes of a file; none when there is no such file.
 inline std::string bytesAt(const std::string& path) {
   return std::filesystem::exists(path) ? readFile(path) : std::string();
@@ -213,12 +85,13 @@ class FaultPath {
 
   virtual bool mayStayOpen(int /*number*/) const { return false; }
 
-  FaultyFiles& files() { return files_; }
+  FailingFiles& files() { return files_; }
 
   /// The failure that a run with faults comes to.
   Failure expectedFailure() const {
     for (const std::size_t failed : files_.failed())
-      if (endsWith(failed)) return {static_cast<int>(error_), operationAt(failed).path};
+      if (!isTriedElsewhere(failed) && endsWith(failed))
+        return {static_cast<int>(error_), operationAt(failed).path};
     return usualFailure();
   }
   void failNth(std::size_t nth, const Fault& fault) {
@@ -237,22 +110,23 @@ class FaultPath {
   const OperationRecord& operationAt(std::size_t nth) const { return files_.operations().at(nth); }
 
   bool closesWhatWasOnlyRead(std::size_t nth) const {
-    const OperationRecord& closing = operationAt(nth);
-    if (closing.operation != FileOperation::close) return false;
-    while (nth-- > 0) {
-      const OperationRecord& earlier = operationAt(nth);
-      if (earlier.path != closing.path) continue;
-      if (earlier.operation == FileOperation::write) return false;
-      if (earlier.operation == FileOperation::open) break;
-    }
-    return true;
+    return test::closesWhatWasOnlyRead(files_.operations(), nth);
   }
 
   TestFolder folder_;
-  FaultyFiles files_;
+  FailingFiles files_;
   AppState state_{files_};
 
  private:
+  /// What cannot be moved to its backup's folder stays in its own: another renaming follows.
+  bool isTriedElsewhere(std::size_t nth) const {
+    const std::span all = files_.operations();
+    const auto renames = [&](const std::span<const OperationRecord>& some) {
+      return std::ranges::count(some, FileOperation::rename, &OperationRecord::operation);
+    };
+    return error_ == ErrorNumber::differentDrive && renames(all.subspan(nth + 1)) > 0;
+  }
+
   ErrorNumber error_ = ErrorNumber::deviceIo;
 };
 

@@ -13,17 +13,16 @@
 #include <array>
 #include <initializer_list>
 #include <memory>
-#include <ostream>
 #include <string>
 #include <string_view>
 
 #include "editors/frmMusic.h"
 #include "forms/program.h"
-#include "records/kinds.h"
 #include "shell/modQBX1.h"
 #include "support/failing_files.h"
 #include "support/fake_desktop.h"
 #include "support/keys.h"
+#include "support/model_kinds.h"
 #include "support/music_files.h"
 #include "support/test_folder.h"
 
@@ -45,15 +44,18 @@ class FormTest : public testing::Test {
   FormTest();
   ~FormTest() override;
 
-  /// Starts the program with these arguments; its start-up box is answered.
+  /// Starts the program with these arguments, once it has ended where it ran; its start-up box is
+  /// answered.
   void start(std::initializer_list<std::string> arguments = {});
-
-  /// Ends the program and starts it again.
-  void restart(std::initializer_list<std::string> arguments = {});
 
   /// The one form on screen; fails the test when there is none, or more than one.
   QMainWindow& form();
+  QMainWindow& formNamed(const char* name);  ///< shown or not
   std::string formName();
+
+  /// Opens the collection of that path in the editor on screen, as the dialogs do.
+  void openHere(const std::string& path, bool isNew = false);
+
   std::string caption();  ///< as the window system has it
 
   template <typename Control>
@@ -75,6 +77,7 @@ class FormTest : public testing::Test {
 
   void press(const char* button);                ///< with the mouse
   void tick(const char* box);                    ///< with the space bar
+  void toggle(const char* box);                  ///< as assistive technology does
   void choose(const char* action);               ///< a menu item, which must be enabled
   void type(const char* box, const char* keys);  ///< over what the box holds
   void pick(const char* list, int index);        ///< with the arrow keys
@@ -97,110 +100,6 @@ class FormTest : public testing::Test {
   std::unique_ptr<modQBX1> modQBX1_;
 };
 
-/// The sort or the search form of an editor.
-struct SideForm {
-  const char* action;  ///< the editor's menu item that opens it
-  const char* formName;
-  const char* begin;
-  const char* exit;
-};
-
-/// An editor as a user of what all six have in common sees it. One of them serves the four kinds of
-/// media files.
-struct EditorKind {
-  const char* name;
-  const char* extension;
-  const char* formName;
-  const char* indicator;
-  const char* firstBox;  ///< of the first text, which carries the deleted marker
-  const char* otherBox;  ///< of another text
-  const char* next;
-  const char* clear;
-  const char* write;
-  SideForm sort;
-  SideForm search;
-};
-
-inline constexpr EditorKind kMusicEditor = {
-    "Music",
-    "MCS",
-    "frmMusic",
-    "lblIndex",
-    "txtArtist",
-    "txtAlbum",
-    "cmdNext",
-    "cmdClearData",
-    "cmdWriteData",
-    {"SortRecords", "frmMusicSort", "cmdBeginSort", "cmdExitSort"},
-    {"SearchRecords", "frmMusSearch", "cmdSearch", "cmdExit"}};
-
-inline constexpr EditorKind kVideoEditor = {
-    "Video",
-    "VCS",
-    "frmVideo",
-    "lblIndex",
-    "txtVidTitle",
-    "txtPublisher",
-    "cmdNext",
-    "cmdClear",
-    "cmdUpdate",
-    {"SortRecords", "frmVideoSort", "cmdBeginSort", "cmdExit"},
-    {"SearchRecords", "frmVideoSearch", "cmbBeginSearch", "cmdExit"}};
-
-inline constexpr EditorKind kSoftwareEditor = {
-    "Software",
-    "SCS",
-    "frmSoftware",
-    "lblIndex",
-    "txtSftWare_0",
-    "txtSftWare_1",
-    "cmdNext",
-    "cmdClear",
-    "cmdUpdate",
-    {"SortRecords", "frmSoftwareSort", "cmbBeginSort", "cmdExit"},
-    {"Search", "frmSoftwareSearch", "cmdBeginSearch", "cmdExit"}};
-
-inline constexpr EditorKind kComicEditor = {
-    "Comics",
-    "CCS",
-    "frmComics",
-    "lblIndex",
-    "txtCmic_0",
-    "txtCmic_6",
-    "cmdNext",
-    "cmdClearData",
-    "cmdUpdate",
-    {"SortRecords", "frmComicSort", "cmdBeginSort", "cmdExit"},
-    {"Search", "frmComicSearch", "cmdSearch", "cmdExit"}};
-
-inline constexpr EditorKind kBookEditor = {
-    "Books",
-    "BCS",
-    "frmBooks",
-    "lblBookCap",
-    "txtBooks_0",
-    "txtBooks_2",
-    "cmdNext",
-    "cmdClearData",
-    "cmdWriteData",
-    {"SortBooks", "frmBookSort", "cmdSort", "cmdExit"},
-    {"SearchBooks", "frmBookSearch", "cmdBeginSearch", "cmdExitWindow"}};
-
-inline constexpr EditorKind kMediaEditor = {
-    "MediaFiles",
-    "WCS",
-    "frmWave",
-    "lblRec",
-    "txtFileName",
-    "txtDesc",
-    "cmdNext",
-    "cmdClear",
-    "cmdWrite",
-    {"SortCollection", "frmWaveSort", "cmdBeginSort", "cmdExit"},
-    {"SearchCollection", "frmWaveSearch", "cmbBeginSearch", "cmdExit"}};
-
-inline void PrintTo(const EditorKind& editor, std::ostream* out) { *out << editor.name; }
-
 /// How a user gets out of a sort or search form again.
 enum class WayOut { exitButton, escape, closeWindow };
 inline constexpr std::array<WayOut, 3> kWaysOut = {WayOut::exitButton, WayOut::escape,
@@ -209,13 +108,12 @@ inline constexpr std::array<WayOut, 3> kWaysOut = {WayOut::exitButton, WayOut::e
 /// The program with a collection open in one of the six editors.
 class EditorTest : public FormTest {
  protected:
-  explicit EditorTest(const EditorKind& editor);
+  explicit EditorTest(const ModelKind& kind) : kind_(kind) {}
 
-  const EditorKind& editor() const { return editor_; }
-  const CollectionKind& kind() const { return kind_; }
+  const ModelKind& kind() const { return kind_; }
   const Field& field(std::string_view name) const;
 
-  std::string name() const { return std::string("mine.") + editor_.extension; }
+  std::string name() const { return std::string("mine.") + kind_.extension; }
   std::string collectionPath() const { return path(name()); }
   std::string backup() const { return path("mine.bak"); }
   std::string bytes() { return file(name()); }
@@ -234,16 +132,15 @@ class EditorTest : public FormTest {
   void open(std::initializer_list<std::string> items) { openBytes(collection(items)); }
   void openBytes(std::string_view bytes);
 
-  std::string first();  ///< as shown, without padding
-  std::string other() { return shown(editor_.otherBox); }
-  std::string indicator() { return label(editor_.indicator); }
-  void openSideForm(const SideForm& opened);
-  void leaveSideForm(const SideForm& left, WayOut way = WayOut::exitButton);
+  std::string first();  ///< as shown, without what pads a text of music
+  std::string other() { return shown(kind_.otherBox()); }
+  std::string indicator() { return label(kind_.indicator); }
+  void openSideForm(const ModelSide& opened);
+  void leaveSideForm(const ModelSide& left, WayOut way = WayOut::exitButton);
   void expectError(const std::string& numberAndText);
 
  private:
-  const EditorKind& editor_;
-  const CollectionKind& kind_;
+  const ModelKind& kind_;
 };
 
 }  // namespace quillbox::test

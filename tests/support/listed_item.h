@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/checked16.h"
 #include "printing/listing.h"
 #include "printing/print_engine.h"
 #include "records/field.h"

@@ -35,6 +35,11 @@ class MemoryFiles : public FileSystem {
     if (mode == OpenMode::replace) files.at(path)->clear();
     return std::make_unique<MemoryFile>(files.at(path));
   }
+  std::unique_ptr<File> make(const std::string& path, const std::string& /*like*/) override {
+    if (exists(path)) throw RunTimeError(ErrorNumber::fileAlreadyExists, path);
+    return open(path, OpenMode::create);
+  }
+  std::optional<std::string> linkTarget(const std::string& /*path*/) override { return {}; }
   bool exists(const std::string& path) override { return files.contains(path); }
   bool isSameFile(const std::string& a, const std::string& b) override {
     return a == b && exists(a);
@@ -51,6 +56,7 @@ class MemoryFiles : public FileSystem {
   }
   std::string currentFolder() override { return "/"; }
   void setCurrentFolder(const std::string& /*folder*/) override {}
+  std::string resolvedFolder(const std::string& folder) override { return folder; }
   std::string programFolder() override { return "/"; }
   std::vector<FolderEntry> list(const std::string& /*folder*/) override { return {}; }
 

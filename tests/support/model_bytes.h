@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "support/model_kinds.h"
+#include "support/typed_numbers.h"
 
 /// Records of the model as plain bytes, and the texts they are shown as.
 namespace quillbox::test {

@@ -69,10 +69,10 @@ inline std::string randomField(Lots& lots, const ModelInput& input) {
 
 /// Any item: written, deleted, or never written.
 inline std::string randomItem(Lots& lots, const ModelKind& kind) {
-  std::string item(kind.length(), '\0');
+  std::string item(kind.recordLength, '\0');
   if (lots.oneIn(10)) return item;
   for (std::size_t byte = kind.isMedia() ? 192 : kind.reservedOffset;
-       byte < (kind.isMedia() ? 200 : kind.length()); ++byte)
+       byte < (kind.isMedia() ? 200 : kind.recordLength); ++byte)
     item[byte] = static_cast<char>(lots.below(256));
   for (const ModelInput& input : kind.inputs)
     putBytes(item, input.offset, randomField(lots, input));
@@ -81,8 +81,7 @@ inline std::string randomItem(Lots& lots, const ModelKind& kind) {
     putBytes(item, kind.list.offset + static_cast<std::size_t>(entry) * ModelList::kWidth,
              fixedText(lots.below(10) < filled ? lots.of(std::span(kModelTexts).subspan(1)) : "",
                        ModelList::kWidth));
-  if (lots.oneIn(6))
-    putBytes(item, 0, fixedText(std::string(kind.sorted->marker()), kind.markerWidth()));
+  if (lots.oneIn(6)) putBytes(item, 0, fixedText(std::string(kind.marker()), kind.markerWidth()));
   return item;
 }
 
@@ -92,7 +91,7 @@ inline std::string randomCollection(Lots& lots, const ModelKind& kind) {
   const int items = lots.below(7);
   const int count = items == 0 && lots.oneIn(4) ? -2 : items - (items > 0 && lots.oneIn(6) ? 1 : 0);
   const int fileType = kind.isMusic() ? lots.of({5, 5, 5, 5, 6, 1, 4, 4}) : lots.of({1, 1, 4, 0});
-  const std::size_t length = kind.isMusic() && fileType == 4 ? kOldMusicLength : kind.length();
+  const std::size_t length = kind.isMusic() && fileType == 4 ? kOldMusicLength : kind.recordLength;
   std::string bytes = littleEndian(count, 2) + littleEndian(fileType, 2) +
                       lots.of<std::string>({"1.71    ", "0.9     "});
   if (items > 0 || lots.oneIn(2)) bytes.resize(length, lots.of({'\0', '='}));

@@ -3,6 +3,7 @@
 #include <QRadioButton>
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -10,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "support/model_fixture.h"
+#include "support/model_commands.h"
 
 namespace quillbox::test {
 
@@ -34,39 +35,48 @@ inline const auto kMediaNames =
                               {".hidden", ".hidden"}});
 
 /// What users do with whole files: open another collection, make one, load a folder, export.
-class ModelFiles : public ModelFixture {
+class ModelFiles : public ModelCommands {
  protected:
-  using ModelFixture::ModelFixture;
+  using ModelCommands::ModelCommands;
 
   // Opening
 
-  void expectOpen(const std::optional<std::string>& answer) {
-    desktop_.expectOpen("Open Collection", kOpenFilter, answer);
+  /// What the open dialog is answered with: files that are not there first.
+  struct OpenAnswers {
+    int missing = 0;
+    std::optional<std::string> last = {};  ///< none: cancelled
+  };
+
+  enum class Opened { yes, no, failed };  ///< no: the start screen is all there is in the end
+
+  Opened openBy(const char* action, const OpenAnswers& answers) {
+    note("open ", answers.last.value_or("nothing"));
+    const auto expectOpen = [&](const std::optional<std::string>& answer) {
+      desktop_.expectOpen("Open Collection", kOpenFilter, answer);
+    };
+    const bool isCollection = answers.last && kindOfFile(*answers.last) != nullptr;
+    const auto change = [&] {
+      for (int attempt = 0; attempt < answers.missing; ++attempt) {
+        expectOpen(path(std::string("none.") + kind().extension));
+        desktop_.expectMessage("Quillbox", "File not found?!");
+      }
+      expectOpen(answers.last);
+      if (isCollection) expectSaid(model().open(*answers.last));
+    };
+    if (!perform(change, [&] { trigger(action); })) return Opened::failed;
+    if (isCollection) {
+      findControls();
+      return Opened::yes;
+    }
+    EXPECT_EQ(formName(), "frmBegin2");
+    return Opened::no;
   }
 
-  /// The open dialog, with some attempts that come to nothing. False when the start screen is all
-  /// there is in the end.
-  bool openBy(const char* action) {
-    if (lots_.oneIn(6)) {
-      note("open a file that is not there");
-      expectOpen(path(std::string("none.") + kind().extension));
-      desktop_.expectMessage("Quillbox", "File not found?!");
-    }
-    const bool isCancelled = lots_.oneIn(8);
-    if (isCancelled || lots_.oneIn(8)) {
-      note(isCancelled ? "cancel" : "open a letter");
-      expectOpen(isCancelled ? std::nullopt : std::optional(letter()));
-      trigger(action);
-      EXPECT_EQ(formName(), "frmBegin2");
-      return false;
-    }
-    const std::string chosen = anyCollection();
-    note("open ", chosen);
-    expectOpen(chosen);
-    expectSaid(model().open(chosen));
-    trigger(action);
-    findControls();
-    return true;
+  OpenAnswers anyAnswers() {
+    OpenAnswers answers{.missing = lots_.oneIn(6) ? 1 : 0};
+    if (lots_.oneIn(8)) return answers;
+    answers.last = lots_.oneIn(8) ? letter() : anyCollection();
+    return answers;
   }
 
   std::string letter() {
@@ -80,18 +90,23 @@ class ModelFiles : public ModelFixture {
       desktop_.expectNothingLeft();
       EXPECT_EQ(formName(), "frmBegin2");
       if (!lots_.oneIn(6)) {
-        if (openBy("O")) return;
+        if (openBy("O", anyAnswers()) == Opened::yes) return;
         continue;
       }
       trigger("N");
-      if (makeNew()) return;
+      if (makeAny()) return;
     }
+  }
+
+  /// With this file in the end.
+  void open(const std::string& file) {
+    if (openBy("OpenFile", {.last = file}) == Opened::no) goOnFromStartScreen();
   }
 
   void openFile() {
     note("Open File");
     if (lots_.oneIn(3)) putNewCollectionBeside();
-    if (!openBy("OpenFile")) goOnFromStartScreen();
+    if (openBy("OpenFile", anyAnswers()) == Opened::no) goOnFromStartScreen();
   }
 
   /// Anywhere but in the place of the one that is open.
@@ -101,7 +116,7 @@ class ModelFiles : public ModelFixture {
   }
 
   void leaveAndOpen() {
-    trigger(kind().exitCollection);
+    trigger(kind().menu.exitCollection);
     note("leave");
     if (lots_.oneIn(2)) putNewCollection(anyPlace());
     goOnFromStartScreen();
@@ -122,44 +137,74 @@ class ModelFiles : public ModelFixture {
 
   // Making one
 
-  void newFile() {
+  /// The new-collection dialog in the place of the editor; false when the header cannot be written.
+  bool openNewDialog() {
     note("New File");
-    model().leaveForNew();
-    trigger("NewFile");
-    if (!makeNew()) goOnFromStartScreen();
+    const bool isDone = perform([&] { model().leaveForNew(); }, [&] { trigger("NewFile"); });
+    EXPECT_EQ(formName(), isDone ? "frmNewCollection" : kind().formName);
+    return isDone;
+  }
+
+  void newFile() {
+    if (openNewDialog() && !makeAny()) goOnFromStartScreen();
   }
 
   /// The new-collection dialog. False when the start screen is all there is in the end.
-  bool makeNew() {
+  bool makeAny() {
     EXPECT_EQ(formName(), "frmNewCollection");
     const std::string stem = lots_.of<std::string>({"mine", "other"});
-    // Without a data folder the root folder is taken.
-    const std::string folder = dataFolder_.empty() ? folder_.path() : dataFolder_;
-    const std::string name = dataFolder_.empty() ? path(stem).substr(1) : stem;
     if (lots_.oneIn(6)) goWithoutName();
     if (lots_.oneIn(6)) {
       note("no kind");
-      fillIn(name);
+      fillIn(stem);
       click("cmdNew");
     }
     if (lots_.oneIn(5)) {
-      note("leave the dialog");
-      form().close();
-      EXPECT_EQ(formName(), "frmBegin2");
+      leaveNewDialog();
       return false;
     }
     const ModelKind& chosen = lots_.oneIn(5) ? lots_.of(kModelKinds) : kind();
+    const bool overwrites = lots_.oneIn(2);
+    while (formName() == "frmNewCollection")
+      if (make(chosen, stem, overwrites)) return true;
+    return false;
+  }
+
+  void leaveNewDialog() {
+    note("leave the dialog");
+    form().close();
+    EXPECT_EQ(formName(), "frmBegin2");
+  }
+
+  /// Go in that dialog. True when the collection is open; if not, the dialog is on screen or the
+  /// start screen.
+  bool make(const ModelKind& chosen, const std::string& stem, bool overwrites) {
+    // Without a data folder the root folder is taken.
+    const std::string folder = dataFolder_.empty() ? folder_.path() : dataFolder_;
     const std::string made = folder + "/" + stem + "." + chosen.extension;
-    fillIn(name);
+    fillIn(dataFolder_.empty() ? path(stem).substr(1) : stem);
     control<QRadioButton>(("optQBX_" + std::to_string(chosen.option)).c_str()).click();
-    const bool oldStays = disk_.contains(made) && !overwrites();
-    note("make ", made, oldStays ? ", the old one stays" : "");
-    if (&chosen != &kind()) {
-      makeOther(chosen, made, oldStays);
+    note("make ", made, overwrites ? "" : ", what is there stays");
+    const bool isOther = &chosen != &kind();
+    const auto change = [&] {
+      const bool isThere = disk_.contains(made);
+      if (isThere)
+        desktop_.expectQuestion("QBX - File Manager", "Overwrite Existing Collection?",
+                                overwrites ? Answer::yes : Answer::no);
+      const bool oldStays = isThere && !overwrites;
+      if (!isOther) return model().makeNew(made, oldStays);
+      model().listPos = 0;  // that of all kinds
+      std::string& bytes = disk_[made];
+      bytes.erase(0, oldStays ? headerOfNew().size() : bytes.size()).insert(0, headerOfNew());
+    };
+    replaced_ = overwrites ? made : "";
+    const bool isDone = perform(change, [&] { click("cmdNew"); });
+    replaced_.clear();
+    if (!isDone) return false;
+    if (isOther) {
+      leaveOther(chosen);
       return false;
     }
-    model().makeNew(made, oldStays);
-    click("cmdNew");
     findControls();
     return true;
   }
@@ -172,22 +217,12 @@ class ModelFiles : public ModelFixture {
     click("cmdNew");
     EXPECT_EQ(formName(), "frmNewCollection");
   }
-  bool overwrites() {
-    const bool yes = lots_.oneIn(2);
-    desktop_.expectQuestion("QBX - File Manager", "Overwrite Existing Collection?",
-                            yes ? Answer::yes : Answer::no);
-    return yes;
-  }
-
-  /// One of another kind, which is left at once.
-  void makeOther(const ModelKind& other, const std::string& made, bool oldStays) {
-    std::string& bytes = disk_[made];
-    bytes = headerOfNew() + (oldStays ? bytes.substr(headerOfNew().size()) : "");
-    click("cmdNew");
+  /// The editor of another kind, with nothing in it.
+  void leaveOther(const ModelKind& other) {
     EXPECT_EQ(formName(), other.formName);
     EXPECT_EQ(label(other.indicator), other.labels.fresh);
     expectFiles();
-    trigger(other.exitCollection);
+    trigger(other.menu.exitCollection);
     EXPECT_EQ(formName(), "frmBegin2");
   }
 
@@ -228,46 +263,69 @@ class ModelFiles : public ModelFixture {
           std::filesystem::remove(file);
   }
 
+  /// The files of that folder, of which one is picked; none: the dialog is cancelled, and what is
+  /// scanned is the folder where it ended the last time. A loader that fails keeps what it has
+  /// added.
+  void loadFrom(const std::optional<std::string>& picked) {
+    const std::string folder = picked.value_or(std::filesystem::current_path().string());
+    const auto names = namesToLoad(folder);
+    note("load ", names.size(), " files of ", folder, picked ? "" : ", cancelled");
+    const ModelLoader& loader = kind().loader;
+    const auto change = [&] {
+      desktop_.expectOpen(loader.title, loader.filter,
+                          picked ? std::optional(*picked + "/any") : std::nullopt);
+      if (names.empty() && loader.saysWhenEmpty)
+        desktop_.expectMessage("Quillbox", "Error!");
+      else
+        model().load(folder, names);
+    };
+    perform(
+        change, [&] { trigger("LoadMenu"); }, [&] { loadFailed(); });
+  }
+
+  /// What is shown stays, counted as the file has it, as far as that can be read; an empty
+  /// collection shows what it holds now.
+  void loadFailed() {
+    if (files_.operations().at(files_.failed().front()).operation == FileOperation::list) return;
+    const int before = model().count;
+    const int counted = fault_.lasts ? state_->Count : model().headerCount();
+    EXPECT_LE(std::abs(counted - model().headerCount()), 1);
+    model().takeCount(counted);
+    if (model().curRec == 0 && counted > before && !lastReadFailed()) model().show(1);
+  }
+
   void load() {
     if (!kind().isMedia() || model().count > 2 * kManyItems) return;
     const std::string picked = path(lots_.of<std::string>({"some", "more"}));
     if (!std::filesystem::exists(picked) || lots_.oneIn(2)) fillFolder(picked);
-    // What is scanned is the folder that the dialog ended in, now or the last time.
-    const bool isCancelled = lots_.oneIn(5);
-    const std::string folder = isCancelled ? std::filesystem::current_path().string() : picked;
-    const auto names = namesToLoad(folder);
-    note("load ", names.size(), " files of ", folder, isCancelled ? ", cancelled" : "");
-    const ModelLoader& loader = kind().loader;
-    desktop_.expectOpen(loader.title, loader.filter,
-                        isCancelled ? std::nullopt : std::optional(picked + "/any"));
-    if (names.empty() && loader.saysWhenEmpty)
-      desktop_.expectMessage("Quillbox", "Error!");
-    else
-      model().load(folder, names);
-    trigger("LoadMenu");
+    loadFrom(lots_.oneIn(5) ? std::nullopt : std::optional(picked));
   }
 
   // Exporting
 
+  /// To a file of that name; none: cancelled. Books have a name of their own.
+  void exportTo(const std::optional<std::string>& chosen) {
+    const auto name = kind().isBooks() ? std::optional<std::string>("export.txt") : chosen;
+    note("export to ", name.value_or("nothing"));
+    const auto change = [&] {
+      if (!kind().isBooks()) desktop_.expectSave("File Save As", name);
+      if (!name) return;
+      const std::string error =
+          model().exportTo(*name, (std::filesystem::current_path() / *name).string());
+      ignoresFaults_ = !error.empty();
+      if (error.empty())
+        desktop_.expectMessage("Quillbox", "Data Exported...");
+      else
+        expectError(error);
+    };
+    perform(change, [&] { trigger("ExportData"); });
+    ignoresFaults_ = false;
+  }
+
   void exportData() {
-    std::string name = "export.txt";
-    if (!kind().isBooks()) {
-      name = lots_.oneIn(8) ? collection() : lots_.of({std::string("out.txt"), path("out.csv")});
-      const bool isCancelled = lots_.oneIn(6);
-      desktop_.expectSave("File Save As", isCancelled ? std::nullopt : std::optional(name));
-      if (isCancelled) {
-        note("export, cancelled");
-        return trigger("ExportData");
-      }
-    }
-    note("export to ", name);
-    const std::string error =
-        model().exportTo(name, (std::filesystem::current_path() / name).string());
-    if (error.empty())
-      desktop_.expectMessage("Quillbox", "Data Exported...");
-    else
-      expectError(error);
-    trigger("ExportData");
+    const std::string name =
+        lots_.oneIn(8) ? collection() : lots_.of({std::string("out.txt"), path("out.csv")});
+    exportTo(lots_.oneIn(6) ? std::nullopt : std::optional(name));
   }
 };
 

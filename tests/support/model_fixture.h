@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
+#include <functional>
 #include <iterator>
 #include <optional>
 #include <sstream>
@@ -12,6 +13,7 @@
 
 #include "support/editor_model.h"
 #include "support/form_fixture.h"
+#include "support/model_aftermath.h"
 #include "support/model_collections.h"
 
 namespace quillbox::test {
@@ -56,8 +58,7 @@ class ModelFixture : public FormTest {
  protected:
   explicit ModelFixture(const ModelKind& kind)
       : kind_(kind),
-        lots_(static_cast<unsigned>(modelSetting("QUILLBOX_MODEL_SEED", kModelSeed) +
-                                    kind.sorted->code)) {}
+        lots_(static_cast<unsigned>(modelSetting("QUILLBOX_MODEL_SEED", kModelSeed) + kind.code)) {}
 
   const ModelKind& kind() const { return kind_; }
   EditorModel& model() { return *model_; }
@@ -70,7 +71,10 @@ class ModelFixture : public FormTest {
     notes_.push_back(line.str());
   }
 
-  void trigger(const char* action) { control<QAction>(action).trigger(); }
+  void trigger(const char* action) {
+    if (model_) model().giveUpSlot();
+    control<QAction>(action).trigger();
+  }
   void click(const std::string& name) {
     QPushButton& clicked = button(name.c_str());
     EXPECT_TRUE(clicked.isEnabled()) << name;
@@ -78,6 +82,109 @@ class ModelFixture : public FormTest {
   }
   void expectError(const std::string& error) {
     if (!error.empty()) desktop_.expectMessage("Quillbox", error);
+  }
+
+  // Faults
+
+  /// Fails the `nth` file operation from now on, or the `nth` of one kind.
+  void arm(std::size_t nth, const Fault& fault, std::optional<FileOperation> operation = {}) {
+    isArmed_ = true;
+    fault_ = fault;
+    files_.failNth(nth, fault, operation);
+  }
+  void disarm() {
+    isArmed_ = false;
+    files_.heal();
+  }
+
+  /// Has the program do something: `change` is what that does by the model, with the boxes that
+  /// come, `press` what the user does. When it fails, all is as before it, but for what `failed`
+  /// makes of the model, and for files that are partly written. False then, with the fault gone.
+  bool perform(
+      const std::function<void()>& change, const std::function<void()>& press,
+      const std::function<void()>& failed = [] {}) {
+    if (!isArmed_) {
+      change();
+      press();
+      return true;
+    }
+    const std::optional<EditorModel> before = model_;
+    const ModelDisk filesBefore = disk_;
+    const QWidget* const form = formOnScreen();
+    std::vector<std::string> said;
+    change();
+    desktop_.surprises = &said;
+    press();
+    desktop_.surprises = nullptr;
+    if (!files_.hasFailed()) {
+      EXPECT_TRUE(said.empty()) << said.front();
+      return true;
+    }
+    disarm();
+    ++faults_;
+    note("a fault in ", files_.operations().at(files_.failed().front()).path);
+    expectSaysWhatFailed(said);
+    if (said.empty()) return expectIgnorable(filesBefore);
+    desktop_.forgetExpected();
+    takeFilesOver(filesBefore);
+    if (before) model_.emplace(*before);
+    failed();
+    if (formOnScreen() != form || desktop_.endedAtOnce || !triesAgain()) return false;
+    note("once more");
+    change();
+    press();
+    return true;
+  }
+
+  virtual bool triesAgain() { return false; }
+
+  QWidget* formOnScreen() { return program_ == nullptr ? nullptr : &form(); }
+
+  /// What is said names what failed. That the media types cannot be read is said, and no more.
+  void expectSaysWhatFailed(std::vector<std::string>& said) {
+    std::vector<std::string> expected;
+    for (const std::size_t failed : files_.failed()) {
+      const auto& [operation, path] = files_.operations().at(failed);
+      expected.push_back(RunTimeError(fault_.error, path).message());
+      if (operation == FileOperation::list) expected.insert(expected.end(), {"Invalid Path!", ""});
+    }
+    std::erase_if(said, [&](const std::string& text) {
+      const bool isOfFault = std::ranges::any_of(
+          expected, [&](const std::string& known) { return text.starts_with(known); });
+      EXPECT_TRUE(isOfFault) << "said: " << text;
+      return text.ends_with(kMediaTypes);
+    });
+  }
+
+  /// Only what is no matter may fail without a word. Always true.
+  bool expectIgnorable(const ModelDisk& filesBefore) {
+    for (const std::size_t failed : files_.failed()) {
+      const auto& [operation, path] = files_.operations().at(failed);
+      const bool isTriedElsewhere = fault_.error == ErrorNumber::differentDrive;
+      EXPECT_TRUE(ignoresFaults_ || isTriedElsewhere || path == kMediaTypes ||
+                  closesWhatWasOnlyRead(files_.operations(), failed))
+          << "nothing was said of " << path;
+    }
+    if (ignoresFaults_) takeFilesOver(filesBefore);
+    return true;
+  }
+
+  /// Nothing may be lost; the user puts back what is under its backup's name. From then on the
+  /// model goes by what the disk holds.
+  void takeFilesOver(const ModelDisk& before) {
+    ModelDisk now = filesOnDisk();
+    const Aftermath aftermath{before, disk_, now, fault_.isShort, replaced_};
+    aftermath.expectNothingLost();
+    for (const auto& [path, bytes] : before) {
+      const auto found = bytesIn(now, path);
+      const bool isWhole = found == bytes || (found && found == bytesIn(disk_, path));
+      if (const auto backup = aftermath.keptAs(path); backup && !isWhole)
+        std::filesystem::rename(*backup, path);
+    }
+    // A backup that could not be deleted in the end stops the next sort.
+    for (const auto& [path, bytes] : filesOnDisk())
+      if (path.ends_with(".bak")) std::filesystem::remove(path);
+    disk_ = filesOnDisk();
   }
 
   // Files, on disk and in the model
@@ -111,34 +218,44 @@ class ModelFixture : public FormTest {
 
   // The beginning, again and again
 
-  /// The program anew: on the command line, or by way of its start screen.
+  /// The program anew: on the command line, or by way of its start screen. A collection that is not
+  /// there is made on the command line alone.
   void startProgram(const std::string& path) {
     model_.emplace(kind(), disk_);
-    if (kind().isMedia() || (disk_.contains(path) && lots_.oneIn(3))) {
+    listingName_.clear();
+    ++starts_;
+    bool isOpen = false;
+    if (!kind().isMedia() && (!disk_.contains(path) || startsByName())) {
+      note("start with ", path);
+      dataFolder_.clear();
+      isOpen = perform([&] { expectSaid(model().open(path)); }, [&] { start({path}); });
+    } else {
       note("start");
       dataFolder_ = std::filesystem::current_path().string();
-      restart();
-      return openFromStartScreen(path);
+      start();
     }
-    note("start with ", path);
-    dataFolder_.clear();
-    expectSaid(model().open(path));
-    restart({path});
+    while (!isOpen) {
+      if (!disk_.contains(path)) return startProgram(path);
+      isOpen = openFromStartScreen(path);
+    }
     findControls();
   }
 
-  void openFromStartScreen(const std::string& path) {
+  virtual bool startsByName() { return !lots_.oneIn(3); }
+
+  bool openFromStartScreen(const std::string& path) {
     note("open ", path);
-    desktop_.expectOpen("Open Collection", kOpenFilter, path);
-    expectSaid(model().open(path));
-    trigger("O");
-    findControls();
+    const auto change = [&] {
+      desktop_.expectOpen("Open Collection", kOpenFilter, path);
+      expectSaid(model().open(path));
+    };
+    return perform(change, [&] { trigger("O"); });
   }
 
   void expectSaid(const std::vector<std::string>& said) {
     for (const std::string& text : said) {
       note("said: ", text);
-      desktop_.expectMessage(kMusicManager, text);
+      desktop_.expectMessage(kEditorMessages, text);
     }
   }
 
@@ -196,6 +313,13 @@ class ModelFixture : public FormTest {
 
   // After every step
 
+  /// Windows are painted and laid out now and then, and what they have done with goes; most steps
+  /// need not wait for it.
+  static void settle() {
+    QApplication::processEvents();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+
   void expectModel() {
     desktop_.expectNothingLeft();
     desktop_.rests = 0;
@@ -207,6 +331,9 @@ class ModelFixture : public FormTest {
     EXPECT_EQ(indicator_->text().toStdString(), model().label);
     EXPECT_EQ(state_->Count, model().count);
     EXPECT_EQ(state_->CurRec, model().curRec);
+    if (!kind().isMusic()) {
+      EXPECT_EQ(state_->ListPos, model().listPos);
+    }
     EXPECT_EQ(previous_->isEnabled(), model().previousEnabled) << "Previous";
     EXPECT_EQ(next_->isEnabled(), model().nextEnabled) << "Next";
     for (std::size_t i = 0; i < inputs_.size(); ++i) {
@@ -222,23 +349,28 @@ class ModelFixture : public FormTest {
     }
   }
 
+  /// Without those of a listing, which are made anew each time.
+  ModelDisk filesOnDisk() const {
+    ModelDisk files;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_.path()))
+      if (entry.is_regular_file() && entry.path().filename() != "printer.tmp" &&
+          entry.path().filename() != kListing)
+        files[entry.path().string()] = readFile(entry.path().string());
+    return files;
+  }
+
   /// Every file is as the model has it, and there is no other.
   void expectFiles() {
-    std::size_t found = 0;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_.path())) {
-      const std::string path = entry.path().string();
-      if (!entry.is_regular_file() || entry.path().filename() == "printer.tmp") continue;
-      ++found;
-      const auto modelled = disk_.find(path);
-      if (modelled == disk_.end())
+    const ModelDisk files = filesOnDisk();
+    for (const auto& [path, bytes] : files)
+      if (const auto modelled = disk_.find(path); modelled == disk_.end())
         ADD_FAILURE() << path << " should not be there";
       else
-        expectBytes(path, modelled->second);
-    }
-    EXPECT_EQ(found, disk_.size()) << "files";
+        expectBytes(path, bytes, modelled->second);
+    EXPECT_EQ(files.size(), disk_.size()) << "files";
   }
-  static void expectBytes(const std::string& path, const std::string& expected) {
-    const std::string bytes = readFile(path);
+  static void expectBytes(const std::string& path, const std::string& bytes,
+                          const std::string& expected) {
     if (bytes == expected) return;
     const auto differs = std::ranges::mismatch(bytes, expected);
     ADD_FAILURE() << path << ": " << bytes.size() << " bytes instead of " << expected.size()
@@ -251,11 +383,22 @@ class ModelFixture : public FormTest {
     return lines;
   }
 
+  /// Where a text listing goes.
+  static constexpr const char* kListing = "listing.txt";
+  static constexpr std::string_view kMediaTypes = "QBX Music.ini";
+
   const ModelKind& kind_;
   Lots lots_;
   ModelDisk disk_;
   std::optional<EditorModel> model_;
-  std::string dataFolder_;          ///< as the program took it when it was started
+  std::string listingName_;  ///< of a text listing, as it is offered
+  std::string dataFolder_;   ///< as the program took it when it was started
+  std::string replaced_;     ///< the collection that may be written over
+  bool isArmed_ = false;
+  bool ignoresFaults_ = false;  ///< as a listing does, and what ends with an error of its own
+  Fault fault_{};
+  int starts_ = 0;                  ///< of the program
+  int faults_ = 0;                  ///< that have come
   std::vector<std::string> notes_;  ///< what was done since the program was started
 
   QMainWindow* editor_ = nullptr;

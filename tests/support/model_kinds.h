@@ -1,85 +1,21 @@
 #pragma once
 
-#include <array>
-#include <bit>
+#include <gtest/gtest.h>
+
 #include <cstddef>
-#include <cstdint>
+#include <initializer_list>
 #include <ostream>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
-#include "support/sort_model.h"
+#include "records/kinds.h"
+#include "support/model_fields.h"
 
-/// The editors of the nine kinds as the model of them knows them: names, bytes and words, spelled
-/// out a second time.
+/// The nine kinds as tests know them: names, bytes and words, spelled out a second time. Fixtures
+/// and models take from a kind's row what they need.
 namespace quillbox::test {
-
-enum class Is { text, padded, amount, signedAmount, whole, date, flag, choice };
-enum class Fills { nothing, today, newYear1980 };
-
-/// An input of an editor and where in the record its field lies.
-struct ModelInput {
-  Is is;
-  const char* name;
-  std::size_t offset;
-  std::size_t width;  ///< bytes
-  int choices = 0;    ///< entries of a list
-  Fills fills = Fills::nothing;
-  bool searchedAsDate = false;
-  bool searched = true;
-
-  bool isText() const { return is == Is::text || is == Is::padded; }
-  bool isBox() const { return is != Is::flag && is != Is::choice; }
-};
-
-/// What a text box makes of a number: what was typed, what is stored, and how that is shown.
-struct TypedNumber {
-  const char* text;
-  std::int64_t number;  ///< of a date the bits of its days
-  int error = 0;        ///< the run-time error of storing it
-};
-
-constexpr std::int64_t daysBits(double days) { return std::bit_cast<std::int64_t>(days); }
-
-inline constexpr auto kAmounts = std::to_array<TypedNumber>({{"", 0},
-                                                             {"12", 120'000},
-                                                             {"12.5", 125'000},
-                                                             {"12.50 dollars", 125'000},
-                                                             {"1 234", 10'000},
-                                                             {"-3.25", -32'500},
-                                                             {" 7", 70'000},
-                                                             {"5e", 50'000},
-                                                             {"1e3", 10'000'000},
-                                                             {"&H10", 0},
-                                                             {"abc", 0},
-                                                             {"0.00005", 0},
-                                                             {"0.00015", 2},
-                                                             {"1e30", 0, 6}});
-inline constexpr auto kWholes = std::to_array<TypedNumber>({{"", 0},
-                                                            {"12", 12},
-                                                            {"12.5", 12},
-                                                            {"13.5", 14},
-                                                            {"-7", -7},
-                                                            {"free", 0},
-                                                            {"9 or so", 9},
-                                                            {"32767", 32'767},
-                                                            {"40000", 0, 6}});
-inline constexpr auto kDates = std::to_array<TypedNumber>({{"1/1/80", daysBits(29'221)},
-                                                           {"11/21/26", daysBits(46'347)},
-                                                           {"11/21/2026", daysBits(46'347)},
-                                                           {"2026-11-21", daysBits(46'347)},
-                                                           {"1/2/98 13:30", daysBits(35'797.5625)},
-                                                           {"12/30/1899", daysBits(0)},
-                                                           {"never", 0, 13},
-                                                           {"2/30/98", 0, 13}});
-
-/// How dates that are in records are shown; each is also a text that can be typed.
-inline constexpr auto kShownDates =
-    std::to_array<TypedNumber>({{"1/1/80", daysBits(29'221)},
-                                {"11/21/26", daysBits(46'347)},
-                                {"1/2/98 13:30", daysBits(35'797.5625)},
-                                {"12/30/1899", daysBits(0)}});
 
 /// The list of an item, on a page of its own.
 struct ModelList {
@@ -105,7 +41,7 @@ struct ModelButtons {
 
 /// A form beside the editor.
 struct ModelSide {
-  const char* action;
+  const char* action;  ///< the editor's menu item that opens it
   const char* formName;
   const char* begin;
   const char* exit;
@@ -126,6 +62,14 @@ struct ModelLabels {
   const char* fresh;
 };
 
+/// Menu items that every editor has under a name of its own.
+struct ModelMenu {
+  const char* exitCollection;
+  const char* printerSetup;
+  const char* about;
+  const char* contents = nullptr;  ///< none in the editor of media files
+};
+
 /// Of a record of music in a collection of the older type.
 inline constexpr std::size_t kOldMusicLength = 2336;
 
@@ -137,122 +81,67 @@ struct ModelLoader {
   bool saysWhenEmpty = false;
 };
 
+/// A row of the one table of kinds that tests have.
 struct ModelKind {
-  const SortedKind* sorted;
+  const char* name;  ///< in the names of tests
   const char* extension;
-  int option;           ///< its number in the new-collection dialog
-  const char* caption;  ///< up to the file's name
+  int code;
+  int option;                ///< its number in the new-collection dialog
+  std::size_t recordLength;  ///< bytes
   const char* formName;
-  const char* indicator;
-  std::span<const ModelInput> inputs;
-  ModelList list;
+  const char* caption;        ///< up to the file's name
+  const char* designCaption;  ///< before a collection is open
+  const char* aboutTitle;     ///< of its About box
+  const char* aboutArea;
+  const char* helpPage;
+  const char* indicator = "lblIndex";
+  std::span<const ModelInput> inputs;  ///< the first two are texts, the first has the marker
+  ModelList list = {};
   std::size_t reservedOffset;  ///< a text that is never shown, up to the record's end
-  ModelLabels labels;
-  ModelTitles titles;
+  ModelLabels labels = {"Record # ", " of ", "Record #: 0", "New Record"};
+  ModelTitles titles = {"QBX - Music Manager", nullptr, nullptr, "Go To Record"};
   ModelButtons buttons;
+  ModelMenu menu;
   ModelSide sort;
   ModelSide search;
-  const char* exitCollection;
-  int exportedTexts = 0;  ///< of 50 characters, that begin each line of an export
   const char* notFound = "Data Not Found...";
+  int exportedTexts = 0;  ///< of 50 characters, that begin each line of an export
   ModelLoader loader = {};
+  std::span<const KeyPlace> keys;  ///< the first text leads; none reaches to the last byte
+  bool alwaysSorted = false;       ///< there is nothing to tick
+  bool showsProgress = false;      ///< of a sort
+  bool endsProgram = false;        ///< when it has sorted
 
-  std::size_t length() const { return sorted->recordLength; }
-  bool isMusic() const { return sorted->code == 1; }
-  bool isVideo() const { return sorted->code == 3; }
-  bool isBooks() const { return sorted->code == 5; }
-  bool isMedia() const { return sorted->code >= 6; }
+  /// The program's own row, for what is not spelled out here.
+  const CollectionKind& row() const { return *kindOfExtension(extension); }
+
+  bool isMusic() const { return code == 1; }
+  bool isVideo() const { return code == 3; }
+  bool isBooks() const { return code == 5; }
+  bool isMedia() const { return code >= 6; }
   bool skipsDeleted() const { return isMusic() || isMedia(); }
+  bool hidesDeleted() const { return isVideo(); }  ///< the screen stays as it is
   int fileType() const { return isMusic() ? 5 : 1; }
 
   /// What New File leaves in the header behind it: of music, a type that is upgraded.
   int fileTypeLeftBehind() const { return isMusic() ? 4 : 1; }
+  std::string_view marker() const { return isMusic() ? "DETELED" : "DELETED"; }
   std::size_t markerWidth() const { return inputs.front().width; }
+  const char* firstBox() const { return inputs[0].name; }
+  const char* otherBox() const { return inputs[1].name; }
+  std::string label(int item, int count) const {
+    return labels.before + std::to_string(item) + labels.of + std::to_string(count);
+  }
+
+  std::vector<bool> ticks(std::initializer_list<std::size_t> ticked) const {
+    std::vector<bool> flags(alwaysSorted ? 0 : keys.size());
+    for (const std::size_t key : ticked) flags.at(key) = true;
+    return flags;
+  }
+  std::vector<bool> everyTick() const {
+    return std::vector<bool>(alwaysSorted ? 0 : keys.size(), true);
+  }
 };
-
-namespace model_inputs {
-using enum Is;
-inline constexpr auto music = std::to_array<ModelInput>({
-    {padded, "txtArtist", 0, 50},
-    {padded, "txtAlbum", 50, 50},
-    {padded, "txtRecordCo", 100, 50},
-    {.is = padded,
-     .name = "txtAquireDate",
-     .offset = 2150,
-     .width = 20,
-     .fills = Fills::today,
-     .searchedAsDate = true},
-    {amount, "txtAquireCost", 2170, 8},
-    {signedAmount, "txtCurrCost", 2178, 8},
-    {choice, "cmbMediaType", 2188, 2, 8},
-    {flag, "chkHasBook", 2186, 2},
-    {flag, "chkCurrLoaned", 2190, 2},
-    {padded, "txtBorrower", 2192, 50},
-    {.is = padded, .name = "txtDateLoaned", .offset = 2242, .width = 20, .searchedAsDate = true},
-    {.is = padded, .name = "txtDueDate", .offset = 2262, .width = 20, .searchedAsDate = true},
-    {flag, "chkBookLoaned", 2282, 2},
-    {padded, "txtNotes", 2284, 50},
-    {choice, "cmbGenre", 2334, 2, 15},
-    {padded, "txtBarCode", 2336, 36},
-});
-inline constexpr auto video = std::to_array<ModelInput>({
-    {text, "txtVidTitle", 0, 50},
-    {text, "txtPublisher", 552, 50},
-    {choice, "cmbMediaType", 602, 2, 8},
-    {flag, "chkCommercial", 50, 2},
-    {amount, "txtPurPrice", 604, 8},
-    {amount, "txtCurrPrice", 612, 8},
-    {date, "txtAquireDate", 620, 8, 0, Fills::newYear1980},
-    {text, "txtNotes", 628, 50},
-});
-inline constexpr auto software = std::to_array<ModelInput>({
-    {text, "txtSftWare_0", 0, 50},
-    {text, "txtSftWare_1", 610, 50},
-    {choice, "cmbMediaType", 54, 2, 5},
-    {flag, "chkCommercial", 50, 2},
-    {flag, "chkShareWare", 52, 2},
-    {flag, "chkCDRequired", 660, 2},
-    {whole, "txtSftWare_2", 56, 2},
-    {whole, "txtSftWare_3", 58, 2},
-    {text, "txtSftWare_4", 560, 50},
-});
-inline constexpr auto comics = std::to_array<ModelInput>({
-    {text, "txtCmic_0", 0, 50},
-    {text, "txtCmic_1", 50, 50},
-    {text, "txtCmic_2", 350, 50},
-    {text, "txtCmic_3", 404, 50},
-    {text, "txtCmic_4", 454, 50},
-    {text, "txtCmic_5", 504, 50},
-    {text, "txtCmic_6", 590, 50},
-    {amount, "txtCmic_7", 554, 8},
-    {amount, "txtCmic_8", 562, 8},
-    {.is = text,
-     .name = "txtCmic_9",
-     .offset = 570,
-     .width = 20,
-     .fills = Fills::newYear1980,
-     .searchedAsDate = true},
-    {.is = flag, .name = "chkBagged", .offset = 400, .width = 2, .searched = false},
-    {.is = flag, .name = "chkBoarded", .offset = 402, .width = 2, .searched = false},
-});
-inline constexpr auto books = std::to_array<ModelInput>({
-    {text, "txtBooks_0", 0, 50},
-    {text, "txtBooks_1", 50, 50},
-    {text, "txtBooks_2", 100, 50},
-    {choice, "cmbGenre", 150, 2, 6},
-    {choice, "cmbMedia", 152, 2, 4},
-    {text, "txtBooks_3", 154, 50},
-});
-inline constexpr auto media = std::to_array<ModelInput>({
-    {text, "txtFileName", 0, 64},
-    {.is = text, .name = "txtPath", .offset = 64, .width = 128, .searched = false},
-    {.is = text, .name = "txtDesc", .offset = 200, .width = 128, .searched = false},
-});
-}  // namespace model_inputs
-
-inline constexpr const char* kMusicManager = "QBX - Music Manager";
-inline constexpr ModelLabels kFamilyLabels = {"Record # ", " of ", "Record #: 0", "New Record"};
-inline constexpr ModelTitles kFamilyTitles = {kMusicManager, nullptr, nullptr, "Go To Record"};
 
 namespace model_loaders {
 inline constexpr std::string_view waves[] = {"wav"};
@@ -261,125 +150,181 @@ inline constexpr std::string_view graphics[] = {"jpg", "gif", "bmp", "tif", "rle
 inline constexpr std::string_view mp3[] = {"mp3"};
 }  // namespace model_loaders
 
-constexpr ModelKind modelOfMediaFiles(const SortedKind& sorted, const char* extension,
+inline constexpr ModelKind kMusic = {
+    .name = "Music",
+    .extension = "MCS",
+    .code = 1,
+    .option = 1,
+    .recordLength = 2372,
+    .formName = "frmMusic",
+    .caption = "Music Collection Manager (",
+    .designCaption = "Music Collection Manager",
+    .aboutTitle = "About Music Collection",
+    .aboutArea = "Music",
+    .helpPage = "music.md",
+    .inputs = model_inputs::music,
+    .list = {150, 40, "txtSongTitle", "frmSongEdit", "EditSongs", ""},
+    .reservedOffset = 2372,
+    .labels = {"Record #: ", " Of ", "Record #: 0", "New Record"},
+    .titles = {"QBX - Music Manager", "QBX - Music Manager", "QBX - Music Manager",
+               "QBX - Music Manager"},
+    .buttons = {"cmdPrevious", "cmdNext", "cmdGoto", "cmdClearData", "cmdDelete", "cmdWriteData"},
+    .menu = {"ExitCollection", "PrintSetup", "AboutMusic", "MusicContents"},
+    .sort = {"SortRecords", "frmMusicSort", "cmdBeginSort", "cmdExitSort", "chkMusSort"},
+    .search = {"SearchRecords", "frmMusSearch", "cmdSearch", "cmdExit"},
+    .exportedTexts = 2,
+    .keys = model_keys::music};
+
+inline constexpr ModelKind kComics = {
+    .name = "Comics",
+    .extension = "CCS",
+    .code = 2,
+    .option = 3,
+    .recordLength = 640,
+    .formName = "frmComics",
+    .caption = "Comic Collection Manager (",
+    .designCaption = "Comic Collection Manager",
+    .aboutTitle = "About Comic Collection",
+    .aboutArea = "Comic",
+    .helpPage = "comics.md",
+    .inputs = model_inputs::comics,
+    .list = {100, 5, "txtCmic", "frmComicTitles", "EditTitles", "cmdPrevious"},
+    .reservedOffset = 640,
+    .buttons = {"cmdPrevious", "cmdNext", "cmdGoTo", "cmdClearData", "cmdDelete", "cmdUpdate"},
+    .menu = {"ExitCollection", "PrinterSetup", "AboutComic", "ContentComic"},
+    .sort = {"SortRecords", "frmComicSort", "cmdBeginSort", "cmdExit", "chkSort"},
+    .search = {"Search", "frmComicSearch", "cmdSearch", "cmdExit"},
+    .exportedTexts = 2,
+    .keys = model_keys::comics,
+    .showsProgress = true};
+
+inline constexpr ModelKind kVideo = {
+    .name = "Video",
+    .extension = "VCS",
+    .code = 3,
+    .option = 2,
+    .recordLength = 678,
+    .formName = "frmVideo",
+    .caption = "Video Tape Collection Manager (",
+    .designCaption = "Video Tape Collection Manager",
+    .aboutTitle = "About Video Collection",
+    .aboutArea = "Video",
+    .helpPage = "video.md",
+    .inputs = model_inputs::video,
+    .list = {52, 10, "txtMovieTitle", "frmVideoTitles", "EditTitles", "cmdPrev"},
+    .reservedOffset = 678,
+    .buttons = {"cmdPrev", "cmdNext", "Command1", "cmdClear", "cmdDelete", "cmdUpdate"},
+    .menu = {"ExitCollection", "SetupPrinter", "AboutVideos", "ContentVideos"},
+    .sort = {"SortRecords", "frmVideoSort", "cmdBeginSort", "cmdExit", "chkSort"},
+    .search = {"SearchRecords", "frmVideoSearch", "cmbBeginSearch", "cmdExit"},
+    .exportedTexts = 1,
+    .keys = model_keys::video};
+
+inline constexpr ModelKind kSoftware = {
+    .name = "Software",
+    .extension = "SCS",
+    .code = 4,
+    .option = 4,
+    .recordLength = 662,
+    .formName = "frmSoftware",
+    .caption = "Software Collection Manager (",
+    .designCaption = "Software Collection Manager",
+    .aboutTitle = "About Software Collection",
+    .aboutArea = "Software",
+    .helpPage = "software.md",
+    .inputs = model_inputs::software,
+    .list = {60, 10, "txtProgram", "frmSoftwareTitles", "EditTitles", "cmdPrevious"},
+    .reservedOffset = 662,
+    .buttons = {"cmdPrevious", "cmdNext", "cmdGoTo", "cmdClear", "cmdDelete", "cmdUpdate"},
+    .menu = {"ExitCollection", "PrintSetup", "AboutSoftware", "ContentSoftware"},
+    .sort = {"SortRecords", "frmSoftwareSort", "cmbBeginSort", "cmdExit", "chkSort"},
+    .search = {"Search", "frmSoftwareSearch", "cmdBeginSearch", "cmdExit"},
+    .exportedTexts = 1,
+    .keys = model_keys::software};
+
+// Two blanks in the caption before a collection is open.
+inline constexpr ModelKind kBooks = {
+    .name = "Books",
+    .extension = "BCS",
+    .code = 5,
+    .option = 5,
+    .recordLength = 224,
+    .formName = "frmBooks",
+    .caption = "Book Collection Manager (",
+    .designCaption = "Book Collection  Manager",
+    .aboutTitle = "About Book Collection",
+    .aboutArea = "Book",
+    .helpPage = "books.md",
+    .indicator = "lblBookCap",
+    .inputs = model_inputs::books,
+    .reservedOffset = 204,
+    .buttons = {"cmdPrevious", "cmdNext", "cmdGoTo", "cmdClearData", nullptr, "cmdWriteData"},
+    .menu = {"ExitBooks", "PrinterSetup", "AboutBooks", "ContentsBooks"},
+    .sort = {"SortBooks", "frmBookSort", "cmdSort", "cmdExit", "chkBsort"},
+    .search = {"SearchBooks", "frmBookSearch", "cmdBeginSearch", "cmdExitWindow"},
+    .notFound = "Not Found",
+    .keys = model_keys::books,
+    .showsProgress = true,
+    .endsProgram = true};
+
+constexpr ModelKind modelOfMediaFiles(const char* name, const char* extension, int code,
                                       const char* caption, const ModelLoader& loader) {
-  return {&sorted,
-          extension,
-          sorted.code,
-          caption,
-          "frmWave",
-          "lblRec",
-          model_inputs::media,
-          {},
-          sorted.recordLength,
-          {"Record #: ", " of ", "Record #:None", "Record #:None"},
-          {"QBX - waves Manager", "QBX - Wave/Mid/Graphic Manager",
-           "QBX - Wave/Midi/Graphic Manager", "Quillbox"},
-          {"cmdPrev", "cmdNext", "cmdGoto", "cmdClear", "cmdDelete", "cmdWrite"},
-          {"SortCollection", "frmWaveSort", "cmdBeginSort", "cmdExit"},
-          {"SearchCollection", "frmWaveSearch", "cmbBeginSearch", "cmdExit"},
-          "ExitCollection",
-          0,
-          "Data Not Found...",
-          loader};
+  return {.name = name,
+          .extension = extension,
+          .code = code,
+          .option = code,
+          .recordLength = 328,
+          .formName = "frmWave",
+          .caption = caption,
+          .designCaption = "File Collection Manager",
+          .aboutTitle = "About Wav/MIDI/Graphic Collection",
+          .aboutArea = "Wave/Midi/Graphics",
+          .helpPage = "media-files.md",
+          .indicator = "lblRec",
+          .inputs = model_inputs::media,
+          .reservedOffset = 328,
+          .labels = {"Record #: ", " of ", "Record #:None", "Record #:None"},
+          .titles = {"QBX - waves Manager", "QBX - Wave/Mid/Graphic Manager",
+                     "QBX - Wave/Midi/Graphic Manager", "Quillbox"},
+          .buttons = {"cmdPrev", "cmdNext", "cmdGoto", "cmdClear", "cmdDelete", "cmdWrite"},
+          .menu = {"ExitCollection", "PrintSetup", "AboutCollection"},
+          .sort = {"SortCollection", "frmWaveSort", "cmdBeginSort", "cmdExit"},
+          .search = {"SearchCollection", "frmWaveSearch", "cmbBeginSearch", "cmdExit"},
+          .loader = loader,
+          .keys = model_keys::media,
+          .alwaysSorted = true};
 }
 
-inline constexpr ModelKind kModelKinds[] = {
-    {&kSortedKinds[0],
-     "MCS",
-     1,
-     "Music Collection Manager (",
-     "frmMusic",
-     "lblIndex",
-     model_inputs::music,
-     {150, 40, "txtSongTitle", "frmSongEdit", "EditSongs", ""},
-     2372,
-     {"Record #: ", " Of ", "Record #: 0", "New Record"},
-     {kMusicManager, kMusicManager, kMusicManager, kMusicManager},
-     {"cmdPrevious", "cmdNext", "cmdGoto", "cmdClearData", "cmdDelete", "cmdWriteData"},
-     {"SortRecords", "frmMusicSort", "cmdBeginSort", "cmdExitSort", "chkMusSort"},
-     {"SearchRecords", "frmMusSearch", "cmdSearch", "cmdExit"},
-     "ExitCollection",
-     2},
-    {&kSortedKinds[1],
-     "CCS",
-     3,
-     "Comic Collection Manager (",
-     "frmComics",
-     "lblIndex",
-     model_inputs::comics,
-     {100, 5, "txtCmic", "frmComicTitles", "EditTitles", "cmdPrevious"},
-     640,
-     kFamilyLabels,
-     kFamilyTitles,
-     {"cmdPrevious", "cmdNext", "cmdGoTo", "cmdClearData", "cmdDelete", "cmdUpdate"},
-     {"SortRecords", "frmComicSort", "cmdBeginSort", "cmdExit", "chkSort"},
-     {"Search", "frmComicSearch", "cmdSearch", "cmdExit"},
-     "ExitCollection",
-     2},
-    {&kSortedKinds[2],
-     "VCS",
-     2,
-     "Video Tape Collection Manager (",
-     "frmVideo",
-     "lblIndex",
-     model_inputs::video,
-     {52, 10, "txtMovieTitle", "frmVideoTitles", "EditTitles", "cmdPrev"},
-     678,
-     kFamilyLabels,
-     kFamilyTitles,
-     {"cmdPrev", "cmdNext", "Command1", "cmdClear", "cmdDelete", "cmdUpdate"},
-     {"SortRecords", "frmVideoSort", "cmdBeginSort", "cmdExit", "chkSort"},
-     {"SearchRecords", "frmVideoSearch", "cmbBeginSearch", "cmdExit"},
-     "ExitCollection",
-     1},
-    {&kSortedKinds[3],
-     "SCS",
-     4,
-     "Software Collection Manager (",
-     "frmSoftware",
-     "lblIndex",
-     model_inputs::software,
-     {60, 10, "txtProgram", "frmSoftwareTitles", "EditTitles", "cmdPrevious"},
-     662,
-     kFamilyLabels,
-     kFamilyTitles,
-     {"cmdPrevious", "cmdNext", "cmdGoTo", "cmdClear", "cmdDelete", "cmdUpdate"},
-     {"SortRecords", "frmSoftwareSort", "cmbBeginSort", "cmdExit", "chkSort"},
-     {"Search", "frmSoftwareSearch", "cmdBeginSearch", "cmdExit"},
-     "ExitCollection",
-     1},
-    {&kSortedKinds[4],
-     "BCS",
-     5,
-     "Book Collection Manager (",
-     "frmBooks",
-     "lblBookCap",
-     model_inputs::books,
-     {},
-     204,
-     kFamilyLabels,
-     kFamilyTitles,
-     {"cmdPrevious", "cmdNext", "cmdGoTo", "cmdClearData", nullptr, "cmdWriteData"},
-     {"SortBooks", "frmBookSort", "cmdSort", "cmdExit", "chkBsort"},
-     {"SearchBooks", "frmBookSearch", "cmdBeginSearch", "cmdExitWindow"},
-     "ExitBooks",
-     0,
-     "Not Found"},
-    modelOfMediaFiles(kSortedKinds[5], "WCS", "Wave File Collection (",
-                      {"Wave Collection", "Wave Files (*.WAV)|*.WAV", model_loaders::waves, true}),
-    modelOfMediaFiles(kSortedKinds[6], "ICS", "MIDI File Collection (",
-                      {"MIDI Collection", "MIDI Files (*.MID)|*.MID", model_loaders::midi, true}),
-    modelOfMediaFiles(
-        kSortedKinds[7], "GCS", "Graphic File Collection (",
-        {"Graphics Collection",
-         "Graphics Files (*.JPG,*.GIF,*.BMP,*.TIF,*.RLE)|*.JPG;*.GIF;*.BMP;*.TIF;*.RLE",
-         model_loaders::graphics}),
-    modelOfMediaFiles(
-        kSortedKinds[8], "MPS", "MP3 File Collection (",
-        {"MPEG Layer3(MP3) Audio Collection", "MPEG Files (*.MP3)|*.MP3", model_loaders::mp3}),
-};
+inline constexpr ModelKind kWaves =
+    modelOfMediaFiles("Waves", "WCS", 6, "Wave File Collection (",
+                      {"Wave Collection", "Wave Files (*.WAV)|*.WAV", model_loaders::waves, true});
+inline constexpr ModelKind kMidi =
+    modelOfMediaFiles("Midi", "ICS", 7, "MIDI File Collection (",
+                      {"MIDI Collection", "MIDI Files (*.MID)|*.MID", model_loaders::midi, true});
+inline constexpr ModelKind kGraphics = modelOfMediaFiles(
+    "Graphics", "GCS", 8, "Graphic File Collection (",
+    {"Graphics Collection",
+     "Graphics Files (*.JPG,*.GIF,*.BMP,*.TIF,*.RLE)|*.JPG;*.GIF;*.BMP;*.TIF;*.RLE",
+     model_loaders::graphics});
+inline constexpr ModelKind kMp3 = modelOfMediaFiles(
+    "Mp3", "MPS", 9, "MP3 File Collection (",
+    {"MPEG Layer3(MP3) Audio Collection", "MPEG Files (*.MP3)|*.MP3", model_loaders::mp3});
 
-inline void PrintTo(const ModelKind& kind, std::ostream* out) { *out << kind.sorted->name; }
+inline constexpr ModelKind kModelKinds[] = {kMusic, kComics, kVideo,    kSoftware, kBooks,
+                                            kWaves, kMidi,   kGraphics, kMp3};
+
+/// A kind for each of the six editors.
+inline constexpr ModelKind kModelEditors[] = {kMusic, kVideo, kSoftware, kComics, kBooks, kWaves};
+
+/// The two bytes of a whole number.
+inline std::string wholeBytes(int value) {
+  const auto bits = static_cast<unsigned>(value);
+  return {static_cast<char>(bits & 0xFFU), static_cast<char>(bits >> 8U & 0xFFU)};
+}
+
+inline void PrintTo(const ModelKind& kind, std::ostream* out) { *out << kind.name; }
+inline std::string nameOfKind(const testing::TestParamInfo<ModelKind>& kind) {
+  return kind.param.name;
+}
 
 }  // namespace quillbox::test

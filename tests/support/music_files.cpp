@@ -3,6 +3,7 @@
 #include <cstring>
 #include <stdexcept>
 
+#include "platform/checked16.h"
 #include "records/version.h"
 
 namespace quillbox::test {

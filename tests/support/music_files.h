@@ -6,6 +6,7 @@
 
 #include "records/header_record.h"
 #include "records/music_record.h"
+#include "text/padding.h"
 
 namespace quillbox::test {
 

@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "printing/board.h"
+#include "platform/board.h"
 
 namespace quillbox::test {
 

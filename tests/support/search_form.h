@@ -1,46 +1,20 @@
 #pragma once
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <ostream>
-#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "platform/checked16.h"
+#include "records/entered.h"
 #include "sortsearch/search_engine.h"
+#include "support/model_kinds.h"
 
 namespace quillbox::test {
-
-inline constexpr auto kMusicInputs = std::to_array<std::string_view>(
-    {"Artist", "Album", "RecordCo", "AquireDate", "AquireCost", "CurrCost", "HasBook", "MediaType",
-     "CurrLoaned", "Borrower", "DateLoaned", "DueDate", "BookLoaned", "Notes", "Genre", "BarCode"});
-inline constexpr auto kVideoInputs =
-    std::to_array<std::string_view>({"Label", "Commercial", "Publisher", "MediaType", "PurPrice",
-                                     "CurrPrice", "AquireDate", "Notes"});
-inline constexpr auto kSoftwareInputs =
-    std::to_array<std::string_view>({"DiskLabel", "Publisher", "PurPrice", "CurrPrice", "Notes",
-                                     "MediaType", "CDRequired", "Shareware", "Commercial"});
-inline constexpr auto kComicInputs = std::to_array<std::string_view>(
-    {"BookTitle", "ComicTitle", "Artists", "Heroes", "Villains", "FirstApp", "Publisher",
-     "PurPrice", "CurrPrice", "AquireDate"});
-inline constexpr auto kBookInputs = std::to_array<std::string_view>(
-    {"Author", "Title", "Publisher", "Notes", "Genre", "MediaType"});
-inline constexpr auto kMediaInputs = std::to_array<std::string_view>({"FileName"});
-
-/// What the search form of a kind asks for.
-struct FormRow {
-  std::string_view extension;
-  std::span<const std::string_view> inputs;
-};
-inline constexpr FormRow kForms[] = {
-    {"MCS", kMusicInputs}, {"VCS", kVideoInputs}, {"SCS", kSoftwareInputs},
-    {"CCS", kComicInputs}, {"BCS", kBookInputs},  {"WCS", kMediaInputs},
-    {"ICS", kMediaInputs}, {"GCS", kMediaInputs}, {"MPS", kMediaInputs},
-};
 
 /// One input of a kind's form.
 struct Input {
@@ -53,9 +27,6 @@ inline std::ostream& operator<<(std::ostream& out, const Input& input) {
   return out << input.extension << " " << input.name;
 }
 
-/// Texts that are dates.
-inline constexpr Input kDates[] = {
-    {"MCS", "AquireDate"}, {"MCS", "DateLoaned"}, {"MCS", "DueDate"}, {"CCS", "AquireDate"}};
 inline constexpr Input kVideoDate = {"VCS", "AquireDate"};
 
 inline const CollectionKind& kindOf(std::string_view extension) {
@@ -71,12 +42,22 @@ inline const Field& fieldOf(const Input& input) {
   return *field;
 }
 
-inline std::vector<Input> everyInput() {
+/// The inputs of every kind that one of these holds of.
+inline std::vector<Input> inputsThat(bool ModelInput::*holds) {
   std::vector<Input> inputs;
-  for (const FormRow& form : kForms)
-    for (const std::string_view name : form.inputs) inputs.push_back({form.extension, name});
+  for (const ModelKind& kind : kModelKinds)
+    for (const ModelInput& input : kind.inputs)
+      for (const Field& field : kind.row().fields)
+        if (input.*holds && field.offset == input.offset)
+          inputs.push_back({kind.extension, field.name});
   return inputs;
 }
+
+/// What the search forms ask for.
+inline std::vector<Input> everyInput() { return inputsThat(&ModelInput::searched); }
+
+/// Texts that are dates.
+inline std::vector<Input> everyDate() { return inputsThat(&ModelInput::searchedAsDate); }
 
 inline std::vector<Input> inputsOf(FieldType type) {
   std::vector<Input> inputs = everyInput();

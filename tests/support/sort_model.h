@@ -6,122 +6,24 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
-#include <initializer_list>
-#include <ostream>
-#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "platform/board.h"
 #include "platform/run_time_error.h"
-#include "printing/board.h"
 #include "records/app_state.h"
-#include "records/kinds.h"
 #include "sortsearch/sort_engine.h"
 #include "support/failing_files.h"
+#include "support/model_kinds.h"
 #include "support/recording_board.h"
 #include "support/test_folder.h"
 
 namespace quillbox::test {
 
-/// A key as it lies in a record: one of two bytes is a signed number, a wider one a text.
-struct KeyPlace {
-  std::size_t offset;
-  std::size_t width;
-  const char* passCaption = "";  ///< of the board
-
-  bool isNumber() const { return width == 2; }
-};
-
-namespace key_places {
-inline constexpr KeyPlace music[] = {{0, 50}, {50, 50}, {100, 50}, {2188, 2}, {2334, 2}};
-inline constexpr KeyPlace video[] = {{0, 50}, {552, 50}, {602, 2}, {50, 2}};
-inline constexpr KeyPlace software[] = {{0, 50}, {610, 50}, {54, 2}, {50, 2}};
-inline constexpr KeyPlace comics[] = {{0, 50, "Sorting by Book Title"},
-                                      {50, 50, "Sorting by Comic Title"},
-                                      {350, 50, "Sorting by Artists"}};
-inline constexpr KeyPlace books[] = {{0, 50, "Sorting by Author"},
-                                     {100, 50, "Sorting by Publisher"},
-                                     {152, 2, "Sorting by Media Type"},
-                                     {150, 2, "Sorting by Genre"}};
-inline constexpr KeyPlace mediaFiles[] = {{0, 64}};
-}  // namespace key_places
-
-/// A kind as its collections lie on disk. The first key is the text at the start of the record, and
-/// no key reaches to the record's last byte.
-struct SortedKind {
-  const char* name;
-  std::size_t recordLength;
-  std::span<const KeyPlace> keys;
-  int code;
-  bool showsProgress = false;
-  bool endsProgram = false;
-  bool alwaysSorted = false;  ///< there is nothing to tick
-
-  const CollectionKind& kind() const { return *kindOfCode(code); }
-  std::string_view marker() const { return code == 1 ? "DETELED" : "DELETED"; }
-
-  std::vector<bool> ticks(std::initializer_list<std::size_t> ticked) const {
-    std::vector<bool> flags(alwaysSorted ? 0 : keys.size());
-    for (const std::size_t key : ticked) flags.at(key) = true;
-    return flags;
-  }
-  std::vector<bool> everyTick() const {
-    return std::vector<bool>(alwaysSorted ? 0 : keys.size(), true);
-  }
-};
-
-inline constexpr SortedKind kSortedMusic = {"Music", 2372, key_places::music, 1};
-inline constexpr SortedKind kSortedComics = {.name = "Comics",
-                                             .recordLength = 640,
-                                             .keys = key_places::comics,
-                                             .code = 2,
-                                             .showsProgress = true};
-inline constexpr SortedKind kSortedVideo = {"Video", 678, key_places::video, 3};
-inline constexpr SortedKind kSortedSoftware = {"Software", 662, key_places::software, 4};
-inline constexpr SortedKind kSortedBooks = {.name = "Books",
-                                            .recordLength = 224,
-                                            .keys = key_places::books,
-                                            .code = 5,
-                                            .showsProgress = true,
-                                            .endsProgram = true};
-
-constexpr SortedKind sortedMediaFiles(const char* name, int code) {
-  return {.name = name,
-          .recordLength = 328,
-          .keys = key_places::mediaFiles,
-          .code = code,
-          .alwaysSorted = true};
-}
-inline constexpr SortedKind kSortedWaves = sortedMediaFiles("Waves", 6);
-
-inline constexpr SortedKind kSortedKinds[] = {
-    kSortedMusic,
-    kSortedComics,
-    kSortedVideo,
-    kSortedSoftware,
-    kSortedBooks,
-    kSortedWaves,
-    sortedMediaFiles("Midi", 7),
-    sortedMediaFiles("Graphics", 8),
-    sortedMediaFiles("Mp3", 9),
-};
-
-inline void PrintTo(const SortedKind& kind, std::ostream* out) { *out << kind.name; }
-
-inline std::string nameOfSorted(const testing::TestParamInfo<SortedKind>& row) {
-  return row.param.name;
-}
-
-/// The two bytes of a whole number.
-inline std::string wholeBytes(int value) {
-  const auto bits = static_cast<unsigned>(value);
-  return {static_cast<char>(bits & 0xFFU), static_cast<char>(bits >> 8U & 0xFFU)};
-}
-
 /// The bytes of an item with these keys, numbers in decimal; every other byte is `filler`.
-inline std::string sortItem(const SortedKind& kind, const std::vector<std::string>& keys,
+inline std::string sortItem(const ModelKind& kind, const std::vector<std::string>& keys,
                             char filler = '.') {
   std::string item(kind.recordLength, filler);
   for (std::size_t key = 0; key < keys.size(); ++key) {
@@ -134,14 +36,14 @@ inline std::string sortItem(const SortedKind& kind, const std::vector<std::strin
 }
 
 /// An item with that first key, and all others alike.
-inline std::string named(const SortedKind& kind, const std::string& first, char filler) {
+inline std::string named(const ModelKind& kind, const std::string& first, char filler) {
   std::vector<std::string> keys(kind.keys.size(), "5");
   keys.front() = first;
   return sortItem(kind, keys, filler);
 }
 
 /// Item by item its filler, which tells where each of them went.
-inline std::string fillersOf(const SortedKind& kind, std::string_view collection) {
+inline std::string fillersOf(const ModelKind& kind, std::string_view collection) {
   std::string fillers;
   for (std::size_t end = 2 * kind.recordLength; end <= collection.size(); end += kind.recordLength)
     fillers += collection[end - 1];
@@ -155,7 +57,7 @@ struct SortHeader {
 };
 
 /// The bytes of a collection as a sort writes it.
-inline std::string sortFile(const SortedKind& kind, const std::vector<std::string>& items,
+inline std::string sortFile(const ModelKind& kind, const std::vector<std::string>& items,
                             const SortHeader& header = {}) {
   std::string bytes = wholeBytes(static_cast<int>(items.size())) + wholeBytes(header.fileType);
   bytes.append(header.version);
@@ -168,7 +70,7 @@ inline std::string sortFile(const SortedKind& kind, const std::vector<std::strin
 /// the real one.
 class SortModel {
  public:
-  SortModel(const SortedKind& kind, const std::vector<std::string>& items)
+  SortModel(const ModelKind& kind, const std::vector<std::string>& items)
       : count(static_cast<int>(items.size())),
         kind_(kind),
         slots_(items.size() + 3, std::string(kind.recordLength, '\0')) {
@@ -261,7 +163,7 @@ class SortModel {
     return false;
   }
 
-  const SortedKind& kind_;
+  const ModelKind& kind_;
   std::vector<std::string> slots_;  // the first one is not used
 };
 
@@ -269,14 +171,14 @@ class SortModel {
 class SortFixture {
  protected:
   /// Makes the collection, and none beside it. The header record is full to its end.
-  void put(const SortedKind& kind, const std::vector<std::string>& items,
+  void put(const ModelKind& kind, const std::vector<std::string>& items,
            const SortHeader& header = {}) {
     kind_ = &kind;
     std::string bytes = sortFile(kind, items, header);
     bytes.resize(std::max(bytes.size(), kind.recordLength));
     std::fill(bytes.begin() + 12, bytes.begin() + static_cast<std::ptrdiff_t>(kind.recordLength),
               '=');
-    putBytes(folder_.path("things." + std::string(kind.kind().extension)), bytes);
+    putBytes(folder_.path("things." + std::string(kind.extension)), bytes);
     state_.Count = static_cast<std::int16_t>(items.size());
   }
   void putBytes(const std::string& path, const std::string& bytes) {
@@ -287,7 +189,7 @@ class SortFixture {
   }
 
   /// Items of these names, with fillers from "a" on.
-  void putNamed(const SortedKind& kind, const std::vector<std::string>& names) {
+  void putNamed(const ModelKind& kind, const std::vector<std::string>& names) {
     std::vector<std::string> items;
     items.reserve(names.size());
     char filler = 'a';
@@ -296,9 +198,9 @@ class SortFixture {
   }
 
   void sort(const std::vector<bool>& ticked) {
-    sortCollection(state_, kind_->kind(), ticked, board_);
+    state_.Count = sortCollection(state_.files, state_, kind_->row(), ticked, board_);
   }
-  void finish() { finishSort(state_, kind_->kind()); }
+  void finish() { finishSort(state_.files, state_, kind_->row()); }
 
   /// The message of a sort that fails; empty when it does not.
   std::string messageOf(const std::vector<bool>& ticked) {
@@ -344,7 +246,7 @@ class SortFixture {
   FailingFiles files_;
   AppState state_{files_};
   RecordingBoard board_;
-  const SortedKind* kind_ = nullptr;
+  const ModelKind* kind_ = nullptr;
   std::string old_;  ///< the collection before it is sorted
 };
 

@@ -1,13 +1,11 @@
 #include "platform/qt/qt_desktop.h"
 
 #include <QApplication>
-#include <QDate>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
 #include <QFileDialog>
 #include <QInputDialog>
-#include <QLocale>
 #include <QMessageBox>
 #include <QPageSetupDialog>
 #include <QTimer>
@@ -15,6 +13,7 @@
 
 #include "platform/qt/print_dialog.h"
 #include "platform/qt/qt_printer.h"
+#include "text/date_text.h"
 
 namespace quillbox {
 namespace {
@@ -53,6 +52,7 @@ QStringList nameFilters(const std::string& filter) {
 
 std::optional<std::string> askForFile(const FileDialog& asked, QFileDialog::AcceptMode mode) {
   QFileDialog dialog(QApplication::activeWindow(), captionText(asked.title));
+  dialog.setObjectName(QString::fromStdString(asked.name));
   // The toolkit's own dialog: its patterns match capitals and small letters alike everywhere.
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setAcceptMode(mode);
@@ -75,6 +75,15 @@ std::optional<QString> askForPdf() {
 }
 
 }  // namespace
+
+std::string shortDateForm(const QLocale& locale) {
+  return locale.dateFormat(QLocale::ShortFormat).toStdString();
+}
+
+std::string shortDateText(const QLocale& locale, QDate date) {
+  const QDate dayZero(1899, 12, 30);
+  return dateText(static_cast<double>(dayZero.daysTo(date)), shortDateForm(locale));
+}
 
 QtDesktop::QtDesktop() = default;
 QtDesktop::~QtDesktop() = default;
@@ -117,12 +126,10 @@ std::optional<std::string> QtDesktop::saveDialog(const FileDialog& dialog) {
   return askForFile(dialog, QFileDialog::AcceptSave);
 }
 
-std::string QtDesktop::shortDateForm() {
-  return QLocale::system().dateFormat(QLocale::ShortFormat).toStdString();
-}
+std::string QtDesktop::shortDateForm() { return quillbox::shortDateForm(QLocale::system()); }
 
 std::string QtDesktop::todayText() {
-  return QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat).toStdString();
+  return shortDateText(QLocale::system(), QDate::currentDate());
 }
 
 QtPrinter& QtDesktop::qtPrinter() {
@@ -132,8 +139,9 @@ QtPrinter& QtDesktop::qtPrinter() {
 
 Printer& QtDesktop::printer() { return qtPrinter(); }
 
-void QtDesktop::printerSetup() {
+void QtDesktop::printerSetup(const std::string& name) {
   QPageSetupDialog dialog(&qtPrinter().device(), QApplication::activeWindow());
+  dialog.setObjectName(QString::fromStdString(name));
   dialog.exec();
 }
 

@@ -1,12 +1,19 @@
 #pragma once
 
+#include <QDate>
+#include <QLocale>
 #include <memory>
+#include <string>
 
 #include "platform/desktop.h"
 
 namespace quillbox {
 
 class QtPrinter;
+
+/// A locale's short date form, and a date in it: what the desktop says of the system's.
+std::string shortDateForm(const QLocale& locale);
+std::string shortDateText(const QLocale& locale, QDate date);
 
 /// The desktop the program really runs on. The only place with dialogs and printers.
 class QtDesktop : public Desktop {
@@ -21,7 +28,7 @@ class QtDesktop : public Desktop {
   std::optional<std::string> saveDialog(const FileDialog& dialog) override;
   std::string shortDateForm() override;
   std::string todayText() override;
-  void printerSetup() override;
+  void printerSetup(const std::string& name) override;
   std::optional<PrintChoice> printDialog(const std::string& title) override;
   Printer& printer() override;
   void rest(int milliseconds, const std::function<bool()>& over) override;

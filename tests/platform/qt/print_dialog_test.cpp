@@ -311,10 +311,11 @@ TEST_F(PrintingOnTheDesktop, ThePrinterIsSetUpInADialogOfItsOwn) {
   const double portrait = desktop_.printer().printableHeight();
   const auto setUp = [this](Qt::Key end) {
     onDialog<QPageSetupDialog>([end](QPageSetupDialog& dialog) {
+      EXPECT_EQ(dialog.objectName(), "cdlSetup");
       control<QRadioButton>(dialog, "landscape").click();
       key(dialog, end);
     });
-    desktop_.printerSetup();
+    desktop_.printerSetup("cdlSetup");
     return desktop_.printer().printableHeight();
   };
   EXPECT_EQ(setUp(Qt::Key_Escape), portrait);

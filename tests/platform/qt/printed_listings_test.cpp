@@ -47,7 +47,7 @@ class PrintedListing : public FormTest, public testing::WithParamInterface<const
     state_ = std::make_unique<AppState>(files_);
     program_ = std::make_unique<Program>(*state_, printing_);
     modQBX1_ = std::make_unique<modQBX1>(*program_);
-    printing_.expectMessage("QBX V1.71", aboutText());
+    printing_.expectMessage("QBX V1.71", aboutText(), MessageIcon::information);
     program_->run([&] { modQBX1_->Main({}); });
   }
   ~PrintedListing() override {

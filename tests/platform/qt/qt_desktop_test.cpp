@@ -13,11 +13,15 @@
 #include <QPushButton>
 #include <QTimer>
 #include <QWindow>
+#include <algorithm>
 #include <functional>
 
-#include "records/date_text.h"
+#include "forms/qt_text.h"
+#include "forms/text_box.h"
 #include "support/keys.h"
 #include "support/test_folder.h"
+#include "text/date_text.h"
+#include "text/windows1252.h"
 
 namespace quillbox::test {
 namespace {
@@ -99,7 +103,8 @@ TEST_F(QtDesktopTest, AnInputBoxIsCancelledWithEscape) {
 }
 
 const FileDialog kOpen{"Open Collection",
-                       "All Collections (*.?CS, *.MPS)|*.?CS;*.MPS|Music Collection (*.MCS)|*.MCS"};
+                       "All Collections (*.?CS, *.MPS)|*.?CS;*.MPS|Music Collection (*.MCS)|*.MCS",
+                       "", "cdlOpen"};
 
 /// Types into the dialog's name box and presses Enter.
 void answer(QFileDialog& dialog, const std::string& name) {
@@ -111,6 +116,7 @@ void answer(QFileDialog& dialog, const std::string& name) {
 
 TEST_F(QtDesktopTest, TheOpenDialogTurnsTheFilterIntoItsOwn) {
   onDialog<QFileDialog>([](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.objectName(), "cdlOpen");
     EXPECT_EQ(dialog.windowHandle()->title(), "Open Collection");
     EXPECT_EQ(dialog.nameFilters(),
               (QStringList{"All Collections (*.?CS *.MPS)", "Music Collection (*.MCS)"}));
@@ -149,6 +155,46 @@ TEST_F(QtDesktopTest, TheSaveDialogGivesTheNameAsTyped) {
     answer(dialog, name);
   });
   EXPECT_EQ(desktop_.saveDialog({"File Save As", ""}), name);
+}
+
+/// Every locale that the toolkit knows.
+QList<QLocale> allLocales() {
+  return QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory);
+}
+
+TEST_F(QtDesktopTest, ADateOfEveryLocaleIsReadBackThroughTheCharactersOfARecord) {
+  const QDate dayZero(1899, 12, 30);
+  ASSERT_GT(allLocales().size(), 500);
+  for (const QLocale& locale : allLocales()) {
+    SCOPED_TRACE(locale.name().toStdString());
+    const std::string form = shortDateForm(locale);
+    TextBox box(50);
+    for (int day = 2; day < 73'000; day += 97) {
+      const double date = day + (day % 2 == 0 ? 0.0 : (day % 86'400) / 86'400.0);
+      box.showText(fromRecordText(dateText(date, form)));
+      ASSERT_EQ(dateOf(toRecordText(box.text()), form), date) << box.text().toStdString();
+
+      const std::string today = shortDateText(locale, dayZero.addDays(day));
+      ASSERT_EQ(toUtf8(fromUtf8(today)), today);
+      ASSERT_EQ(dateOf(fromUtf8(today), form), day) << today;
+      ASSERT_EQ(today.find_first_not_of(" -./0123456789ADFJMNOSabceglnoprtuvy"), std::string::npos);
+    }
+  }
+}
+
+TEST_F(QtDesktopTest, TodaysDateIsThePlatformsOwnWhereverARecordCanHoldIt) {
+  const QDate today(2026, 11, 21);
+  int own = 0;
+  for (const QLocale& locale : allLocales()) {
+    const std::string platforms = locale.toString(today, QLocale::ShortFormat).toStdString();
+    if (!std::ranges::all_of(platforms, [](char c) { return c > 0; })) continue;
+    EXPECT_EQ(shortDateText(locale, today), platforms) << locale.name().toStdString();
+    ++own;
+  }
+  EXPECT_GT(own, 500);
+  EXPECT_EQ(shortDateText(QLocale("fa_IR"), today), "2026/11/21") << "its form, but our digits";
+  EXPECT_EQ(shortDateText(QLocale("bg_BG"), today), "2026-11-21");
+  EXPECT_EQ(shortDateText(QLocale("ar_EG"), today), "2026-11-21");
 }
 
 TEST_F(QtDesktopTest, TheShortDateFormIsOneThatDatesCanBeReadBackFrom) {

@@ -11,6 +11,7 @@
 #include <filesystem>
 
 #include "forms/qt_text.h"
+#include "platform/checked16.h"
 #include "platform/paths.h"
 #include "records/header_record.h"
 #include "records/kinds.h"

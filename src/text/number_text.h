@@ -20,7 +20,8 @@ std::string plainAmount(std::int64_t tenThousandths);
 /// The same with one blank before an amount that is not negative.
 std::string signedAmount(std::int64_t tenThousandths);
 
-/// A number of bytes and the like: up to 15 digits, more with an exponent.
+/// A number of bytes and the like, in decimal without an exponent: 15 digits, or all of them where
+/// more stand before the point. What is no number is "nan", "inf" or "-inf".
 std::string realText(double number);
 
 /// The number that `text` begins with, as an amount: leading blanks, a sign, digits with at most

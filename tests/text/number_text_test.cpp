@@ -1,10 +1,12 @@
-#include "records/number_text.h"
+#include "text/number_text.h"
 
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <cmath>
 #include <cstdint>
 #include <limits>
+#include <random>
 #include <string>
 #include <string_view>
 
@@ -81,12 +83,15 @@ TEST(NumberText, AmountsAreDecimalWithoutTrailingZeros) {
   }
 }
 
-TEST(RealText, HasUpToFifteenDigitsAndAnExponentBeyond) {
+TEST(RealText, IsDecimalWithoutAnExponent) {
+  constexpr double infinity = std::numeric_limits<double>::infinity();
+  constexpr double none = std::numeric_limits<double>::quiet_NaN();
   const struct {
     double number;
     std::string_view text;
   } rows[] = {
       {0, "0"},
+      {-0.0, "0"},
       {1, "1"},
       {12345, "12345"},
       {1234567890123, "1234567890123"},
@@ -100,15 +105,46 @@ TEST(RealText, HasUpToFifteenDigitsAndAnExponentBeyond) {
       {0.1 + 0.2, "0.3"},
       {1.0 / 3, "0.333333333333333"},
       {2.0 / 3, "0.666666666666667"},
-      {1e15, "1e+15"},
-      {1e300, "1e+300"},
-      {1.5e300, "1.5e+300"},
+      {2000.0 / 3, "666.666666666667"},
+      {0.00001, "0.00001"},
+      {1.5e-20, "0.000000000000000000015"},
+      {1e15, "1000000000000000"},
+      {999999999999999.9, "1000000000000000"},
+      {1e15 + 0.25, "1000000000000000"},
+      {9007199254740991, "9007199254740991"},
+      {9007199254740992, "9007199254740992"},
+      {18446744073709551616.0, "18446744073709551616"},
+      {1e22, "10000000000000000000000"},
       {-1, "-1"},
       {-12345, "-12345"},
       {-0.5, "-0.5"},
-      {-1e300, "-1e+300"},
+      {-1e15, "-1000000000000000"},
+      {none, "nan"},
+      {-none, "nan"},
+      {infinity, "inf"},
+      {-infinity, "-inf"},
   };
   for (const auto& row : rows) EXPECT_EQ(realText(row.number), row.text);
+}
+
+TEST(RealText, OfALongWholeNumberIsReadBackExactly) {
+  std::mt19937_64 random(13);  // NOLINT: the same numbers each time
+  std::uniform_int_distribution<int> exponent(53, 1023);
+  for (int i = 0; i < 20'000; ++i) {
+    const auto mantissa = static_cast<double>(random() >> 11U) / 0x1p53 + 1;
+    const double number = (i % 2 == 0 ? 1 : -1) * std::ldexp(mantissa, exponent(random));
+    const std::string text = realText(number);
+    ASSERT_EQ(text.find_first_not_of("-0123456789"), std::string::npos) << text;
+    ASSERT_EQ(std::stod(text), number) << text;
+  }
+}
+
+TEST(RealText, OfTheLargestAndTheSmallestHasNoExponentEither) {
+  const std::string largest = realText(std::numeric_limits<double>::max());
+  EXPECT_EQ(largest.size(), 309U);
+  EXPECT_TRUE(largest.starts_with("179769313486231570814527"));
+  const std::string smallest = realText(std::numeric_limits<double>::denorm_min());
+  EXPECT_EQ(smallest, "0." + std::string(323, '0') + "494065645841247");
 }
 
 TEST(LeadingAmount, IsTheNumberThatTheTextBeginsWith) {

@@ -8,8 +8,9 @@ namespace quillbox {
 /// Dates are kept as days since 30 December 1899; the part of a day is the time of day.
 ///
 /// `shortDate` is the system's short date form in the letters d, dd, M, MM, MMM, yy and yyyy with
-/// other characters standing for themselves: "M/d/yy", "dd.MM.yyyy". A form of other letters,
-/// or without a day, a month or a year, counts as "yyyy-MM-dd".
+/// blanks and signs of ASCII standing for themselves: "M/d/yy", "dd.MM.yyyy". A form with anything
+/// else in it (other letters, digits, quotes, marks that no record can hold), or without a day, a
+/// month or a year, counts as "yyyy-MM-dd". Texts are ASCII, so they are the same in a record.
 
 /// The date in the system's short form; a year that two digits would not bring back is shown with
 /// four. A time of day that is not midnight follows after a blank (13:30 or 13:30:05). A number

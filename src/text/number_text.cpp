@@ -1,17 +1,16 @@
-#include "records/number_text.h"
+#include "text/number_text.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <limits>
 
+#include "platform/ascii.h"
 #include "platform/run_time_error.h"
-#include "records/field_types.h"
 
 namespace quillbox {
 namespace {
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 /// A decimal number as written: digits * 10^exponent.
 struct Decimal {
@@ -111,11 +110,22 @@ void appendNumberText(std::string& text, int number) {
 }
 
 std::string realText(double number) {
+  if (!std::isfinite(number)) return std::isnan(number) ? "nan" : number < 0 ? "-inf" : "inf";
+  if (number == 0) return "0";
   constexpr int digits = 15;
-  std::array<char, 32> text{};
-  const auto [end, error] = std::to_chars(text.data(), text.data() + text.size(), number,
-                                          std::chars_format::general, digits);
-  return {text.data(), end};
+  const auto written = [number](std::chars_format format, int places) {
+    std::array<char, 400> text{};  // up to 309 digits before the point, or 338 behind it
+    char* const begin = text.data();
+    return std::string(begin,
+                       std::to_chars(begin, begin + text.size(), number, format, places).ptr);
+  };
+  const std::string rounded = written(std::chars_format::scientific, digits - 1);
+  const int exponent = std::stoi(rounded.substr(rounded.find('e') + 1));
+  const int places = std::max(digits - 1 - exponent, 0);
+  std::string text = written(std::chars_format::fixed, places);
+  if (places > 0) text.erase(text.find_last_not_of('0') + 1);
+  if (text.back() == '.') text.pop_back();
+  return text;
 }
 
 std::string plainAmount(std::int64_t tenThousandths) {

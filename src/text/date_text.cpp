@@ -1,4 +1,4 @@
-#include "records/date_text.h"
+#include "text/date_text.h"
 
 #include <array>
 #include <chrono>
@@ -6,8 +6,9 @@
 #include <cstdio>
 #include <optional>
 
+#include "platform/ascii.h"
 #include "platform/run_time_error.h"
-#include "records/field.h"
+#include "text/padding.h"
 
 namespace quillbox {
 namespace {
@@ -28,10 +29,6 @@ constexpr std::string_view kMonthDayYear = "M/d/yyyy";
 constexpr std::array<const char*, 12> kMonths = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                                  "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 
-bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-char small(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
 /// Takes a run of the same letter, or one other character, off the front of a form.
 std::string_view takePiece(std::string_view& form) {
   std::size_t length = 1;
@@ -41,13 +38,18 @@ std::string_view takePiece(std::string_view& form) {
   return piece;
 }
 
+/// A character that stands for itself, in every character set and without quotes.
+bool isPlain(char c) {
+  return c >= ' ' && c <= '~' && c != '\'' && c != '"' && !isDigit(c) && !isLetter(c);
+}
+
 /// A form of pieces that are known, with a day, a month and a year among them.
 bool isUnderstood(std::string_view form) {
   for (const char part : {'d', 'M', 'y'})
     if (form.find(part) == std::string_view::npos) return false;
   while (!form.empty()) {
     const std::string_view piece = takePiece(form);
-    if (!isLetter(piece.front())) continue;
+    if (isPlain(piece.front())) continue;
     if (piece != "d" && piece != "dd" && piece != "M" && piece != "MM" && piece != "MMM" &&
         piece != "yy" && piece != "yyyy")
       return false;
@@ -114,7 +116,8 @@ std::optional<int> takeMonthName(std::string_view& text) {
   for (std::size_t month = 0; month < kMonths.size(); ++month) {
     const std::string_view name = kMonths.at(month);
     bool same = text.size() >= name.size();
-    for (std::size_t i = 0; same && i < name.size(); ++i) same = small(text[i]) == small(name[i]);
+    for (std::size_t i = 0; same && i < name.size(); ++i)
+      same = asciiCapital(text[i]) == asciiCapital(name[i]);
     if (!same) continue;
     text.remove_prefix(name.size());
     return static_cast<int>(month) + 1;

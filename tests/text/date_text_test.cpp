@@ -1,4 +1,4 @@
-#include "records/date_text.h"
+#include "text/date_text.h"
 
 #include <gtest/gtest.h>
 
@@ -345,6 +345,16 @@ TEST(DateText, IsUnderstoodAgainBeforeDayZeroAndInFarYears) {
                             2'958'465.0, 2'958'465.5, 100'000.25})
     for (const std::string_view form : kForms)
       EXPECT_EQ(dateOf(dateText(date, form), form), date) << form << ' ' << dateText(date, form);
+}
+
+TEST(DateText, AFormThatNoRecordCanHoldCountsAsYearMonthDay) {
+  for (const char* form :
+       {"d.MM.yy '\xD0\xB3.'", "d\xE2\x80\x8F/M\xE2\x80\x8F/yyyy", "d.\xC2\xA0M.\xC2\xA0yyyy",
+        "'d'.M.yy", "d.M.yy ''", "d \"M\" yy", "d.M.yy 2", "d\tM\tyy", "d\x7FM\x7Fyy"}) {
+    SCOPED_TRACE(form);
+    EXPECT_EQ(dateText(29221, form), "1980-01-01");
+    EXPECT_EQ(dateOf(dateText(29221, form), form), 29221);
+  }
 }
 
 TEST(DateText, AFormWithoutADayAMonthOrAYearCountsAsYearMonthDay) {
