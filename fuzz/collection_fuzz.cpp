@@ -218,7 +218,7 @@ class Visit {
     const std::int16_t count = state_.Count;
     std::ranges::fill(record_, std::byte{'n'});
     std::optional<std::int16_t> slot;
-    state_.Count = store_.writeNewItem(slot, record_);
+    state_.Count = store_.writeNewItem(slot, record_).count;
     require(state_.Count == count + 1 || (kind_.rules.reusesDeletedSlots && state_.Count == count),
             "one item more, or one deleted less");
     bool isThere = false;

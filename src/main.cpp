@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "forms/icons.h"
+#include "forms/kept_texts.h"
 #include "forms/program.h"
 #include "forms/window_places.h"
 #include "platform/disk_file_system.h"
@@ -50,6 +51,7 @@ int main(int argc, char** argv) {
   WindowPlaces windowPlaces(WindowPlaces::userFile());
   Program program(state, desktop);
   program.setWindowPlaces(windowPlaces);
+  program.setTypedFolder(KeptTexts::userFolder());
   modQBX1 startUp(program);
   program.run([&] { startUp.Main(arguments); });
   return program.isEnding() ? 0 : QApplication::exec();

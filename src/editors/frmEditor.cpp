@@ -5,15 +5,14 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QVBoxLayout>
 #include <algorithm>
 #include <chrono>
 #include <iterator>
 
 #include "forms/about.h"
 #include "forms/controls.h"
-#include "forms/icons.h"
 #include "forms/qt_text.h"
+#include "forms/wrapping_row.h"
 #include "platform/checked16.h"
 #include "records/navigation.h"
 #include "text/number_text.h"
@@ -27,37 +26,11 @@ constexpr std::string_view kNothingShown =
 
 constexpr const char* kNotWritten = "not written yet";
 
-/// By the theme's name where themes have one, and the program's own. A command without a row has no
-/// icon.
-struct CommandIcon {
-  Command command;
-  const char* themeName;
-  const char* ownName;
-};
+/// A text is kept this many milliseconds after the last key.
+constexpr int kKeepAfter = 300;
 
-constexpr CommandIcon kIcons[] = {
-    {Command::previous, "go-previous", "previous"},
-    {Command::next, "go-next", "next"},
-    {Command::goTo, "go-jump", "goto"},
-    {Command::clear, "edit-clear", "clear"},
-    {Command::deleteItem, "edit-delete", "delete"},
-    {Command::write, "document-save", "write"},
-    {Command::newFile, "document-new", "new"},
-    {Command::openFile, "document-open", "open"},
-    {Command::exitCollection, "window-close", "exit"},
-    {Command::editSubList, "", "list"},
-    {Command::sort, "view-sort-ascending", "sort"},
-    {Command::search, "edit-find", "search"},
-    {Command::printList, "document-print", "print"},
-    {Command::exportData, "", "export"},
-    {Command::loadFolder, "", "load-folder"},
-    {Command::contents, "help-contents", "help"},
-    {Command::about, "help-about", "about"},
-};
-
-QIcon iconOf(Command command) {
-  const auto* const row = std::ranges::find(kIcons, command, &CommandIcon::command);
-  return row == std::end(kIcons) ? QIcon() : icon(row->themeName, row->ownName);
+QString writtenAs(int item, int count) {
+  return QStringLiteral("Written as item %1 of %2").arg(item).arg(count);
 }
 
 }  // namespace
@@ -69,29 +42,27 @@ frmEditor::frmEditor(Program& program, PrintEngine& printEngine, const Collectio
       printEngine_(printEngine),
       tables_(tables) {
   setCaption(fromUtf8Text(kind.words.designCaption));
-  auto* page = new QWidget;
-  setCentralWidget(page);
-  auto* column = new QVBoxLayout(page);
-  sheet_ = new FieldSheet(tables.inputs, tables.headings, desktop(), page);
-  column->addWidget(sheet_);
+  sheet_ = new FieldSheet(tables.inputs, tables.headings, desktop());
   sheet_->whenChanged([this] { updateNotWritten(); });
-  column->addStretch(1);
-  column->addSpacing(column->spacing());
-  makeButtons();
+  layOut(sheet_, makeButtons());
   makeMenus();
+  makeKeys();
   setHelpPage(tables.helpPage);
+  keepSoon_.setSingleShot(true);
+  keepSoon_.setInterval(kKeepAfter);
+  connect(&keepSoon_, &QTimer::timeout, this, &frmEditor::keepTyped);
 }
 
-void frmEditor::makeIndicator(QHBoxLayout& row) {
+QWidget* frmEditor::makeIndicator() {
   lblIndex_ = new QLabel(QString::fromUtf8(tables_.indicatorText));
   lblIndex_->setObjectName(QString::fromUtf8(tables_.indicatorName));
   lblIndex_->setTextFormat(Qt::PlainText);
   QFont font = lblIndex_->font();
   font.setBold(true);
   lblIndex_->setFont(font);
-  row.addWidget(lblIndex_);
+  keepRoomFor(*lblIndex_, fromUtf8Text(widestRecordLabel(store_.kind())));
 
-  lblNotWritten_ = new QLabel(QStringLiteral("\u25CF"));  // a dot
+  lblNotWritten_ = new QLabel(QStringLiteral("\u25CF not written"));  // a dot before it
   lblNotWritten_->setObjectName(QStringLiteral("lblNotWritten"));
   lblNotWritten_->setToolTip(QString::fromUtf8(kNotWritten));
   lblNotWritten_->setAccessibleName(QStringLiteral("Item"));
@@ -100,29 +71,43 @@ void frmEditor::makeIndicator(QHBoxLayout& row) {
   keepsItsRoom.setRetainSizeWhenHidden(true);
   lblNotWritten_->setSizePolicy(keepsItsRoom);
   lblNotWritten_->hide();
-  row.addWidget(lblNotWritten_);
-  row.addStretch(1);
+
+  auto* indicator = new QWidget;
+  auto* line = new QHBoxLayout(indicator);
+  line->setContentsMargins(0, 0, 0, 0);
+  line->addWidget(lblIndex_);
+  line->addWidget(lblNotWritten_);
+  return indicator;
 }
 
-void frmEditor::makeButtons() {
-  auto* row = new QHBoxLayout;
-  makeIndicator(*row);
+WrappingRow* frmEditor::makeButtons() {
+  auto* row = new WrappingRow;
+  row->addLead(makeIndicator());
   for (const auto& [command, name, caption] : tables_.buttons) {
     auto* made = makeButton(QString::fromUtf8(name), QString::fromUtf8(caption));
     made->setIcon(iconOf(command));
+    made->setToolTip(toolTipOf(command));
+    onKeys(keysOf(command), [made] { made->click(); });
     onClick(*made, [this, which = command] { choose(which); });
     buttons_[command] = made;
     row->addWidget(made);
-    if (command == Command::goTo) row->addSpacing(2 * row->spacing());
+    if (command == Command::goTo) row->addGap();
   }
-  static_cast<QVBoxLayout*>(centralWidget()->layout())->addLayout(row);
+  return row;
 }
 
 void frmEditor::makeMenus() {
   for (const MenuRow& row : tables_.menus) {
     const auto handler = [this, command = row.command] { choose(command); };
-    addMenuItem({row.menu, row.menuCaption, row.item, row.caption, handler, iconOf(row.command)});
+    addMenuItem({row.menu, row.menuCaption, row.item, row.caption, handler, iconOf(row.command),
+                 keysOf(row.command)});
   }
+}
+
+/// Of what has neither button nor menu item.
+void frmEditor::makeKeys() {
+  for (const Command command : {Command::duplicate, Command::bringBack})
+    onKeys(keysOf(command), [this, command] { program().run([&] { choose(command); }); });
 }
 
 void frmEditor::choose(Command command) {
@@ -161,6 +146,10 @@ void frmEditor::choose(Command command) {
     case Command::about:
       return program().message(tables_.aboutTitle, aboutText(tables_.aboutArea),
                                MessageIcon::information);
+    case Command::duplicate:
+      return Duplicate();
+    case Command::bringBack:
+      return BringBack();
     case Command::mediaTypes:  // the list comes from the user's file alone
     case Command::editSubList:
     case Command::loadFolder:
@@ -170,6 +159,10 @@ void frmEditor::choose(Command command) {
 
 void frmEditor::open(OpenCollection opening) {
   Form_Load(opening);
+  clearStatus();  // what it tells is of the collection that was open before
+  if (state().CurRec == 0)
+    showStatus(QStringLiteral("No item yet: choose Clear Data to type the first"));
+  offerKeptText();
   show();
   activateWindow();
   sheet_->focusFirst();
@@ -185,17 +178,33 @@ void frmEditor::resetForm() {
 
 void frmEditor::noteStored(std::span<const std::byte> record) {
   stored_.emplace(record.begin(), record.end());
-  updateNotWritten();
+  noteShown();
 }
 
 void frmEditor::noteNothingStored() {
   stored_.reset();
-  updateNotWritten();
+  noteShown();
 }
 
 void frmEditor::updateNotWritten() {
+  updateMark();
+  if (kept_ && (isMarked_ || kept_->isOnForm())) keepSoon_.start();
+}
+
+/// The mark and the tints are mixed from the user's colours.
+void frmEditor::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange && lblNotWritten_ != nullptr) updateMark();
+  Form::changeEvent(event);
+}
+
+void frmEditor::updateMark() {
   const Record* stored = stored_ ? &*stored_ : nullptr;
-  lblNotWritten_->setVisible(sheet_->differsFrom(stored) || subListDiffers(stored));
+  const bool sheetDiffers = sheet_->tintDifferences(stored);
+  isMarked_ = sheetDiffers || subListDiffers(stored);
+  lblNotWritten_->setVisible(isMarked_);
+  QPalette colors;
+  colors.setColor(QPalette::WindowText, unwrittenColor(palette()));
+  lblNotWritten_->setPalette(colors);
 }
 
 void frmEditor::setRecordLabel(const std::string& text) { lblIndex_->setText(fromUtf8Text(text)); }
@@ -228,6 +237,7 @@ void frmEditor::ClearData() {
 }
 
 void frmEditor::showItem(std::int16_t item, std::span<const std::byte> record) {
+  leaveTyped();
   clearSubList();
   position() = item;
   state().CurRec = item;
@@ -333,16 +343,26 @@ void frmEditor::cmdGoto_Click() {
 }
 
 void frmEditor::cmdWriteData_Click() {
+  const KeptText typed = typedText();
   Record record(buffer().begin(), buffer().end());
   GetScreen(record);
   if (state().CurRec == kNewItem) {
-    state().Count = store_.writeNewItem(slot_, record);
+    const auto [item, count] = store_.writeNewItem(slot_, record);
+    state().Count = count;
     takeBuffer(record);
+    noteWritten(typed);
     afterNewItem();
+    showStatus(writtenAs(item, count));
   } else if (state().CurRec >= 1) {
     store_.WriteRecord(position(), record, state().Count);
+    const auto before = std::exchange(stored_, record);
     takeBuffer(record);
-    noteStored(record);
+    noteWritten(typed);
+    const QString told = writtenAs(position(), state().Count);
+    if (before && *before != record)
+      offerUndo(told, {"cmdUndoWrite", "Undo Write", position(), *before, record});
+    else
+      showStatus(told);
   } else {
     say(kNothingShown);
     endProgram();
@@ -350,6 +370,11 @@ void frmEditor::cmdWriteData_Click() {
 }
 
 void frmEditor::cmdClearData_Click() {
+  leaveTyped();
+  startNewItem();
+}
+
+void frmEditor::startNewItem() {
   ClearData();
   noteNothingStored();
   sheet_->focusFirst();
@@ -371,7 +396,8 @@ void frmEditor::cmdDelete_Click() {
   std::vector<std::byte> record(buffer().size());
   if (rules.keepsTheRest) std::ranges::copy(buffer(), record.begin());
   setText(store_.kind().fields.front(), record, rules.marker);
-  const int item = state().CurRec < 1 ? state().CurRec : position();
+  const std::int16_t item = state().CurRec < 1 ? state().CurRec : position();
+  const auto before = stored_;
   const bool deleted = store_.writeDeleted(item, record);
   if (rules.keepsTheRest) takeBuffer(record);
   if (!deleted) {
@@ -381,6 +407,11 @@ void frmEditor::cmdDelete_Click() {
   report(rules.deletedTitle, "Deleted.");
   setRecordLabel("No Record");
   cmdClearData_Click();
+  const QString told = QStringLiteral("Item %1 deleted").arg(item);
+  if (before)
+    offerUndo(told, {"cmdUndoDelete", "Undo Delete", item, *before, record});
+  else
+    showStatus(told);
 }
 
 }  // namespace quillbox

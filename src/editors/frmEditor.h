@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTimer>
 #include <array>
 #include <cstddef>
 #include <map>
@@ -10,13 +11,14 @@
 #include <string_view>
 #include <vector>
 
+#include "editors/commands.h"
 #include "forms/field_sheet.h"
 #include "forms/form.h"
+#include "forms/kept_texts.h"
 #include "records/collection_store.h"
 #include "sortsearch/frmSearch.h"
 #include "sortsearch/frmSort.h"
 
-class QHBoxLayout;
 class QLabel;
 class QPushButton;
 
@@ -24,48 +26,8 @@ namespace quillbox {
 
 class Listing;
 class PrintEngine;
+class WrappingRow;
 struct FoundItem;
-
-/// The commands that editors have buttons and menu items for.
-enum class Command {
-  // buttons
-  previous,
-  next,
-  goTo,
-  clear,
-  deleteItem,
-  write,
-  // menu items
-  newFile,
-  openFile,
-  exitCollection,
-  editSubList,
-  sort,
-  search,
-  printList,
-  printerSetup,
-  exportData,
-  mediaTypes,
-  loadFolder,
-  contents,
-  about,
-};
-
-struct ButtonRow {
-  Command command;
-  const char* name;
-  const char* caption;
-};
-
-/// One item of a menu; rows of the same menu follow one another. A menu without an item is itself
-/// what is chosen.
-struct MenuRow {
-  const char* menu;
-  const char* menuCaption;
-  Command command;
-  const char* item = nullptr;
-  const char* caption = nullptr;
-};
 
 /// What an editor form is made of.
 struct EditorTables {
@@ -92,7 +54,11 @@ class frmEditor : public Form {
   /// the form, and what is open, as they were.
   void open(OpenCollection opening);
 
+  void keepTyped() override;
+
  protected:
+  void changeEvent(QEvent* event) override;
+
   using Record = std::vector<std::byte>;
 
   /// The engine is the one that all editors print with.
@@ -126,12 +92,32 @@ class frmEditor : public Form {
   /// Empties the sub-list, just before another item is shown.
   virtual void clearSubList() {}
 
+  /// The entries of the sub-list as they stand, and the same as if the user had typed them.
+  virtual QStringList subList() const { return {}; }
+  virtual void putBackSubList(const QStringList& /*entries*/) {}
+
+  /// What is on the form goes: text in it that is not written is kept, and the user told so, unless
+  /// the form goes with it.
+  void leaveTyped(bool tells = true);
+
+  /// What is on the form by now was shown by program: nobody typed it.
+  void noteShown();
+
+  /// An empty form for a new item; what was on it is written or kept.
+  void startNewItem();
+
   // What the file holds at the position by now: that record, or nothing, as for a new item.
   void noteStored(std::span<const std::byte> record);
   void noteNothingStored();
 
-  /// Shows the mark beside the record indicator when the form holds what its item does not.
+  /// Shows where the form holds what its item does not: the mark beside the record indicator, and a
+  /// tint. Text that stands so for a moment is kept in case the program is killed.
   void updateNotWritten();
+  void updateMark();
+
+  /// The form that shows the item at the moment: this one, or its second page.
+  virtual Form& formOnScreen() { return *this; }
+  void tell(const QString& text) { formOnScreen().showStatus(text); }
 
   virtual void setRecordLabel(const std::string& text);
   std::string recordLabelText() const;
@@ -146,6 +132,8 @@ class frmEditor : public Form {
   void cmdWriteData_Click();
   void cmdClearData_Click();
   void cmdDelete_Click();
+  void Duplicate();
+  void BringBack();
   void ExitCollection_Click();
   void OpenFile_Click();
   void NewFile_Click();
@@ -159,7 +147,7 @@ class frmEditor : public Form {
   virtual int newFileType() const { return store_.kind().rules.fileType; }
 
   /// What follows the storing of a new item: a form for the next one.
-  virtual void afterNewItem() { cmdClearData_Click(); }
+  virtual void afterNewItem() { startNewItem(); }
 
   /// The form as it is before anything was ever shown on it; Previous and Next are disabled.
   virtual void resetForm();
@@ -205,13 +193,31 @@ class frmEditor : public Form {
   QPushButton& button(Command command) { return *buttons_.at(command); }
 
  private:
-  void makeIndicator(QHBoxLayout& row);
-  void makeButtons();
+  QWidget* makeIndicator();
+  WrappingRow* makeButtons();
   void makeMenus();
+  void makeKeys();
   bool restBetweenLaps(int milliseconds);
   void setControlsEnabled(bool enabled);
   void Undraw();
   void showSorted(std::int16_t count);
+
+  // Text that is typed and not written, in frmEditor_typed.cpp.
+  KeptText typedText();
+  bool holdsTyped();
+  void offerBringBack(const QString& told);
+  void offerKeptText();
+  std::optional<std::int16_t> itemOf(const KeptText& text);
+  void noteWritten(const KeptText& written);
+  struct Undo {
+    const char* name;  ///< of the button
+    const char* caption;
+    std::int16_t item;
+    Record before;
+    Record after;
+  };
+  void offerUndo(const QString& told, Undo undo);
+  void takeBack(const Undo& undo);
   void showFound(const FoundItem& found);
   Listing listing();
 
@@ -222,6 +228,10 @@ class frmEditor : public Form {
   QLabel* lblIndex_ = nullptr;
   QLabel* lblNotWritten_ = nullptr;
   std::optional<Record> stored_;  // the item at the position as it is in the file; none: a new item
+  bool isMarked_ = false;         // the form differs from that
+  KeptText shown_;                // what the program itself has put on the form
+  std::optional<KeptTexts> kept_;  // of the open collection
+  QTimer keepSoon_;
   std::map<Command, QPushButton*> buttons_;
   std::unique_ptr<frmSort> sort_;  // made when they are first shown
   std::unique_ptr<frmSearch> search_;

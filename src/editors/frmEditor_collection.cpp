@@ -35,12 +35,15 @@ std::optional<frmEditor::Record> frmEditor::readFirstItem(CollectionStore store,
 }
 
 void frmEditor::takeOver(const OpenCollection& opened) {
+  leaveTyped(false);
+  kept_.emplace(program().typedFolder(), opened.currentPath);
   static_cast<OpenCollection&>(state()) = opened;
   slot_.reset();
 }
 
 /// Leaves the form and the collection.
 void frmEditor::Undraw() {
+  leaveTyped(false);
   hide();
   state().files.closeAll();
 }
@@ -85,6 +88,7 @@ void frmEditor::showSorted(std::int16_t count) {
   const bool isShown = state().CurRec >= 1;
   const auto record = isShown && item >= 1 ? std::optional(store_.ReadRecord(item)) : std::nullopt;
 
+  if (isShown) leaveTyped();
   state().Count = count;
   if (resetsListPos) state().ListPos = 1;
   if (isShown) {

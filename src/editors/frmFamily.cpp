@@ -9,10 +9,10 @@ frmFamily::frmFamily(Program& program, PrintEngine& printEngine, std::string_vie
     : frmEditor(program, printEngine, *kindOfExtension(extension), tables.editor), family_(tables) {
   if (tables.captionsClickable) sheet().makeCaptionsClickable();
   if (tables.listPage == nullptr) return;
-  listPage_ =
-      std::make_unique<frmListPage>(program, *tables.listPage,
-                                    frmListPage::Owner{[this](int item) { showListPosition(item); },
-                                                       [this] { leaveListPage(); }});
+  listPage_ = std::make_unique<frmListPage>(
+      program, *tables.listPage,
+      frmListPage::Owner{[this](int item) { showListPosition(item); }, [this] { leaveListPage(); },
+                         [this] { updateNotWritten(); }});
 }
 
 void frmFamily::Form_Load(OpenCollection& opening) {
@@ -66,13 +66,24 @@ void frmFamily::clearscreen() {
 void frmFamily::afterNewItem() {
   if (!family_.clearsScreenOnly) return frmEditor::afterNewItem();
   clearscreen();
-  updateNotWritten();
+  noteShown();
   sheet().focusFirst();
 }
 
 void frmFamily::leaveListPage() {
   updateNotWritten();
   showInsteadOf(*listPage_);
+}
+
+QStringList frmFamily::subList() const { return listPage_ ? listPage_->entries() : QStringList(); }
+
+void frmFamily::putBackSubList(const QStringList& entries) {
+  if (listPage_) listPage_->setEntries(entries);
+}
+
+Form& frmFamily::formOnScreen() {
+  if (listPage_ && listPage_->isVisible()) return *listPage_;
+  return *this;
 }
 
 bool frmFamily::subListDiffers(const Record* record) const {
@@ -83,10 +94,12 @@ bool frmFamily::subListDiffers(const Record* record) const {
 /// others' indicator, buttons and position stay.
 void frmFamily::showListPosition(int item) {
   if (stepsByListPos()) return readAndShow(item);
-  takeBuffer(store().ReadRecord(item));
+  const auto record = store().ReadRecord(item);
+  leaveTyped();
+  takeBuffer(record);
   state().ListPos = checked16(item);
   UpdateScreen();
-  updateNotWritten();  // what is shown is another item than the indicator's
+  noteShown();  // what is shown is another item than the indicator's
 }
 
 }  // namespace quillbox

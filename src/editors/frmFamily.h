@@ -32,6 +32,9 @@ class frmFamily : public frmEditor {
   void GetScreen(std::span<std::byte> record) override;
   void ClearData() override;
   bool subListDiffers(const Record* record) const override;
+  QStringList subList() const override;
+  void putBackSubList(const QStringList& entries) override;
+  Form& formOnScreen() override;
   void afterNewItem() override;
 
  private:

@@ -1,15 +1,14 @@
 #include "editors/frmListPage.h"
 
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QVBoxLayout>
 #include <utility>
 
 #include "forms/controls.h"
 #include "forms/qt_text.h"
 #include "forms/text_box.h"
+#include "forms/wrapping_row.h"
 #include "platform/checked16.h"
 #include "text/padding.h"
 
@@ -26,9 +25,8 @@ frmListPage::frmListPage(Program& program, const ListPageTables& tables, Owner o
   setCaption(fromUtf8Text(tables.caption));
   setHelpPage("lists.md");
   auto* page = new QWidget;
-  setCentralWidget(page);
-  auto* column = new QVBoxLayout(page);
-  auto* grid = new QGridLayout;
+  auto* grid = new QGridLayout(page);
+  grid->setContentsMargins(0, 0, 0, 0);
   for (int entry = 0; const char* text : tables.captions) {
     auto* box = new TextBox(static_cast<int>(tables.field->width));
     box->setMinimumWidth(fontMetrics().averageCharWidth() * kUsualEntry);
@@ -36,19 +34,19 @@ frmListPage::frmListPage(Program& program, const ListPageTables& tables, Owner o
     caption->setObjectName(controlName(tables.captionName, entry));
     grid->addWidget(caption, entry, 0);
     grid->addWidget(box, entry, 1);
+    connect(box, &QLineEdit::textEdited, this, [this] { owner_.edited(); });
     boxes_.push_back(box);
     ++entry;
   }
-  column->addLayout(grid);
-  column->addStretch(1);
-  auto* row = new QHBoxLayout;
-  row->addStretch(1);
+  auto* row = new WrappingRow;
   for (const auto& [command, name, text] : tables.buttons) {
     auto* made = makeButton(QString::fromUtf8(name), QString::fromUtf8(text));
+    made->setToolTip(toolTipOf(command));
+    onKeys(keysOf(command), [made] { made->click(); });
     onClick(*made, [this, which = command] { choose(which); });
     row->addWidget(made);
   }
-  column->addLayout(row);
+  layOut(page, row);
 }
 
 void frmListPage::choose(Command command) {
@@ -91,6 +89,17 @@ void frmListPage::GetScreen(std::span<std::byte> record) const {
 
 void frmListPage::clear() {
   for (TextBox* box : boxes_) box->clear();
+}
+
+QStringList frmListPage::entries() const {
+  QStringList entries;
+  for (const TextBox* box : boxes_) entries << withoutTrailingBlanks(box->text()).toString();
+  return entries;
+}
+
+void frmListPage::setEntries(const QStringList& entries) {
+  for (std::size_t entry = 0; entry < boxes_.size(); ++entry)
+    boxes_[entry]->showText(entries.value(static_cast<qsizetype>(entry)));
 }
 
 }  // namespace quillbox

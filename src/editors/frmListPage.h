@@ -32,6 +32,7 @@ class frmListPage : public Form {
   struct Owner {
     std::function<void(int item)> showItem;  ///< reads an item into the record buffer and shows it
     std::function<void()> leave;
+    std::function<void()> edited;  ///< the user has changed an entry
   };
 
   frmListPage(Program& program, const ListPageTables& tables, Owner owner);
@@ -46,6 +47,10 @@ class frmListPage : public Form {
   bool differsFrom(const std::vector<std::byte>* record) const;
 
   void clear();
+
+  /// What the boxes hold, and the same as if the user had typed it.
+  QStringList entries() const;
+  void setEntries(const QStringList& entries);
 
  protected:
   void Form_Unload() override { Undraw(); }

@@ -245,13 +245,27 @@ bool frmMusic::subListDiffers(const Record* record) const {
   return false;
 }
 
+QStringList frmMusic::subList() const {
+  QStringList songs;
+  for (std::size_t song = 0; song < kSongs; ++song)
+    songs << fromRecordText(withoutTrailingBlanks(this->song(song)));
+  return songs;
+}
+
+void frmMusic::putBackSubList(const QStringList& entries) {
+  for (std::size_t song = 0; song < kSongs; ++song)
+    songs_.at(song) = toRecordText(entries.value(static_cast<qsizetype>(song)));
+  fillSongPages();
+}
+
 void frmMusic::makeSongPages() {
   for (std::size_t page = 0; page < pages_.size(); ++page) {
     const auto showOther = [this, page] { pages_.at(1 - page)->showInsteadOf(*pages_.at(page)); };
     pages_.at(page) = std::make_unique<frmSongEdit>(
         program(), static_cast<int>(page) + 1,
         frmSongEdit::Owner{showOther, [this] { ClearSongList(); },
-                           [this](frmSongEdit& left) { exitSongs(left); }});
+                           [this](frmSongEdit& left) { exitSongs(left); },
+                           [this] { updateNotWritten(); }});
   }
 }
 

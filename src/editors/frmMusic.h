@@ -22,6 +22,8 @@ class frmMusic : public frmEditor {
   void GetScreen(std::span<std::byte> record) override;
   void ClearData() override;
   bool subListDiffers(const Record* record) const override;
+  QStringList subList() const override;
+  void putBackSubList(const QStringList& entries) override;
   void clearSubList() override { ClearSongList(); }
   void setRecordLabel(const std::string& text) override;
 

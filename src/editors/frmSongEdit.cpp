@@ -1,16 +1,15 @@
 #include "editors/frmSongEdit.h"
 
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
 #include "forms/controls.h"
 #include "forms/qt_text.h"
 #include "forms/text_box.h"
+#include "forms/wrapping_row.h"
 #include "records/field.h"
 #include "records/music_record.h"
 
@@ -40,10 +39,8 @@ frmSongEdit::frmSongEdit(Program& program, int page, Owner owner)
   setCaption(QStringLiteral("Song List Editor"));
   setHelpPage("lists.md");
   auto* holder = new QWidget;
-  setCentralWidget(holder);
-  auto* column = new QVBoxLayout(holder);
-
-  auto* grid = new QGridLayout;
+  auto* grid = new QGridLayout(holder);
+  grid->setContentsMargins(0, 0, 0, 0);
   txtSongEdit_ = new TextBox(kSongWidth);
   txtSongEdit_->setPlaceholderText(QStringLiteral("Type a title and press Enter"));
   connect(txtSongEdit_, &QLineEdit::returnPressed, this, &frmSongEdit::txtSongEdit_Enter);
@@ -57,12 +54,10 @@ frmSongEdit::frmSongEdit(Program& program, int page, Owner owner)
   sayFull(false);
   connect(txtSongEdit_, &QLineEdit::textChanged, this, [this] { sayFull(false); });
   makeSongs(*grid);
-  column->addLayout(grid);
-  column->addStretch(1);
 
-  auto* row = new QHBoxLayout;
+  auto* row = new WrappingRow;
   makeButtons(*row);
-  column->addLayout(row);
+  layOut(holder, row);
 }
 
 void frmSongEdit::makeSongs(QGridLayout& grid) {
@@ -76,17 +71,18 @@ void frmSongEdit::makeSongs(QGridLayout& grid) {
     const int column = 2 * (song / rows);
     grid.addWidget(caption, row, column);
     grid.addWidget(box, row, column + 1);
+    connect(box, &QLineEdit::textEdited, this, [this] { owner_.edited(); });
     songs_.at(static_cast<std::size_t>(song)) = box;
   }
   grid.setColumnStretch(1, 1);
   grid.setColumnStretch(3, 1);
 }
 
-void frmSongEdit::makeButtons(QHBoxLayout& row) {
+void frmSongEdit::makeButtons(WrappingRow& row) {
   lblIndex_ = new QLabel(QStringLiteral("Record #:"));
   lblIndex_->setObjectName(QStringLiteral("lblIndex"));
   lblIndex_->setTextFormat(Qt::PlainText);
-  row.addWidget(lblIndex_, 1);
+  row.addLead(lblIndex_);
   const auto add = [&](const char* name, const char* caption, std::function<void()> handler) {
     auto* made = makeButton(QString::fromUtf8(name), QString::fromUtf8(caption));
     onClick(*made, std::move(handler));
@@ -118,6 +114,7 @@ void frmSongEdit::txtSongEdit_Enter() {
   }
   (*empty)->setText(title);
   txtSongEdit_->clear();
+  owner_.edited();
 }
 
 void frmSongEdit::sayFull(bool isFull) {

@@ -8,12 +8,12 @@
 #include "forms/form.h"
 
 class QGridLayout;
-class QHBoxLayout;
 class QLabel;
 
 namespace quillbox {
 
 class TextBox;
+class WrappingRow;
 
 /// One of the two pages of an album's song list, `frmSongEdit1` and `frmSongEdit2`: twenty songs
 /// each. A page keeps nothing but its text boxes; what is typed here reaches the record buffer when
@@ -27,6 +27,7 @@ class frmSongEdit : public Form {
     std::function<void()> showOtherPage;
     std::function<void()> clearSongs;
     std::function<void(frmSongEdit&)> exitSongs;
+    std::function<void()> edited;  ///< the user has changed a song
   };
 
   /// `page` is 1 or 2.
@@ -46,7 +47,7 @@ class frmSongEdit : public Form {
 
  private:
   void makeSongs(QGridLayout& grid);
-  void makeButtons(QHBoxLayout& row);
+  void makeButtons(WrappingRow& row);
   void txtSongEdit_Enter();
   void sayFull(bool isFull);
 

@@ -1,8 +1,11 @@
 #include "forms/controls.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPalette>
 #include <QPushButton>
+#include <algorithm>
 
 #include "forms/qt_text.h"
 
@@ -15,6 +18,14 @@ bool isAccessKey(const QKeyEvent& key) {
   const bool isWithAlt =
       key.modifiers().testFlag(Qt::AltModifier) && !key.modifiers().testFlag(Qt::ControlModifier);
   return isWithAlt && !key.text().isEmpty() && key.text().front().isPrint();
+}
+
+/// A little of `tint` in `color`.
+QColor blended(const QColor& color, const QColor& tint) {
+  constexpr double part = 0.18;
+  const auto mix = [](int a, int b) { return static_cast<int>(a + part * (b - a)); };
+  return {mix(color.red(), tint.red()), mix(color.green(), tint.green()),
+          mix(color.blue(), tint.blue())};
 }
 
 /// Keeps access keys out of an input. One that nothing answers to, as its button is disabled, would
@@ -56,6 +67,29 @@ QPushButton* makeButton(const QString& name, const QString& caption) {
   nameControl(*button, name, caption);
   button->setAutoDefault(true);
   return button;
+}
+
+void keepRoomFor(QLabel& label, const QString& widest) {
+  const int width = label.fontMetrics().horizontalAdvance(widest) + 2 * label.margin();
+  label.setMinimumWidth(std::max(label.minimumWidth(), width));
+}
+
+QColor unwrittenColor(const QPalette& palette) {
+  constexpr int middle = 128;
+  const bool isDark = palette.color(QPalette::Window).lightness() < middle;
+  return isDark ? QColor(0xff, 0xb3, 0x5c) : QColor(0x9a, 0x45, 0x00);
+}
+
+void tintAsChanged(QWidget& input, bool isChanged) {
+  const QPalette usual = QApplication::palette(&input);
+  QPalette tinted;
+  if (isChanged)
+    for (const QPalette::ColorRole role : {QPalette::Base, QPalette::Button})
+      tinted.setColor(role, blended(usual.color(role), unwrittenColor(usual)));
+  const bool isAsWanted =
+      isChanged ? input.palette().color(QPalette::Base) == tinted.color(QPalette::Base)
+                : !input.testAttribute(Qt::WA_SetPalette);
+  if (!isAsWanted) input.setPalette(tinted);
 }
 
 }  // namespace quillbox

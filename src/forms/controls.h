@@ -2,7 +2,9 @@
 
 #include <QString>
 
+class QColor;
 class QLabel;
+class QPalette;
 class QPushButton;
 class QWidget;
 
@@ -24,5 +26,14 @@ QLabel* makeCaption(QWidget& input, const QString& name, const QString& caption)
 
 /// A button; Enter presses it while it has the focus, as the space bar does.
 QPushButton* makeButton(const QString& name, const QString& caption);
+
+/// The label keeps room for `widest` from now on, so that nothing beside it moves.
+void keepRoomFor(QLabel& label, const QString& widest);
+
+/// For what is not written yet: readable on the palette's window, be it light or dark.
+QColor unwrittenColor(const QPalette& palette);
+
+/// An input that holds something else than its item has a tint, until it does no more.
+void tintAsChanged(QWidget& input, bool isChanged);
 
 }  // namespace quillbox

@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "forms/qt_text.h"
+#include "platform/run_time_error.h"
 
 namespace quillbox {
 namespace {
@@ -66,7 +67,14 @@ void FieldSheet::show(std::span<const std::byte> record) {
 
 void FieldSheet::store(std::span<std::byte> record) {
   std::vector<std::byte> stored(record.begin(), record.end());
-  for (const auto& input : inputs_) input->store(stored);
+  for (const auto& input : inputs_) {
+    try {
+      input->store(stored);
+    } catch (const RunTimeError&) {
+      input->control().setFocus(Qt::OtherFocusReason);  // that is what the error is about
+      throw;
+    }
+  }
   std::ranges::copy(stored, record.begin());
   for (const auto& input : inputs_) input->showFilled();
 }
@@ -75,6 +83,19 @@ std::vector<Entered> FieldSheet::entered() const {
   std::vector<Entered> all;
   for (const auto& input : inputs_) all.push_back(input->entered());
   return all;
+}
+
+QMap<QString, QString> FieldSheet::typed() const {
+  QMap<QString, QString> all;
+  for (const auto& input : inputs_) all.insert(input->control().objectName(), input->typed());
+  return all;
+}
+
+void FieldSheet::putBack(const QMap<QString, QString>& typed) {
+  for (const auto& input : inputs_) {
+    const auto text = typed.find(input->control().objectName());
+    if (text != typed.end()) input->putBack(*text);
+  }
 }
 
 void FieldSheet::takeChoices(const FieldSheet& other) {
@@ -110,9 +131,14 @@ void FieldSheet::whenToggled(const char* name, std::function<void()> toggled) {
   connect(&checkBox(name), &QCheckBox::toggled, this, byUser(std::move(toggled)));
 }
 
-bool FieldSheet::differsFrom(const std::vector<std::byte>* record) const {
-  return std::ranges::any_of(inputs_,
-                             [record](const auto& input) { return input->differs(record); });
+bool FieldSheet::tintDifferences(const std::vector<std::byte>* record) {
+  bool anyDiffers = false;
+  for (const auto& input : inputs_) {
+    const bool differs = input->differs(record);
+    tintAsChanged(input->control(), differs);
+    anyDiffers = anyDiffers || differs;
+  }
+  return anyDiffers;
 }
 
 void FieldSheet::clear() {

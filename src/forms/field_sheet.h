@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMap>
 #include <QWidget>
 #include <cstddef>
 #include <functional>
@@ -41,17 +42,22 @@ class FieldSheet : public QWidget {
   /// What stands in each input, as it would be stored, but nothing put into an empty box.
   std::vector<Entered> entered() const;
 
+  /// What each input holds, by its name, and the same as if the user had typed it.
+  QMap<QString, QString> typed() const;
+  void putBack(const QMap<QString, QString>& typed);
+
+  /// Tints each input that shows something else than what the record holds; without a record, than
+  /// what was left by `clear` and `clearLists`. A choice that its list does not hold is nothing
+  /// that a form could show, and makes no difference until the user chooses another. Returns
+  /// whether any input differs.
+  bool tintDifferences(const std::vector<std::byte>* record);
+
   /// Offers in each drop-down list what the list of that name on `other` offers.
   void takeChoices(const FieldSheet& other);
 
   /// The entry that the drop-down list of a field has there, in record characters; empty when it
   /// has none.
   std::string choiceText(const Field& field, int index) const;
-
-  /// Whether an input shows something else than what the record holds; without a record, than what
-  /// was left by `clear` and `clearLists`. A choice that its list does not hold is nothing that a
-  /// form could show, and makes no difference until the user chooses another.
-  bool differsFrom(const std::vector<std::byte>* record) const;
 
   /// `changed` is called when the user, or the program other than by showing and clearing, changes
   /// an input.

@@ -6,11 +6,19 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QShortcut>
+#include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "forms/help_window.h"
 #include "forms/qt_text.h"
+#include "forms/scrolling_page.h"
+#include "forms/status_line.h"
 #include "forms/window_places.h"
+#include "forms/wrapping_row.h"
 
 namespace quillbox {
 
@@ -26,12 +34,39 @@ void Form::setCaption(const QString& text) {
   setWindowTitle(QString(text).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
 }
 
+void Form::layOut(QWidget* page, WrappingRow* buttons) {
+  auto* holder = new QWidget;
+  auto* column = new QVBoxLayout(holder);
+  column->addWidget(new ScrollingPage(page), 1);
+  column->addLayout(buttons);
+  status_ = new StatusLine([this](QPushButton& button) {
+    // Read when it is pressed: a command begins with an empty status line.
+    connect(&button, &QAbstractButton::clicked, this,
+            [this] { program_.run(std::function(status_->click())); });
+  });
+  column->addWidget(status_);
+  setCentralWidget(holder);
+}
+
+void Form::showStatus(const QString& text) {
+  if (status_ != nullptr) status_->show(text);
+}
+
+void Form::showStatus(const QString& text, StatusAction action) {
+  if (status_ != nullptr) status_->show(text, std::move(action));
+}
+
+void Form::clearStatus() {
+  if (status_ != nullptr) status_->clear();
+}
+
 void Form::setVisible(bool visible) {
-  WindowPlaces* places = program_.windowPlaces();
-  if (visible) restorePlace();
-  if (!visible && isVisible()) {
+  if (visible == isVisible()) return;  // the focus stays where it is
+  if (visible) {
+    restorePlace();
+  } else {
     focusWhenHidden_ = focusWidget();
-    if (places != nullptr) places->remember(*this);
+    if (WindowPlaces* places = program_.windowPlaces()) places->remember(*this);
   }
   QMainWindow::setVisible(visible);
   if (visible && focusWhenHidden_) focusWhenHidden_->setFocus();
@@ -39,17 +74,44 @@ void Form::setVisible(bool visible) {
 
 void Form::showInsteadOf(Form& other) {
   restorePlace();
-  if (!isVisible()) move(other.pos());
+  if (!isVisible()) placeAt(other);
   show();
   other.hide();
   activateWindow();
 }
 
-/// Only once: from then on the window keeps its place by itself.
+/// Only once: from then on the window keeps its place by itself. One that has none yet is as large
+/// as what it holds, or as the screen.
 void Form::restorePlace() {
-  if (std::exchange(placeIsRestored_, true) || program_.windowPlaces() == nullptr) return;
-  program_.windowPlaces()->restore(*this);
+  if (std::exchange(placeIsRestored_, true)) return;
+  ensurePolished();
+  if (status_ != nullptr) {
+    centralWidget()->setMinimumSize(smallestPage());
+    if (!testAttribute(Qt::WA_Resized)) resize(usualSize());
+  }
+  if (program_.windowPlaces() != nullptr) program_.windowPlaces()->restore(*this);
 }
+
+/// Room for all menus, and for all buttons in as many lines as that width needs.
+QSize Form::smallestPage() const {
+  const QLayout& layout = *centralWidget()->layout();
+  const int width = std::max(layout.minimumSize().width(), menuBar()->sizeHint().width());
+  return {width, layout.totalMinimumHeightForWidth(width)};
+}
+
+/// As large as what the form holds, as far as the screen has room.
+QSize Form::usualSize() const {
+  const QSize room = screen()->availableGeometry().size();
+  const QLayout& layout = *centralWidget()->layout();
+  QSize size = sizeHint();
+  size.setWidth(std::min(size.width(), room.width()));
+  // The buttons may go on in a second line.
+  size.rheight() += layout.totalHeightForWidth(size.width()) - layout.totalSizeHint().height();
+  return size.boundedTo(room);
+}
+
+/// By what is inside the frames: how wide a frame is nobody knows before the window is shown.
+void Form::placeAt(const Form& other) { setGeometry(QRect(other.geometry().topLeft(), size())); }
 
 void Form::showHelp() { program_.help().open(QString::fromUtf8(helpPage_)); }
 
@@ -68,6 +130,7 @@ void Form::addMenuItem(const MenuItem& item) {
     }
     action = menu->addAction(QString::fromUtf8(item.caption));
     action->setObjectName(QString::fromUtf8(item.name));
+    action->setShortcut(item.keys);
     action->setIcon(item.icon);  // on the bar itself it would stand for the caption
   }
   action->setEnabled(item.click != nullptr);
@@ -82,6 +145,13 @@ void Form::onClick(QAbstractButton& button, std::function<void()> handler) {
 void Form::onTriggered(QAction& action, std::function<void()> handler) {
   connect(&action, &QAction::triggered, this,
           [this, handler = std::move(handler)] { program_.run(handler); });
+}
+
+void Form::onKeys(const QKeySequence& keys, const std::function<void()>& handler) {
+  if (keys.isEmpty()) return;
+  auto* shortcut = new QShortcut(keys, this);
+  shortcut->setAutoRepeat(false);
+  connect(shortcut, &QShortcut::activated, this, handler);
 }
 
 void Form::actAsDialog(QAbstractButton* onEnter) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QIcon>
+#include <QKeySequence>
 #include <QMainWindow>
 #include <QPointer>
 #include <QString>
@@ -14,6 +15,10 @@ class QAction;
 
 namespace quillbox {
 
+class StatusLine;
+class WrappingRow;
+struct StatusAction;
+
 /// One item of a menu, which is made with its first item. An item without a name is the menu
 /// itself; one without a handler cannot be chosen yet.
 struct MenuItem {
@@ -23,6 +28,7 @@ struct MenuItem {
   const char* caption;
   std::function<void()> click;
   QIcon icon = {};
+  QKeySequence keys = {};  ///< besides the access keys
 };
 
 /// A window of the program. Every handler of its controls runs inside Program::run.
@@ -42,6 +48,15 @@ class Form : public QMainWindow {
   /// Shows the form where `other` stands and hides `other`.
   void showInsteadOf(Form& other);
 
+  /// Tells in the status line what a command did; the next command takes it away. Nothing on a form
+  /// without a status line.
+  void showStatus(const QString& text);
+  void showStatus(const QString& text, StatusAction action);
+  void clearStatus();
+
+  /// The program ends in the middle of a command: what only the form holds is to be kept.
+  virtual void keepTyped() {}
+
  protected:
   Program& program() { return program_; }
   AppState& state() { return program_.state(); }
@@ -52,6 +67,10 @@ class Form : public QMainWindow {
 
   /// The window was closed in the middle of a command; it stays.
   virtual void closeWhileBusy() {}
+
+  /// Lays the form out from the top down: a page, which scrolls in a window that is too small for
+  /// it, a row of buttons and a status line.
+  void layOut(QWidget* page, WrappingRow* buttons);
 
   void addMenuItem(const MenuItem& item);
 
@@ -64,6 +83,9 @@ class Form : public QMainWindow {
   void onClick(QAbstractButton& button, std::function<void()> handler);
   void onTriggered(QAction& action, std::function<void()> handler);
 
+  /// Runs `handler`, as it is, when the user presses the keys, wherever on the form the focus is.
+  void onKeys(const QKeySequence& keys, const std::function<void()>& handler);
+
   /// From now on Escape closes the window, wherever in it the focus is, and Enter clicks `onEnter`
   /// if there is one. A button that has the focus keeps Enter for itself.
   void actAsDialog(QAbstractButton* onEnter);
@@ -73,8 +95,12 @@ class Form : public QMainWindow {
 
  private:
   void restorePlace();
+  QSize smallestPage() const;
+  QSize usualSize() const;
+  void placeAt(const Form& other);
 
   Program& program_;
+  StatusLine* status_ = nullptr;
   const char* helpPage_ = "index.md";
   bool placeIsRestored_ = false;
   bool isDialog_ = false;

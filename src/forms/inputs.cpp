@@ -48,6 +48,9 @@ class TextInput : public Input {
 
   Entered entered() const override { return {&field(), toRecordText(box_.text())}; }
 
+  QString typed() const override { return withoutTrailingBlanks(box_.text()).toString(); }
+  void putBack(const QString& typed) override { box_.showText(typed); }
+
   bool differs(const Record* record) const override {
     const QString stored = record == nullptr ? QString() : shownText(*record);
     if (withoutTrailingBlanks(box_.text()) == withoutTrailingBlanks(stored)) return false;
@@ -115,6 +118,8 @@ class CheckInput : public Input {
   }
   void store(std::span<std::byte> record) override { setWhole(field(), record, ticked()); }
   Entered entered() const override { return {.field = &field(), .whole = ticked()}; }
+  QString typed() const override { return QString::number(ticked()); }
+  void putBack(const QString& typed) override { box_.setChecked(typed.toInt() != 0); }
   bool differs(const Record* record) const override {
     return box_.isChecked() != (record != nullptr && wholeOf(field(), *record) != 0);
   }
@@ -143,6 +148,11 @@ class ListInput : public Input {
   }
   void store(std::span<std::byte> record) override { setWhole(field(), record, chosen()); }
   Entered entered() const override { return {.field = &field(), .whole = chosen()}; }
+  QString typed() const override { return QString::number(list_.currentIndex()); }
+  void putBack(const QString& typed) override {
+    const int index = typed.toInt();
+    if (index >= -1 && index < list_.count()) list_.setCurrentIndex(index);
+  }
   bool differs(const Record* record) const override {
     const bool listed = record != nullptr && isListed(*record);
     return list_.currentIndex() != (listed ? choiceOf(*record) : resting_);

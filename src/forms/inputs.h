@@ -93,6 +93,15 @@ class Input {
   virtual void showFilled() {}
 
   virtual Entered entered() const = 0;
+
+  /// What the control holds, as a text that `putBack` understands: a tick is "1", a choice its
+  /// number.
+  virtual QString typed() const = 0;
+
+  /// As if the user had typed it. A choice that the list does not hold leaves the selection as it
+  /// is.
+  virtual void putBack(const QString& typed) = 0;
+
   virtual bool differs(const Record* record) const = 0;
 
   /// Empties a text and unticks a box; a list keeps its choice, which is now nobody's.

@@ -22,6 +22,7 @@ void Program::run(const std::function<void()>& handler) {
   if (ending_ || isRunning_) return;
   const std::vector<Form*> shownBefore = visibleForms();
   isRunning_ = true;
+  for (Form* form : forms_) form->clearStatus();
   try {
     handler();
   } catch (const RunTimeError& error) {
@@ -29,6 +30,7 @@ void Program::run(const std::function<void()>& handler) {
     report(error);
   } catch (const ProgramEnd&) {
     ending_ = true;
+    for (Form* form : forms_) form->keepTyped();
     state_.files.closeAll();
     desktop_.endAtOnce();
   }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <functional>
 #include <memory>
 #include <string>
@@ -63,6 +64,10 @@ class Program {
   WindowPlaces* windowPlaces() const { return windowPlaces_; }
   void setWindowPlaces(WindowPlaces& places) { windowPlaces_ = &places; }
 
+  /// Where texts that were typed and not written are kept; empty: nowhere but in memory.
+  const QString& typedFolder() const { return typedFolder_; }
+  void setTypedFolder(const QString& folder) { typedFolder_ = folder; }
+
   /// Runs the handler of a user's action. A run-time error ends the handler: the forms it hid come
   /// back and the error is shown. When no form is left on screen the start screen is shown.
   ///
@@ -104,6 +109,7 @@ class Program {
   Desktop& desktop_;
   Shell* shell_ = nullptr;
   WindowPlaces* windowPlaces_ = nullptr;
+  QString typedFolder_;
   std::vector<Form*> forms_;
   bool isRunning_ = false;
   bool ending_ = false;

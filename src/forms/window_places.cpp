@@ -4,6 +4,7 @@
 #include <QScreen>
 #include <QStandardPaths>
 #include <QStringList>
+#include <QStyle>
 #include <QWidget>
 #include <algorithm>
 #include <array>
@@ -42,11 +43,12 @@ std::optional<QRect> placeOf(const QString& text) {
   return QRect(left, top, width, height);
 }
 
-/// That place, moved and cut as little as makes all of it visible.
-QRect onScreen(QRect place) {
+/// That place, moved and cut as little as makes all of it visible, title bar included.
+QRect onScreen(QRect place, const QWidget& window) {
   const QScreen* screen = QGuiApplication::screenAt(place.center());
   if (screen == nullptr) screen = QGuiApplication::primaryScreen();
-  const QRect room = screen->availableGeometry();
+  const int titleBar = window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
+  const QRect room = screen->availableGeometry().adjusted(0, titleBar, 0, 0);
   place.setSize(place.size().boundedTo(room.size()));
   place.moveLeft(std::clamp(place.left(), room.left(), room.right() + 1 - place.width()));
   place.moveTop(std::clamp(place.top(), room.top(), room.bottom() + 1 - place.height()));
@@ -66,16 +68,13 @@ QString WindowPlaces::userFile() {
 void WindowPlaces::restore(QWidget& window) const {
   const auto kept = placeOf(settings_.value(window.objectName()).toString());
   if (!kept) return;
-  const QRect place = onScreen(*kept);
-  window.resize(place.size());
-  window.move(place.topLeft());
+  window.setGeometry(onScreen(*kept, window));
   if (settings_.value(maximizedKey(window)).toBool())
     window.setWindowState(window.windowState() | Qt::WindowMaximized);
 }
 
 void WindowPlaces::remember(const QWidget& window) {
-  const QRect place =
-      window.isMaximized() ? window.normalGeometry() : QRect(window.pos(), window.size());
+  const QRect place = window.isMaximized() ? window.normalGeometry() : window.geometry();
   settings_.setValue(window.objectName(), textOf(place));
   settings_.setValue(maximizedKey(window), window.isMaximized());
 }

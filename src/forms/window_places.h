@@ -7,9 +7,9 @@ class QWidget;
 
 namespace quillbox {
 
-/// Where windows stood and how large they were when they were last hidden, by their object names,
-/// kept in a settings file. Whatever cannot be read, or is damaged, is as if never kept; what
-/// cannot be written is forgotten at the program's end.
+/// Where windows stood and how large they were, without their frames, when they were last hidden,
+/// by their object names, kept in a settings file. Whatever cannot be read, or is damaged, is as if
+/// never kept; what cannot be written is forgotten at the program's end.
 class WindowPlaces {
  public:
   /// The file, and the folder it is in, need not exist.

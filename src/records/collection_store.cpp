@@ -80,14 +80,14 @@ std::int16_t CollectionStore::slotForNewItem() {
   return checked16(collection_.Count + 1);
 }
 
-std::int16_t CollectionStore::writeNewItem(std::optional<std::int16_t>& slot,
-                                           std::span<const std::byte> record) {
+NewItem CollectionStore::writeNewItem(std::optional<std::int16_t>& slot,
+                                      std::span<const std::byte> record) {
   if (!slot) slot = slotForNewItem();
-  const std::int16_t count = std::max(*slot, collection_.Count);
-  if (count > collection_.Count) WriteHeader(count, kind_.rules.fileType);
-  WriteRecord(*slot, record, count);
+  const NewItem written{*slot, std::max(*slot, collection_.Count)};
+  if (written.count > collection_.Count) WriteHeader(written.count, kind_.rules.fileType);
+  WriteRecord(written.item, record, written.count);
   slot.reset();
-  return count;
+  return written;
 }
 
 bool CollectionStore::writeDeleted(int item, std::span<const std::byte> record) {

@@ -15,6 +15,12 @@
 
 namespace quillbox {
 
+/// Where a new item was stored, and how many items there are then.
+struct NewItem {
+  std::int16_t item;
+  std::int16_t count;
+};
+
 /// A collection as its kind reads and writes it. Every operation opens the file at the collection's
 /// `currentPath`, does its work and closes it again; one that fails throws a RunTimeError and
 /// leaves the caller's buffers as they were. Nothing here changes what is open or where the user
@@ -48,14 +54,14 @@ class CollectionStore {
   /// overwritten by one.
   void WriteRecord(int item, std::span<const std::byte> record, int count);
 
-  /// Stores `record` as a new item and returns how many items there are then. It goes into the
+  /// Stores `record` as a new item. It goes into the
   /// first deleted slot if the kind reuses them, otherwise after the last item (run-time error 6
   /// beyond 16 bits).
   ///
   /// A failure may leave half of the item in its slot, which no scan would take for deleted again:
   /// `slot` keeps it for the next try. Whoever calls forgets it as soon as anything else may have
   /// happened to the collection; it is empty after a success.
-  std::int16_t writeNewItem(std::optional<std::int16_t>& slot, std::span<const std::byte> record);
+  NewItem writeNewItem(std::optional<std::int16_t>& slot, std::span<const std::byte> record);
 
   /// Writes `record`, which carries the deleted marker, over an item, and reads it back if the
   /// kind does that. False when what was read back is not deleted.

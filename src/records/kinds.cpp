@@ -161,4 +161,8 @@ std::string recordLabel(const CollectionKind& kind, int position, int count) {
       .append(numberText(count));
 }
 
+std::string widestRecordLabel(const CollectionKind& kind) {
+  return recordLabel(kind, INT16_MIN, INT16_MIN);
+}
+
 }  // namespace quillbox

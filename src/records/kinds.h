@@ -115,4 +115,7 @@ std::vector<std::byte> blankRecord(const CollectionKind& kind);
 /// The record label of an item of a collection.
 std::string recordLabel(const CollectionKind& kind, int position, int count);
 
+/// As long as the indicator of that kind can become.
+std::string widestRecordLabel(const CollectionKind& kind);
+
 }  // namespace quillbox

@@ -1,7 +1,6 @@
 #include "sortsearch/frmSearch.h"
 
 #include <QCheckBox>
-#include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <array>
@@ -9,6 +8,7 @@
 
 #include "forms/controls.h"
 #include "forms/qt_text.h"
+#include "forms/wrapping_row.h"
 #include "platform/desktop.h"
 #include "sortsearch/search_engine.h"
 
@@ -106,23 +106,20 @@ frmSearch::frmSearch(Program& program, const CollectionKind& kind, const SearchP
       owner_(std::move(owner)),
       sheet_(new FieldSheet(page.inputs, page.headings, desktop())) {
   auto* central = new QWidget;
-  setCentralWidget(central);
   auto* column = new QVBoxLayout(central);
+  column->setContentsMargins(0, 0, 0, 0);
   column->addStrut(fontMetrics().averageCharWidth() * kSheetWidth);
   column->addWidget(sheet_);
-  column->addStretch(1);
-  column->addSpacing(column->spacing());
 
   auto* begin =
       makeButton(QString::fromUtf8(form_.beginName), QString::fromUtf8(form_.beginCaption));
   onClick(*begin, [this, click = form_.begin] { (this->*click)(); });
   auto* exit = makeButton(QString::fromUtf8(form_.exitName), QString::fromUtf8(form_.exitCaption));
   onClick(*exit, [this] { owner_.leave(); });
-  auto* row = new QHBoxLayout;
-  row->addStretch(1);
+  auto* row = new WrappingRow;
   row->addWidget(begin);
   row->addWidget(exit);
-  column->addLayout(row);
+  layOut(central, row);
   actAsDialog(begin);
   setHelpPage("search.md");
 

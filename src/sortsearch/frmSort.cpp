@@ -2,7 +2,6 @@
 
 #include <QCheckBox>
 #include <QGuiApplication>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -10,6 +9,7 @@
 
 #include "forms/controls.h"
 #include "forms/qt_text.h"
+#include "forms/wrapping_row.h"
 #include "platform/desktop.h"
 #include "sortsearch/sort_engine.h"
 
@@ -93,8 +93,8 @@ frmSort::frmSort(Program& program, const CollectionKind& kind, Owner owner)
   const SortForm& form = formOf(kind);
   setCaption(QString::fromUtf8(form.caption));
   auto* page = new QWidget;
-  setCentralWidget(page);
   auto* column = new QVBoxLayout(page);
+  column->setContentsMargins(0, 0, 0, 0);
   auto* hint = new QLabel;
   column->addWidget(hint);
   for (const SortKey& key : sortRulesOf(kind).keys) {
@@ -108,18 +108,14 @@ frmSort::frmSort(Program& program, const CollectionKind& kind, Owner owner)
   }
   hint->setText(boxes_.empty() ? QStringLiteral("The collection is sorted by file name.")
                                : QStringLiteral("Sorts by what is ticked; the first counts most."));
-  column->addStretch(1);
-  column->addSpacing(column->spacing());
-
   begin_ = makeButton(QString::fromUtf8(form.beginName), QString::fromUtf8(form.beginCaption));
   onClick(*begin_, [this, begin = form.begin] { (this->*begin)(); });
   auto* exit = makeButton(QString::fromUtf8(form.exitName), QString::fromUtf8(form.exitCaption));
   onClick(*exit, [this] { owner_.leave(); });
-  auto* row = new QHBoxLayout;
-  row->addStretch(1);
+  auto* row = new WrappingRow;
   row->addWidget(begin_);
   row->addWidget(exit);
-  column->addLayout(row);
+  layOut(page, row);
   actAsDialog(nullptr);
   setHelpPage("sort.md");
 }

@@ -15,7 +15,7 @@ class CountingStore : public CollectionStore {
       : CollectionStore(state.files, state, kind), state_(state) {}
 
   void writeNewItem(std::span<const std::byte> record) {
-    state_.Count = CollectionStore::writeNewItem(slot, record);
+    state_.Count = CollectionStore::writeNewItem(slot, record).count;
   }
 
   std::optional<std::int16_t> slot;  ///< of an interrupted write

@@ -1,0 +1,147 @@
+// Text that is typed on an editor and not written: it is kept when it leaves the form, and comes
+// back when the user asks for it. What was written or deleted can be taken back, too.
+
+#include <QByteArray>
+#include <utility>
+
+#include "editors/frmEditor.h"
+#include "forms/status_line.h"
+
+namespace quillbox {
+namespace {
+
+QByteArray asBytes(const std::vector<std::byte>& record) {
+  return {reinterpret_cast<const char*>(record.data()), static_cast<qsizetype>(record.size())};
+}
+
+/// "item 5" or "a new item"
+QString nameOf(int item) {
+  return item == kNewItem ? QStringLiteral("a new item") : QStringLiteral("item %1").arg(item);
+}
+
+QString sentence(QString text) {
+  text.front() = text.front().toUpper();
+  return text;
+}
+
+}  // namespace
+
+KeptText frmEditor::typedText() {
+  KeptText text;
+  text.item = state().CurRec >= 1 ? position() : kNewItem;
+  if (stored_) text.stored = asBytes(*stored_);
+  text.inputs = sheet_->typed();
+  text.list = subList();
+  return text;
+}
+
+void frmEditor::noteShown() {
+  shown_ = typedText();
+  updateNotWritten();
+}
+
+/// An item that the list page shows differs from the one at the position, but nobody typed it.
+bool frmEditor::holdsTyped() { return isMarked_ && !typedText().isSameText(shown_); }
+
+void frmEditor::keepTyped() {
+  keepSoon_.stop();
+  if (!kept_) return;
+  updateMark();
+  kept_->setOnForm(holdsTyped() ? std::optional(typedText()) : std::nullopt);
+}
+
+void frmEditor::leaveTyped(bool tells) {
+  keepSoon_.stop();
+  if (!kept_) return;
+  updateMark();
+  if (!holdsTyped()) return kept_->setOnForm(std::nullopt);
+  KeptText text = typedText();
+  text.isTold = tells;
+  kept_->leave(text);
+  if (!tells) return;
+  offerBringBack(sentence(nameOf(text.item)) +
+                 QStringLiteral(" was left with text that is not written"));
+}
+
+void frmEditor::offerBringBack(const QString& told) {
+  formOnScreen().showStatus(
+      told, {"cmdBringBack", "Bring Back", toolTipOf(Command::bringBack), [this] { BringBack(); }});
+}
+
+/// What an earlier program could not tell any more.
+void frmEditor::offerKeptText() {
+  const auto text = kept_ ? kept_->newest() : std::nullopt;
+  if (!text || text->isTold) return;
+  offerBringBack(QStringLiteral("Text typed for %1 was not written").arg(nameOf(text->item)));
+  kept_->tell();
+}
+
+void frmEditor::BringBack() {
+  const auto text = kept_ ? kept_->newest() : std::nullopt;
+  if (!text) return tell(QStringLiteral("There is no text to bring back"));
+  const auto item = itemOf(*text);
+  const auto record = item ? std::optional(store_.ReadRecord(*item)) : std::nullopt;
+
+  if (item)
+    showItem(*item, *record);
+  else
+    cmdClearData_Click();
+  sheet_->putBack(text->inputs);
+  putBackSubList(text->list);
+  kept_->forget(*text);
+  keepTyped();
+  const bool isLost = !item && text->item != kNewItem;
+  const QString place = nameOf(item.value_or(kNewItem));
+  tell(isLost ? QStringLiteral("Item %1 has changed since: its text is on a new item now")
+                    .arg(text->item)
+              : QStringLiteral("The text is back on %1: Write Data stores it").arg(place));
+  sheet_->focusFirst();
+}
+
+/// Where the item is by now that the text was typed on; nothing where it is gone, or never was.
+std::optional<std::int16_t> frmEditor::itemOf(const KeptText& text) {
+  if (text.stored.isEmpty()) return std::nullopt;
+  const auto isAt = [&](int item) { return asBytes(store_.ReadRecord(item)) == text.stored; };
+  const std::int16_t count = state().Count;
+  if (text.item >= 1 && text.item <= count && isAt(text.item))
+    return static_cast<std::int16_t>(text.item);
+  for (int item = 1; item <= count; ++item)
+    if (isAt(item)) return static_cast<std::int16_t>(item);
+  return std::nullopt;
+}
+
+void frmEditor::Duplicate() {
+  if (state().CurRec < 1) return tell(QStringLiteral("There is no item to duplicate"));
+  const KeptText copied = typedText();
+  startNewItem();
+  sheet_->putBack(copied.inputs);
+  putBackSubList(copied.list);
+  keepTyped();
+  tell(QStringLiteral("A copy of item %1, not written yet: Write Data stores it as a new item")
+           .arg(copied.item));
+}
+
+void frmEditor::noteWritten(const KeptText& written) {
+  if (kept_) {
+    kept_->setOnForm(std::nullopt);
+    kept_->forget(written);
+  }
+  noteShown();
+}
+
+void frmEditor::offerUndo(const QString& told, Undo undo) {
+  showStatus(told, {undo.name, undo.caption, QStringLiteral("Put the item back as it was before"),
+                    [this, undo] { takeBack(undo); }});
+}
+
+/// Only over what was written then.
+void frmEditor::takeBack(const Undo& undo) {
+  if (store_.ReadRecord(undo.item) != undo.after)
+    return showStatus(QStringLiteral("Item %1 has changed since and stays").arg(undo.item));
+  store_.WriteRecord(undo.item, undo.before, state().Count);
+  showItem(undo.item, undo.before);
+  tell(QStringLiteral("Item %1 is as it was").arg(undo.item));
+  sheet_->focusFirst();
+}
+
+}  // namespace quillbox

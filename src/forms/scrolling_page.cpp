@@ -1,0 +1,52 @@
+#include "forms/scrolling_page.h"
+
+#include <QApplication>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+namespace quillbox {
+namespace {
+
+constexpr int kFewestLines = 4;
+constexpr int kFewestColumns = 30;
+
+}  // namespace
+
+ScrollingPage::ScrollingPage(QWidget* page) {
+  auto* holder = new QWidget;
+  auto* column = new QVBoxLayout(holder);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->addWidget(page);
+  column->addStretch(1);  // the page stays at the top of a window that is higher
+  setWidget(holder);
+  setWidgetResizable(true);
+  setFrameShape(QFrame::NoFrame);
+  setFocusPolicy(Qt::NoFocus);
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](QWidget* /*before*/, QWidget* now) { keepInView(now); });
+}
+
+QSize ScrollingPage::sizeHint() const { return widget()->sizeHint(); }
+
+QSize ScrollingPage::minimumSizeHint() const {
+  const QFontMetrics metrics(font());
+  const QSize few(kFewestColumns * metrics.averageCharWidth(), kFewestLines * metrics.height());
+  const QSize bars(verticalScrollBar()->sizeHint().width(),
+                   horizontalScrollBar()->sizeHint().height());
+  return few.boundedTo(widget()->minimumSizeHint()) + bars;
+}
+
+void ScrollingPage::resizeEvent(QResizeEvent* event) {
+  QScrollArea::resizeEvent(event);
+  keepInView(window()->focusWidget());
+}
+
+/// All of it; where it is larger than the view, from its beginning.
+void ScrollingPage::keepInView(const QWidget* focus) {
+  if (focus == nullptr || !widget()->isAncestorOf(focus)) return;
+  const QRect place(focus->mapTo(widget(), QPoint()), focus->size());
+  for (const QPoint corner : {place.bottomRight() + QPoint(1, 1), place.topLeft()})
+    ensureVisible(corner.x(), corner.y(), 0, 0);
+}
+
+}  // namespace quillbox

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QScrollArea>
+
+namespace quillbox {
+
+/// The inputs of a form. Where the window has no room for all of them they scroll, and the one with
+/// the focus is always in view.
+class ScrollingPage : public QScrollArea {
+ public:
+  explicit ScrollingPage(QWidget* page);
+
+  /// All of the page.
+  QSize sizeHint() const override;
+
+  /// A few lines of it.
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void keepInView(const QWidget* focus);
+};
+
+}  // namespace quillbox
