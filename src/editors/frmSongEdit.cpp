@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "editors/commands.h"
 #include "forms/controls.h"
 #include "forms/qt_text.h"
 #include "forms/text_box.h"
@@ -94,6 +95,7 @@ void frmSongEdit::makeButtons(WrappingRow& row) {
   });
   add("cmdClearList", "&Clear Songs ", [this] { owner_.clearSongs(); });
   add("cmdExit", "E&xit Songs", [this] { Form_Unload(); });
+  onKeys(keysOf(Command::exitCollection), [this] { close(); });
 }
 
 void frmSongEdit::Form_Unload() {

@@ -1,5 +1,7 @@
 #include "forms/text_box.h"
 
+#include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <algorithm>
 #include <utility>
 
@@ -16,13 +18,14 @@ int trailingBlanks(const QString& text) {
 
 TextBox::TextBox(int width, QWidget* parent) : QLineEdit(parent), width_(width) {
   setMaxLength(width);
-  connect(this, &QLineEdit::textEdited, this, &TextBox::dropPadding);
-  connect(this, &QLineEdit::textChanged, this, &TextBox::textChangedBy);
+  connect(this, &QLineEdit::textEdited, this, &TextBox::settle);
+  connect(this, &QLineEdit::textChanged, this, &TextBox::noteTextSet);
   connect(this, &QLineEdit::cursorPositionChanged, this, &TextBox::stayBeforePadding);
   connect(this, &QLineEdit::selectionChanged, this, &TextBox::stayBeforePadding);
 }
 
 void TextBox::showText(const QString& text) {
+  takeAsItIs();
   setText(text);
   setCursorPosition(0);
 }
@@ -30,30 +33,81 @@ void TextBox::showText(const QString& text) {
 void TextBox::showPadded(const QString& text) {
   padding_ = 0;
   shown_ = text.left(width_);
+  // The padding takes no room away from what is typed before it goes. The toolkit forgets all edits
+  // when this changes, so it is set now for good.
+  setMaxLength(width_ + trailingBlanks(shown_));
   setText(shown_);
   padding_ = trailingBlanks(shown_);
-  // The padding takes no room away from what is typed before it goes.
-  setMaxLength(width_ + padding_);
+  before_ = shown_;
   setCursorPosition(0);
 }
 
-/// After an edit: what is left of the padding stands at the end of the text.
-void TextBox::dropPadding() {
-  if (padding_ == 0) return;
-  const int padding = std::exchange(padding_, 0);
+/// After an edit: what is left of the padding stands at the end of the text, and what was typed may
+/// be longer than the field. Both are cut by further edits, so that undoing leads back to what was
+/// shown.
+void TextBox::settle() {
+  if (isSettling_) return;
+  const QScopedValueRollback settling(isSettling_, true);
+  if (isRedoAvailable()) {  // an undo or a redo, which may have stopped between an edit and its cut
+    stepOn();
+    // Where the first edit is undone stands what was shown, whatever the edits between did.
+    if (!isUndoAvailable() && !shown_.isEmpty() && text() != shown_) showPadded(QString(shown_));
+  } else {
+    const int padding = std::exchange(padding_, 0);
+    const int blanks = std::min(padding, trailingBlanks(text()));
+    if (text() != shown_ && blanks > 0) {
+      unsettled_ = text();
+      cut(text().size() - blanks, blanks);
+    }
+    const qsizetype tooMany = text().size() - width_;
+    if (text() != shown_ && tooMany > 0) cut(cursorPosition() - tooMany, tooMany);
+  }
+  padding_ = text() == shown_ ? trailingBlanks(shown_) : 0;
+  before_ = text();
+  stayBeforePadding();
+}
+
+/// Whether a text may stand in the box.
+bool TextBox::isSettled(const QString& text) const {
+  return text == shown_ || (text.size() <= width_ && text != unsettled_);
+}
+
+void TextBox::cut(qsizetype from, qsizetype length) {
   const int caret = cursorPosition();
-  QString edited = text();
-  edited.chop(std::min(padding, trailingBlanks(edited)));
-  setText(edited);
-  setMaxLength(width_);
-  setCursorPosition(caret);
+  setSelection(static_cast<int>(from), static_cast<int>(length));
+  del();
+  setCursorPosition(std::min(caret, static_cast<int>(text().size())));
+}
+
+/// Goes on in the direction of an undo or a redo until the text may stand.
+void TextBox::stepOn() {
+  if (isSettled(text())) return;
+  undo();
+  // Where that leads back it was a redo, but for a cut that has left nothing of its edit.
+  if (text() != before_ || isUndoKey_) return;
+  redo();
+  redo();
+}
+
+void TextBox::keyPressEvent(QKeyEvent* event) {
+  isUndoKey_ = event->matches(QKeySequence::Undo);
+  const bool isFull = padding_ == 0 && text().size() >= width_ && !hasSelectedText();
+  const bool isTyped = !event->text().isEmpty() && event->text().front().isPrint();
+  if (isFull && isTyped && !event->modifiers().testFlag(Qt::ControlModifier)) return;
+  QLineEdit::keyPressEvent(event);
 }
 
 /// A text set by program is taken as it is, padding and all.
-void TextBox::textChangedBy(const QString& text) {
-  if (padding_ == 0 || text == shown_) return;
+void TextBox::noteTextSet() {
+  if (!isSettling_ && text() != shown_ && text() != before_) takeAsItIs();
+}
+
+void TextBox::takeAsItIs() {
   padding_ = 0;
-  setMaxLength(width_);
+  shown_.clear();
+  unsettled_.clear();
+  if (maxLength() != width_) setMaxLength(width_);
+  before_ = text();
 }
 
 void TextBox::stayBeforePadding() {

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <memory>
+#include <random>
 
 #include "support/keys.h"
 
@@ -70,6 +71,93 @@ TEST_F(TextBoxTest, TabbingInSelectsTheVisibleTextSoThatTypingReplacesIt) {
   EXPECT_EQ(second->selectedText(), "Blue");
   QTest::keyClicks(second, QStringLiteral("Red"));
   EXPECT_EQ(second->text(), "Red");
+}
+
+TEST_F(TextBoxTest, UndoBringsBackWhatWasShown) {
+  box_.selectAll();
+  keys("R");
+  EXPECT_EQ(text(), "R");
+  key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(text(), "Blue      ");
+  key(Qt::Key_End);
+  EXPECT_EQ(box_.cursorPosition(), 4);
+  key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(text(), "R");
+  key(Qt::Key_Z, Qt::ControlModifier);
+  keys(" Train");
+  EXPECT_TRUE(box_.text().size() <= kWidth);
+}
+
+TEST_F(TextBoxTest, UndoLeadsBackThroughAPasteThatWasTooLong) {
+  key(Qt::Key_End);
+  keys(" Tr");
+  QApplication::clipboard()->setText(QStringLiteral("ains and more"));
+  key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(text(), "Blue Train");
+  key(Qt::Key_V, Qt::ControlModifier);  // nothing of it has room
+  EXPECT_EQ(text(), "Blue Train");
+  for (int most = 0; most < 8 && box_.isUndoAvailable(); ++most)
+    key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(text(), "Blue      ");
+  for (int most = 0; most < 8 && box_.isRedoAvailable(); ++most)
+    key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(text(), "Blue Train");
+}
+
+TEST_F(TextBoxTest, NeverHoldsMoreThanItsWidthWhateverIsDone) {
+  std::mt19937 random(7);
+  QApplication::clipboard()->setText(QStringLiteral("pasted text"));
+  for (int round = 0; round < 60; ++round) {
+    box_.showPadded(QStringLiteral("Blue      "));
+    for (int step = 0; step < 40; ++step) {
+      switch (random() % 9) {
+        case 0:
+          key(Qt::Key_Home);
+          break;
+        case 1:
+          key(Qt::Key_End);
+          break;
+        case 2:
+          key(Qt::Key_Left, Qt::ShiftModifier);
+          break;
+        case 3:
+          key(Qt::Key_Backspace);
+          break;
+        case 4:
+          key(Qt::Key_V, Qt::ControlModifier);
+          break;
+        case 5:
+          key(Qt::Key_Z, Qt::ControlModifier);
+          break;
+        case 6:
+          key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+          break;
+        case 7:
+          keys(" ");
+          break;
+        default:
+          keys("x");
+          break;
+      }
+      ASSERT_LE(text().size(), static_cast<std::size_t>(kWidth)) << round << ", " << step;
+    }
+    for (int most = 0; most < 100 && box_.isUndoAvailable(); ++most)
+      key(Qt::Key_Z, Qt::ControlModifier);
+    ASSERT_EQ(text(), "Blue      ") << round;
+  }
+}
+
+TEST_F(TextBoxTest, ForgetsItsPaddingWithTextSetByProgram) {
+  key(Qt::Key_End);
+  keys("x");
+  box_.setText(QStringLiteral("Set"));
+  EXPECT_EQ(text(), "Set");
+  EXPECT_EQ(box_.maxLength(), kWidth);
+  box_.showPadded(QStringLiteral("Blue      "));
+  box_.clear();
+  EXPECT_EQ(text(), "");
+  keys("0123456789ABC");
+  EXPECT_EQ(text(), "0123456789");
 }
 
 TEST_F(TextBoxTest, GivesThePaddingWayToTheFirstKey) {

@@ -96,6 +96,7 @@ class FormTest : public testing::Test {
   std::unique_ptr<AppState> state_;
   WindowPlaces* windowPlaces_ =
       nullptr;  ///< what the program is started with; must outlive the test
+  QString typedFolder_;  ///< where it keeps what is typed; empty: nowhere
   std::unique_ptr<Program> program_;
   std::unique_ptr<modQBX1> modQBX1_;
 };
