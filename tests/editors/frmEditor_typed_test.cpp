@@ -337,6 +337,8 @@ TEST_F(MusicTyped, TextOutlastsAKill) {
   environment.insert(QStringLiteral("QUILLBOX_TYPED"), typedFolder_);
   environment.insert(QStringLiteral("QUILLBOX_COLLECTION"),
                      QString::fromStdString(collectionPath()));
+  for (const char* share : {"GTEST_TOTAL_SHARDS", "GTEST_SHARD_INDEX"})  // of this process alone
+    environment.remove(QLatin1String(share));
   program.setProcessEnvironment(environment);
   program.start(QCoreApplication::applicationFilePath(),
                 {QStringLiteral("--gtest_filter=MusicTyped.DISABLED_WaitsToBeKilled"),
