@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <array>
@@ -112,6 +113,9 @@ frmSearch::frmSearch(Program& program, const CollectionKind& kind, const SearchP
   column->addWidget(sheet_);
   column->addStretch(1);
   column->addSpacing(column->spacing());
+  auto* hint = new QLabel(fromUtf8Text(searchRulesOf(kind).hint));
+  hint->setObjectName(QStringLiteral("lblHint"));
+  column->addWidget(hint);
 
   auto* begin =
       makeButton(QString::fromUtf8(form_.beginName), QString::fromUtf8(form_.beginCaption));
