@@ -8,6 +8,9 @@
 #include <utility>
 
 #include "forms/controls.h"
+#include "forms/elided_label.h"
+#include "forms/item_line.h"
+#include "forms/list_paste.h"
 #include "forms/qt_text.h"
 #include "forms/text_box.h"
 #include "platform/checked16.h"
@@ -28,6 +31,8 @@ frmListPage::frmListPage(Program& program, const ListPageTables& tables, Owner o
   auto* page = new QWidget;
   setCentralWidget(page);
   auto* column = new QVBoxLayout(page);
+  lblItem_ = makeItemLine();
+  column->addWidget(lblItem_);
   auto* grid = new QGridLayout;
   for (int entry = 0; const char* text : tables.captions) {
     auto* box = new TextBox(static_cast<int>(tables.field->width));
@@ -41,6 +46,11 @@ frmListPage::frmListPage(Program& program, const ListPageTables& tables, Owner o
   }
   column->addLayout(grid);
   column->addStretch(1);
+  lblPasted_ = new ElidedLabel;
+  lblPasted_->setObjectName(QStringLiteral("lblPasted"));
+  column->addWidget(lblPasted_);
+  paste_ = std::make_unique<ListPaste>(
+      boxes_, [this](TextBox&, const QString& text) { lblPasted_->showText(text); });
   auto* row = new QHBoxLayout;
   row->addStretch(1);
   for (const auto& [command, name, text] : tables.buttons) {
@@ -49,6 +59,16 @@ frmListPage::frmListPage(Program& program, const ListPageTables& tables, Owner o
     row->addWidget(made);
   }
   column->addLayout(row);
+}
+
+frmListPage::~frmListPage() = default;
+
+void frmListPage::nameItem(const QString& text) { lblItem_->showText(text); }
+
+/// What was pasted belongs to the item it was pasted for.
+void frmListPage::forgetPasted() {
+  paste_->forget();
+  lblPasted_->showText({});
 }
 
 void frmListPage::choose(Command command) {
@@ -68,6 +88,7 @@ void frmListPage::step(int by) {
 }
 
 void frmListPage::UpdateScreen(std::span<const std::byte> record) {
+  forgetPasted();
   for (std::size_t entry = 0; entry < boxes_.size(); ++entry)
     boxes_[entry]->showText(shownText(record, entry));
 }
@@ -90,6 +111,7 @@ void frmListPage::GetScreen(std::span<std::byte> record) const {
 }
 
 void frmListPage::clear() {
+  forgetPasted();
   for (TextBox* box : boxes_) box->clear();
 }
 
