@@ -15,7 +15,9 @@ class SongPaste : public FormTest {
     MusicRecord first = album("Miles Davis");
     first.Album = "Kind of Blue";
     first.Songs[1] = "So What";
-    writeFile(path(), musicFile({first, album("B")}));
+    MusicRecord second = album("B");
+    second.Songs[0] = std::string(50, 'w');
+    writeFile(path(), musicFile({first, second}));
     start({path()});
   }
   ~SongPaste() override { QApplication::clipboard()->clear(); }
@@ -95,13 +97,13 @@ TEST_F(SongPaste, TheSecondPageIsFilledFromItsOwnFirst) {
 
 TEST_F(SongPaste, AnotherItemForgetsIt) {
   choose("EditSongs");
-  paste("txtSongEdit", tracks(3));
+  paste("txtSongEdit", QString(50, 'w') + "\nb");
   press("cmdExit");
   press("cmdNext");
   choose("EditSongs");
   EXPECT_EQ(said(), "");
   QTest::keyClick(&box("txtSongEdit"), Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_EQ(song(0), "");
+  EXPECT_EQ(song(0), std::string(50, 'w')) << "which is the same by chance";
   press("cmdExit");
   EXPECT_TRUE(control<QLabel>("lblNotWritten").isHidden());
 }

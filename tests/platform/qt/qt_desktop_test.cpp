@@ -14,6 +14,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
+#include <QSettings>
 #include <QTimer>
 #include <QTreeView>
 #include <QWindow>
@@ -243,6 +244,9 @@ TEST_F(QtDesktopTest, TheOpenDialogListsFilesWhateverTheirCapitals) {
 
 TEST_F(QtDesktopTest, TheColumnsOfTheOpenDialogHoldWhatTheyShow) {
   const TestFolder folder;
+  // The toolkit remembers columns; not those of other tests, and not for their user.
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
+                     QString::fromStdString(folder.path("settings")));
   std::filesystem::resize_file((writeFile(folder.path("jazz.MCS"), ""), folder.path("jazz.MCS")),
                                1023 * 1024 + 1000);
   onDialog<QFileDialog>([&folder](QFileDialog& dialog) {
