@@ -74,7 +74,7 @@ bool HelpPage::isDark() const {
 QVariant HelpPage::loadResource(int type, const QUrl& name) {
   if (type != QTextDocument::ImageResource) return QTextBrowser::loadResource(type, name);
   const QUrl address = source().resolved(name);
-  const QVariant resource = QTextBrowser::loadResource(type, isDark() ? inDark(address) : address);
+  QVariant resource = QTextBrowser::loadResource(type, isDark() ? inDark(address) : address);
   QImage picture;
   if (!picture.loadFromData(resource.toByteArray())) return resource;
   const int room = viewport()->width() - 3 * static_cast<int>(document()->documentMargin());

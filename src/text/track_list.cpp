@@ -10,8 +10,10 @@ namespace {
 
 constexpr std::string_view kDigits = "0123456789";
 
-// UTF-8 of what stands between the parts of a line besides ASCII.
-constexpr std::array<std::string_view, 3> kBlanks = {" ", "\t", "\xC2\xA0"};
+// UTF-8 of what stands between the parts of a line besides ASCII. A blank that does not break, the
+// place of a picture and a byte-order mark come along when a text is copied.
+constexpr std::array<std::string_view, 5> kBlanks = {" ", "\t", "\xC2\xA0", "\xEF\xBF\xBC",
+                                                     "\xEF\xBB\xBF"};
 constexpr std::array<std::string_view, 4> kDashes = {"-", "\xE2\x80\x93", "\xE2\x80\x94",
                                                      "\xE2\x88\x92"};
 constexpr std::array<std::string_view, 7> kLineBreaks = {

@@ -30,6 +30,7 @@ const ListCase kLists[] = {
      "  a \n\tb\t\n\xC2\xA0"
      "c\xC2\xA0",
      {"a", "b", "c"}},
+    {"what is copied along", "\xEF\xBB\xBFSide A\n\xEF\xBF\xBC\nb", {"Side A", "b"}},
     {"nothing", "", {}},
     {"nothing but blanks", " \n\t\r\n", {}},
 
