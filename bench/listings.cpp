@@ -48,7 +48,9 @@ class ToTextFile : public Desktop {
   std::string shortDateForm() override { return "M/d/yy"; }
   std::string todayText() override { return {}; }
   void printerSetup(const std::string&) override {}
-  std::optional<PrintChoice> printDialog(const std::string&) override { return PrintChoice{true}; }
+  std::optional<PrintChoice> printDialog(const std::string&, const std::string&) override {
+    return PrintChoice{true};
+  }
   Printer& printer() override { return paper_; }
   void rest(int, const std::function<bool()>&) override {}
   void quit() override {}

@@ -53,7 +53,8 @@ class FuzzedDesktop : public Desktop {
   std::string shortDateForm() override { return "M/d/yy"; }
   std::string todayText() override { return "11/21/26"; }
   void printerSetup(const std::string& /*name*/) override {}
-  std::optional<PrintChoice> printDialog(const std::string& /*title*/) override {
+  std::optional<PrintChoice> printDialog(const std::string& /*title*/,
+                                         const std::string& /*documentName*/) override {
     return PrintChoice{toFile};
   }
   Printer& printer() override { return paper; }

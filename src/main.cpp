@@ -6,6 +6,7 @@
 
 #include "forms/icons.h"
 #include "forms/kept_texts.h"
+#include "forms/placeholders.h"
 #include "forms/program.h"
 #include "forms/window_places.h"
 #include "platform/disk_file_system.h"
@@ -43,6 +44,7 @@ int main(int argc, char** argv) {
   // By this name the desktop finds the program's entry, and with it its name and icon.
   QGuiApplication::setDesktopFileName(QStringLiteral("org.quillbox.Quillbox"));
   QApplication::setWindowIcon(ownIcon("org.quillbox.Quillbox"));
+  const ReadablePlaceholders readablePlaceholders;
   const std::vector<std::string> arguments(argv + 1, argv + argc);
 
   DiskFileSystem fileSystem;

@@ -85,7 +85,9 @@ constexpr ListPageTables kPage = {.formName = "frmComicTitles",
                                   .boxName = "txtCmic",
                                   .captionName = "lblCmic",
                                   .captions = kCaptions,
-                                  .buttons = kPageButtons};
+                                  .buttons = kPageButtons,
+                                  .toolTip = "The notes on this comic",
+                                  .nameBoxes = {"txtCmic_0", "txtCmic_1"}};
 
 constexpr FamilyTables kTables = {
     .editor = {.formName = "frmComics",

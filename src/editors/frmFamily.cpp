@@ -1,5 +1,9 @@
 #include "editors/frmFamily.h"
 
+#include <QAction>
+#include <QMenu>
+
+#include "forms/qt_text.h"
 #include "platform/checked16.h"
 
 namespace quillbox {
@@ -13,6 +17,9 @@ frmFamily::frmFamily(Program& program, PrintEngine& printEngine, std::string_vie
       program, *tables.listPage,
       frmListPage::Owner{[this](int item) { showListPosition(item); }, [this] { leaveListPage(); },
                          [this] { updateNotWritten(); }});
+  auto* leadsThere = findChild<QAction*>(QStringLiteral("EditTitles"));
+  leadsThere->setToolTip(fromUtf8Text(tables.listPage->toolTip));
+  findChild<QMenu*>(QStringLiteral("EditMenu"))->setToolTipsVisible(true);
 }
 
 void frmFamily::Form_Load(OpenCollection& opening) {
@@ -35,20 +42,23 @@ void frmFamily::Form_Load(OpenCollection& opening) {
 }
 
 void frmFamily::choose(Command command) {
-  if (command == Command::editSubList)
-    listPage_->showInsteadOf(*this);
-  else
-    frmEditor::choose(command);
+  if (command != Command::editSubList) return frmEditor::choose(command);
+  nameItemOnListPage();
+  listPage_->showInsteadOf(*this);
 }
 
 void frmFamily::UpdateScreen() {
   if (family_.hidesDeleted && store().isDeleted(buffer())) return;
   frmEditor::UpdateScreen();
-  if (listPage_) listPage_->UpdateScreen(buffer());
+  steppedTo_.reset();
+  if (!listPage_) return;
+  listPage_->UpdateScreen(buffer());
+  nameItemOnListPage();
 }
 
 void frmFamily::GetScreen(std::span<std::byte> record) {
   frmEditor::GetScreen(record);
+  steppedTo_.reset();  // the form is written over the indicator's item
   if (listPage_) listPage_->GetScreen(record);
 }
 
@@ -58,6 +68,7 @@ void frmFamily::ClearData() {
 }
 
 void frmFamily::clearscreen() {
+  steppedTo_.reset();
   sheet().clear();
   if (listPage_) listPage_->clear();
   setRecordLabel(std::string(store().kind().rules.label.fresh));
@@ -86,6 +97,13 @@ Form& frmFamily::formOnScreen() {
   return *this;
 }
 
+/// By its number, which the indicator may not show, and by what the form calls it.
+void frmFamily::nameItemOnListPage() {
+  const std::string number =
+      steppedTo_ ? recordLabel(store().kind(), *steppedTo_, state().Count) : recordLabelText();
+  listPage_->nameItem(itemLine(fromUtf8Text(number), sheet(), family_.listPage->nameBoxes));
+}
+
 bool frmFamily::subListDiffers(const Record* record) const {
   return listPage_ && listPage_->differsFrom(record);
 }
@@ -99,6 +117,8 @@ void frmFamily::showListPosition(int item) {
   takeBuffer(record);
   state().ListPos = checked16(item);
   UpdateScreen();
+  steppedTo_ = item;
+  nameItemOnListPage();
   noteShown();  // what is shown is another item than the indicator's
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "editors/frmEditor.h"
 #include "editors/frmListPage.h"
@@ -41,9 +42,12 @@ class frmFamily : public frmEditor {
   void clearscreen();
   void leaveListPage();
   void showListPosition(int item);
+  void nameItemOnListPage();
 
   const FamilyTables& family_;
   std::unique_ptr<frmListPage> listPage_;
+  /// The item that the list page put on the form, where it is another than the indicator's.
+  std::optional<int> steppedTo_;
 };
 
 }  // namespace quillbox

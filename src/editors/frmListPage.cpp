@@ -3,9 +3,13 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QVBoxLayout>
 #include <utility>
 
 #include "forms/controls.h"
+#include "forms/elided_label.h"
+#include "forms/item_line.h"
+#include "forms/list_paste.h"
 #include "forms/qt_text.h"
 #include "forms/text_box.h"
 #include "forms/wrapping_row.h"
@@ -25,8 +29,12 @@ frmListPage::frmListPage(Program& program, const ListPageTables& tables, Owner o
   setCaption(fromUtf8Text(tables.caption));
   setHelpPage("lists.md");
   auto* page = new QWidget;
-  auto* grid = new QGridLayout(page);
-  grid->setContentsMargins(0, 0, 0, 0);
+  auto* column = new QVBoxLayout(page);
+  column->setContentsMargins(0, 0, 0, 0);
+  lblItem_ = makeItemLine();
+  column->addWidget(lblItem_);
+  auto* grid = new QGridLayout;
+  column->addLayout(grid);
   for (int entry = 0; const char* text : tables.captions) {
     auto* box = new TextBox(static_cast<int>(tables.field->width));
     box->setMinimumWidth(fontMetrics().averageCharWidth() * kUsualEntry);
@@ -38,6 +46,10 @@ frmListPage::frmListPage(Program& program, const ListPageTables& tables, Owner o
     boxes_.push_back(box);
     ++entry;
   }
+  paste_ = std::make_unique<ListPaste>(boxes_, [this](TextBox&, const QString& text) {
+    showStatus(text);
+    owner_.edited();
+  });
   auto* row = new WrappingRow;
   for (const auto& [command, name, text] : tables.buttons) {
     auto* made = makeButton(QString::fromUtf8(name), QString::fromUtf8(text));
@@ -48,6 +60,10 @@ frmListPage::frmListPage(Program& program, const ListPageTables& tables, Owner o
   }
   layOut(page, row);
 }
+
+frmListPage::~frmListPage() = default;
+
+void frmListPage::nameItem(const QString& text) { lblItem_->showText(text); }
 
 void frmListPage::choose(Command command) {
   if (command == Command::next) step(1);
@@ -66,6 +82,7 @@ void frmListPage::step(int by) {
 }
 
 void frmListPage::UpdateScreen(std::span<const std::byte> record) {
+  paste_->forget();  // it belongs to the item it was pasted for
   for (std::size_t entry = 0; entry < boxes_.size(); ++entry)
     boxes_[entry]->showText(shownText(record, entry));
 }
@@ -88,6 +105,7 @@ void frmListPage::GetScreen(std::span<std::byte> record) const {
 }
 
 void frmListPage::clear() {
+  paste_->forget();  // it belongs to the item it was pasted for
   for (TextBox* box : boxes_) box->clear();
 }
 

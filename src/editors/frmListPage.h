@@ -1,15 +1,19 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "editors/frmEditor.h"
 #include "forms/form.h"
+#include "forms/item_line.h"
 
 namespace quillbox {
 
+class ElidedLabel;
+class ListPaste;
 class TextBox;
 
 /// What the second page of an editor is made of: the entries of one list field.
@@ -21,6 +25,8 @@ struct ListPageTables {
   const char* captionName;                ///< of that of their captions
   std::span<const char* const> captions;  ///< one for each entry
   std::span<const ButtonRow> buttons;     ///< exitCollection leaves the page
+  const char* toolTip;                    ///< of the menu item that leads here
+  NameBoxes nameBoxes;                    ///< of the editor
 };
 
 /// The second page of an editor. It holds nothing but its boxes: the editor fills, empties and
@@ -36,6 +42,7 @@ class frmListPage : public Form {
   };
 
   frmListPage(Program& program, const ListPageTables& tables, Owner owner);
+  ~frmListPage() override;
 
   /// List field to boxes, without trailing blanks.
   void UpdateScreen(std::span<const std::byte> record);
@@ -52,6 +59,9 @@ class frmListPage : public Form {
   QStringList entries() const;
   void setEntries(const QStringList& entries);
 
+  /// The line at the top: whose list this is.
+  void nameItem(const QString& text);
+
  protected:
   void Form_Unload() override { Undraw(); }
 
@@ -64,6 +74,8 @@ class frmListPage : public Form {
   const ListPageTables& tables_;
   Owner owner_;
   std::vector<TextBox*> boxes_;
+  std::unique_ptr<ListPaste> paste_;
+  ElidedLabel* lblItem_ = nullptr;
 };
 
 }  // namespace quillbox

@@ -7,7 +7,10 @@
 #include <QPushButton>
 
 #include "editors/media_types.h"
+#include "forms/item_line.h"
+#include "forms/list_paste.h"
 #include "forms/qt_text.h"
+#include "forms/text_box.h"
 #include "records/music_file.h"
 #include "text/padding.h"
 
@@ -104,6 +107,8 @@ frmMusic::frmMusic(Program& program, PrintEngine& printEngine)
   sheet().whenToggled("chkHasBook", [this] { chkHasBook_Click(); });
   sheet().dropDown("cmbMediaType").installEventFilter(this);
 }
+
+frmMusic::~frmMusic() = default;
 
 void frmMusic::choose(Command command) {
   if (command == Command::editSubList)
@@ -267,6 +272,19 @@ void frmMusic::makeSongPages() {
                            [this](frmSongEdit& left) { exitSongs(left); },
                            [this] { updateNotWritten(); }});
   }
+  makePaste();
+}
+
+/// What does not fit on the first page goes on on the second.
+void frmMusic::makePaste() {
+  std::vector<TextBox*> boxes;
+  for (const auto& page : pages_)
+    boxes.insert(boxes.end(), page->songBoxes().begin(), page->songBoxes().end());
+  paste_ = std::make_unique<ListPaste>(boxes, [this](TextBox& into, const QString& text) {
+    for (const auto& page : pages_) page->say(page->isAncestorOf(&into) ? text : QString());
+  });
+  for (std::size_t page = 0; page < pages_.size(); ++page)
+    paste_->alsoIn(pages_.at(page)->addBox(), page * frmSongEdit::kSongsPerPage);
 }
 
 void frmMusic::fillSongPages() {
@@ -275,6 +293,7 @@ void frmMusic::fillSongPages() {
       page->showSong(song % frmSongEdit::kSongsPerPage, songs_.at(song));
   for (const auto& page : pages_)
     if (page) page->clearAddBox();
+  if (paste_) paste_->forget();
 }
 
 void frmMusic::EditSongs_Click() {
@@ -283,7 +302,16 @@ void frmMusic::EditSongs_Click() {
     fillSongPages();
     setRecordLabel(recordLabelText());
   }
+  nameItemOnPages();
   pages_.front()->showInsteadOf(*this);
+}
+
+void frmMusic::nameItemOnPages() {
+  // Their own label has the number; a new item may have no names yet.
+  const bool isNew = state().CurRec == kNewItem;
+  const QString number = isNew ? fromUtf8Text(recordLabelText()) : QString();
+  const QString line = itemLine(number, sheet(), {"txtArtist", "txtAlbum"});
+  for (const auto& page : pages_) page->nameItem(line);
 }
 
 void frmMusic::exitSongs(frmSongEdit& page) {

@@ -10,10 +10,13 @@
 
 namespace quillbox {
 
+class ListPaste;
+
 /// The editor of music collections.
 class frmMusic : public frmEditor {
  public:
   frmMusic(Program& program, PrintEngine& printEngine);
+  ~frmMusic() override;
 
  protected:
   void Form_Load(OpenCollection& opening) override;
@@ -57,9 +60,12 @@ class frmMusic : public frmEditor {
   using SongPages = std::array<std::unique_ptr<frmSongEdit>, kSongs / frmSongEdit::kSongsPerPage>;
   void makeSongPages();
   void fillSongPages();
+  void makePaste();
+  void nameItemOnPages();
 
   std::array<std::string, kSongs> songs_;  // what the song boxes were last filled with
   SongPages pages_;
+  std::unique_ptr<ListPaste> paste_;  // into the boxes of both
 };
 
 }  // namespace quillbox

@@ -66,7 +66,9 @@ constexpr ListPageTables kPage = {.formName = "frmSoftwareTitles",
                                   .boxName = "txtProgram",
                                   .captionName = "lblProgram",
                                   .captions = kCaptions,
-                                  .buttons = kPageButtons};
+                                  .buttons = kPageButtons,
+                                  .toolTip = "The programs on this disk",
+                                  .nameBoxes = {"txtSftWare_0"}};
 
 constexpr FamilyTables kTables = {
     .editor = {.formName = "frmSoftware",

@@ -3,11 +3,14 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
 #include "editors/commands.h"
 #include "forms/controls.h"
+#include "forms/elided_label.h"
+#include "forms/item_line.h"
 #include "forms/qt_text.h"
 #include "forms/text_box.h"
 #include "forms/wrapping_row.h"
@@ -21,6 +24,8 @@ constexpr int kSongWidth = static_cast<int>(musicField("Songs")->width);
 
 /// Characters that most titles have room in; longer ones scroll.
 constexpr int kUsualTitle = 38;
+
+constexpr const char* kFull = "This page is full: the title has no place yet.";
 
 /// Some captions have always had a blank before the colon: songs 3 and 5 to 9 of each page.
 QString songCaption(int page, int song) {
@@ -40,8 +45,12 @@ frmSongEdit::frmSongEdit(Program& program, int page, Owner owner)
   setCaption(QStringLiteral("Song List Editor"));
   setHelpPage("lists.md");
   auto* holder = new QWidget;
-  auto* grid = new QGridLayout(holder);
-  grid->setContentsMargins(0, 0, 0, 0);
+  auto* column = new QVBoxLayout(holder);
+  column->setContentsMargins(0, 0, 0, 0);
+  lblItem_ = makeItemLine();
+  column->addWidget(lblItem_);
+  auto* grid = new QGridLayout;
+  column->addLayout(grid);
   txtSongEdit_ = new TextBox(kSongWidth);
   txtSongEdit_->setPlaceholderText(QStringLiteral("Type a title and press Enter"));
   connect(txtSongEdit_, &QLineEdit::returnPressed, this, &frmSongEdit::txtSongEdit_Enter);
@@ -49,11 +58,11 @@ frmSongEdit::frmSongEdit(Program& program, int page, Owner owner)
       makeCaption(*txtSongEdit_, QStringLiteral("txtSongEdit"), QStringLiteral("A&dd Song:")), 0,
       0);
   grid->addWidget(txtSongEdit_, 0, 1, 1, 3);
-  lblFull_ = new QLabel(QStringLiteral("This page is full: the title has no place yet."));
+  lblFull_ = new ElidedLabel;
   lblFull_->setObjectName(QStringLiteral("lblFull"));
   grid->addWidget(lblFull_, 1, 1, 1, 3);
-  sayFull(false);
-  connect(txtSongEdit_, &QLineEdit::textChanged, this, [this] { sayFull(false); });
+  say({});
+  connect(txtSongEdit_, &QLineEdit::textChanged, this, [this] { say({}); });
   makeSongs(*grid);
 
   auto* row = new WrappingRow;
@@ -112,19 +121,24 @@ void frmSongEdit::txtSongEdit_Enter() {
       songs_, [](const TextBox* box) { return box->text().trimmed().isEmpty(); });
   if (empty == songs_.end()) {
     txtSongEdit_->selectAll();
-    return sayFull(true);
+    return say(QString::fromUtf8(kFull));
   }
   (*empty)->setText(title);
   txtSongEdit_->clear();
   owner_.edited();
 }
 
-void frmSongEdit::sayFull(bool isFull) {
-  lblFull_->setVisible(isFull);
-  txtSongEdit_->setAccessibleDescription(isFull ? lblFull_->text() : QString());
+void frmSongEdit::say(const QString& text) {
+  lblFull_->showText(text);
+  txtSongEdit_->setAccessibleDescription(text);
 }
 
-void frmSongEdit::clearAddBox() { txtSongEdit_->clear(); }
+void frmSongEdit::clearAddBox() {
+  txtSongEdit_->clear();
+  say({});
+}
+
+void frmSongEdit::nameItem(const QString& text) { lblItem_->showText(text); }
 
 void frmSongEdit::showSong(std::size_t song, std::string_view text) {
   songs_.at(song)->showPadded(fromRecordText(text));

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,7 @@ class QLabel;
 
 namespace quillbox {
 
+class ElidedLabel;
 class TextBox;
 class WrappingRow;
 
@@ -37,8 +39,16 @@ class frmSongEdit : public Form {
   void showSong(std::size_t song, std::string_view text);
   std::string song(std::size_t song) const;
 
-  /// A title that found no place is its own album's alone.
+  /// A title that found no place, and what was said of it, is its own album's alone.
   void clearAddBox();
+
+  /// The line at the top: whose songs these are.
+  void nameItem(const QString& text);
+
+  // For what is pasted, which may go on from page to page.
+  std::span<TextBox* const> songBoxes() const { return songs_; }
+  TextBox& addBox() const { return *txtSongEdit_; }
+  void say(const QString& text);
 
   void setRecordLabel(const std::string& text);
 
@@ -49,13 +59,13 @@ class frmSongEdit : public Form {
   void makeSongs(QGridLayout& grid);
   void makeButtons(WrappingRow& row);
   void txtSongEdit_Enter();
-  void sayFull(bool isFull);
 
   int page_;
   Owner owner_;
   std::array<TextBox*, kSongsPerPage> songs_{};
   TextBox* txtSongEdit_ = nullptr;
-  QLabel* lblFull_ = nullptr;
+  ElidedLabel* lblItem_ = nullptr;
+  ElidedLabel* lblFull_ = nullptr;
   QLabel* lblIndex_ = nullptr;
 };
 

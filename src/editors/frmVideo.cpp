@@ -64,7 +64,9 @@ constexpr ListPageTables kPage = {.formName = "frmVideoTitles",
                                   .boxName = "txtMovieTitle",
                                   .captionName = "lblvidtitles",
                                   .captions = kCaptions,
-                                  .buttons = kPageButtons};
+                                  .buttons = kPageButtons,
+                                  .toolTip = "The movies on this tape",
+                                  .nameBoxes = {"txtVidTitle"}};
 
 constexpr FamilyTables kTables = {
     .editor = {.formName = "frmVideo",

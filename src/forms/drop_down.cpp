@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QWheelEvent>
 
 namespace quillbox {
 namespace {
@@ -56,6 +57,14 @@ QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
 DropDown::DropDown(QWidget* parent) : QComboBox(parent) {
   static const bool installed = (QAccessible::installFactory(makeAccessible), true);
   Q_UNUSED(installed);
+  setFocusPolicy(Qt::StrongFocus);  // the wheel does not bring the focus either
+}
+
+void DropDown::wheelEvent(QWheelEvent* event) {
+  if (hasFocus())
+    QComboBox::wheelEvent(event);
+  else
+    event->ignore();
 }
 
 }  // namespace quillbox

@@ -1,16 +1,16 @@
 #include "forms/help_window.h"
 
+#include <QAccessible>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
-#include <QTextBlock>
-#include <QTextBrowser>
-#include <QTextDocument>
-#include <QTextList>
-#include <QTextTable>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include "forms/controls.h"
+#include "forms/help_page.h"
 #include "forms/icons.h"
 #include "forms/window_places.h"
 
@@ -20,63 +20,30 @@ namespace {
 constexpr int kPageWidth = 100;  // characters
 constexpr int kPageHeight = 40;  // lines
 
-QUrl addressOf(const QString& page) { return QUrl(QStringLiteral("qrc:/docs/manual/") + page); }
-
-/// Shows pictures no wider than the window, so that only text below them needs scrolling.
-class Pages : public QTextBrowser {
- public:
-  QVariant loadResource(int type, const QUrl& name) override {
-    QVariant resource = QTextBrowser::loadResource(type, name);
-    if (type != QTextDocument::ImageResource) return resource;
-    QImage picture;
-    if (!picture.loadFromData(resource.toByteArray())) return resource;
-    const int room = viewport()->width() - 3 * static_cast<int>(document()->documentMargin());
-    return picture.width() <= room ? picture
-                                   : picture.scaledToWidth(room, Qt::SmoothTransformation);
+QString inWords(HelpPage::Found found, bool backward) {
+  switch (found) {
+    case HelpPage::Found::here:
+      return {};
+    case HelpPage::Found::fromTheOtherEnd:
+      return backward ? QStringLiteral("Found from the end again")
+                      : QStringLiteral("Found from the beginning again");
+    case HelpPage::Found::nowhere:
+      return QStringLiteral("Not on this page");
   }
-};
-
-/// Room between paragraphs and in tables, of which a page's text says nothing.
-void setLayoutOf(QTextDocument& page) {
-  const qreal line = QFontMetricsF(page.defaultFont()).height();
-  for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
-    QTextBlockFormat format = block.blockFormat();
-    const bool isInTable = QTextCursor(block).currentTable() != nullptr;
-    const bool isInList = block.textList() != nullptr;
-    format.setTopMargin(format.headingLevel() > 1 ? line : 0);
-    format.setBottomMargin(isInTable ? 0 : isInList ? line / 4 : line / 2);
-    QTextCursor(block).setBlockFormat(format);
-  }
-  for (QTextFrame* frame : page.rootFrame()->childFrames()) {
-    auto* table = qobject_cast<QTextTable*>(frame);
-    if (table == nullptr) continue;
-    QTextTableFormat format = table->format();
-    format.setBorderCollapse(true);
-    format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
-    format.setBorder(1);
-    format.setCellSpacing(0);
-    format.setCellPadding(line / 4);
-    format.setBottomMargin(line / 2);
-    table->setFormat(format);
-  }
+  return {};
 }
 
 }  // namespace
 
-HelpWindow::HelpWindow(WindowPlaces* places) : places_(places), browser_(new Pages) {
+HelpWindow::HelpWindow(WindowPlaces* places) : places_(places), page_(new HelpPage) {
   setObjectName(QStringLiteral("frmHelp"));
-  browser_->setObjectName(QStringLiteral("txtPage"));
-  browser_->setAccessibleName(QStringLiteral("Help page"));
-  browser_->setOpenExternalLinks(true);
-  browser_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // what pictures are fitted beside
-  browser_->document()->setDocumentMargin(fontMetrics().averageCharWidth() * 2);
+  setWindowTitle(QStringLiteral("Quillbox Help"));
+  nameControl(*page_, QStringLiteral("txtPage"), QStringLiteral("Help page"));
   auto* column = new QVBoxLayout(this);
   makeButtons();
-  column->addWidget(browser_);
-  connect(browser_, &QTextBrowser::sourceChanged, this, [this] {
-    setLayoutOf(*browser_->document());
-    showTitle();
-  });
+  column->addWidget(page_, 1);
+  makeFindLine();
+  addKeys();
   resize(fontMetrics().averageCharWidth() * kPageWidth, fontMetrics().height() * kPageHeight);
   if (places_ != nullptr) places_->restore(*this);
 }
@@ -93,34 +60,112 @@ void HelpWindow::makeButtons() {
   auto* forward = add("cmdForward", "&Forward", icon("go-next", "next"));
   auto* all = add("cmdAllPages", "&All Pages", icon("help-contents", "help"));
   row->addStretch(1);
+  auto* find = add("cmdFind", "F&ind", icon("edit-find", "search"));
+  find->setToolTip(QStringLiteral("Find a text on this page (Ctrl+F)"));
   auto* close = add("cmdClose", "&Close", {});
   for (auto* button : {back, forward}) button->setEnabled(false);
-  connect(back, &QPushButton::clicked, browser_, &QTextBrowser::backward);
-  connect(forward, &QPushButton::clicked, browser_, &QTextBrowser::forward);
+  connect(back, &QPushButton::clicked, page_, &QTextBrowser::backward);
+  connect(forward, &QPushButton::clicked, page_, &QTextBrowser::forward);
   connect(all, &QPushButton::clicked, this, [this] { open(QStringLiteral("index.md")); });
+  connect(find, &QPushButton::clicked, this, &HelpWindow::openFindLine);
   connect(close, &QPushButton::clicked, this, &QWidget::close);
-  connect(browser_, &QTextBrowser::backwardAvailable, back, &QWidget::setEnabled);
-  connect(browser_, &QTextBrowser::forwardAvailable, forward, &QWidget::setEnabled);
+  connect(page_, &QTextBrowser::backwardAvailable, back, &QWidget::setEnabled);
+  connect(page_, &QTextBrowser::forwardAvailable, forward, &QWidget::setEnabled);
   static_cast<QVBoxLayout*>(layout())->addLayout(row);
+}
+
+void HelpWindow::makeFindLine() {
+  findLine_ = new QWidget;
+  auto* row = new QHBoxLayout(findLine_);
+  row->setContentsMargins(0, 0, 0, 0);
+  txtFind_ = new QLineEdit;
+  row->addWidget(
+      makeCaption(*txtFind_, QStringLiteral("txtFind"), QStringLiteral("Find &on this page:")));
+  row->addWidget(txtFind_, 1);
+  const auto add = [&](const char* name, const char* caption, const char* keys,
+                       void (HelpWindow::*handler)()) {
+    auto* made = makeButton(QString::fromUtf8(name), QString::fromUtf8(caption));
+    made->setToolTip(QString::fromUtf8(keys));
+    connect(made, &QPushButton::clicked, this, handler);
+    row->addWidget(made);
+  };
+  add("cmdFindNext", "&Next", "Enter or F3", &HelpWindow::findNext);
+  add("cmdFindPrevious", "&Previous", "Shift+F3", &HelpWindow::findPrevious);
+  lblFound_ = new QLabel;
+  lblFound_->setObjectName(QStringLiteral("lblFound"));
+  row->addWidget(lblFound_, 1);
+  findLine_->hide();
+  static_cast<QVBoxLayout*>(layout())->addWidget(findLine_);
+  connect(txtFind_, &QLineEdit::textEdited, this, &HelpWindow::findTyped);
+}
+
+void HelpWindow::addKeys() {
+  const auto add = [this](const QKeySequence& keys, auto* receiver, auto handler) {
+    connect(new QShortcut(keys, this), &QShortcut::activated, receiver, handler);
+  };
+  add(QKeySequence(Qt::CTRL | Qt::Key_F), this, &HelpWindow::openFindLine);
+  add(QKeySequence(Qt::Key_F3), this, &HelpWindow::findNext);
+  add(QKeySequence(Qt::SHIFT | Qt::Key_F3), this, &HelpWindow::findPrevious);
+  // Plus is on a key with Shift, or on none of its own: "=" is the same key on many keyboards.
+  add(QKeySequence(Qt::CTRL | Qt::Key_Plus), page_, &HelpPage::enlarge);
+  add(QKeySequence(Qt::CTRL | Qt::Key_Equal), page_, &HelpPage::enlarge);
+  add(QKeySequence(Qt::CTRL | Qt::Key_Minus), page_, &HelpPage::shrink);
+  add(QKeySequence(Qt::CTRL | Qt::Key_0), page_, &HelpPage::resetZoom);
 }
 
 void HelpWindow::open(const QString& page) {
   show();  // ahead of the page, whose pictures take the width that the window has
-  browser_->setSource(addressOf(page));
+  page_->open(page);
   raise();
   activateWindow();
-  browser_->setFocus();
+  page_->setFocus();
 }
 
-void HelpWindow::showTitle() {
-  setWindowTitle(browser_->document()->firstBlock().text() + QStringLiteral(" - Quillbox Help"));
+void HelpWindow::openFindLine() {
+  findLine_->show();
+  txtFind_->setFocus();
+  txtFind_->selectAll();
+}
+
+void HelpWindow::closeFindLine() {
+  findLine_->hide();
+  page_->setFocus();
+}
+
+void HelpWindow::findNext() { look(HelpPage::From::next); }
+void HelpWindow::findPrevious() { look(HelpPage::From::previous); }
+void HelpWindow::findTyped() { look(HelpPage::From::here); }
+
+/// Without a text to look for the line asks for one.
+void HelpWindow::look(HelpPage::From from) {
+  const QString text = txtFind_->text();
+  if (text.isEmpty()) {
+    say({});
+    if (!findLine_->isVisible()) openFindLine();
+    return;
+  }
+  findLine_->show();
+  say(inWords(page_->search(text, from), from == HelpPage::From::previous));
+}
+
+void HelpWindow::say(const QString& text) {
+  lblFound_->setText(text);
+  lblFound_->setAccessibleName(text);
+  QAccessibleEvent said(lblFound_, QAccessible::Alert);
+  if (!text.isEmpty()) QAccessible::updateAccessibility(&said);
 }
 
 void HelpWindow::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Escape)
-    close();
-  else
+  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (isEnter && txtFind_->hasFocus())
+    look(event->modifiers().testFlag(Qt::ShiftModifier) ? HelpPage::From::previous
+                                                        : HelpPage::From::next);
+  else if (event->key() != Qt::Key_Escape)
     QWidget::keyPressEvent(event);
+  else if (findLine_->isVisible())
+    closeFindLine();
+  else
+    close();
 }
 
 void HelpWindow::hideEvent(QHideEvent* event) {

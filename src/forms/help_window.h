@@ -3,7 +3,10 @@
 #include <QString>
 #include <QWidget>
 
-class QTextBrowser;
+#include "forms/help_page.h"
+
+class QLabel;
+class QLineEdit;
 
 namespace quillbox {
 
@@ -25,10 +28,23 @@ class HelpWindow : public QWidget {
 
  private:
   void makeButtons();
-  void showTitle();
+  void makeFindLine();
+  void addKeys();
+
+  // The line that looks for a text on the page; hidden at first.
+  void openFindLine();
+  void closeFindLine();
+  void findNext();
+  void findPrevious();
+  void findTyped();
+  void look(HelpPage::From from);
+  void say(const QString& text);
 
   WindowPlaces* places_;
-  QTextBrowser* browser_;
+  HelpPage* page_;
+  QWidget* findLine_ = nullptr;
+  QLineEdit* txtFind_ = nullptr;
+  QLabel* lblFound_ = nullptr;
 };
 
 }  // namespace quillbox

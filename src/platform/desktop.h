@@ -66,8 +66,10 @@ class Desktop {
   /// Shows the platform's printer set-up dialog under a control's name.
   virtual void printerSetup(const std::string& name) = 0;
 
-  /// Asks where to print; nothing when the user cancels.
-  virtual std::optional<PrintChoice> printDialog(const std::string& title) = 0;
+  /// Asks where to print; nothing when the user cancels. A document on disk is offered that
+  /// name, in the path's own bytes.
+  virtual std::optional<PrintChoice> printDialog(const std::string& title,
+                                                 const std::string& documentName) = 0;
 
   /// The printer that was chosen last.
   virtual Printer& printer() = 0;

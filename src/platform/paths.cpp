@@ -84,6 +84,13 @@ std::string_view folderOf(std::string_view path) {
   return path.substr(0, isRoot ? last + 1 : last);
 }
 
+std::string nameWithEnding(std::string_view path, std::string_view ending) {
+  std::string_view name = fileNameOf(path);
+  name = name.substr(0, name.find_last_of('.'));
+  if (name.empty()) return {};
+  return std::string(name).append(".").append(ending);
+}
+
 bool matchesPattern(std::string_view name, std::string_view pattern) {
   std::size_t at = 0;
   std::size_t in = 0;

@@ -25,6 +25,10 @@ std::string_view fileNameOf(std::string_view path);
 /// and that of a drive keep their separator.
 std::string_view folderOf(std::string_view path);
 
+/// The file name of what is made from `path`: its own without its last ending, and `ending`
+/// instead. Empty when nothing stands before that ending.
+std::string nameWithEnding(std::string_view path, std::string_view ending);
+
 /// Whether a file name matches a pattern of "*" (any run) and "?" (any one character), capitals and
 /// small letters alike.
 bool matchesPattern(std::string_view name, std::string_view pattern);

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/checked16.h"
+#include "platform/paths.h"
 #include "platform/printer.h"
 #include "platform/text_writer.h"
 #include "records/collection_store.h"
@@ -73,7 +74,8 @@ void PrintEngine::PrinterSetup(const std::string& dialogName) {
 
 void PrintEngine::OpenPrinter(std::int16_t& mode) {
   try {
-    const auto choice = desktop_.printDialog("QBX List Print");
+    const auto choice =
+        desktop_.printDialog("QBX List Print", nameWithEnding(state_.currentPath, "pdf"));
     if (!choice) {
       mode = print_mode::cancelled;
       return;
@@ -82,7 +84,10 @@ void PrintEngine::OpenPrinter(std::int16_t& mode) {
     const auto dot = fileName_.find('.');
     if (dot != std::string::npos) fileName_.replace(dot + 1, std::string::npos, "txt");
     mode = print_mode::textFile;
-    const FileDialog dialog{"Print to FileName", "Text File (*.txt)|*.txt", fileName_};
+    // Before a name was ever chosen the collection's is offered, and not taken unless it is chosen.
+    const std::string offered =
+        fileName_.empty() ? nameWithEnding(state_.currentPath, "txt") : fileName_;
+    const FileDialog dialog{"Print to FileName", "Text File (*.txt)|*.txt", offered};
     if (const auto chosen = desktop_.saveDialog(dialog)) fileName_ = *chosen;
   } catch (const RunTimeError&) {
     // No printer is no reason not to compose the pages.

@@ -43,8 +43,11 @@ std::string chooseCollection(Program& program) {
 }
 
 void SaveAs(Program& program, std::string& chosen) {
+  const FileDialog dialog{.title = "File Save As",
+                          .filter = "",
+                          .fileName = nameWithEnding(program.state().currentPath, "csv")};
   for (;;) {
-    chosen = program.desktop().saveDialog({"File Save As", ""}).value_or("");
+    chosen = program.desktop().saveDialog(dialog).value_or("");
     const bool namesFolder = chosen.find_first_of(kSeparators) != std::string::npos;
     if (!namesFolder || pathIsWhole(program.state())) return;
     program.message(kDefaultTitle, "Invalid Path!");

@@ -1,6 +1,7 @@
 #include "sortsearch/frmSearch.h"
 
 #include <QCheckBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <array>
@@ -110,6 +111,10 @@ frmSearch::frmSearch(Program& program, const CollectionKind& kind, const SearchP
   column->setContentsMargins(0, 0, 0, 0);
   column->addStrut(fontMetrics().averageCharWidth() * kSheetWidth);
   column->addWidget(sheet_);
+  auto* hint = new QLabel(fromUtf8Text(searchRulesOf(kind).hint));
+  hint->setObjectName(QStringLiteral("lblHint"));
+  hint->setWordWrap(true);
+  column->addWidget(hint);
 
   auto* begin =
       makeButton(QString::fromUtf8(form_.beginName), QString::fromUtf8(form_.beginCaption));

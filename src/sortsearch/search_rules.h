@@ -26,6 +26,10 @@ struct SearchRules {
   bool showsProgress = true;  ///< the board shows each record
   bool setsListPos = true;    ///< a hit moves both positions, not only the first
   std::string_view notFound = "Data Not Found...";
+
+  /// What the form says of all this: how texts are compared, and that a box always counts where it
+  /// has one.
+  std::string_view hint;
 };
 
 /// The rules of a kind; the four media-file kinds share theirs.

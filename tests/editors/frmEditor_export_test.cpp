@@ -219,6 +219,12 @@ INSTANTIATE_TEST_SUITE_P(Kinds, ExportDialog,
                                          kMediaExport),
                          nameOf);
 
+TEST_P(ExportDialog, OffersTheNameOfTheCollection) {
+  openTwo();
+  desktop_.expectSave("File Save As", "", "mine.csv", std::nullopt);
+  exportData();
+}
+
 TEST_P(ExportDialog, CancelledItEndsInSilence) {
   openTwo();
   press(kind().buttons.next);

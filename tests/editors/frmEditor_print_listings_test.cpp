@@ -64,7 +64,7 @@ class Listings : public FormTest {
   }
   void printToFile(const std::string& name) {
     desktop_.expectPrint(PrintChoice{true});
-    desktop_.expectSave("Print to FileName", "Text File (*.txt)|*.txt", "", path(name));
+    desktop_.expectSave("Print to FileName", "Text File (*.txt)|*.txt", std::nullopt, path(name));
     print();
   }
   void print() {
@@ -150,7 +150,7 @@ TEST_F(Listings, MediaFilesOfAnUnknownKindAreNotPrinted) {
     EXPECT_EQ(shown("txtFileName"), "CHIMES.WAV");
     desktop_.expectPrint(PrintChoice{true});
     desktop_.expectSave("Print to FileName", "Text File (*.txt)|*.txt",
-                        code == 0 ? "" : path("list.txt"), path("list.txt"));
+                        code == 0 ? "sounds.txt" : path("list.txt"), path("list.txt"));
     print();
     EXPECT_FALSE(std::filesystem::exists(path("list.txt")));
   }

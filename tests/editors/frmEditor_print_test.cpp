@@ -25,9 +25,9 @@ void expectPaper(FakeDesktop& desktop, const std::string& pages) {
 }
 
 void expectTextFile(FakeDesktop& desktop, std::optional<std::string> name,
-                    const std::string& offered = "") {
+                    std::optional<std::string> offered = {}) {
   desktop.expectPrint(PrintChoice{true});
-  desktop.expectSave("Print to FileName", kFilter, offered, std::move(name));
+  desktop.expectSave("Print to FileName", kFilter, std::move(offered), std::move(name));
 }
 
 class PrintList : public EditorTest, public testing::WithParamInterface<ModelKind> {
@@ -314,7 +314,7 @@ TEST_P(PrintList, ATextFileThatCannotBeMadeIsNoError) {
 
 TEST_P(PrintList, ATextFileWithoutANameIsNotWritten) {
   openThree();
-  expectTextFile(desktop_, std::nullopt);
+  expectTextFile(desktop_, std::nullopt, "mine.txt");
   print();
   std::filesystem::remove(path("printer.tmp"));
   for (const auto& entry : std::filesystem::directory_iterator(folder_.path()))
@@ -376,7 +376,8 @@ TEST_P(PrintList, AnEmptyCollectionEndsOnTheBoardAndThenTheStartScreen) {
     SCOPED_TRACE(choice ? static_cast<int>(choice->toFile) : -1);
     open({});
     desktop_.expectPrint(choice);
-    if (choice && choice->toFile) desktop_.expectSave("Print to FileName", kFilter, "", "list.txt");
+    if (choice && choice->toFile)
+      desktop_.expectSave("Print to FileName", kFilter, std::nullopt, "list.txt");
     desktop_.expectMessage("Quillbox", kFailed);
     print();
     EXPECT_EQ(formName(), "frmRecDisp");

@@ -2,6 +2,9 @@
 // the file.
 
 #include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QMenu>
 
 #include "support/family_steps.h"
 
@@ -119,6 +122,93 @@ TEST_P(ListPage, ShowsTheEntriesOfTheItemOnScreenInsteadOfTheEditor) {
   EXPECT_EQ(entry(0), "first of B");
   EXPECT_EQ(entry(1), "");
   EXPECT_EQ(lastEntry(), "last of B");
+}
+
+TEST_P(ListPage, SaysWhoseListItIs) {
+  openThree();
+  pressNext();
+  openPage();
+  EXPECT_EQ(label("lblItem"), "Record # 2 of 3 \u2013 B");
+  leavePage();
+  type(kind().firstBox(), "Typed");
+  openPage();
+  EXPECT_EQ(label("lblItem"), "Record # 2 of 3 \u2013 Typed") << "as the form calls it";
+  leavePage();
+  press(kind().buttons.clear);
+  openPage();
+  EXPECT_EQ(label("lblItem"), "New Record");
+}
+
+TEST_P(ListPage, SaysWhichItemItSteppedTo) {
+  openThree();
+  state_->ListPos = 1;
+  openPage();
+  pageNext();
+  EXPECT_EQ(label("lblItem"), "Record # 2 of 3 \u2013 B");
+  leavePage();
+  openPage();
+  EXPECT_EQ(label("lblItem"), "Record # 2 of 3 \u2013 B") << "not the item of the indicator";
+  leavePage();
+  desktop_.expectInput("Record #", "Go To Record", "3");
+  press(kind().buttons.goTo);
+  openPage();
+  EXPECT_EQ(label("lblItem"), "Record # 3 of 3 \u2013 C");
+}
+
+TEST_P(ListPage, AfterWritingItIsTheListOfTheItemThatWasWritten) {
+  openThree();
+  state_->ListPos = 2;
+  openPage();
+  pageNext();
+  leavePage();
+  press(kind().buttons.write);
+  const std::string written = indicator();
+  openPage();
+  EXPECT_EQ(label("lblItem"), written + " \u2013 C");
+}
+
+TEST_P(ListPage, ATextOfSeveralLinesFillsItsEmptyBoxesAndIsUndoneAtOnce) {
+  openThree();
+  openPage();
+  QApplication::clipboard()->setText("1. One\n2. Two\n3. Three");
+  QLineEdit& first = box(boxOf(0).c_str());
+  first.setFocus();
+  first.deselect();
+  QTest::keyClick(&first, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(entry(0), "first of A");
+  EXPECT_EQ(entry(1), "One");
+  EXPECT_EQ(entry(3), "Three");
+  EXPECT_EQ(label("lblStatus"), "3 lines pasted. Ctrl+Z takes them back.");
+  QTest::keyClick(&first, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(entry(0), "first of A");
+  EXPECT_EQ(entry(1), "");
+  EXPECT_EQ(label("lblStatus"), "");
+  QTest::keyClick(&first, Qt::Key_V, Qt::ControlModifier);
+  leavePage();
+  press(kind().buttons.write);
+  EXPECT_EQ(storedEntry(1, 2), "Two");
+}
+
+TEST_P(ListPage, WhatWasPastedIsForgottenWithItsItem) {
+  openThree();
+  openPage();
+  QApplication::clipboard()->setText("One\nTwo");
+  QLineEdit& second = box(boxOf(1).c_str());
+  second.setFocus();
+  QTest::keyClick(&second, Qt::Key_V, Qt::ControlModifier);
+  pageNext();
+  EXPECT_EQ(label("lblStatus"), "");
+  QTest::keyClick(&second, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(entry(1), "");
+}
+
+TEST_P(ListPage, TheMenuItemSaysWhatTheListIs) {
+  openThree();
+  EXPECT_TRUE(control<QAction>("EditTitles").toolTip().startsWith("The "));
+  EXPECT_TRUE(control<QMenu>("EditMenu").toolTipsVisible());
+  if (kind().name == kComics.name) {
+    EXPECT_EQ(control<QAction>("EditTitles").toolTip(), "The notes on this comic");
+  }
 }
 
 TEST_P(ListPage, HasItsControlsByNameAndCaption) {

@@ -219,22 +219,22 @@ TEST_F(SongPages, TheBoxAtTheTopFillsTheFirstEmptySong) {
 
 TEST_F(SongPages, AFullPageLeavesTheBoxAtTheTopAsItIsAndSaysSo) {
   openPage1();
-  EXPECT_TRUE(hint().isHidden());
+  EXPECT_EQ(hint().text(), "");
   addToFullPage("One more");
   EXPECT_EQ(shown("txtSongEdit"), "One more");
-  EXPECT_TRUE(hint().isVisible());
+  EXPECT_NE(hint().text(), "");
   EXPECT_EQ(hint().text(), "This page is full: the title has no place yet.");
   EXPECT_EQ(box("txtSongEdit").accessibleDescription(), hint().text());
   press("cmdNextPage");
-  EXPECT_TRUE(hint().isHidden()) << "the other page";
+  EXPECT_EQ(hint().text(), "") << "the other page";
   press("cmdNextPage");
-  EXPECT_TRUE(hint().isVisible());
+  EXPECT_NE(hint().text(), "");
 
   type("txtSongTitle_7", "");
   box("txtSongEdit").setFocus();
   QTest::keyClick(&box("txtSongEdit"), Qt::Key_Return);
   EXPECT_EQ(song(7), "One more");
-  EXPECT_TRUE(hint().isHidden());
+  EXPECT_EQ(hint().text(), "");
   EXPECT_EQ(box("txtSongEdit").accessibleDescription(), "");
 }
 
@@ -242,7 +242,7 @@ TEST_F(SongPages, TheHintGoesWhenTheTitleIsTypedAnew) {
   openPage1();
   addToFullPage("One more");
   QTest::keyClicks(&box("txtSongEdit"), "x");
-  EXPECT_TRUE(hint().isHidden());
+  EXPECT_EQ(hint().text(), "");
 }
 
 TEST_F(SongPages, ATitleThatFoundNoPlaceStaysWithItsAlbum) {
@@ -295,7 +295,7 @@ TEST_F(SongPages, ATitleThatFoundNoPlaceNeverReachesAnotherAlbum) {
     EXPECT_EQ(formName(), "frmMusic");
     openPage2();
     EXPECT_EQ(shown("txtSongEdit"), "");
-    EXPECT_TRUE(hint().isHidden());
+    EXPECT_EQ(hint().text(), "");
     press("cmdExit");
     press("cmdWriteData");
     EXPECT_EQ((file() + file("other.MCS")).find("One more"), std::string::npos);

@@ -51,10 +51,12 @@ INSTANTIATE_TEST_SUITE_P(Each, FormPictures, testing::ValuesIn(kAllForms), formC
 class NotWrittenPicture : public FormPictures {};
 
 TEST_P(NotWrittenPicture, ShowsTheMark) {
-  QWidget& window = EachForm::open(kLight);
-  const QImage before = picture(window, "music");
-  type("txtAlbum", "Another title");
-  EXPECT_NE(picture(window, "not-written"), before);
+  for (const auto& [look, folder] : {std::pair(kLight, ""), std::pair(kDark, "dark/")}) {
+    QWidget& window = EachForm::open(look);
+    const QImage before = picture(window, QString(folder) + "music");
+    type("txtAlbum", "Another title");
+    EXPECT_NE(picture(window, QString(folder) + "not-written"), before);
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Music, NotWrittenPicture,

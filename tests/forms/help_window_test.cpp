@@ -1,5 +1,7 @@
 #include "forms/help_window.h"
 
+#include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTextBlock>
@@ -95,12 +97,12 @@ TEST_F(HelpTest, OpensFromTheHelpMenus) {
   EXPECT_EQ(helpPage(), "music.md");
 }
 
-TEST_F(HelpTest, NamesThePageInItsTitle) {
+TEST_F(HelpTest, IsCalledQuillboxHelpOnEveryPage) {
   start();
   choose("ContentBegin");
-  const QString title = browser().document()->firstBlock().text();
-  EXPECT_FALSE(title.isEmpty());
-  EXPECT_EQ(window()->windowTitle(), title + " - Quillbox Help");
+  EXPECT_EQ(window()->windowTitle(), "Quillbox Help");
+  browser().setSource(browser().source().resolved(QUrl("sort.md")));
+  EXPECT_EQ(window()->windowTitle(), "Quillbox Help");
 }
 
 TEST_F(HelpTest, GoesBackAndForward) {
@@ -135,6 +137,178 @@ TEST_F(HelpTest, IsNoFormOfItsOwn) {
   // The desktop is empty but for the help, so the start screen comes up.
   EXPECT_EQ(formName(), "frmBegin2");
   EXPECT_EQ(helpPage(), "music.md");
+}
+
+/// The line that looks for a text on the page, worked with keys.
+class HelpFind : public HelpTest {
+ protected:
+  HelpFind() {
+    start();
+    choose("ContentBegin");
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window()));
+  }
+
+  static void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(window()->focusWidget(), key, modifiers);
+  }
+  static void find(const char* text) {
+    key(Qt::Key_F, Qt::ControlModifier);
+    QTest::keyClicks(window()->focusWidget(), text);
+  }
+  static QLineEdit& line() { return *window()->findChild<QLineEdit*>("txtFind"); }
+  static std::string said() {
+    return window()->findChild<QLabel*>("lblFound")->text().toStdString();
+  }
+  static int place() { return browser().textCursor().selectionStart(); }
+  static std::string found() { return browser().textCursor().selectedText().toStdString(); }
+  static int timesOnPage(const QString& text) {
+    return static_cast<int>(browser().toPlainText().count(text, Qt::CaseInsensitive));
+  }
+};
+
+TEST_F(HelpFind, OpensWithItsKeyAndItsButton) {
+  EXPECT_FALSE(line().isVisible());
+  key(Qt::Key_F, Qt::ControlModifier);
+  EXPECT_TRUE(line().isVisible());
+  EXPECT_TRUE(line().hasFocus());
+  key(Qt::Key_Escape);
+  EXPECT_FALSE(line().isVisible());
+  EXPECT_EQ(helpPage(), "index.md") << "only the line was closed";
+  EXPECT_TRUE(browser().hasFocus());
+  pressHelp("cmdFind");
+  EXPECT_TRUE(line().hasFocus());
+  key(Qt::Key_Escape);
+  key(Qt::Key_Escape);
+  EXPECT_EQ(helpPage(), "");
+}
+
+TEST_F(HelpFind, FindsWhileTheTextIsTyped) {
+  find("coll");
+  EXPECT_EQ(found(), "coll");
+  const int first = place();
+  QTest::keyClicks(&line(), "ection");
+  EXPECT_EQ(QString::fromStdString(found()).toLower(), "collection");
+  EXPECT_GE(place(), first);
+  EXPECT_EQ(said(), "");
+}
+
+TEST_F(HelpFind, GoesFromPlaceToPlaceBothWaysAndRound) {
+  find("collection");
+  const int times = timesOnPage("collection");
+  ASSERT_GT(times, 2);
+  std::vector<int> places = {place()};
+  for (int step = 1; step < times; ++step) {
+    key(step % 2 == 0 ? Qt::Key_Return : Qt::Key_F3);
+    EXPECT_GT(place(), places.back());
+    EXPECT_EQ(said(), "");
+    places.push_back(place());
+  }
+  key(Qt::Key_F3);
+  EXPECT_EQ(place(), places.front());
+  EXPECT_EQ(said(), "Found from the beginning again");
+  key(Qt::Key_F3, Qt::ShiftModifier);
+  EXPECT_EQ(place(), places.back());
+  EXPECT_EQ(said(), "Found from the end again");
+  key(Qt::Key_Return, Qt::ShiftModifier);
+  EXPECT_EQ(place(), places.at(places.size() - 2));
+  pressHelp("cmdFindNext");
+  EXPECT_EQ(place(), places.back());
+  pressHelp("cmdFindPrevious");
+  EXPECT_EQ(place(), places.at(places.size() - 2));
+}
+
+TEST_F(HelpFind, SaysWhatIsNotOnThePageAndKeepsItsPlace) {
+  find("collection");
+  const int before = place();
+  line().selectAll();
+  QTest::keyClicks(&line(), "##");
+  EXPECT_EQ(said(), "Not on this page");
+  EXPECT_EQ(place(), before);
+  line().selectAll();
+  key(Qt::Key_Delete);
+  EXPECT_EQ(said(), "");
+}
+
+TEST_F(HelpFind, TheKeyGoesOnWhenTheLineIsClosed) {
+  find("collection");
+  const int before = place();
+  key(Qt::Key_Escape);
+  key(Qt::Key_F3);
+  EXPECT_GT(place(), before);
+}
+
+TEST_F(HelpFind, WithoutATextTheKeyAsksForOne) {
+  key(Qt::Key_F3);
+  EXPECT_TRUE(line().hasFocus());
+}
+
+/// Letters in other sizes.
+using HelpZoom = HelpFind;
+
+TEST_F(HelpZoom, ItsKeysEnlargeShrinkAndReset) {
+  const qreal usual = browser().font().pointSizeF();
+  key(Qt::Key_Plus, Qt::ControlModifier);
+  const qreal larger = browser().font().pointSizeF();
+  EXPECT_GT(larger, usual);
+  EXPECT_EQ(browser().document()->defaultFont().pointSizeF(), larger);
+  key(Qt::Key_Equal, Qt::ControlModifier);
+  EXPECT_GT(browser().font().pointSizeF(), larger);
+  key(Qt::Key_0, Qt::ControlModifier);
+  EXPECT_DOUBLE_EQ(browser().font().pointSizeF(), usual);
+  key(Qt::Key_Minus, Qt::ControlModifier);
+  EXPECT_LT(browser().font().pointSizeF(), usual);
+}
+
+TEST_F(HelpZoom, StaysForTheSession) {
+  key(Qt::Key_Plus, Qt::ControlModifier);
+  const qreal larger = browser().font().pointSizeF();
+  browser().setSource(browser().source().resolved(QUrl("sort.md")));
+  EXPECT_EQ(browser().font().pointSizeF(), larger);
+  pressHelp("cmdClose");
+  choose("ContentBegin");
+  EXPECT_EQ(browser().font().pointSizeF(), larger);
+}
+
+TEST_F(HelpZoom, EndsWhereLettersCanStillBeRead) {
+  for (int step = 0; step < 100; ++step) key(Qt::Key_Minus, Qt::ControlModifier);
+  EXPECT_GT(browser().font().pointSizeF(), 2);
+  for (int step = 0; step < 200; ++step) key(Qt::Key_Plus, Qt::ControlModifier);
+  EXPECT_LT(browser().font().pointSizeF(), 50);
+}
+
+TEST_F(HelpTest, ShowsThePicturesOfThePaletteInUse) {
+  const QPalette before = QApplication::palette();
+  start();
+  choose("ContentBegin");
+  browser().setSource(QUrl("qrc:/docs/manual/music.md"));
+  const auto shown = [] {
+    return browser()
+        .loadResource(QTextDocument::ImageResource, QUrl("../forms/music.png"))
+        .value<QImage>()
+        .pixelColor(2, 60)
+        .lightness();
+  };
+  EXPECT_GT(shown(), 128);
+  const QColor charcoal(53, 53, 53);
+  QApplication::setPalette(QPalette(charcoal, charcoal));
+  QApplication::processEvents();
+  EXPECT_LT(shown(), 128);
+  QApplication::setPalette(before);
+  QApplication::processEvents();
+  EXPECT_GT(shown(), 128);
+}
+
+TEST_F(HelpTest, KeepsItsPlaceWhenThePaletteChanges) {
+  const QPalette before = QApplication::palette();
+  start();
+  choose("ContentBegin");
+  browser().setSource(QUrl("qrc:/docs/manual/music.md"));
+  browser().verticalScrollBar()->setValue(300);
+  const QColor charcoal(53, 53, 53);
+  QApplication::setPalette(QPalette(charcoal, charcoal));
+  QApplication::processEvents();
+  EXPECT_EQ(browser().verticalScrollBar()->value(), 300);
+  QApplication::setPalette(before);
 }
 
 TEST_F(HelpTest, ShowsPicturesNoWiderThanTheWindow) {

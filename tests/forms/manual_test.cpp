@@ -58,6 +58,15 @@ TEST(Manual, LinksToPagesAndPicturesThatExist) {
     }
 }
 
+TEST(Manual, ShowsEveryPictureInDarkColoursToo) {
+  for (const QString& page : pages())
+    for (QString link : linksOf(page))
+      if (link.endsWith(".png")) {
+        link.replace("forms/", "forms/dark/");
+        EXPECT_TRUE(QFile::exists(QDir::cleanPath(":/docs/manual/" + link))) << link.toStdString();
+      }
+}
+
 TEST(Manual, IsReachedFromItsFirstPage) {
   QSet<QString> reached = {"index.md"};
   for (QStringList open = {"index.md"}; !open.isEmpty();)

@@ -25,6 +25,16 @@ TEST(Paths, ExtensionIsTheLastThreeCharactersInCapitals) {
   EXPECT_EQ(extensionOf("\xE9t\xE9"), "\xE9T\xE9");
 }
 
+TEST(Paths, ANameWithAnotherEndingKeepsAllOfTheNameBeforeItsLastDot) {
+  EXPECT_EQ(nameWithEnding("/home/ann/jazz.MCS", "csv"), "jazz.csv");
+  EXPECT_EQ(nameWithEnding("/my.dir/a. b.c.MCS", "txt"), "a. b.c.txt");
+  EXPECT_EQ(nameWithEnding("C:\\Data\\caf\xC3\xA9.VCS", "pdf"), "caf\xC3\xA9.pdf");
+  EXPECT_EQ(nameWithEnding("/my.dir/jazz", "csv"), "jazz.csv");
+  EXPECT_EQ(nameWithEnding("/data/.MCS", "csv"), "");
+  EXPECT_EQ(nameWithEnding("/data/", "csv"), "");
+  EXPECT_EQ(nameWithEnding("", "csv"), "");
+}
+
 TEST(Paths, BackupNameIsCutAtTheFirstDotWhereverItStands) {
   EXPECT_EQ(backupPath("/data/Jazz.MCS", "BAK"), "/data/Jazz.BAK");
   EXPECT_EQ(backupPath("/my.dir/Jazz.MCS", "bak"), "/my.bak");

@@ -148,7 +148,7 @@ class GoldenListings : public testing::TestWithParam<std::string> {
   const CollectionKind& kind_ = *kindOfExtension(extension_);
   std::string path_ = folder_.path("mine." + extension_);
   std::string written_ = folder_.path("list.txt");
-  std::string offered_;
+  std::optional<std::string> offered_;
   FailingFiles files_;
   AppState state_{files_};
   FakeDesktop desktop_;

@@ -55,7 +55,7 @@ class ListingPages : public testing::Test {
   std::string printed() {
     std::int16_t mode = print_mode::printer;
     desktop_.expectPrint(PrintChoice{.toFile = true});
-    desktop_.expectSave("Print to FileName", "Text File (*.txt)|*.txt", "", written_);
+    desktop_.expectSave("Print to FileName", "Text File (*.txt)|*.txt", std::nullopt, written_);
     engine_.OpenPrinter(mode);
     const std::int16_t pages = compose();
     engine_.PrintOut(mode, pages, "heading");

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "support/machine.h"
 #include "support/print_fixture.h"
@@ -13,7 +14,8 @@ namespace {
 /// A desktop without a printer to choose.
 class NoPrinterDesktop : public FakeDesktop {
  public:
-  std::optional<PrintChoice> printDialog(const std::string& /*title*/) override {
+  std::optional<PrintChoice> printDialog(const std::string& /*title*/,
+                                         const std::string& /*documentName*/) override {
     throw RunTimeError(ErrorNumber::deviceIo);
   }
 };
@@ -93,6 +95,27 @@ TEST_F(OpenPrinterTest, ACancelledSaveDialogAtFirstLeavesNoName) {
   EXPECT_EQ(failureOf([&] { engine_.PrintOut(print_mode::textFile, 1, "Albums"); }).number, 53);
   EXPECT_TRUE(hasSpool());
   expectNothingOpen();
+}
+
+TEST_F(OpenPrinterTest, BeforeANameWasChosenTheCollectionsIsOfferedAndNotTakenUnchosen) {
+  state_.currentPath = "/home/my.lists/vol. 2.MCS";
+  chooseFile(std::nullopt, "vol. 2.txt");
+  spool({"Page 1\r\n"});
+  EXPECT_EQ(failureOf([&] { engine_.PrintOut(print_mode::textFile, 1, "Albums"); }).number, 53);
+  EXPECT_FALSE(std::filesystem::exists("vol. 2.txt"));
+  chooseFile("report.doc", "vol. 2.txt");
+  chooseFile("other", "report.txt");
+}
+
+TEST_F(OpenPrinterTest, ADocumentIsOfferedTheCollectionsName) {
+  for (const auto& [path, offered] :
+       {std::pair("", ""), std::pair("/home/my.lists/jazz.MCS", "jazz.pdf")}) {
+    state_.currentPath = path;
+    desktop_.expectPrint(PrintChoice{});
+    std::int16_t mode = print_mode::printer;
+    engine_.OpenPrinter(mode);
+    EXPECT_EQ(desktop_.documentName, offered);
+  }
 }
 
 TEST_F(PrintOutTest, ACancelledPrintoutLeavesTheSpoolAndDoesNothing) {
@@ -270,7 +293,7 @@ TEST_F(PrintToFile, TheOpenCollectionIsNeverWrittenOver) {
   makeLink("jazz.MCS", "symbolic");
   std::filesystem::create_hard_link("jazz.MCS", "hard");
   spool({"a\r\n"});
-  std::string offered;
+  std::optional<std::string> offered;
   for (const std::string& name :
        {state_.currentPath, std::string("symbolic"), std::string("hard"), std::string("./hard")}) {
     chooseFile(name, offered);

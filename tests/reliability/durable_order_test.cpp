@@ -136,7 +136,8 @@ TEST_F(DurableOrder, ATextListingRemovesTheSpoolWhenTheTextFileIsClosed) {
   open("mine.BCS", plainCollection(kind, {plainItem(kind, "A"), plainItem(kind, "B")}), 2);
   FakeDesktop desktop;
   desktop.expectPrint(PrintChoice{.toFile = true});
-  desktop.expectSave("Print to FileName", "Text File (*.txt)|*.txt", "", folder_.path("list.txt"));
+  desktop.expectSave("Print to FileName", "Text File (*.txt)|*.txt", std::nullopt,
+                     folder_.path("list.txt"));
   PrintEngine engine(state_, desktop, board_);
   std::int16_t mode = print_mode::printer;
   engine.OpenPrinter(mode);

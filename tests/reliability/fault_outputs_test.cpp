@@ -59,7 +59,7 @@ class ListedPath : public CollectionPath {
   void writeText(std::int16_t pages) { engine_.PrintOut(print_mode::textFile, pages, kHeading); }
 
   std::string target_ = folder_.path("list.txt");
-  std::string offered_;  // by the next save dialog
+  std::optional<std::string> offered_;  // by the next save dialog
   FakeDesktop desktop_;
   NoBoard board_;
   PrintEngine engine_{state_, desktop_, board_};

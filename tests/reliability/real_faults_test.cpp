@@ -78,7 +78,7 @@ class RealFaults : public testing::Test {
   /// Chooses the text file and composes the pages for it.
   std::int16_t composeFor(const std::string& target, FakeDesktop& desktop, PrintEngine& engine) {
     desktop.expectPrint(PrintChoice{.toFile = true});
-    desktop.expectSave("Print to FileName", "Text File (*.txt)|*.txt", "", target);
+    desktop.expectSave("Print to FileName", "Text File (*.txt)|*.txt", std::nullopt, target);
     std::int16_t mode = print_mode::printer;
     engine.OpenPrinter(mode);
     const Listing listing(kind_, {[](const Field&, int) { return ""; }, ""});

@@ -211,6 +211,16 @@ TEST_P(SearchForms, EveryInputCarriesItsCaptionAsItsNameAndIsEmpty) {
   }
 }
 
+TEST_P(SearchForms, SaysHowItCompares) {
+  open({item("A")});
+  openSearch();
+  const bool hasBoxes = !form().findChildren<QCheckBox*>().empty();
+  EXPECT_EQ(label("lblHint"), kind().isMedia() ? "The whole name; capitals do not matter."
+                              : hasBoxes ? "Whole fields, exact capitals; an unticked box means no."
+                                         : "Whole fields, exact capitals.");
+  EXPECT_TRUE(control<QLabel>("lblHint").isVisible());
+}
+
 TEST_P(SearchForms, TabGoesFromTheFirstInputToTheLastButton) {
   open({item("A")});
   openSearch();

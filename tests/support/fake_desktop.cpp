@@ -35,10 +35,11 @@ void FakeDesktop::expectOpen(std::string title, std::string filter,
 }
 
 void FakeDesktop::expectSave(std::string title, std::optional<std::string> answer) {
-  expectSave(std::move(title), "", "", std::move(answer));
+  expectSave(std::move(title), "", std::nullopt, std::move(answer));
 }
 
-void FakeDesktop::expectSave(std::string title, std::string filter, std::string fileName,
+void FakeDesktop::expectSave(std::string title, std::string filter,
+                             std::optional<std::string> fileName,
                              std::optional<std::string> answer) {
   expected_.push_back({Kind::save, std::move(title), std::move(filter), Answer::ok,
                        std::move(answer), std::move(fileName)});
@@ -73,7 +74,9 @@ std::optional<std::string> FakeDesktop::inputBox(const std::string& prompt,
                                                  const std::string& title,
                                                  const std::string& preset) {
   const auto next = take(Kind::input, title, prompt);
-  EXPECT_EQ(next ? next->offered : preset, preset);
+  if (next && next->offered) {
+    EXPECT_EQ(*next->offered, preset);
+  }
   return next ? next->typed : std::nullopt;
 }
 
@@ -87,11 +90,15 @@ std::optional<std::string> FakeDesktop::openDialog(const FileDialog& dialog) {
 std::optional<std::string> FakeDesktop::saveDialog(const FileDialog& dialog) {
   dialogName = dialog.name;
   const auto next = take(Kind::save, dialog.title, dialog.filter);
-  EXPECT_EQ(next ? next->offered : dialog.fileName, dialog.fileName);
+  if (next && next->offered) {
+    EXPECT_EQ(*next->offered, dialog.fileName);
+  }
   return next ? next->typed : std::nullopt;
 }
 
-std::optional<PrintChoice> FakeDesktop::printDialog(const std::string& title) {
+std::optional<PrintChoice> FakeDesktop::printDialog(const std::string& title,
+                                                    const std::string& offered) {
+  documentName = offered;
   const auto next = take(Kind::print, title, "");
   return next ? next->choice : std::nullopt;
 }

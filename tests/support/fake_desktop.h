@@ -27,10 +27,11 @@ class FakeDesktop : public Desktop {
                    std::string preset = {});
 
   void expectOpen(std::string title, std::string filter, std::optional<std::string> answer);
+  /// The same without a filter, and whatever it offers.
   void expectSave(std::string title, std::optional<std::string> answer);
 
-  /// A save dialog that offers `fileName`.
-  void expectSave(std::string title, std::string filter, std::string fileName,
+  /// A save dialog that offers `fileName`, or whatever it offers where there is none.
+  void expectSave(std::string title, std::string filter, std::optional<std::string> fileName,
                   std::optional<std::string> answer);
 
   /// A print dialog that is answered with paper or a text file, or cancelled.
@@ -63,7 +64,8 @@ class FakeDesktop : public Desktop {
 
   int rests = 0;
   int printerSetups = 0;
-  std::string dialogName;  ///< of the last dialog for a file or the printer
+  std::string dialogName;    ///< of the last dialog for a file or the printer
+  std::string documentName;  ///< offered by the last print dialog
   FakePrinter fakePrinter;
   bool quitAsked = false;
   bool endedAtOnce = false;
@@ -79,7 +81,8 @@ class FakeDesktop : public Desktop {
     dialogName = name;
     ++printerSetups;
   }
-  std::optional<PrintChoice> printDialog(const std::string& title) override;
+  std::optional<PrintChoice> printDialog(const std::string& title,
+                                         const std::string& documentName) override;
   Printer& printer() override { return fakePrinter; }
   void rest(int milliseconds, const std::function<bool()>& over) override;
   void quit() override { quitAsked = true; }
@@ -93,7 +96,7 @@ class FakeDesktop : public Desktop {
     std::string text;
     Answer answer = Answer::ok;
     std::optional<std::string> typed;
-    std::string offered = {};
+    std::optional<std::string> offered = {};
     std::optional<PrintChoice> choice = {};
     MessageIcon icon = MessageIcon::none;
   };

@@ -222,7 +222,7 @@ class ModelFixture : public FormTest {
   /// there is made on the command line alone.
   void startProgram(const std::string& path) {
     model_.emplace(kind(), disk_);
-    listingName_.clear();
+    listingName_.reset();
     ++starts_;
     bool isOpen = false;
     if (!kind().isMedia() && (!disk_.contains(path) || startsByName())) {
@@ -391,9 +391,9 @@ class ModelFixture : public FormTest {
   Lots lots_;
   ModelDisk disk_;
   std::optional<EditorModel> model_;
-  std::string listingName_;  ///< of a text listing, as it is offered
-  std::string dataFolder_;   ///< as the program took it when it was started
-  std::string replaced_;     ///< the collection that may be written over
+  std::optional<std::string> listingName_;  ///< of a text listing, as it is offered once chosen
+  std::string dataFolder_;                  ///< as the program took it when it was started
+  std::string replaced_;                    ///< the collection that may be written over
   bool isArmed_ = false;
   bool ignoresFaults_ = false;  ///< as a listing does, and what ends with an error of its own
   Fault fault_{};

@@ -125,7 +125,8 @@ class PrintOutTest : public testing::Test {
   bool hasSpool() const { return std::filesystem::exists("printer.tmp"); }
 
   /// Chooses a text file of that name.
-  void chooseFile(const std::optional<std::string>& name, const std::string& offered) {
+  void chooseFile(const std::optional<std::string>& name,
+                  const std::optional<std::string>& offered) {
     desktop_.expectPrint(PrintChoice{true});
     desktop_.expectSave("Print to FileName", "Text File (*.txt)|*.txt", offered, name);
     std::int16_t mode = print_mode::printer;
@@ -136,8 +137,8 @@ class PrintOutTest : public testing::Test {
 
   void writeTo(const std::string& name, int pages, const std::string& header = "Albums") {
     chooseFile(name, offered_);
-    offered_ = name.substr(0, name.find('.'));
-    if (offered_ != name) offered_ += ".txt";
+    const std::string stem = name.substr(0, name.find('.'));
+    offered_ = stem == name ? name : stem + ".txt";
     engine_.PrintOut(print_mode::textFile, static_cast<std::int16_t>(pages), header);
     expectNothingOpen();
   }
@@ -165,7 +166,7 @@ class PrintOutTest : public testing::Test {
   FakeDesktop desktop_;
   RecordingBoard board_;
   PrintEngine engine_{state_, desktop_, board_};
-  std::string offered_;  // what the next save dialog offers
+  std::optional<std::string> offered_;  // what the next save dialog offers, once it is known
 };
 
 }  // namespace quillbox::test

@@ -4,13 +4,14 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
-#include <QFileDialog>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPageSetupDialog>
 #include <QTimer>
 #include <cstdlib>
 
+#include "platform/qt/dialogs.h"
 #include "platform/qt/print_dialog.h"
 #include "platform/qt/qt_printer.h"
 #include "text/date_text.h"
@@ -32,42 +33,11 @@ QMessageBox::Icon iconOf(MessageIcon icon) {
   return QMessageBox::NoIcon;
 }
 
-/// The toolkit takes "[*]" in a caption for the place of a mark; doubled it stands for itself.
-QString captionText(const std::string& text) {
-  return QString::fromStdString(text).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
-}
-
-/// "Description (*.A, *.B)|*.A;*.B|..." as the toolkit has it: "Description (*.A *.B)", ...
-QStringList nameFilters(const std::string& filter) {
-  QStringList filters;
-  const QStringList parts = QString::fromStdString(filter).split(QLatin1Char('|'));
-  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-    const QString description = parts[i].section(QLatin1Char('('), 0, 0).trimmed();
-    QString patterns = parts[i + 1];
-    filters << QStringLiteral("%1 (%2)").arg(description,
-                                             patterns.replace(QLatin1Char(';'), QLatin1Char(' ')));
-  }
-  return filters;
-}
-
-std::optional<std::string> askForFile(const FileDialog& asked, QFileDialog::AcceptMode mode) {
-  QFileDialog dialog(QApplication::activeWindow(), captionText(asked.title));
-  dialog.setObjectName(QString::fromStdString(asked.name));
-  // The toolkit's own dialog: its patterns match capitals and small letters alike everywhere.
-  dialog.setOption(QFileDialog::DontUseNativeDialog);
-  dialog.setAcceptMode(mode);
-  dialog.setFileMode(QFileDialog::AnyFile);
-  if (!asked.filter.empty()) dialog.setNameFilters(nameFilters(asked.filter));
-  if (!asked.fileName.empty())
-    dialog.selectFile(QFile::decodeName(QByteArray::fromStdString(asked.fileName)));
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-  return QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();
-}
-
 /// The name always ends as such documents do, so that none takes the place of another kind of file.
-std::optional<QString> askForPdf() {
-  const auto name = askForFile({"Save PDF Document", "PDF Documents (*.pdf)|*.pdf", "Listing.pdf"},
-                               QFileDialog::AcceptSave);
+std::optional<QString> askForPdf(const std::string& offered) {
+  const auto name = askForFile({"Save PDF Document", "PDF Documents (*.pdf)|*.pdf",
+                                offered.empty() ? "Listing.pdf" : offered},
+                               FileDialogMode::save);
   if (!name) return std::nullopt;
   const QString path = QFile::decodeName(QByteArray::fromStdString(*name));
   const QString ending = QStringLiteral(".pdf");
@@ -89,12 +59,16 @@ QtDesktop::QtDesktop() = default;
 QtDesktop::~QtDesktop() = default;
 
 Answer QtDesktop::messageBox(const MessageBox& box) {
-  QMessageBox dialog(QApplication::activeWindow());
+  QMessageBox dialog(askingForm());
   dialog.setWindowTitle(captionText(box.title));
   dialog.setTextFormat(Qt::PlainText);
   dialog.setText(QString::fromStdString(box.text));
   dialog.setIcon(iconOf(box.icon));
+  takeIcon(dialog);
   dialog.setWindowModality(Qt::ApplicationModal);
+  // Across the whole grid, and no row of its own.
+  auto* grid = static_cast<QGridLayout*>(dialog.layout());
+  grid->addItem(new QSpacerItem(widthForTitle(dialog), 0), 0, 0, 1, grid->columnCount());
   if (box.buttons == Buttons::yesNo) {
     dialog.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
     dialog.setDefaultButton(QMessageBox::No);
@@ -108,22 +82,25 @@ Answer QtDesktop::messageBox(const MessageBox& box) {
 
 std::optional<std::string> QtDesktop::inputBox(const std::string& prompt, const std::string& title,
                                                const std::string& preset) {
-  QInputDialog dialog(QApplication::activeWindow());
+  QInputDialog dialog(askingForm());
   dialog.setWindowTitle(captionText(title));
   dialog.setLabelText(QString::fromStdString(prompt));
   dialog.setInputMode(QInputDialog::TextInput);
   dialog.setTextValue(QString::fromStdString(preset));
+  takeIcon(dialog);
+  dialog.sizeHint();  // makes the layout
+  static_cast<QBoxLayout*>(dialog.layout())->addStrut(widthForTitle(dialog));
   dialog.setWindowModality(Qt::ApplicationModal);
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.textValue().toStdString();
 }
 
 std::optional<std::string> QtDesktop::openDialog(const FileDialog& dialog) {
-  return askForFile(dialog, QFileDialog::AcceptOpen);
+  return askForFile(dialog, FileDialogMode::open);
 }
 
 std::optional<std::string> QtDesktop::saveDialog(const FileDialog& dialog) {
-  return askForFile(dialog, QFileDialog::AcceptSave);
+  return askForFile(dialog, FileDialogMode::save);
 }
 
 std::string QtDesktop::shortDateForm() { return quillbox::shortDateForm(QLocale::system()); }
@@ -140,13 +117,16 @@ QtPrinter& QtDesktop::qtPrinter() {
 Printer& QtDesktop::printer() { return qtPrinter(); }
 
 void QtDesktop::printerSetup(const std::string& name) {
-  QPageSetupDialog dialog(&qtPrinter().device(), QApplication::activeWindow());
+  QPageSetupDialog dialog(&qtPrinter().device(), askingForm());
   dialog.setObjectName(QString::fromStdString(name));
+  takeIcon(dialog);
   dialog.exec();
 }
 
-std::optional<PrintChoice> QtDesktop::printDialog(const std::string& title) {
-  PrintDialog dialog(captionText(title), QApplication::activeWindow());
+std::optional<PrintChoice> QtDesktop::printDialog(const std::string& title,
+                                                  const std::string& documentName) {
+  PrintDialog dialog(captionText(title), askingForm());
+  takeIcon(dialog);
   while (dialog.exec() == QDialog::Accepted) {
     if (dialog.toTextFile()) return PrintChoice{true};
     if (!dialog.toPdf()) {
@@ -154,7 +134,7 @@ std::optional<PrintChoice> QtDesktop::printDialog(const std::string& title) {
       return PrintChoice{};
     }
     // Without a name for the document the user chooses again.
-    if (const auto name = askForPdf()) {
+    if (const auto name = askForPdf(documentName)) {
       qtPrinter().printToPdf(*name);
       return PrintChoice{};
     }

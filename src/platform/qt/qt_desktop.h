@@ -29,7 +29,8 @@ class QtDesktop : public Desktop {
   std::string shortDateForm() override;
   std::string todayText() override;
   void printerSetup(const std::string& name) override;
-  std::optional<PrintChoice> printDialog(const std::string& title) override;
+  std::optional<PrintChoice> printDialog(const std::string& title,
+                                         const std::string& documentName) override;
   Printer& printer() override;
   void rest(int milliseconds, const std::function<bool()>& over) override;
   void quit() override;

@@ -184,7 +184,9 @@ class PrintingOnTheDesktop : public testing::Test {
       key(dialog, Qt::Key_Return);
     });
   }
-  std::optional<PrintChoice> ask() { return desktop_.printDialog("QBX [*] Print"); }
+  std::optional<PrintChoice> ask(const std::string& documentName = "jazz.pdf") {
+    return desktop_.printDialog("QBX [*] Print", documentName);
+  }
 
   /// Prints a line to where the dialog said.
   void printALine() {
@@ -218,7 +220,7 @@ TEST_F(PrintingOnTheDesktop, APdfDocumentIsAskedForAndPrintedTo) {
     EXPECT_EQ(dialog.windowTitle(), "Save PDF Document");
     EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
     EXPECT_EQ(dialog.nameFilters(), (QStringList{"PDF Documents (*.pdf)"}));
-    EXPECT_EQ(control<QLineEdit>(dialog, "fileNameEdit").text(), "Listing.pdf");
+    EXPECT_EQ(control<QLineEdit>(dialog, "fileNameEdit").text(), "jazz.pdf");
     answer(dialog, folder_.path("mine.pdf"));
   });
   const auto choice = ask();
@@ -226,6 +228,15 @@ TEST_F(PrintingOnTheDesktop, APdfDocumentIsAskedForAndPrintedTo) {
   EXPECT_FALSE(choice->toFile);
   printALine();
   EXPECT_TRUE(readFile(folder_.path("mine.pdf")).starts_with("%PDF-"));
+}
+
+TEST_F(PrintingOnTheDesktop, WithoutACollectionAPdfDocumentIsCalledListing) {
+  onPdfChosen();
+  onDialog<QFileDialog>([this](QFileDialog& dialog) {
+    EXPECT_EQ(control<QLineEdit>(dialog, "fileNameEdit").text(), "Listing.pdf");
+    answer(dialog, folder_.path("mine.pdf"));
+  });
+  ASSERT_TRUE(ask("").has_value());
 }
 
 TEST_F(PrintingOnTheDesktop, APdfDocumentsNameAlwaysEndsAsOne) {

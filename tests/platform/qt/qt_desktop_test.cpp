@@ -6,14 +6,20 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QListView>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
+#include <QSettings>
 #include <QTimer>
+#include <QTreeView>
 #include <QWindow>
 #include <algorithm>
+#include <filesystem>
 #include <functional>
 
 #include "forms/qt_text.h"
@@ -102,6 +108,102 @@ TEST_F(QtDesktopTest, AnInputBoxIsCancelledWithEscape) {
   EXPECT_EQ(desktop_.inputBox("Record #", "Go To Record", ""), std::nullopt);
 }
 
+/// What a window manager may need for a title: its letters in bold, and five times its height.
+int roomFor(const QString& title) {
+  QFont font = QApplication::font();
+  font.setBold(true);
+  const QFontMetrics metrics(font);
+  return metrics.horizontalAdvance(title) + 5 * metrics.height();
+}
+
+const std::string kLongTitle = "Quillbox - a title that is longer than its text";
+
+TEST_F(QtDesktopTest, AMessageIsAtLeastAsWideAsItsTitleNeeds) {
+  for (const auto buttons : {Buttons::ok, Buttons::yesNo})
+    for (const auto icon : {MessageIcon::none, MessageIcon::critical}) {
+      onDialog<QMessageBox>([](QMessageBox& box) {
+        EXPECT_GE(box.width(), roomFor(QString::fromStdString(kLongTitle)));
+        key(box, Qt::Key_Escape);
+      });
+      desktop_.messageBox({kLongTitle, "Deleted.", buttons, icon});
+    }
+}
+
+TEST_F(QtDesktopTest, AnInputBoxIsAtLeastAsWideAsItsTitleNeeds) {
+  onDialog<QInputDialog>([](QInputDialog& dialog) {
+    EXPECT_GE(dialog.width(), roomFor(QString::fromStdString(kLongTitle)));
+    key(dialog, Qt::Key_Escape);
+  });
+  desktop_.inputBox("#", kLongTitle, "");
+}
+
+TEST_F(QtDesktopTest, NoTitleMakesABoxWiderThanTheScreen) {
+  const std::string endless(2000, 'W');
+  onDialog<QMessageBox>([](QMessageBox& box) {
+    EXPECT_LE(box.width(), box.screen()->availableGeometry().width());
+    key(box, Qt::Key_Escape);
+  });
+  desktop_.messageBox({endless, "Deleted."});
+  onDialog<QInputDialog>([](QInputDialog& dialog) {
+    EXPECT_LE(dialog.width(), dialog.screen()->availableGeometry().width() + 50);
+    key(dialog, Qt::Key_Escape);
+  });
+  desktop_.inputBox("#", endless, "");
+}
+
+QIcon iconOfColor(const QColor& color) {
+  QPixmap dot(16, 16);
+  dot.fill(color);
+  return QIcon(dot);
+}
+
+QColor colorOf(const QIcon& icon) { return icon.pixmap(16, 16).toImage().pixelColor(8, 8); }
+
+TEST_F(QtDesktopTest, EveryBoxHasTheIconOfTheFormThatAsks) {
+  QMainWindow form;
+  form.setWindowIcon(iconOfColor(Qt::red));
+  form.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+  const auto look = [](QDialog& dialog) {
+    EXPECT_EQ(colorOf(dialog.windowHandle()->icon()), QColor(Qt::red))
+        << dialog.metaObject()->className();
+    key(dialog, Qt::Key_Escape);
+  };
+  onDialog<QMessageBox>(look);
+  desktop_.messageBox({"QBX", "text"});
+  onDialog<QInputDialog>(look);
+  desktop_.inputBox("Record #", "Go To Record", "");
+  onDialog<QFileDialog>(look);
+  desktop_.openDialog({"Open Collection", "All (*.*)|*.*"});
+  onDialog<QDialog>(look);
+  desktop_.printDialog("QBX List Print", "");
+}
+
+TEST_F(QtDesktopTest, ABoxRightAfterAnotherStillHasTheFormsIcon) {
+  QMainWindow form;
+  form.setWindowIcon(iconOfColor(Qt::red));
+  form.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+  QApplication::setActiveWindow(nullptr);
+  onDialog<QMessageBox>([&form](QMessageBox& box) {
+    EXPECT_EQ(colorOf(box.windowHandle()->icon()), QColor(Qt::red));
+    EXPECT_EQ(box.parentWidget(), &form);
+    key(box, Qt::Key_Escape);
+  });
+  desktop_.messageBox({"QBX", "text"});
+}
+
+TEST_F(QtDesktopTest, ABoxWithoutAFormHasTheProgramsIcon) {
+  const QIcon before = QApplication::windowIcon();
+  QApplication::setWindowIcon(iconOfColor(Qt::blue));
+  onDialog<QMessageBox>([](QMessageBox& box) {
+    EXPECT_EQ(colorOf(box.windowHandle()->icon()), QColor(Qt::blue));
+    key(box, Qt::Key_Escape);
+  });
+  desktop_.messageBox({"QBX", "text"});
+  QApplication::setWindowIcon(before);
+}
+
 const FileDialog kOpen{"Open Collection",
                        "All Collections (*.?CS, *.MPS)|*.?CS;*.MPS|Music Collection (*.MCS)|*.MCS",
                        "", "cdlOpen"};
@@ -135,6 +237,31 @@ TEST_F(QtDesktopTest, TheOpenDialogListsFilesWhateverTheirCapitals) {
     auto* list = dialog.findChild<QListView*>("listView");
     ASSERT_NE(list, nullptr);
     EXPECT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == 1; }));
+    key(dialog, Qt::Key_Escape);
+  });
+  EXPECT_EQ(desktop_.openDialog(kOpen), std::nullopt);
+}
+
+TEST_F(QtDesktopTest, TheColumnsOfTheOpenDialogHoldWhatTheyShow) {
+  const TestFolder folder;
+  // The toolkit remembers columns; not those of other tests, and not for their user.
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
+                     QString::fromStdString(folder.path("settings")));
+  std::filesystem::resize_file((writeFile(folder.path("jazz.MCS"), ""), folder.path("jazz.MCS")),
+                               1023 * 1024 + 1000);
+  onDialog<QFileDialog>([&folder](QFileDialog& dialog) {
+    dialog.setViewMode(QFileDialog::Detail);
+    dialog.setDirectory(QString::fromStdString(folder.path()));
+    auto* view = dialog.findChild<QTreeView*>("treeView");
+    ASSERT_NE(view, nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view->model()->rowCount(view->rootIndex()) == 1; }));
+    for (int column = 1; column < 4; ++column) {
+      const QModelIndex cell = view->model()->index(0, column, view->rootIndex());
+      EXPECT_GE(view->header()->sectionSize(column), view->sizeHintForIndex(cell).width())
+          << column;
+      EXPECT_GE(view->header()->sectionSize(column), view->header()->sectionSizeHint(column));
+    }
+    EXPECT_LE(dialog.width(), dialog.screen()->availableGeometry().width());
     key(dialog, Qt::Key_Escape);
   });
   EXPECT_EQ(desktop_.openDialog(kOpen), std::nullopt);

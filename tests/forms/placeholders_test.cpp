@@ -1,0 +1,106 @@
+#include "forms/placeholders.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QStyle>
+#include <algorithm>
+#include <cmath>
+
+#include "support/keys.h"
+
+namespace quillbox::test {
+namespace {
+
+double luminance(const QColor& color) {
+  const auto part = [](double v) {
+    return v <= 0.04045 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * part(color.redF()) + 0.7152 * part(color.greenF()) + 0.0722 * part(color.blueF());
+}
+
+/// Of the colours as a picture has them: the ground, and what differs most from it.
+double drawnContrast(const QWidget& box) {
+  const QImage picture = const_cast<QWidget&>(box).grab().toImage();
+  const QRect inside = picture.rect().marginsRemoved(QMargins(4, 4, 4, 4));
+  const double ground = luminance(box.palette().color(QPalette::Base));
+  double highest = 1;
+  for (int y = inside.top(); y <= inside.bottom(); ++y)
+    for (int x = inside.left(); x <= inside.right(); ++x) {
+      const double pixel = luminance(picture.pixelColor(x, y));
+      const auto [darker, lighter] = std::minmax(ground, pixel);
+      highest = std::max(highest, (lighter + 0.05) / (darker + 0.05));
+    }
+  return highest;
+}
+
+/// As many a desktop has it: every colour but that of placeholders, which stays the toolkit's.
+QPalette darkWithoutPlaceholder() {
+  QPalette dark = QApplication::style()->standardPalette();
+  for (const auto role : {QPalette::Window, QPalette::Base, QPalette::AlternateBase,
+                          QPalette::Button, QPalette::ToolTipBase})
+    dark.setColor(role, QColor(30, 30, 30));
+  for (const auto role :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
+    dark.setColor(role, QColor(230, 230, 230));
+  return dark;
+}
+
+class PlaceholdersTest : public testing::Test {
+ protected:
+  PlaceholdersTest() : before_(QApplication::palette()) {
+    box_.setPlaceholderText("HHHHHHHHHH");
+    box_.resize(300, 40);
+    box_.show();
+    other_.show();  // takes the focus, so that no caret is drawn
+  }
+  ~PlaceholdersTest() override { QApplication::setPalette(before_); }
+
+  double contrast() {
+    QApplication::processEvents();
+    return drawnContrast(box_);
+  }
+
+  QPalette before_;
+  QLineEdit box_;
+  QWidget other_;
+};
+
+TEST_F(PlaceholdersTest, AreReadableInADarkPaletteThatNamesNoColourForThem) {
+  QApplication::setPalette(darkWithoutPlaceholder());
+  EXPECT_LT(contrast(), 3) << "as the toolkit has it";
+  const ReadablePlaceholders readable;
+  EXPECT_GE(contrast(), 3);
+}
+
+TEST_F(PlaceholdersTest, StayReadableWhenThePaletteChanges) {
+  const ReadablePlaceholders readable;
+  for (const QPalette& next : {darkWithoutPlaceholder(), before_, darkWithoutPlaceholder()}) {
+    QApplication::setPalette(next);
+    EXPECT_GE(contrast(), 3);
+    EXPECT_EQ(QApplication::palette().color(QPalette::Text), next.color(QPalette::Text));
+  }
+}
+
+TEST_F(PlaceholdersTest, DifferFromWhatIsTyped) {
+  const QPalette readable = withReadablePlaceholders(darkWithoutPlaceholder());
+  EXPECT_NE(readable.color(QPalette::PlaceholderText), readable.color(QPalette::Text));
+}
+
+TEST_F(PlaceholdersTest, ReadableColoursAreTheUsersOwn) {
+  const QPalette light = QApplication::style()->standardPalette();
+  EXPECT_EQ(withReadablePlaceholders(light), light);
+  QPalette dark = darkWithoutPlaceholder();
+  dark.setColor(QPalette::PlaceholderText, QColor(180, 140, 90));
+  EXPECT_EQ(withReadablePlaceholders(dark), dark);
+}
+
+TEST_F(PlaceholdersTest, ColoursNearEachOtherAreGivenAllThatTheyHave) {
+  QPalette faint = darkWithoutPlaceholder();
+  faint.setColor(QPalette::Text, QColor(70, 70, 70));
+  EXPECT_EQ(withReadablePlaceholders(faint).color(QPalette::PlaceholderText), QColor(70, 70, 70));
+}
+
+}  // namespace
+}  // namespace quillbox::test
