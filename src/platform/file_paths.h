@@ -25,6 +25,16 @@ struct MovedFile {
   std::string backup;  ///< the full path it has now
 };
 
+/// Where moveToBackup keeps a collection.
+struct BackupNames {
+  std::string ofPath;  ///< the name it takes
+  std::string ofFile;  ///< the name it falls back on, where that one is on another file system
+};
+
+/// The names of the backup of a collection: `path` is its full path, `file` what that leads to.
+BackupNames backupNames(FileSystem& files, const std::string& path, const std::string& file,
+                        std::string_view ending);
+
 /// Renames the file that the full path of a collection leads to to the backup's name of that path,
 /// see backupPath. Where the two lie on different file systems it stays in its own folder, its own
 /// name cut at its first dot instead.
