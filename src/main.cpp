@@ -6,6 +6,7 @@
 
 #include "forms/icons.h"
 #include "forms/program.h"
+#include "forms/recent_collections.h"
 #include "forms/window_places.h"
 #include "platform/disk_file_system.h"
 #include "platform/qt/qt_desktop.h"
@@ -48,8 +49,10 @@ int main(int argc, char** argv) {
   AppState state(fileSystem);
   QtDesktop desktop;
   WindowPlaces windowPlaces(WindowPlaces::userFile());
+  RecentCollections recents(WindowPlaces::userFile());
   Program program(state, desktop);
   program.setWindowPlaces(windowPlaces);
+  program.setRecents(recents);
   modQBX1 startUp(program);
   program.run([&] { startUp.Main(arguments); });
   return program.isEnding() ? 0 : QApplication::exec();

@@ -14,6 +14,7 @@
 #include "forms/controls.h"
 #include "forms/icons.h"
 #include "forms/qt_text.h"
+#include "forms/recent_collections.h"
 #include "platform/checked16.h"
 #include "records/navigation.h"
 #include "text/number_text.h"
@@ -170,6 +171,8 @@ void frmEditor::choose(Command command) {
 
 void frmEditor::open(OpenCollection opening) {
   Form_Load(opening);
+  if (RecentCollections* recents = program().recents())
+    recents->opened(state().currentPath, state().Count);
   show();
   activateWindow();
   sheet_->focusFirst();

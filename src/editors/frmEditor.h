@@ -92,6 +92,9 @@ class frmEditor : public Form {
   /// the form, and what is open, as they were.
   void open(OpenCollection opening);
 
+  /// Leaves the form and the collection, for another one to be opened.
+  void leave() { Undraw(); }
+
  protected:
   using Record = std::vector<std::byte>;
 

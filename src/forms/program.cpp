@@ -50,6 +50,10 @@ void Program::end() {
   desktop_.quit();
 }
 
+void Program::hideForms() {
+  for (Form* form : visibleForms()) form->hide();
+}
+
 void Program::DeleteForm::operator()(Form* form) const { delete form; }
 
 std::vector<Form*> Program::visibleForms() const {

@@ -21,6 +21,8 @@
 #include <string>
 #include <vector>
 
+#include "forms/recent_collections.h"
+#include "forms/recent_list.h"
 #include "platform/qt/print_dialog.h"
 #include "printing/frmRecDisp.h"
 #include "records/version.h"
@@ -30,7 +32,7 @@ namespace quillbox::test {
 
 /// One window, and the way that leads to it.
 struct FormCase {
-  enum class Window { form, board, printDialog };
+  enum class Window { form, fullStart, board, printDialog };
 
   const char* name;
   const char* picture;                  ///< the name of its picture in docs/forms
@@ -43,6 +45,7 @@ inline void PrintTo(const FormCase& form, std::ostream* out) { *out << form.name
 
 inline const FormCase kAllForms[] = {
     {"Start", "start"},
+    {"FullStart", "start-recent", nullptr, {}, FormCase::Window::fullStart},
     {"NewCollection", "new-collection", nullptr, {"N"}},
     {"Music", "music", "MCS"},
     {"Songs1", "music-songs", "MCS", {"EditSongs"}},
@@ -178,7 +181,9 @@ class AllForms : public FormTest {
     dialog_.reset();
     setTextScale(look.textScale);
     QApplication::setPalette(paletteOf(look));
-    start();
+    const bool isFull = which.window == FormCase::Window::fullStart;
+    recents_ = isFull ? &makeRecents(look.content) : nullptr;
+    isFull ? start({path("pictures.GCS")}) : start();
     QWidget& opened = follow(which, look.content);
     if (look.content == Look::Content::longest) fill(opened);
     settle(opened);
@@ -206,6 +211,8 @@ class AllForms : public FormTest {
 
   QWidget& follow(const FormCase& way, Look::Content content) {
     if (way.window == FormCase::Window::board) return openBoard(content);
+    if (way.window == FormCase::Window::fullStart && content == Look::Content::sample)
+      showSampleRecents();
     if (way.window == FormCase::Window::printDialog) return openDialog();
     if (way.extension != nullptr) openCollection(way.extension, content);
     for (const char* step : way.steps) {
@@ -254,6 +261,36 @@ class AllForms : public FormTest {
     desktop_.tolerateOpen.reset();
   }
 
+  /// As many recent collections as there can be, two of them under their backup's name, and a file
+  /// that the command line does not open.
+  RecentCollections& makeRecents(Look::Content content) {
+    const std::size_t length = content == Look::Content::longest ? 100 : 4;
+    const std::string name(length, 'W');
+    recentSettings_ =
+        std::make_unique<RecentCollections>(QString::fromStdString(path(name + "ini")));
+    writeFile(path("pictures.GCS"), "");
+    const std::string empty("\0\0\1\0001.71    ", 12);
+    for (const CollectionKind& kind : collectionKinds()) {
+      const std::string file = name.substr(1) + std::string(kind.extension);
+      writeFile(path(file + '.' + std::string(kind.extension)), empty);
+      recentSettings_->opened(path(file + '.' + std::string(kind.extension)), 32767);
+    }
+    for (const char* lost : {"BCS", "MPS"})
+      std::filesystem::rename(path(name.substr(1) + lost + '.' + lost),
+                              path(name.substr(1) + lost + ".bak"));
+    return *recentSettings_;
+  }
+
+  /// What a user may have, in a folder that is the same each time.
+  void showSampleRecents() {
+    const auto row = [](const char* file, int count, bool isThere = true) {
+      return RecentList::Row{{std::string("/home/anna/Lists/") + file, count}, isThere};
+    };
+    control<RecentList>("lstRecent")
+        .show({row("jazz.MCS", 42), row("tapes.VCS", 32), row("shelf.BCS", 55, false),
+               row("longbox.CCS", 46), row("pictures.GCS", 3)});
+  }
+
   QWidget& openBoard(Look::Content content) {
     form().hide();
     auto& board = dynamic_cast<frmRecDisp&>(program_->board());
@@ -298,6 +335,7 @@ class AllForms : public FormTest {
 
   QFont font_;
   std::unique_ptr<PrintDialog> dialog_;
+  std::unique_ptr<RecentCollections> recentSettings_;
 };
 
 /// A test of each window by itself.

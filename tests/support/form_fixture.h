@@ -18,6 +18,7 @@
 
 #include "editors/frmMusic.h"
 #include "forms/program.h"
+#include "forms/recent_collections.h"
 #include "shell/modQBX1.h"
 #include "support/failing_files.h"
 #include "support/fake_desktop.h"
@@ -96,6 +97,7 @@ class FormTest : public testing::Test {
   std::unique_ptr<AppState> state_;
   WindowPlaces* windowPlaces_ =
       nullptr;  ///< what the program is started with; must outlive the test
+  RecentCollections* recents_ = nullptr;  ///< the same
   std::unique_ptr<Program> program_;
   std::unique_ptr<modQBX1> modQBX1_;
 };
