@@ -16,6 +16,7 @@ namespace quillbox {
 
 Form::Form(Program& program, const char* name) : program_(program) {
   setObjectName(QString::fromUtf8(name));
+  setAcceptDrops(true);  // see FileDrops
   program_.enter(*this);
 }
 
@@ -49,6 +50,11 @@ void Form::showInsteadOf(Form& other) {
 void Form::restorePlace() {
   if (std::exchange(placeIsRestored_, true) || program_.windowPlaces() == nullptr) return;
   program_.windowPlaces()->restore(*this);
+}
+
+std::function<void()> Form::dropHandler(const std::string& path) {
+  if (!program_.shell().opens(path)) return {};
+  return [this, path] { program_.shell().open(path); };
 }
 
 void Form::showHelp() { program_.help().open(QString::fromUtf8(helpPage_)); }

@@ -18,6 +18,7 @@
 namespace quillbox {
 
 class Form;
+class FileDrops;
 class HelpWindow;
 class RecentCollections;
 class WindowPlaces;
@@ -121,6 +122,7 @@ class Program {
   std::vector<Form*> forms_;
   bool isRunning_ = false;
   bool ending_ = false;
+  std::unique_ptr<FileDrops> drops_;
   std::unique_ptr<HelpWindow> help_;
   std::unordered_map<std::type_index, std::unique_ptr<Form, DeleteForm>> single_;
 };

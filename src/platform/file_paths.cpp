@@ -113,6 +113,15 @@ std::string fileBehind(FileSystem& files, const std::string& path) {
   return namesBehind(files, path).back();
 }
 
+bool isFolder(FileSystem& files, const std::string& path) {
+  try {
+    files.list(path);
+    return true;
+  } catch (const RunTimeError&) {
+    return false;
+  }
+}
+
 BackupNames backupNames(FileSystem& files, const std::string& path, const std::string& file,
                         std::string_view ending) {
   std::string ofPath = backupPath(path, ending);

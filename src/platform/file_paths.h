@@ -16,6 +16,9 @@ std::string fullPathOnDisk(FileSystem& files, const std::string& path);
 /// need be no file of that name.
 std::string fileBehind(FileSystem& files, const std::string& path);
 
+/// True for a folder that can be looked into.
+bool isFolder(FileSystem& files, const std::string& path);
+
 /// What is done with a file that has the backup's name.
 enum class OldBackup { stopsTheWork, isDeleted };
 
