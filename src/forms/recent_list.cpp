@@ -65,8 +65,8 @@ RecentList::RecentList() {
   measure();
 }
 
-void RecentList::show(const std::vector<Row>& rows) {
-  if (rows == rows_) return;
+bool RecentList::show(const std::vector<Row>& rows) {
+  if (rows == rows_) return false;
   const std::string current = currentPath();
   int place = currentRow();
   rows_ = rows;
@@ -77,6 +77,7 @@ void RecentList::show(const std::vector<Row>& rows) {
   if (again != rows_.end()) place = static_cast<int>(again - rows_.begin());
   setCurrentRow(std::min(place < 0 ? firstThere() : place, count() - 1));
   measure();
+  return true;
 }
 
 int RecentList::firstThere() const {

@@ -23,8 +23,8 @@ class RecentList : public QListWidget {
   RecentList();
 
   /// The current row stays on its collection or, if that is not among them, where it was. At first
-  /// it is the first one that is there.
-  void show(const std::vector<Row>& rows);
+  /// it is the first one that is there. Returns whether they are others than before.
+  bool show(const std::vector<Row>& rows);
 
   /// Of the current row; empty when there is none.
   std::string currentPath() const;

@@ -95,23 +95,20 @@ void frmBegin2::makeMenus() {
 void frmBegin2::makePage() {
   page_ = new QWidget;
   auto* sides = new QHBoxLayout(page_);
-  auto* middle = new QWidget;
-  middle->setMaximumWidth(fontMetrics().averageCharWidth() * kWidestPage);
+  middle_ = new QWidget;
+  middle_->setMaximumWidth(fontMetrics().averageCharWidth() * kWidestPage);
   sides->addStretch(1);
-  sides->addWidget(middle, kMostOfTheRoom);
+  sides->addWidget(middle_, kMostOfTheRoom);
   sides->addStretch(1);
 
-  auto* column = new QVBoxLayout(middle);
-  column->setContentsMargins({});
-  column->addStretch(1);
-  column->addWidget(makeBrand());
-  column->addSpacing(column->spacing());
-  noticeColumn_ = new QVBoxLayout;
-  column->addLayout(noticeColumn_);
-  column->addWidget(makeRecents());
-  column->addStretch(2);
+  column_ = new QVBoxLayout(middle_);
+  column_->setContentsMargins({});
+  column_->addStretch(1);
+  column_->addWidget(makeBrand());
+  column_->addSpacing(column_->spacing());
+  column_->addWidget(makeRecents());
+  column_->addStretch(2);
   setCentralWidget(page_);
-  layOutBrand(true);
   resize(fontMetrics().averageCharWidth() * 84, fontMetrics().height() * 20);
 }
 
@@ -183,13 +180,15 @@ void frmBegin2::changeEvent(QEvent* event) {
 
 void frmBegin2::refresh() {
   const auto shown = notices ? notices() : std::vector<Notice>();
-  showNotices(shown);
-  showRecents();
+  const bool saysOther = showNotices(shown);
+  const bool listsOther = showRecents();
+  if (isFitted_ && !saysOther && !listsOther) return;
   layOutBrand(shown.empty() && recents_->isHidden());
   fitWindow();
 }
 
-void frmBegin2::showNotices(const std::vector<Notice>& shown) {
+/// Returns whether they are others than before.
+bool frmBegin2::showNotices(const std::vector<Notice>& shown) {
   while (noticeLines_.size() < shown.size()) {
     auto* line = new NoticeLine(static_cast<int>(noticeLines_.size()));
     onClick(line->button(), [this, line] {
@@ -197,7 +196,7 @@ void frmBegin2::showNotices(const std::vector<Notice>& shown) {
       refresh();
     });
     QWidget* before = noticeLines_.empty() ? lastTool_ : &noticeLines_.back()->button();
-    noticeColumn_->addWidget(line);
+    column_->insertWidget(column_->indexOf(recents_), line);
     setTabOrder(before, &line->button());
     noticeLines_.push_back(line);
   }
@@ -207,10 +206,14 @@ void frmBegin2::showNotices(const std::vector<Notice>& shown) {
     else
       noticeLines_.at(i)->hide();
   }
+  std::vector<std::string> texts;
+  for (const Notice& notice : shown) texts.push_back(notice.text);
+  return std::exchange(said_, texts) != texts;
 }
 
-void frmBegin2::showRecents() {
-  if (program().recents() == nullptr) return;
+/// Returns whether they are others than before.
+bool frmBegin2::showRecents() {
+  if (program().recents() == nullptr) return false;
   std::vector<RecentList::Row> rows;
   for (RecentCollection& recent : program().recents()->all()) {
     bool isThere = false;
@@ -218,21 +221,27 @@ void frmBegin2::showRecents() {
     rows.push_back({std::move(recent), isThere});
   }
   const bool isFirst = recents_->isHidden() && !rows.empty();
-  list_->show(rows);
+  const bool isOther = list_->show(rows);
   recents_->setVisible(!rows.empty());
   if (isFirst) list_->setFocus();
+  return isOther;
 }
 
 /// However small the window is made, all texts stay whole. At first it is as large as what it
 /// holds, or as the screen.
 void frmBegin2::fitWindow() {
   const int narrowest = fontMetrics().averageCharWidth() * kNarrowestPage;
-  brand_->show();
-  heightWithBrand_ = page_->layout()->minimumHeightForWidth(narrowest);
-  brand_->setVisible(isAlone_);
-  page_->setMinimumSize(narrowest, page_->layout()->minimumHeightForWidth(narrowest));
+  const auto height = [&](bool withBrand) {
+    brand_->setVisible(withBrand);
+    // From the inside out: nothing is to be told by what was on the page before.
+    for (QWidget* part : {brand_, recents_, middle_}) part->updateGeometry();
+    QLayout* layout = page_->layout();
+    return layout->hasHeightForWidth() ? layout->minimumHeightForWidth(narrowest)
+                                       : layout->minimumSize().height();
+  };
+  page_->setMinimumSize(narrowest, height(isAlone_));
   if (!std::exchange(isFitted_, true)) {
-    brand_->show();
+    height(true);
     const int titleBar = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this);
     const QSize room = screen()->availableGeometry().size() - QSize(0, titleBar);
     resize(size().expandedTo(QSize(width(), sizeHint().height())).boundedTo(room));
@@ -242,7 +251,8 @@ void frmBegin2::fitWindow() {
 
 /// What is only nice to look at makes room first.
 void frmBegin2::showBrandIfItFits() {
-  brand_->setVisible(isAlone_ || page_->height() >= heightWithBrand_);
+  const int needed = brand_->layout()->heightForWidth(middle_->width()) + column_->spacing();
+  brand_->setVisible(isAlone_ || page_->height() >= page_->minimumHeight() + needed);
 }
 
 void frmBegin2::resizeEvent(QResizeEvent* event) {

@@ -41,8 +41,8 @@ class frmBegin2 : public Form {
   QWidget* makeRecents();
 
   void refresh();
-  void showNotices(const std::vector<Notice>& shown);
-  void showRecents();
+  bool showNotices(const std::vector<Notice>& shown);
+  bool showRecents();
   void layOutBrand(bool isAlone);
   void fitWindow();
   void showBrandIfItFits();
@@ -60,14 +60,15 @@ class frmBegin2 : public Form {
   QLabel* line_ = nullptr;
   QWidget* brand_ = nullptr;
   QWidget* page_ = nullptr;
-  QVBoxLayout* noticeColumn_ = nullptr;
+  QWidget* middle_ = nullptr;  // of the page: all there is
+  QVBoxLayout* column_ = nullptr;
   std::vector<NoticeLine*> noticeLines_;  // made when there is something to say
+  std::vector<std::string> said_;         // on them
   QWidget* recents_ = nullptr;            // the list with its caption and button
   RecentList* list_ = nullptr;
   QPushButton* takeOff_ = nullptr;
   QWidget* lastTool_ = nullptr;  // what the Tab key leads on from to the notices
   bool isAlone_ = true;          // nothing stands below the brand
-  int heightWithBrand_ = 0;      // of the page, at least
   bool isFitted_ = false;
 };
 

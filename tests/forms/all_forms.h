@@ -181,9 +181,9 @@ class AllForms : public FormTest {
     dialog_.reset();
     setTextScale(look.textScale);
     QApplication::setPalette(paletteOf(look));
-    const bool isFull = which.window == FormCase::Window::fullStart;
-    recents_ = isFull ? &makeRecents(look.content) : nullptr;
-    isFull ? start({path("pictures.GCS")}) : start();
+    recents_ = nullptr;
+    which.window == FormCase::Window::fullStart ? startFull(look.content) : start();
+    if (look.content == Look::Content::sample) state_->dataFolder = "/home/anna/Lists";
     QWidget& opened = follow(which, look.content);
     if (look.content == Look::Content::longest) fill(opened);
     settle(opened);
@@ -211,8 +211,6 @@ class AllForms : public FormTest {
 
   QWidget& follow(const FormCase& way, Look::Content content) {
     if (way.window == FormCase::Window::board) return openBoard(content);
-    if (way.window == FormCase::Window::fullStart && content == Look::Content::sample)
-      showSampleRecents();
     if (way.window == FormCase::Window::printDialog) return openDialog();
     if (way.extension != nullptr) openCollection(way.extension, content);
     for (const char* step : way.steps) {
@@ -261,34 +259,43 @@ class AllForms : public FormTest {
     desktop_.tolerateOpen.reset();
   }
 
-  /// As many recent collections as there can be, two of them under their backup's name, and a file
-  /// that the command line does not open.
-  RecentCollections& makeRecents(Look::Content content) {
-    const std::size_t length = content == Look::Content::longest ? 100 : 4;
-    const std::string name(length, 'W');
+  /// The start screen with as many recent collections as there can be, two of them under their
+  /// backup's name, and a file that the command line does not open; or with what a user may have.
+  void startFull(Look::Content content) {
+    const bool isSample = content == Look::Content::sample;
+    const std::string name(content == Look::Content::longest ? 100 : 4, 'W');
     recentSettings_ =
         std::make_unique<RecentCollections>(QString::fromStdString(path(name + "ini")));
+    recents_ = recentSettings_.get();
+    if (isSample) return startWithSamples();
     writeFile(path("pictures.GCS"), "");
     const std::string empty("\0\0\1\0001.71    ", 12);
     for (const CollectionKind& kind : collectionKinds()) {
-      const std::string file = name.substr(1) + std::string(kind.extension);
-      writeFile(path(file + '.' + std::string(kind.extension)), empty);
-      recentSettings_->opened(path(file + '.' + std::string(kind.extension)), 32767);
+      const std::string extension(kind.extension);
+      const bool isLost = extension == "BCS" || extension == "MPS";
+      // Each its own first letter, and so its own backup.
+      const std::string start = path(extension.front() + name);
+      writeFile(start + (isLost ? ".bak" : '.' + extension), empty);
+      recents_->opened(start + '.' + extension, 32767);
     }
-    for (const char* lost : {"BCS", "MPS"})
-      std::filesystem::rename(path(name.substr(1) + lost + '.' + lost),
-                              path(name.substr(1) + lost + ".bak"));
-    return *recentSettings_;
+    start({path("pictures.GCS")});
   }
 
-  /// What a user may have, in a folder that is the same each time.
-  void showSampleRecents() {
+  /// In a folder that is the same each time.
+  void startWithSamples() {
+    writeFile(path("shelf.bak"), readFile(QUILLBOX_SOURCE_DIR "/samples/shelf.BCS"));
+    recents_->opened(path("shelf.BCS"), 55);
+    start();
     const auto row = [](const char* file, int count, bool isThere = true) {
       return RecentList::Row{{std::string("/home/anna/Lists/") + file, count}, isThere};
     };
     control<RecentList>("lstRecent")
         .show({row("jazz.MCS", 42), row("tapes.VCS", 32), row("shelf.BCS", 55, false),
                row("longbox.CCS", 46), row("pictures.GCS", 3)});
+    control<RecentList>("lstRecent").setCurrentRow(0);
+    QApplication::processEvents();
+    const auto& list = control<RecentList>("lstRecent");
+    form().resize(form().width(), form().height() + list.sizeHint().height() - list.height());
   }
 
   QWidget& openBoard(Look::Content content) {
