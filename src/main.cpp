@@ -8,6 +8,7 @@
 #include "forms/kept_texts.h"
 #include "forms/placeholders.h"
 #include "forms/program.h"
+#include "forms/recent_collections.h"
 #include "forms/window_places.h"
 #include "platform/disk_file_system.h"
 #include "platform/qt/qt_desktop.h"
@@ -51,9 +52,11 @@ int main(int argc, char** argv) {
   AppState state(fileSystem);
   QtDesktop desktop;
   WindowPlaces windowPlaces(WindowPlaces::userFile());
+  RecentCollections recents(WindowPlaces::userFile());
   Program program(state, desktop);
   program.setWindowPlaces(windowPlaces);
   program.setTypedFolder(KeptTexts::userFolder());
+  program.setRecents(recents);
   modQBX1 startUp(program);
   program.run([&] { startUp.Main(arguments); });
   return program.isEnding() ? 0 : QApplication::exec();

@@ -12,6 +12,7 @@
 #include "forms/about.h"
 #include "forms/controls.h"
 #include "forms/qt_text.h"
+#include "forms/recent_collections.h"
 #include "forms/wrapping_row.h"
 #include "platform/checked16.h"
 #include "records/navigation.h"
@@ -163,6 +164,8 @@ void frmEditor::open(OpenCollection opening) {
   if (state().CurRec == 0)
     showStatus(QStringLiteral("No item yet: choose Clear Data to type the first"));
   offerKeptText();
+  if (RecentCollections* recents = program().recents())
+    recents->opened(state().currentPath, state().Count);
   show();
   activateWindow();
   sheet_->focusFirst();

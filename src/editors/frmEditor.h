@@ -56,6 +56,9 @@ class frmEditor : public Form {
 
   void keepTyped() override;
 
+  /// Leaves the form and the collection, for another one to be opened.
+  void leave() { Undraw(); }
+
  protected:
   void changeEvent(QEvent* event) override;
 

@@ -6,6 +6,7 @@
 #include "editors/frmEditor.h"
 #include "forms/icons.h"
 #include "forms/qt_text.h"
+#include "forms/recent_collections.h"
 #include "platform/desktop.h"
 #include "platform/paths.h"
 #include "printing/export.h"
@@ -44,6 +45,8 @@ void frmEditor::takeOver(const OpenCollection& opened) {
 /// Leaves the form and the collection.
 void frmEditor::Undraw() {
   leaveTyped(false);
+  if (RecentCollections* recents = program().recents())
+    recents->left(state().currentPath, state().Count);
   hide();
   state().files.closeAll();
 }

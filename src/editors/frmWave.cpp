@@ -1,6 +1,9 @@
 #include "editors/frmWave.h"
 
+#include <utility>
+
 #include "platform/desktop.h"
+#include "platform/file_paths.h"
 #include "platform/paths.h"
 #include "records/media_file_record.h"
 
@@ -81,17 +84,34 @@ void frmWave::choose(Command command) {
   if (command == Command::loadFolder) LoadMenu_Click();
 }
 
+std::function<void()> frmWave::dropHandler(const std::string& path) {
+  if (mediaCodeOf(state().kindCode) == 0 || !isFolder(state().files.fileSystem(), path))
+    return frmEditor::dropHandler(path);
+  return [this, path] {
+    droppedFolder_ = path;
+    choose(Command::loadFolder);
+  };
+}
+
+/// Cancelled or not, what is scanned is the folder where the dialog ended.
+std::string frmWave::chooseFolder(const LoaderRow& loader) {
+  FileSystem& files = state().files.fileSystem();
+  if (const auto dropped = std::exchange(droppedFolder_, std::nullopt)) {
+    files.setCurrentFolder(*dropped);
+    return files.currentFolder();
+  }
+  const FileDialog cdlWaves{.title = loader.title, .filter = loader.filter, .name = "cdlWaves"};
+  if (const auto picked = desktop().openDialog(cdlWaves))
+    files.setCurrentFolder(std::string(folderOf(*picked)));
+  return files.currentFolder();
+}
+
 void frmWave::LoadMenu_Click() {
   const int mediaCode = mediaCodeOf(state().kindCode);
   if (mediaCode == 0) return;
   const LoaderRow& loader = loaderRow(mediaCode);
-  FileSystem& files = state().files.fileSystem();
-  // Cancelled or not, what is scanned is the folder where the dialog ended.
-  const FileDialog cdlWaves{.title = loader.title, .filter = loader.filter, .name = "cdlWaves"};
-  if (const auto picked = desktop().openDialog(cdlWaves))
-    files.setCurrentFolder(std::string(folderOf(*picked)));
-  const std::string folder = files.currentFolder();
-  const auto names = filesToLoad(files, folder, loaderPatterns(loader.filter));
+  const std::string folder = chooseFolder(loader);
+  const auto names = filesToLoad(state().files.fileSystem(), folder, loaderPatterns(loader.filter));
   if (names.empty() && loader.saysWhenEmpty)
     program().message(kDefaultTitle, "Error!");
   else

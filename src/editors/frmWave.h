@@ -10,14 +10,20 @@ class frmWave : public frmEditor {
  public:
   frmWave(Program& program, PrintEngine& printEngine);
 
+  /// A folder is loaded.
+  std::function<void()> dropHandler(const std::string& path) override;
+
  protected:
   void Form_Load(OpenCollection& opening) override;
   void choose(Command command) override;
 
  private:
   void LoadMenu_Click();
+  std::string chooseFolder(const LoaderRow& loader);
   LoadedFiles loadFolder(const std::string& folder, const std::vector<std::string>& names);
   void showLoaded(const LoadedFiles& loaded);
+
+  std::optional<std::string> droppedFolder_;  // to be loaded instead of one that is asked for
 };
 
 }  // namespace quillbox

@@ -1,30 +1,33 @@
 #include "forms/elided_label.h"
 
+#include <QAccessible>
 #include <QEvent>
 
 namespace quillbox {
 
-ElidedLabel::ElidedLabel() {
+ElidedLabel::ElidedLabel(Qt::TextElideMode cut) : cut_(cut) {
   setTextFormat(Qt::PlainText);
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 }
 
-/// As high when it is empty, so that nothing below moves.
 QSize ElidedLabel::sizeHint() const {
   const QMargins margins = contentsMargins();
   return {0, fontMetrics().height() + margins.top() + margins.bottom() + 2 * margin()};
 }
 
 void ElidedLabel::showText(const QString& text) {
-  whole_ = text;
+  if (text == fullText_) return;
+  fullText_ = text;
   setAccessibleName(text);
   fit();
+  QAccessibleEvent told(this, QAccessible::Alert);
+  QAccessible::updateAccessibility(&told);
 }
 
 void ElidedLabel::fit() {
-  const QString shown = fontMetrics().elidedText(whole_, Qt::ElideRight, contentsRect().width());
+  const QString shown = fontMetrics().elidedText(fullText_, cut_, contentsRect().width());
   setText(shown);
-  setToolTip(shown == whole_ ? QString() : whole_);
+  setToolTip(shown == fullText_ ? QString() : fullText_);
 }
 
 void ElidedLabel::resizeEvent(QResizeEvent* event) {

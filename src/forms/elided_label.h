@@ -4,13 +4,17 @@
 
 namespace quillbox {
 
-/// One line of plain text, cut with an ellipsis where the window has no room for it; all of it is
-/// in the tool tip then, and known to assistive technology. It never makes its window wider.
+/// One line of plain text, cut where the window has no room for it; all of it is in the tool tip
+/// then, and known to assistive technology, which is told when it changes. It never makes its
+/// window wider, and is as high when it is empty, so that nothing below it moves.
 class ElidedLabel : public QLabel {
  public:
-  ElidedLabel();
+  /// A path is best cut in its middle: it keeps its beginning and its end.
+  explicit ElidedLabel(Qt::TextElideMode cut = Qt::ElideRight);
 
   void showText(const QString& text);
+  const QString& fullText() const { return fullText_; }
+
   QSize sizeHint() const override;
 
  protected:
@@ -20,7 +24,8 @@ class ElidedLabel : public QLabel {
  private:
   void fit();
 
-  QString whole_;
+  Qt::TextElideMode cut_;
+  QString fullText_;
 };
 
 }  // namespace quillbox

@@ -24,6 +24,7 @@ namespace quillbox {
 
 Form::Form(Program& program, const char* name) : program_(program) {
   setObjectName(QString::fromUtf8(name));
+  setAcceptDrops(true);  // see FileDrops
   program_.enter(*this);
 }
 
@@ -112,6 +113,11 @@ QSize Form::usualSize() const {
 
 /// By what is inside the frames: how wide a frame is nobody knows before the window is shown.
 void Form::placeAt(const Form& other) { setGeometry(QRect(other.geometry().topLeft(), size())); }
+
+std::function<void()> Form::dropHandler(const std::string& path) {
+  if (!program_.shell().opens(path)) return {};
+  return [this, path] { program_.shell().open(path); };
+}
 
 void Form::showHelp() { program_.help().open(QString::fromUtf8(helpPage_)); }
 

@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QString>
 #include <functional>
+#include <string>
 #include <string_view>
 
 #include "forms/program.h"
@@ -44,6 +45,10 @@ class Form : public QMainWindow {
   /// Shows or hides the window; shown again it has the focus where it was. Its place and size are
   /// those it had when the program was last used.
   void setVisible(bool visible) override;
+
+  /// What dropping that file or folder on the form does; nothing where it is refused. Any form
+  /// opens a collection.
+  virtual std::function<void()> dropHandler(const std::string& path);
 
   /// Shows the form where `other` stands and hides `other`.
   void showInsteadOf(Form& other);

@@ -3,13 +3,15 @@
 #include <algorithm>
 #include <iterator>
 
+#include "forms/file_drops.h"
 #include "forms/form.h"
 #include "forms/help_window.h"
 #include "platform/desktop.h"
 
 namespace quillbox {
 
-Program::Program(AppState& state, Desktop& desktop) : state_(state), desktop_(desktop) {}
+Program::Program(AppState& state, Desktop& desktop)
+    : state_(state), desktop_(desktop), drops_(std::make_unique<FileDrops>(*this)) {}
 
 Program::~Program() = default;
 
@@ -50,6 +52,10 @@ void Program::end() {
   ending_ = true;
   state_.files.closeAll();
   desktop_.quit();
+}
+
+void Program::hideForms() {
+  for (Form* form : visibleForms()) form->hide();
 }
 
 void Program::DeleteForm::operator()(Form* form) const { delete form; }

@@ -19,7 +19,9 @@
 namespace quillbox {
 
 class Form;
+class FileDrops;
 class HelpWindow;
+class RecentCollections;
 class WindowPlaces;
 
 /// What the start-up part of the program does for the forms below it.
@@ -30,6 +32,12 @@ class Shell {
 
   /// Asks for a collection and shows its editor.
   virtual void FileOpen() = 0;
+
+  /// True for a collection that is there: a file that Open would open.
+  virtual bool opens(const std::string& path) = 0;
+
+  /// Opens such a file as Open does, instead of what is on screen.
+  virtual void open(const std::string& path) = 0;
 
   /// Asks for the name of a file to write; empty when the user cancels.
   virtual std::string SaveAs() = 0;
@@ -68,6 +76,10 @@ class Program {
   const QString& typedFolder() const { return typedFolder_; }
   void setTypedFolder(const QString& folder) { typedFolder_ = folder; }
 
+  /// The collections that were opened last; none: nothing is kept. Must outlive the forms.
+  RecentCollections* recents() const { return recents_; }
+  void setRecents(RecentCollections& recents) { recents_ = &recents; }
+
   /// Runs the handler of a user's action. A run-time error ends the handler: the forms it hid come
   /// back and the error is shown. When no form is left on screen the start screen is shown.
   ///
@@ -94,6 +106,8 @@ class Program {
     return static_cast<SomeForm&>(*form);
   }
 
+  void hideForms();
+
   // Forms enter and leave the list of their own accord.
   void enter(Form& form) { forms_.push_back(&form); }
   void leave(Form& form) { std::erase(forms_, &form); }
@@ -110,9 +124,11 @@ class Program {
   Shell* shell_ = nullptr;
   WindowPlaces* windowPlaces_ = nullptr;
   QString typedFolder_;
+  RecentCollections* recents_ = nullptr;
   std::vector<Form*> forms_;
   bool isRunning_ = false;
   bool ending_ = false;
+  std::unique_ptr<FileDrops> drops_;
   std::unique_ptr<HelpWindow> help_;
   std::unordered_map<std::type_index, std::unique_ptr<Form, DeleteForm>> single_;
 };

@@ -24,6 +24,8 @@ std::string toUtf8Text(const QString& text) { return text.toStdString(); }
 
 QString fromPath(std::string_view path) { return QFile::decodeName(bytesOfText(path)); }
 
+std::string toPath(const QString& text) { return QFile::encodeName(text).toStdString(); }
+
 QString withoutAccessKey(QString caption) { return caption.remove(QLatin1Char('&')); }
 
 QStringView withoutTrailingBlanks(QStringView text) {

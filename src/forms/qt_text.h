@@ -19,6 +19,7 @@ std::string toUtf8Text(const QString& text);
 
 /// Paths: the platform's own bytes in the core.
 QString fromPath(std::string_view path);
+std::string toPath(const QString& text);
 
 /// A control's caption without the "&" that marks its access key.
 QString withoutAccessKey(QString caption);

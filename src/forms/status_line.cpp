@@ -15,12 +15,11 @@ namespace {
 
 class StatusAccessible : public QAccessibleWidget {
  public:
-  explicit StatusAccessible(StatusText* text)
-      : QAccessibleWidget(text, QAccessible::StatusBar, text->text()) {}
+  explicit StatusAccessible(StatusText* text) : QAccessibleWidget(text, QAccessible::StatusBar) {}
 
   QString text(QAccessible::Text kind) const override {
     const auto& status = *static_cast<StatusText*>(object());
-    return kind == QAccessible::Name || kind == QAccessible::Value ? status.text() : QString();
+    return kind == QAccessible::Name || kind == QAccessible::Value ? status.fullText() : QString();
   }
 };
 
@@ -35,9 +34,6 @@ StatusText::StatusText() {
   static const bool installed = (QAccessible::installFactory(makeAccessible), true);
   Q_UNUSED(installed);
   setObjectName(QStringLiteral("lblStatus"));
-  setTextFormat(Qt::PlainText);
-  // A text that has no room is cut; it never makes the window grow.
-  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 }
 
 StatusLine::StatusLine(std::function<void(QPushButton&)> whenMade)
@@ -52,11 +48,7 @@ StatusLine::StatusLine(std::function<void(QPushButton&)> whenMade)
 void StatusLine::show(const QString& text) {
   if (button_ != nullptr) button_->hide();
   click_ = nullptr;
-  if (text == text_->text()) return;
-  text_->setText(text);
-  text_->setToolTip(text);
-  QAccessibleEvent changed(text_, QAccessible::NameChanged);
-  QAccessible::updateAccessibility(&changed);
+  text_->showText(text);
 }
 
 void StatusLine::show(const QString& text, StatusAction action) {

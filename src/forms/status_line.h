@@ -1,9 +1,10 @@
 #pragma once
 
-#include <QLabel>
 #include <QString>
 #include <QWidget>
 #include <functional>
+
+#include "forms/elided_label.h"
 
 class QPushButton;
 
@@ -19,7 +20,7 @@ struct StatusAction {
 
 /// The text of a status line, which assistive technology knows as a status and is told of when it
 /// changes.
-class StatusText : public QLabel {
+class StatusText : public ElidedLabel {
  public:
   StatusText();
 };

@@ -1,6 +1,7 @@
 #include "platform/file_paths.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "platform/ascii.h"
@@ -112,17 +113,30 @@ std::string fileBehind(FileSystem& files, const std::string& path) {
   return namesBehind(files, path).back();
 }
 
+bool isFolder(FileSystem& files, const std::string& path) {
+  try {
+    files.list(path);
+    return true;
+  } catch (const RunTimeError&) {
+    return false;
+  }
+}
+
+BackupNames backupNames(FileSystem& files, const std::string& path, const std::string& file,
+                        std::string_view ending) {
+  std::string ofPath = backupPath(path, ending);
+  if (!isFullPath(ofPath)) ofPath = fullPath(ofPath, files.currentFolder());
+  const auto [folder, name] = placeOf(file);
+  return {std::move(ofPath), folder + backupPath(name, ending)};
+}
+
 MovedFile moveToBackup(FileSystem& files, const std::string& path, std::string_view ending,
                        OldBackup old) {
   Move move(files, path, old);
-  std::string backup = backupPath(path, ending);
-  if (!isFullPath(backup)) backup = fullPath(backup, files.currentFolder());
-  if (!move.reaches(backup)) {
-    const auto [folder, name] = placeOf(move.file());
-    backup = folder + backupPath(name, ending);
-    move.to(backup);
-  }
-  return {move.file(), backup};
+  const auto [ofPath, ofFile] = backupNames(files, path, move.file(), ending);
+  if (move.reaches(ofPath)) return {move.file(), ofPath};
+  move.to(ofFile);
+  return {move.file(), ofFile};
 }
 
 }  // namespace quillbox

@@ -16,6 +16,9 @@ std::string fullPathOnDisk(FileSystem& files, const std::string& path);
 /// need be no file of that name.
 std::string fileBehind(FileSystem& files, const std::string& path);
 
+/// True for a folder that can be looked into.
+bool isFolder(FileSystem& files, const std::string& path);
+
 /// What is done with a file that has the backup's name.
 enum class OldBackup { stopsTheWork, isDeleted };
 
@@ -24,6 +27,16 @@ struct MovedFile {
   std::string path;    ///< free now; behind the links that lead there
   std::string backup;  ///< the full path it has now
 };
+
+/// Where moveToBackup keeps a collection.
+struct BackupNames {
+  std::string ofPath;  ///< the name it takes
+  std::string ofFile;  ///< the name it falls back on, where that one is on another file system
+};
+
+/// The names of the backup of a collection: `path` is its full path, `file` what that leads to.
+BackupNames backupNames(FileSystem& files, const std::string& path, const std::string& file,
+                        std::string_view ending);
 
 /// Renames the file that the full path of a collection leads to to the backup's name of that path,
 /// see backupPath. Where the two lie on different file systems it stays in its own folder, its own

@@ -68,7 +68,7 @@ consteval CollectionKind mediaFiles(std::int16_t code, std::int16_t mediaCode,
           .mediaCode = mediaCode,
           .extension = extension,
           .editor = EditorForm::wave,
-          .words = {option, captionPrefix, "File Collection Manager"},
+          .words = {option, captionPrefix, "File Collection Manager", "file", "files"},
           .opensFromCommandLine = false,
           .recordLength = sizeof(MediaFileRecord),
           .fields = kMediaFileFields,
@@ -80,7 +80,8 @@ constexpr std::array<CollectionKind, 9> kKinds = {{
     {.code = 1,
      .extension = "MCS",
      .editor = EditorForm::music,
-     .words = {"&Music Collection", "Music Collection Manager (", "Music Collection Manager"},
+     .words = {"&Music Collection", "Music Collection Manager (", "Music Collection Manager",
+               "album", "albums"},
      .recordLength = sizeof(MusicRecord),
      .fields = kMusicFields,
      .buffer = bufferIn<&OpenCollection::music>,
@@ -89,7 +90,7 @@ constexpr std::array<CollectionKind, 9> kKinds = {{
      .extension = "VCS",
      .editor = EditorForm::video,
      .words = {"&Video Collection", "Video Tape Collection Manager (",
-               "Video Tape Collection Manager"},
+               "Video Tape Collection Manager", "tape", "tapes"},
      .recordLength = sizeof(VideoRecord),
      .fields = kVideoFields,
      .buffer = bufferIn<&OpenCollection::video>,
@@ -98,7 +99,8 @@ constexpr std::array<CollectionKind, 9> kKinds = {{
     {.code = 2,
      .extension = "CCS",
      .editor = EditorForm::comics,
-     .words = {"&Comic Collection", "Comic Collection Manager (", "Comic Collection Manager"},
+     .words = {"&Comic Collection", "Comic Collection Manager (", "Comic Collection Manager",
+               "comic", "comics"},
      .recordLength = sizeof(ComicRecord),
      .fields = kComicFields,
      .buffer = bufferIn<&OpenCollection::comic>,
@@ -107,7 +109,7 @@ constexpr std::array<CollectionKind, 9> kKinds = {{
      .extension = "SCS",
      .editor = EditorForm::software,
      .words = {"&Software Collection", "Software Collection Manager (",
-               "Software Collection Manager"},
+               "Software Collection Manager", "disk", "disks"},
      .recordLength = sizeof(SoftwareRecord),
      .fields = kSoftwareFields,
      .buffer = bufferIn<&OpenCollection::software>,
@@ -116,7 +118,8 @@ constexpr std::array<CollectionKind, 9> kKinds = {{
     {.code = 5,
      .extension = "BCS",
      .editor = EditorForm::books,
-     .words = {"&Book Collection", "Book Collection Manager (", "Book Collection  Manager"},
+     .words = {"&Book Collection", "Book Collection Manager (", "Book Collection  Manager", "book",
+               "books"},
      .recordLength = sizeof(BookRecord),
      .fields = kBookFields,
      .buffer = bufferIn<&OpenCollection::book>,
@@ -152,6 +155,10 @@ std::vector<std::byte> blankRecord(const CollectionKind& kind) {
   std::vector<std::byte> record(kind.recordLength);
   fillBlank(kind.fields, record);
   return record;
+}
+
+std::string itemsText(const CollectionKind& kind, int count) {
+  return std::to_string(count).append(" ").append(count == 1 ? kind.words.item : kind.words.items);
 }
 
 std::string recordLabel(const CollectionKind& kind, int position, int count) {

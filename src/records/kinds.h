@@ -32,11 +32,13 @@ constexpr const auto& rowOf(EditorForm editor) {
 // The words of windows below are shown by forms alone. They stand here all the same, so that what
 // tells a kind from another is one row.
 
-/// What an editor's window is called, and its kind in the new-collection dialog.
+/// What an editor's window is called, its kind in the new-collection dialog, and its items.
 struct WindowWords {
   std::string_view option;         ///< of the new-collection dialog
   std::string_view captionPrefix;  ///< the caption is this, the file name and ")"
   std::string_view designCaption;  ///< the caption before a collection is open
+  std::string_view item;           ///< what one item is called: "book"
+  std::string_view items;          ///< and several
 };
 
 /// How an editor moves from item to item.
@@ -111,6 +113,9 @@ int mediaCodeOf(int kindCode);
 
 /// The blank record of a kind.
 std::vector<std::byte> blankRecord(const CollectionKind& kind);
+
+/// So many items of a kind, in words: "55 books".
+std::string itemsText(const CollectionKind& kind, int count);
 
 /// The record label of an item of a collection.
 std::string recordLabel(const CollectionKind& kind, int position, int count);

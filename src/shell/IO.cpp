@@ -33,12 +33,14 @@ bool pathIsWhole(AppState& state) {
 
 }  // namespace
 
-std::string chooseCollection(Program& program) {
+std::string chooseCollection(Program& program,
+                             const std::function<void(const std::string& path)>& missing) {
   const FileDialog cdlQBX1{.title = "Open Collection", .filter = kOpenFilter, .name = "cdlQBX1"};
   for (;;) {
     std::string path = program.desktop().openDialog(cdlQBX1).value_or("");
     if (path.empty() || program.state().files.fileSystem().exists(path)) return path;
     program.message(kDefaultTitle, "File not found?!");
+    missing(path);
   }
 }
 

@@ -1,13 +1,16 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "forms/program.h"
 
 namespace quillbox::IO {
 
-/// Asks for a collection until one that exists is chosen; empty when the user cancels.
-std::string chooseCollection(Program& program);
+/// Asks for a collection until one that exists is chosen; empty when the user cancels. `missing` is
+/// told of each that does not.
+std::string chooseCollection(Program& program,
+                             const std::function<void(const std::string& path)>& missing);
 
 /// Asks for the name of an output file; empty when the user cancels. Asks again while a folder on
 /// the way to the current collection (never to the chosen file) cannot be listed or is empty.

@@ -1,14 +1,22 @@
 #include "shell/frmBegin2.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <QStyle>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "forms/about.h"
+#include "forms/controls.h"
 #include "forms/icons.h"
 #include "forms/qt_text.h"
+#include "forms/recent_collections.h"
+#include "forms/recent_list.h"
 #include "records/version.h"
 
 namespace quillbox {
@@ -34,7 +42,15 @@ const ToolRow kTools[] = {
     {"X", "Exit", imgBegin[2], QKeySequence::Quit},
 };
 
-constexpr int kPictureLines = 5;  // of text, its height
+// Lines of text, the height of the picture.
+constexpr int kPictureLines = 5;
+constexpr int kSmallPictureLines = 3;
+
+// Average characters.
+constexpr int kNarrowestPage = 40;
+constexpr int kWidestPage = 96;
+
+constexpr int kMostOfTheRoom = 1000;  // as a stretch
 
 }  // namespace
 
@@ -60,7 +76,8 @@ void frmBegin2::makeToolbar() {
     action->setObjectName(QString::fromUtf8(tool.key));
     action->setShortcut(tool.shortcut);
     onTriggered(*action, [this, key = tool.key] { tbrBegin_ButtonClick(key); });
-    tbrBegin->widgetForAction(action)->setFocusPolicy(Qt::StrongFocus);
+    lastTool_ = tbrBegin->widgetForAction(action);
+    lastTool_->setFocusPolicy(Qt::StrongFocus);
   }
   tbrBegin->setMinimumWidth(tbrBegin->sizeHint().width());
 }
@@ -74,31 +91,186 @@ void frmBegin2::makeMenus() {
   item("AboutBegin", "&About", icon("help-about", "about"), [this] { AboutBegin_Click(); });
 }
 
+/// In a wide window the page keeps a readable width and stands in the middle.
 void frmBegin2::makePage() {
-  auto* page = new QWidget;
-  auto* column = new QVBoxLayout(page);
-  auto* picture = new QLabel;
-  const int side = fontMetrics().height() * kPictureLines;
-  picture->setPixmap(
-      ownIcon("org.quillbox.Quillbox").pixmap(QSize(side, side), devicePixelRatioF()));
-  auto* name = new QLabel(QStringLiteral("Quillbox"));
-  QFont font = name->font();
+  page_ = new QWidget;
+  auto* sides = new QHBoxLayout(page_);
+  middle_ = new QWidget;
+  middle_->setMaximumWidth(fontMetrics().averageCharWidth() * kWidestPage);
+  sides->addStretch(1);
+  sides->addWidget(middle_, kMostOfTheRoom);
+  sides->addStretch(1);
+
+  column_ = new QVBoxLayout(middle_);
+  column_->setContentsMargins({});
+  column_->addStretch(1);
+  column_->addWidget(makeBrand());
+  column_->addSpacing(column_->spacing());
+  column_->addWidget(makeRecents());
+  column_->addStretch(2);
+  setCentralWidget(page_);
+  resize(fontMetrics().averageCharWidth() * 84, fontMetrics().height() * 20);
+}
+
+QWidget* frmBegin2::makeBrand() {
+  brand_ = new QWidget;
+  auto* row = new QBoxLayout(QBoxLayout::TopToBottom, brand_);
+  row->setContentsMargins({});
+  picture_ = new QLabel;
+  name_ = new QLabel(QStringLiteral("Quillbox"));
+  QFont font = name_->font();
   font.setPointSizeF(2 * font.pointSizeF());
   font.setBold(true);
-  name->setFont(font);
-  auto* line = new QLabel(fromUtf8Text(kCredits));
-  line->setWordWrap(true);
-  column->addStretch(1);
-  for (QLabel* label : {picture, name, line}) {
-    label->setAlignment(Qt::AlignHCenter);
-    column->addWidget(label);
+  name_->setFont(font);
+  line_ = new QLabel(fromUtf8Text(kCredits));
+  line_->setWordWrap(true);
+  auto* texts = new QVBoxLayout;
+  texts->addWidget(name_);
+  texts->addWidget(line_);
+  row->addWidget(picture_);
+  row->addLayout(texts, 1);
+  return brand_;
+}
+
+/// Large and in the middle, or small and above what else there is.
+void frmBegin2::layOutBrand(bool isAlone) {
+  isAlone_ = isAlone;
+  static_cast<QBoxLayout*>(brand_->layout())
+      ->setDirection(isAlone ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+  const int side = fontMetrics().height() * (isAlone ? kPictureLines : kSmallPictureLines);
+  picture_->setPixmap(
+      ownIcon("org.quillbox.Quillbox").pixmap(QSize(side, side), devicePixelRatioF()));
+  for (QLabel* label : {picture_, name_, line_})
+    label->setAlignment(isAlone ? Qt::AlignHCenter : Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+QWidget* frmBegin2::makeRecents() {
+  recents_ = new QWidget;
+  recents_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+  auto* column = new QVBoxLayout(recents_);
+  column->setContentsMargins({});
+  list_ = new RecentList;
+  list_->whenChosen = [this](const std::string& path) { program().run([&] { openRecent(path); }); };
+  list_->whenRemoved = [this](const std::string& path) {
+    program().run([&] { takeOffList(path); });
+  };
+  column->addSpacing(2 * column->spacing());
+  column->addWidget(
+      makeCaption(*list_, QStringLiteral("lstRecent"), QStringLiteral("&Recent collections:")));
+  column->addWidget(list_);
+  takeOff_ = makeButton(QStringLiteral("cmdTakeOff"), QStringLiteral("&Take Off the List"));
+  takeOff_->setToolTip(QStringLiteral("Delete. The collection itself stays as it is."));
+  onClick(*takeOff_, [this] { takeOffList(list_->currentPath()); });
+  column->addWidget(takeOff_, 0, Qt::AlignRight);
+  recents_->hide();
+  return recents_;
+}
+
+void frmBegin2::setVisible(bool visible) {
+  if (visible) refresh();
+  Form::setVisible(visible);
+}
+
+/// Who comes back from another program may have moved a collection there.
+void frmBegin2::changeEvent(QEvent* event) {
+  Form::changeEvent(event);
+  const bool isBack = event->type() == QEvent::ActivationChange && isActiveWindow();
+  if (isBack && isVisible() && !program().isRunning()) refresh();
+}
+
+void frmBegin2::refresh() {
+  const auto shown = notices ? notices() : std::vector<Notice>();
+  const bool saysOther = showNotices(shown);
+  const bool listsOther = showRecents();
+  if (isFitted_ && !saysOther && !listsOther) return;
+  layOutBrand(shown.empty() && recents_->isHidden());
+  fitWindow();
+}
+
+/// Returns whether they are others than before.
+bool frmBegin2::showNotices(const std::vector<Notice>& shown) {
+  while (noticeLines_.size() < shown.size()) {
+    auto* line = new NoticeLine(static_cast<int>(noticeLines_.size()));
+    onClick(line->button(), [this, line] {
+      line->press()();
+      refresh();
+    });
+    QWidget* before = noticeLines_.empty() ? lastTool_ : &noticeLines_.back()->button();
+    column_->insertWidget(column_->indexOf(recents_), line);
+    setTabOrder(before, &line->button());
+    noticeLines_.push_back(line);
   }
-  column->addStretch(2);
-  // However small the window is made, both texts stay whole.
-  const int narrowest = fontMetrics().averageCharWidth() * 40;
-  page->setMinimumSize(narrowest, column->heightForWidth(narrowest));
-  setCentralWidget(page);
-  resize(fontMetrics().averageCharWidth() * 84, fontMetrics().height() * 20);
+  for (std::size_t i = 0; i < noticeLines_.size(); ++i) {
+    if (i < shown.size())
+      noticeLines_.at(i)->show(shown.at(i));
+    else
+      noticeLines_.at(i)->hide();
+  }
+  std::vector<std::string> texts;
+  for (const Notice& notice : shown) texts.push_back(notice.text);
+  return std::exchange(said_, texts) != texts;
+}
+
+/// Returns whether they are others than before.
+bool frmBegin2::showRecents() {
+  if (program().recents() == nullptr) return false;
+  std::vector<RecentList::Row> rows;
+  for (RecentCollection& recent : program().recents()->all()) {
+    bool isThere = false;
+    ignoringErrors([&] { isThere = program().shell().opens(recent.path); });
+    rows.push_back({std::move(recent), isThere});
+  }
+  const bool isFirst = recents_->isHidden() && !rows.empty();
+  const bool isOther = list_->show(rows);
+  recents_->setVisible(!rows.empty());
+  if (isFirst) list_->setFocus();
+  return isOther;
+}
+
+/// However small the window is made, all texts stay whole. At first it is as large as what it
+/// holds, or as the screen.
+void frmBegin2::fitWindow() {
+  const int narrowest = fontMetrics().averageCharWidth() * kNarrowestPage;
+  const auto height = [&](bool withBrand) {
+    brand_->setVisible(withBrand);
+    // From the inside out: nothing is to be told by what was on the page before.
+    for (QWidget* part : {brand_, recents_, middle_}) part->updateGeometry();
+    QLayout* layout = page_->layout();
+    return layout->hasHeightForWidth() ? layout->minimumHeightForWidth(narrowest)
+                                       : layout->minimumSize().height();
+  };
+  page_->setMinimumSize(narrowest, height(isAlone_));
+  if (!std::exchange(isFitted_, true)) {
+    height(true);
+    const int titleBar = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this);
+    const QSize room = screen()->availableGeometry().size() - QSize(0, titleBar);
+    resize(size().expandedTo(QSize(width(), sizeHint().height())).boundedTo(room));
+  }
+  showBrandIfItFits();
+}
+
+/// What is only nice to look at makes room first.
+void frmBegin2::showBrandIfItFits() {
+  const int needed = brand_->layout()->heightForWidth(middle_->width()) + column_->spacing();
+  brand_->setVisible(isAlone_ || page_->height() >= page_->minimumHeight() + needed);
+}
+
+void frmBegin2::resizeEvent(QResizeEvent* event) {
+  Form::resizeEvent(event);
+  showBrandIfItFits();
+}
+
+/// The collection may be gone since the list was shown; opening it then would make it anew.
+void frmBegin2::openRecent(const std::string& path) {
+  if (program().shell().opens(path))
+    program().shell().open(path);
+  else
+    refresh();
+}
+
+void frmBegin2::takeOffList(const std::string& path) {
+  program().recents()->remove(path);
+  refresh();
 }
 
 void frmBegin2::tbrBegin_ButtonClick(std::string_view key) {
@@ -106,7 +278,10 @@ void frmBegin2::tbrBegin_ButtonClick(std::string_view key) {
     hide();
     program().shell().showNewCollection();
   }
-  if (key == "O") program().shell().FileOpen();
+  if (key == "O") {
+    program().shell().FileOpen();
+    if (isVisible()) refresh();  // what was asked for in vain is known now
+  }
   if (key == "X") Form_Unload();
 }
 

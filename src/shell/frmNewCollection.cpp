@@ -1,6 +1,5 @@
 #include "shell/frmNewCollection.h"
 
-#include <QFile>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -10,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "forms/controls.h"
+#include "forms/elided_label.h"
 #include "forms/icons.h"
 #include "forms/qt_text.h"
 #include "platform/paths.h"
@@ -45,15 +45,28 @@ frmNewCollection::frmNewCollection(Program& program) : Form(program, "frmNewColl
   column->addLayout(options_);
   column->addStretch(1);
 
+  lblPath_ = new ElidedLabel(Qt::ElideMiddle);
+  lblPath_->setObjectName(QStringLiteral("lblPath"));
+  column->addWidget(lblPath_);
+  connect(txtColName_, &QLineEdit::textChanged, this, [this] { showPath(); });
+
   auto* cmdNew = makeButton(QStringLiteral("cmdNew"), QStringLiteral("&Go"));
   onClick(*cmdNew, [this] { cmdNew_Click(); });
-  column->addWidget(cmdNew, 0, Qt::AlignRight);
+  auto* cmdCancel = makeButton(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"));
+  cmdCancel->setToolTip(QStringLiteral("Escape"));
+  onClick(*cmdCancel, [this] { Form_Unload(); });
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch(1);
+  buttons->addWidget(cmdNew);
+  buttons->addWidget(cmdCancel);
+  column->addLayout(buttons);
   actAsDialog(cmdNew);
   setHelpPage("first-collection.md");
 }
 
 void frmNewCollection::showWithOptions() {
   drawoptions();
+  showPath();
   show();
   activateWindow();
   txtColName_->setFocus();
@@ -68,6 +81,7 @@ void frmNewCollection::drawoptions() {
     option->setObjectName(controlName("optQBX", element++));
     option->setFont(optionFont(font()));
     option->setIcon(iconOf(kind));
+    connect(option, &QRadioButton::toggled, this, [this] { showPath(); });
     options_->addWidget(option);
     setTabOrder(before, option);
     before = option;
@@ -86,15 +100,37 @@ const CollectionKind* frmNewCollection::selectedKind() const {
   return nullptr;
 }
 
+/// The name is taken as typed.
+std::string frmNewCollection::pathOf(const std::string& name, const CollectionKind* kind) {
+  const std::string path = joinPath(state().dataFolder, name);
+  return kind == nullptr ? path : std::string(path).append(".").append(kind->extension);
+}
+
+void frmNewCollection::showPath() {
+  const std::string name = toPath(txtColName_->text());
+  const CollectionKind* kind = selectedKind();
+  std::string text = "Makes " + pathOf(name, kind);
+  if (name.empty())
+    text = "Makes a collection in " +
+           (state().dataFolder.empty() ? pathOf({}, nullptr) : state().dataFolder);
+  else if (kind == nullptr)
+    text += " with the ending of its kind";
+  lblPath_->showText(fromPath(text));
+}
+
 void frmNewCollection::cmdNew_Click() {
-  const std::string name = QFile::encodeName(txtColName_->text()).toStdString();
+  const std::string name = toPath(txtColName_->text());
   if (name.empty()) {
     program().message("QBX - File Manager", "Must specify filename!");
     return;
   }
   const CollectionKind* kind = selectedKind();
-  if (kind == nullptr) return;
-  const std::string path = joinPath(state().dataFolder, name).append(".").append(kind->extension);
+  if (kind == nullptr) {
+    lblPath_->showText(QStringLiteral("Choose a kind of collection first."));
+    optQBX_.front()->setFocus();
+    return;
+  }
+  const std::string path = pathOf(name, kind);
   IO::DelFile(program(), path);
   undrawopt();
   hide();

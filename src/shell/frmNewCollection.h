@@ -10,6 +10,7 @@ class QVBoxLayout;
 
 namespace quillbox {
 
+class ElidedLabel;
 struct CollectionKind;
 
 /// The new-collection dialog: a name, a kind, and Go.
@@ -30,9 +31,12 @@ class frmNewCollection : public Form {
   void drawoptions();
   void undrawopt();
   void cmdNew_Click();
+  void showPath();
+  std::string pathOf(const std::string& name, const CollectionKind* kind);
   const CollectionKind* selectedKind() const;
 
   QLineEdit* txtColName_;
+  ElidedLabel* lblPath_;  // what Go will make, or what it lacks
   QVBoxLayout* options_;
   std::vector<QRadioButton*> optQBX_;  // one for each kind, in the table's order
 };

@@ -33,7 +33,10 @@ std::string joined(std::span<const std::string> arguments) {
 }  // namespace
 
 modQBX1::modQBX1(Program& program)
-    : program_(program), board_(program), printEngine_(program.state(), program.desktop(), board_) {
+    : program_(program),
+      board_(program),
+      printEngine_(program.state(), program.desktop(), board_),
+      notices_(program) {
   program.setShell(*this);
 }
 
@@ -46,24 +49,30 @@ void modQBX1::Main(std::span<const std::string> arguments) {
   const CollectionKind* kind = kindOfExtension(extensionOf(path));
   if (kind == nullptr || !kind->opensFromCommandLine) {
     state.dataFolder = files.currentFolder();
+    if (!path.empty()) notices_.notOpened(fullPathOnDisk(files, path));
     showStartScreen();
     return;
   }
   // The data folder stays empty then: a collection made later goes to the root folder.
-  open(*kind, fullPathOnDisk(files, path));
+  openIn(*kind, fullPathOnDisk(files, path));
 }
 
 /// The record buffers and the second position are carried over from what was open before.
-void modQBX1::open(const CollectionKind& kind, std::string path, bool isNew) {
+void modQBX1::openIn(const CollectionKind& kind, std::string path, bool isNew) {
   OpenCollection opening = program_.state();
   opening.currentPath = std::move(path);
   opening.kindCode = kind.code;
   opening.newCollection = isNew;
-  editorOf(kind.editor).open(std::move(opening));
+  frmEditor& editor = editorOf(kind.editor);
+  editor.open(std::move(opening));
+  editor_ = &editor;
+  notices_.opened();
 }
 
 void modQBX1::showStartScreen() {
+  editor_ = nullptr;
   auto& start = program_.form<frmBegin2>();
+  start.notices = [this] { return notices_.all(); };
   start.show();
   start.activateWindow();
 }
@@ -77,14 +86,29 @@ std::string modQBX1::SaveAs() {
 /// A collection that cannot be opened changes nothing: the form that asked comes back with what it
 /// had open.
 void modQBX1::FileOpen() {
-  const std::string path = IO::chooseCollection(program_);
+  const std::string path = IO::chooseCollection(
+      program_, [this](const std::string& missing) { notices_.missing(missing); });
   const CollectionKind* kind = kindOfExtension(extensionOf(path));
   if (kind == nullptr) return;
   program_.form<frmBegin2>().hide();
-  open(*kind, path);
+  openIn(*kind, path);
+}
+
+bool modQBX1::opens(const std::string& path) {
+  return kindOfExtension(extensionOf(path)) != nullptr &&
+         program_.state().files.fileSystem().exists(path);
+}
+
+void modQBX1::open(const std::string& path) {
+  const CollectionKind* kind = kindOfExtension(extensionOf(path));
+  if (kind == nullptr) return;
+  if (editor_ != nullptr) editor_->leave();
+  program_.hideForms();
+  openIn(*kind, path);
 }
 
 void modQBX1::showNewCollection() {
+  editor_ = nullptr;
   auto& dialog = program_.form<frmNewCollection>();
   dialog.openEditor = [this](const CollectionKind& kind, const std::string& path) {
     openNew(kind, path);
@@ -95,7 +119,7 @@ void modQBX1::showNewCollection() {
 /// A collection that cannot be made leaves nothing to come back to but the start screen.
 void modQBX1::openNew(const CollectionKind& kind, const std::string& path) {
   try {
-    open(kind, path, true);
+    openIn(kind, path, true);
   } catch (const RunTimeError& error) {
     program_.report(error);
   }

@@ -10,6 +10,7 @@
 #include "printing/frmRecDisp.h"
 #include "printing/print_engine.h"
 #include "records/kinds.h"
+#include "shell/start_notices.h"
 
 namespace quillbox {
 
@@ -24,18 +25,22 @@ class modQBX1 : public Shell {
 
   void showStartScreen() override;
   void FileOpen() override;
+  bool opens(const std::string& path) override;
+  void open(const std::string& path) override;
   std::string SaveAs() override;
   void showNewCollection() override;
   Board& board() override { return board_; }
 
  private:
   frmEditor& editorOf(EditorForm form);
-  void open(const CollectionKind& kind, std::string path, bool isNew = false);
+  void openIn(const CollectionKind& kind, std::string path, bool isNew = false);
   void openNew(const CollectionKind& kind, const std::string& path);
 
   Program& program_;
   frmRecDisp board_;
   PrintEngine printEngine_;
+  StartNotices notices_;
+  frmEditor* editor_ = nullptr;  // that has a collection open, until the start screen comes
   std::array<std::unique_ptr<frmEditor>, kEditorForms> editors_;  // made on first use
 };
 

@@ -22,6 +22,7 @@ struct SortForm {
   const char* name;
   const char* caption = "Sorting Options";
   const char* boxName = "";  ///< of the control array of the boxes
+  const char* hint = "Sorts by what is ticked; the first counts most.";
   const char* beginName;
   const char* beginCaption;
   void (frmSort::*begin)();  ///< under its name in this form
@@ -63,12 +64,16 @@ constexpr SortForm kForms[] = {
      .name = "frmBookSort",
      .caption = "Book Sort Options",
      .boxName = "chkBsort",
+     .hint = "A sort of books ends the program. The collection is then under its\n"
+             "backup's name, such as shelf.bak, in its old order. When Quillbox is\n"
+             "started again, the start screen offers to put it back.",
      .beginName = "cmdSort",
      .beginCaption = "&Begin Sort",
      .begin = frmSort::cmdSort_Click,
      .exitCaption = "E&xit Window"},
     {.editor = EditorForm::wave,
      .name = "frmWaveSort",
+     .hint = "The collection is sorted by file name.",
      .beginName = "cmdBeginSort",
      .beginCaption = "&Begin Sort",
      .begin = &frmSort::cmdBeginSort_Click,
@@ -95,7 +100,8 @@ frmSort::frmSort(Program& program, const CollectionKind& kind, Owner owner)
   auto* page = new QWidget;
   auto* column = new QVBoxLayout(page);
   column->setContentsMargins(0, 0, 0, 0);
-  auto* hint = new QLabel;
+  auto* hint = new QLabel(QString::fromUtf8(form.hint));
+  hint->setObjectName(QStringLiteral("lblHint"));
   column->addWidget(hint);
   for (const SortKey& key : sortRulesOf(kind).keys) {
     if (key.boxCaption.empty()) continue;
@@ -106,8 +112,7 @@ frmSort::frmSort(Program& program, const CollectionKind& kind, Owner owner)
     column->addWidget(box);
     boxes_.push_back(box);
   }
-  hint->setText(boxes_.empty() ? QStringLiteral("The collection is sorted by file name.")
-                               : QStringLiteral("Sorts by what is ticked; the first counts most."));
+
   begin_ = makeButton(QString::fromUtf8(form.beginName), QString::fromUtf8(form.beginCaption));
   onClick(*begin_, [this, begin = form.begin] { (this->*begin)(); });
   auto* exit = makeButton(QString::fromUtf8(form.exitName), QString::fromUtf8(form.exitCaption));

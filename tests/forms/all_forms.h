@@ -21,6 +21,8 @@
 #include <string>
 #include <vector>
 
+#include "forms/recent_collections.h"
+#include "forms/recent_list.h"
 #include "platform/qt/print_dialog.h"
 #include "printing/frmRecDisp.h"
 #include "records/version.h"
@@ -30,7 +32,7 @@ namespace quillbox::test {
 
 /// One window, and the way that leads to it.
 struct FormCase {
-  enum class Window { form, board, printDialog };
+  enum class Window { form, fullStart, board, printDialog };
 
   const char* name;
   const char* picture;                  ///< the name of its picture in docs/forms
@@ -43,6 +45,7 @@ inline void PrintTo(const FormCase& form, std::ostream* out) { *out << form.name
 
 inline const FormCase kAllForms[] = {
     {"Start", "start"},
+    {"FullStart", "start-recent", nullptr, {}, FormCase::Window::fullStart},
     {"NewCollection", "new-collection", nullptr, {"N"}},
     {"Music", "music", "MCS"},
     {"Songs1", "music-songs", "MCS", {"EditSongs"}},
@@ -178,7 +181,9 @@ class AllForms : public FormTest {
     dialog_.reset();
     setTextScale(look.textScale);
     QApplication::setPalette(paletteOf(look));
-    start();
+    recents_ = nullptr;
+    which.window == FormCase::Window::fullStart ? startFull(look.content) : start();
+    if (look.content == Look::Content::sample) state_->dataFolder = "/home/anna/Lists";
     QWidget& opened = follow(which, look.content);
     if (look.content == Look::Content::longest) fill(opened);
     settle(opened);
@@ -254,6 +259,45 @@ class AllForms : public FormTest {
     desktop_.tolerateOpen.reset();
   }
 
+  /// The start screen with as many recent collections as there can be, two of them under their
+  /// backup's name, and a file that the command line does not open; or with what a user may have.
+  void startFull(Look::Content content) {
+    const bool isSample = content == Look::Content::sample;
+    const std::string name(content == Look::Content::longest ? 100 : 4, 'W');
+    recentSettings_ =
+        std::make_unique<RecentCollections>(QString::fromStdString(path(name + "ini")));
+    recents_ = recentSettings_.get();
+    if (isSample) return startWithSamples();
+    writeFile(path("pictures.GCS"), "");
+    const std::string empty("\0\0\1\0001.71    ", 12);
+    for (const CollectionKind& kind : collectionKinds()) {
+      const std::string extension(kind.extension);
+      const bool isLost = extension == "BCS" || extension == "MPS";
+      // Each its own first letter, and so its own backup.
+      const std::string start = path(extension.front() + name);
+      writeFile(start + (isLost ? ".bak" : '.' + extension), empty);
+      recents_->opened(start + '.' + extension, 32767);
+    }
+    start({path("pictures.GCS")});
+  }
+
+  /// In a folder that is the same each time.
+  void startWithSamples() {
+    writeFile(path("shelf.bak"), readFile(QUILLBOX_SOURCE_DIR "/samples/shelf.BCS"));
+    recents_->opened(path("shelf.BCS"), 55);
+    start();
+    const auto row = [](const char* file, int count, bool isThere = true) {
+      return RecentList::Row{{std::string("/home/anna/Lists/") + file, count}, isThere};
+    };
+    control<RecentList>("lstRecent")
+        .show({row("jazz.MCS", 42), row("tapes.VCS", 32), row("shelf.BCS", 55, false),
+               row("longbox.CCS", 46), row("pictures.GCS", 3)});
+    control<RecentList>("lstRecent").setCurrentRow(0);
+    QApplication::processEvents();
+    const auto& list = control<RecentList>("lstRecent");
+    form().resize(form().width(), form().height() + list.sizeHint().height() - list.height());
+  }
+
   QWidget& openBoard(Look::Content content) {
     form().hide();
     auto& board = dynamic_cast<frmRecDisp&>(program_->board());
@@ -298,6 +342,7 @@ class AllForms : public FormTest {
 
   QFont font_;
   std::unique_ptr<PrintDialog> dialog_;
+  std::unique_ptr<RecentCollections> recentSettings_;
 };
 
 /// A test of each window by itself.

@@ -31,6 +31,8 @@ class ProgramTest : public testing::Test, public Shell {
   }
 
   void FileOpen() override {}
+  bool opens(const std::string& /*path*/) override { return false; }
+  void open(const std::string& /*path*/) override {}
   std::string SaveAs() override { return {}; }
   void showNewCollection() override {}
   Board& board() override { return board_; }

@@ -48,6 +48,23 @@ TEST(Kinds, TheMusicKindStepsOverDeletedAlbumsAndReusesTheirSlots) {
   EXPECT_EQ(music.fields.front().name, "Artist");
 }
 
+TEST(Kinds, EachCallsItsItemsByAWordOfTheirOwn) {
+  const struct {
+    const char* extension;
+    const char* one;
+    const char* many;
+  } words[] = {{"MCS", "1 album", "55 albums"}, {"VCS", "1 tape", "55 tapes"},
+               {"CCS", "1 comic", "55 comics"}, {"SCS", "1 disk", "55 disks"},
+               {"BCS", "1 book", "55 books"},   {"WCS", "1 file", "55 files"},
+               {"ICS", "1 file", "55 files"},   {"GCS", "1 file", "55 files"},
+               {"MPS", "1 file", "55 files"}};
+  for (const auto& [extension, one, many] : words) {
+    EXPECT_EQ(itemsText(*kindOfExtension(extension), 1), one);
+    EXPECT_EQ(itemsText(*kindOfExtension(extension), 55), many);
+  }
+  EXPECT_EQ(itemsText(*kindOfExtension("BCS"), 0), "0 books");
+}
+
 TEST(Kinds, AnExtensionThatIsNoKindsHasNone) {
   for (const std::string_view extension :
        {"", "mcs", "Mcs", ".MCS", "MC", "MCSX", "MCS ", "TXT", "BAK", "CS"})

@@ -23,6 +23,7 @@
 #include "platform/disk_file_system.h"
 #include "platform/run_time_error.h"
 #include "records/music_file.h"
+#include "records/rescue.h"
 #include "sortsearch/sort_engine.h"
 #include "support/counting_store.h"
 #include "support/test_folder.h"
@@ -126,6 +127,16 @@ class SortCrashTest : public CrashTest {
  protected:
   /// Kills the sort of the collection at `path`, whose bytes are in `file`.
   void expectSafe(const std::string& path, const std::string& file);
+
+  /// What the start screen does for a collection that is under its backup's name only.
+  void expectPutBack(const std::string& path, const std::string& before) {
+    DiskFileSystem files;
+    const auto lost = findLost(files, kind(), path);
+    ASSERT_TRUE(lost);
+    EXPECT_EQ(lost->count, kItems);
+    putBack(files, *lost);
+    EXPECT_TRUE(readFile(path) == before);
+  }
 };
 
 void SortCrashTest::expectSafe(const std::string& path, const std::string& file) {
@@ -152,6 +163,7 @@ void SortCrashTest::expectSafe(const std::string& path, const std::string& file)
     if (std::filesystem::exists(backup)) {
       ASSERT_TRUE(readFile(backup) == before) << "crash " << crash;
       expectOpens(backup, kind(), kItems, kItems);
+      if (!std::filesystem::exists(path)) expectPutBack(path, before);
     } else {
       const std::string found = readFile(path);
       ASSERT_TRUE(found == before || found == after) << "crash " << crash;

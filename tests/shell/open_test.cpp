@@ -2,6 +2,7 @@
 
 #include <QRadioButton>
 
+#include "forms/elided_label.h"
 #include "platform/paths.h"
 #include "shell/IO.h"
 #include "support/family_files.h"
@@ -182,6 +183,7 @@ class NewCollection : public FormTest {
     control<QRadioButton>(("optQBX_" + std::to_string(option)).c_str()).click();
   }
   void name(const char* typed) { type("txtColName", typed); }
+  std::string pathLine() { return control<ElidedLabel>("lblPath").fullText().toStdString(); }
 };
 
 TEST_F(NewCollection, ShowsTheNineKindsInTheirOrder) {
@@ -276,6 +278,65 @@ TEST_F(NewCollection, StaysWithoutAKind) {
   select(1);
   press("cmdNew");
   EXPECT_EQ(formName(), "frmMusic");
+}
+
+TEST_F(NewCollection, SaysWhatIsMissingWithoutAKindAndLeadsThere) {
+  openDialog();
+  name("Jazz");
+  press("cmdNew");
+  EXPECT_EQ(pathLine(), "Choose a kind of collection first.");
+  EXPECT_EQ(form().focusWidget(), &control<QRadioButton>("optQBX_1"));
+  EXPECT_FALSE(control<QRadioButton>("optQBX_1").isChecked());
+  select(3);
+  EXPECT_EQ(pathLine(), "Makes " + path("Jazz.CCS")) << "it goes with the next thing done";
+}
+
+TEST_F(NewCollection, ShowsThePathItWillMakeWhileItIsTyped) {
+  openDialog();
+  EXPECT_EQ(pathLine(), "Makes a collection in " + folder_.path());
+  name("Jazz");
+  EXPECT_EQ(pathLine(), "Makes " + path("Jazz") + " with the ending of its kind");
+  select(1);
+  EXPECT_EQ(pathLine(), "Makes " + path("Jazz.MCS"));
+  name("my lists/<b>J\u00e4zz & more.MCS");
+  EXPECT_EQ(pathLine(), "Makes " + folder_.path() + "/my lists/<b>J\u00e4zz & more.MCS.MCS");
+  select(5);
+  EXPECT_EQ(pathLine(), "Makes " + folder_.path() + "/my lists/<b>J\u00e4zz & more.MCS.BCS");
+  name("Shelf");
+  press("cmdNew");
+  EXPECT_EQ(state_->currentPath, path("Shelf.BCS")) << "and makes it there";
+}
+
+TEST_F(NewCollection, ShowsThatItGoesToTheRootFolderAfterAStartWithACollection) {
+  writeFile(path(), musicFile({album("A")}));
+  start({path()});
+  choose("NewFile");
+  EXPECT_EQ(pathLine(), "Makes a collection in /");
+  name("Jazz");
+  select(1);
+  EXPECT_EQ(pathLine(), "Makes /Jazz.MCS");
+}
+
+TEST_F(NewCollection, KeepsTheLongestPathOnItsLine) {
+  openDialog();
+  const int width = form().width();
+  select(1);
+  name(std::string(200, 'W').c_str());
+  QApplication::processEvents();
+  EXPECT_EQ(form().width(), width);
+  auto& line = control<ElidedLabel>("lblPath");
+  EXPECT_EQ(line.fullText().toStdString(), "Makes " + path(std::string(200, 'W') + ".MCS"));
+  EXPECT_TRUE(line.text().startsWith("Makes /")) << line.text().toStdString();
+  EXPECT_TRUE(line.text().endsWith("WW.MCS")) << line.text().toStdString();
+  EXPECT_EQ(line.toolTip(), line.fullText());
+}
+
+TEST_F(NewCollection, IsLeftByACancelButtonBesideGo) {
+  openDialog();
+  name("Jazz");
+  press("cmdCancel");
+  EXPECT_EQ(formName(), "frmBegin2");
+  EXPECT_TRUE(std::filesystem::is_empty(folder_.path()));
 }
 
 TEST_F(NewCollection, TakesTheNameAsTyped) {

@@ -100,6 +100,22 @@ TEST_P(SortForms, HasItsBoxesAndButtonsByNameAndCaption) {
   EXPECT_EQ(button(kind().sort.exit).text().toStdString(), GetParam().exit);
 }
 
+TEST_P(SortForms, SaysWhatItDoes) {
+  open({item("A")});
+  openSort();
+  const std::string hint = label("lblHint");
+  if (kind().isBooks()) {
+    EXPECT_EQ(hint,
+              "A sort of books ends the program. The collection is then under its\n"
+              "backup's name, such as shelf.bak, in its old order. When Quillbox is\n"
+              "started again, the start screen offers to put it back.");
+  } else if (kind().isMedia()) {
+    EXPECT_EQ(hint, "The collection is sorted by file name.");
+  } else {
+    EXPECT_EQ(hint, "Sorts by what is ticked; the first counts most.");
+  }
+}
+
 TEST_P(SortForms, OpensWithTheFocusOnItsFirstControl) {
   open({item("A")});
   openSort();

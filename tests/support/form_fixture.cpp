@@ -30,6 +30,7 @@ void FormTest::start(std::initializer_list<std::string> arguments) {
   program_ = std::make_unique<Program>(*state_, desktop_);
   if (windowPlaces_ != nullptr) program_->setWindowPlaces(*windowPlaces_);
   program_->setTypedFolder(typedFolder_);
+  if (recents_ != nullptr) program_->setRecents(*recents_);
   modQBX1_ = std::make_unique<modQBX1>(*program_);
   desktop_.expectMessage("QBX V1.71", aboutText(), MessageIcon::information);
   // Boxes a test expects at start-up come after the start-up box.

@@ -18,6 +18,7 @@
 
 #include "editors/frmMusic.h"
 #include "forms/program.h"
+#include "forms/recent_collections.h"
 #include "shell/modQBX1.h"
 #include "support/failing_files.h"
 #include "support/fake_desktop.h"
@@ -95,8 +96,9 @@ class FormTest : public testing::Test {
   FakeDesktop desktop_;
   std::unique_ptr<AppState> state_;
   WindowPlaces* windowPlaces_ =
-      nullptr;  ///< what the program is started with; must outlive the test
+      nullptr;           ///< what the program is started with; must outlive the test
   QString typedFolder_;  ///< where it keeps what is typed; empty: nowhere
+  RecentCollections* recents_ = nullptr;  ///< as windowPlaces_
   std::unique_ptr<Program> program_;
   std::unique_ptr<modQBX1> modQBX1_;
 };
