@@ -45,6 +45,7 @@ frmEditor::frmEditor(Program& program, PrintEngine& printEngine, const Collectio
   setCaption(fromUtf8Text(kind.words.designCaption));
   sheet_ = new FieldSheet(tables.inputs, tables.headings, desktop());
   sheet_->whenChanged([this] { updateNotWritten(); });
+  sheet_->showHints();
   layOut(sheet_, makeButtons());
   makeMenus();
   makeKeys();

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "editors/commands.h"
+#include "editors/frmEditor_commands.h"
 #include "forms/field_sheet.h"
 #include "forms/form.h"
 #include "forms/kept_texts.h"
@@ -120,7 +120,9 @@ class frmEditor : public Form {
 
   /// The form that shows the item at the moment: this one, or its second page.
   virtual Form& formOnScreen() { return *this; }
-  void tell(const QString& text) { formOnScreen().showStatus(text); }
+
+  /// Shows a status, unless the same command has something to offer.
+  void tell(const QString& text);
 
   virtual void setRecordLabel(const std::string& text);
   std::string recordLabelText() const;

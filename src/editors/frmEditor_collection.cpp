@@ -17,6 +17,15 @@
 #include "sortsearch/sort_rules.h"
 
 namespace quillbox {
+namespace {
+
+/// "1 item", "2 items"
+QString counted(int number, const char* noun) {
+  return QStringLiteral("%1 %2%3").arg(number).arg(QLatin1String(noun),
+                                                   number == 1 ? QString() : QStringLiteral("s"));
+}
+
+}  // namespace
 
 CollectionStore frmEditor::storeOf(const OpenCollection& opening) {
   return CollectionStore(state().files, opening, store_.kind());
@@ -144,9 +153,17 @@ void frmEditor::PrintList_Click() {
                       "bug fix!");
     return;
   }
+  const int items = state().Count;
+  bool isDelivered = false;
   if (const auto heading = pages.fileHeading(mediaCodeOf(state().kindCode)))
-    ignoringErrors([&] { printEngine_.PrintOut(mode, count, *heading); });
+    ignoringErrors([&] {
+      printEngine_.PrintOut(mode, count, *heading);
+      isDelivered = true;
+    });
   ignoringErrors([&] { readAndShow(1); });
+  if (isDelivered && mode == print_mode::textFile)
+    tell(QStringLiteral("Listed %1 to %2")
+             .arg(counted(items, "item"), fromPath(fileNameOf(printEngine_.fileName()))));
   board.close();
   show();
   activateWindow();
@@ -156,7 +173,8 @@ void frmEditor::ExportData_Click() {
   const auto fixedName = exportName(store_.kind());
   const std::string name = fixedName ? *fixedName : program().shell().SaveAs();
   if (name.empty()) return;
-  exportCollection(state().files, state(), store_.kind(), name);
+  const int lines = exportCollection(state().files, state(), store_.kind(), name);
+  tell(QStringLiteral("Exported %1 to %2").arg(counted(lines, "line"), fromPath(fileNameOf(name))));
   program().message(kDefaultTitle, "Data Exported...");
 }
 

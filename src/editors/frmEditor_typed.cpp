@@ -63,6 +63,11 @@ void frmEditor::leaveTyped(bool tells) {
                  QStringLiteral(" was left with text that is not written"));
 }
 
+void frmEditor::tell(const QString& text) {
+  Form& form = formOnScreen();
+  if (!form.offersAction()) form.showStatus(text);
+}
+
 void frmEditor::offerBringBack(const QString& told) {
   formOnScreen().showStatus(
       told, {"cmdBringBack", "Bring Back", toolTipOf(Command::bringBack), [this] { BringBack(); }});

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "editors/commands.h"
+#include "editors/frmEditor_commands.h"
 #include "forms/controls.h"
 #include "forms/elided_label.h"
 #include "forms/item_line.h"

@@ -138,6 +138,7 @@ void frmWave::showLoaded(const LoadedFiles& loaded) {
     readAndShow(state().CurRec);
   else if (isMore)
     showFirst();
+  tell(QStringLiteral("%1 added, %2 already there").arg(loaded.added).arg(loaded.alreadyThere));
   show();
   activateWindow();
 }

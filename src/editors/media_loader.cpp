@@ -53,7 +53,10 @@ void addFiles(RecordFile& file, const CollectionKind& kind, const std::string& f
     board.progress(++done, total);
     MediaFileRecord record;
     record.FileName = fromUtf8(name);
-    if (!known.emplace(withoutTrailingBlanks(record.FileName.view())).second) continue;
+    if (!known.emplace(withoutTrailingBlanks(record.FileName.view())).second) {
+      ++loaded.alreadyThere;
+      continue;
+    }
     record.FilePath = fromUtf8(folder);
     record.FileSize = 0;  // never measured
     record.Description = "";
@@ -63,6 +66,7 @@ void addFiles(RecordFile& file, const CollectionKind& kind, const std::string& f
     file.write(recordNumberOf(count), bytesOf(record));
     file.write(kHeaderRecordNumber, bytesOf(header));
     loaded.count = count;
+    ++loaded.added;
   }
 }
 

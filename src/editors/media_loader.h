@@ -33,6 +33,8 @@ std::vector<std::string> filesToLoad(FileSystem& files, const std::string& folde
 /// What loading came to.
 struct LoadedFiles {
   std::int16_t count;  ///< items in the file now
+  int added = 0;
+  int alreadyThere = 0;
   std::optional<RunTimeError> failure =
       {};  ///< that ended it; run-time error 6: the collection is full
 };

@@ -1,5 +1,6 @@
 #include "forms/field_sheet.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
@@ -13,6 +14,7 @@
 #include <cassert>
 #include <utility>
 
+#include "forms/live_hint.h"
 #include "forms/qt_text.h"
 #include "platform/run_time_error.h"
 
@@ -149,6 +151,26 @@ void FieldSheet::clear() {
 void FieldSheet::clearLists() {
   const QScopedValueRollback showing(isShowing_, true);
   for (const auto& input : inputs_) input->clearList();
+}
+
+void FieldSheet::showHints() {
+  hint_ = new LiveHint(*this);
+  for (const auto& each : inputs_) {
+    auto* box = qobject_cast<QLineEdit*>(&each->control());
+    if (box == nullptr) continue;
+    box->setPlaceholderText(each->placeholder());
+    const Input& input = *each;
+    connect(box, &QLineEdit::textChanged, this, [this, &input] { showHint(input); });
+    connect(qApp, &QApplication::focusChanged, box, [this, &input, box](QWidget* before, QWidget*) {
+      if (box->hasFocus() || before == box) showHint(input);
+    });
+  }
+}
+
+void FieldSheet::showHint(const Input& input) {
+  auto& box = static_cast<QLineEdit&>(input.control());
+  if (box.hasFocus() || !box.accessibleDescription().isEmpty())
+    hint_->show(box, box.hasFocus() ? input.hint() : QString());
 }
 
 void FieldSheet::makeCaptionsClickable() {

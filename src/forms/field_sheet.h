@@ -18,6 +18,8 @@ class QLineEdit;
 
 namespace quillbox {
 
+class LiveHint;
+
 /// A heading over a group of inputs.
 struct HeadingRow {
   const char* title;
@@ -84,6 +86,10 @@ class FieldSheet : public QWidget {
   /// Puts the focus on the first input.
   void focusFirst();
 
+  /// From now on the box with the focus says what will become of its text, and an empty one what is
+  /// put into it.
+  void showHints();
+
   /// From now on clicking a caption puts the focus on its input.
   void makeCaptionsClickable();
 
@@ -94,9 +100,11 @@ class FieldSheet : public QWidget {
   void place(const Input& input, QGridLayout& grid);
   template <typename Control>
   Control& control(const char* name) const;
+  void showHint(const Input& input);
   std::function<void()> byUser(std::function<void()> handler);
 
   std::vector<std::unique_ptr<Input>> inputs_;
+  LiveHint* hint_ = nullptr;
   bool isShowing_ = false;
 };
 

@@ -57,6 +57,8 @@ void Form::showStatus(const QString& text, StatusAction action) {
   if (status_ != nullptr) status_->show(text, std::move(action));
 }
 
+bool Form::offersAction() const { return status_ != nullptr && status_->click() != nullptr; }
+
 void Form::clearStatus() {
   if (status_ != nullptr) status_->clear();
 }

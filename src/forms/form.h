@@ -59,6 +59,9 @@ class Form : public QMainWindow {
   void showStatus(const QString& text, StatusAction action);
   void clearStatus();
 
+  /// Whether the status line offers something that can be done.
+  bool offersAction() const;
+
   /// The program ends in the middle of a command: what only the form holds is to be kept.
   virtual void keepTyped() {}
 

@@ -48,6 +48,17 @@ class TextInput : public Input {
 
   Entered entered() const override { return {&field(), toRecordText(box_.text())}; }
 
+  QString hint() const override {
+    const QString text = withoutTrailingBlanks(box_.text()).toString();
+    if (text.isEmpty()) return {};
+    return field().type == FieldType::text ? textHint(text) : numberHint(text);
+  }
+
+  QString placeholder() const override {
+    if (row().whenEmpty == WhenEmpty::today) return QStringLiteral("empty: today");
+    return row().whenEmpty == WhenEmpty::newYear1980 ? QStringLiteral("empty: 1/1/80") : QString();
+  }
+
   QString typed() const override { return withoutTrailingBlanks(box_.text()).toString(); }
   void putBack(const QString& typed) override { box_.showText(typed); }
 
@@ -72,6 +83,35 @@ class TextInput : public Input {
   }
 
  private:
+  /// Most people look up before they are this near the end of a field.
+  static constexpr qsizetype kFewLeft = 5;
+
+  QString textHint(const QString& text) const {
+    const QString stored = fromRecordText(toRecordText(text));
+    for (qsizetype at = 0; at < std::min(text.size(), stored.size()); ++at)
+      if (stored[at] != text[at]) return QStringLiteral("%1 becomes ?").arg(text[at]);
+    const qsizetype left = static_cast<qsizetype>(field().width) - text.size();
+    if (left > kFewLeft) return {};
+    return left == 1 ? QStringLiteral("1 character left")
+                     : QStringLiteral("%1 characters left").arg(left);
+  }
+
+  /// For more than a number, or none: the first thing that a number cannot hold.
+  QString numberHint(const QString& text) const {
+    Record record(field().offset + field().width);
+    try {
+      storeText(toRecordText(text), record);
+    } catch (const RunTimeError& error) {
+      const bool isDate = error.number() == ErrorNumber::typeMismatch;
+      return isDate ? QStringLiteral("not a date") : QStringLiteral("too large");
+    }
+    if (field().type == FieldType::date) return {};
+    const QString stored = fromRecordText(numberText(record)).trimmed();
+    bool isNumber = false;
+    const bool isSame = text.toDouble(&isNumber) == stored.toDouble();
+    return isNumber && isSame ? QString() : QStringLiteral("will be stored as %1").arg(stored);
+  }
+
   QString shownText(std::span<const std::byte> record) const {
     if (field().type != FieldType::text) return fromRecordText(numberText(record));
     const std::string_view text = upToNul(textOf(field(), record));

@@ -94,6 +94,13 @@ class Input {
 
   virtual Entered entered() const = 0;
 
+  /// What Write Data will make of the text that stands in the box, where that is not what stands
+  /// there; or how much room is left near the end of its field.
+  virtual QString hint() const { return {}; }
+
+  /// What is put into an empty box, to be shown in it.
+  virtual QString placeholder() const { return {}; }
+
   /// What the control holds, as a text that `putBack` understands: a tick is "1", a choice its
   /// number.
   virtual QString typed() const = 0;

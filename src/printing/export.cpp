@@ -35,18 +35,22 @@ constexpr ExportRules kRules[] = {
     {.editor = EditorForm::wave, .items = ExportedAs::number},
 };
 
-/// An entry is filled unless it begins with a zero byte; one of blanks is an empty field.
-void writeEntries(TextWriter& file, const ExportRules& rules, std::span<const std::byte> record) {
+/// An entry is filled unless it begins with a zero byte; one of blanks is an empty field. Returns
+/// how many are.
+int writeEntries(TextWriter& file, const ExportRules& rules, std::span<const std::byte> record) {
   std::string start = "\"";
   for (const Field* field : rules.fields)
     start.append(readable(textOf(*field, record))).append("\",\"");
+  int lines = 0;
   for (std::size_t entry = 0; entry < rules.list->count; ++entry) {
     const std::string_view text = textOf(*rules.list, record, entry);
     if (isUnwritten(text)) continue;
     file.write(start);
     file.write(readable(text));
     file.write("\"\r\n");
+    ++lines;
   }
+  return lines;
 }
 
 }  // namespace
@@ -56,8 +60,9 @@ std::optional<std::string> exportName(const CollectionKind& kind) {
   return std::nullopt;
 }
 
-void exportCollection(OpenFiles& files, const OpenCollection& collection,
-                      const CollectionKind& kind, const std::string& path) {
+int exportCollection(OpenFiles& files, const OpenCollection& collection, const CollectionKind& kind,
+                     const std::string& path) {
+  int lines = 0;
   const ExportRules& rules = rowOf<kRules>(kind.editor);
   refuseToReplaceCollection(files, collection, path);
   TextWriter text(files, path, file_number::exportFile);
@@ -68,10 +73,11 @@ void exportCollection(OpenFiles& files, const OpenCollection& collection,
     for (int item = 1; item <= collection.Count; ++item) {
       const auto record = reader.next();
       if (rules.items == ExportedAs::number) throw RunTimeError(ErrorNumber::typeMismatch);
-      if (rules.items == ExportedAs::linePerEntry) writeEntries(text, rules, record);
+      if (rules.items == ExportedAs::linePerEntry) lines += writeEntries(text, rules, record);
     }
   }
   text.close();
+  return lines;
 }
 
 }  // namespace quillbox

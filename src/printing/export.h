@@ -12,7 +12,8 @@ namespace quillbox {
 /// when the user is asked for one.
 std::optional<std::string> exportName(const CollectionKind& kind);
 
-/// Writes the open collection to the text file `path`, replacing it: a line of quoted fields,
+/// Writes the open collection to the text file `path`, replacing it, and returns the number of
+/// lines: a line of quoted fields,
 /// separated by commas, for each filled entry of each item's list, deleted items included. Texts
 /// are record characters; quotes in them are not doubled. Run-time error 55 when `path` is the
 /// collection itself, 63 when the collection is shorter than its `Count` by more than its last
@@ -20,7 +21,7 @@ std::optional<std::string> exportName(const CollectionKind& kind);
 ///
 /// Books leave the file empty. Media files do, too, and end in run-time error 13 at the first item:
 /// the line is taken for a number, which a quoted name never is. See docs/decisions.md.
-void exportCollection(OpenFiles& files, const OpenCollection& collection,
-                      const CollectionKind& kind, const std::string& path);
+int exportCollection(OpenFiles& files, const OpenCollection& collection, const CollectionKind& kind,
+                     const std::string& path);
 
 }  // namespace quillbox

@@ -52,6 +52,9 @@ class PrintEngine {
   /// 55 when the text file is the open collection or the spool file itself.
   void PrintOut(std::int16_t mode, std::int16_t pages, const std::string& header);
 
+  /// The text file that a listing was written to, or was last going to be.
+  const std::string& fileName() const { return fileName_; }
+
   /// Shows the platform's printer set-up, under the name of an editor's control.
   void PrinterSetup(const std::string& dialogName = {});
 

@@ -3,7 +3,7 @@
 #include <QShortcut>
 #include <set>
 
-#include "editors/commands.h"
+#include "editors/frmEditor_commands.h"
 #include "support/form_fixture.h"
 
 namespace quillbox::test {

@@ -294,6 +294,14 @@ TEST_P(EachTyped, WhatDiffersIsTinted) {
 INSTANTIATE_TEST_SUITE_P(Editors, EachTyped, testing::ValuesIn(kModelEditors),
                          [](const auto& each) { return std::string(each.param.name); });
 
+TEST_P(EachTyped, AListingAndAnExportSayWhatBecameOfThem) {
+  open({item("One"), item("Two")});
+  desktop_.expectPrint(PrintChoice{.toFile = true});
+  desktop_.expectSave("Print to FileName", path("list.txt"));
+  choose("PrintList");
+  EXPECT_EQ(status(), "Listed 2 items to list.txt");
+}
+
 class MusicTyped : public Typed {
  protected:
   MusicTyped() : Typed(kMusic) {}
@@ -320,6 +328,42 @@ TEST_F(MusicTyped, ChecksAndListsComeBack) {
   EXPECT_TRUE(check("chkCurrLoaned").isChecked());
   EXPECT_TRUE(box("txtBorrower").isEnabled());
   EXPECT_EQ(list("cmbGenre").currentIndex(), 5);
+}
+
+TEST_F(MusicTyped, AnExportSaysItsLines) {
+  open({item("One"), item("Two")});
+  desktop_.expectSave("File Save As", path("jazz.csv"));
+  desktop_.expectMessage("Quillbox", "Data Exported...");
+  choose("ExportData");
+  const std::string text = readFile(path("jazz.csv"));
+  EXPECT_EQ(status(),
+            "Exported " + std::to_string(std::ranges::count(text, '\n')) + " lines to jazz.csv");
+}
+
+TEST_F(MusicTyped, AHintSaysWhatWillBecomeOfAText) {
+  open({item("One")});
+  const auto hint = [&](const char* name, const char* text) {
+    type(name, text);
+    const auto* shown = form().findChild<QLabel*>(QStringLiteral("lblHint"));
+    EXPECT_EQ(box(name).accessibleDescription(), shown->isVisible() ? shown->text() : QString());
+    return box(name).accessibleDescription().toStdString();
+  };
+  EXPECT_EQ(hint("txtAquireCost", "12"), "");
+  EXPECT_EQ(hint("txtAquireCost", "12.50"), "");
+  EXPECT_EQ(hint("txtAquireCost", "12 crowns"), "will be stored as 12");
+  EXPECT_EQ(hint("txtAquireCost", "much"), "will be stored as 0");
+  EXPECT_EQ(hint("txtAquireCost", "99999999999999999999"), "too large");
+  EXPECT_EQ(hint("txtNotes", "D\u00f6rte"), "");
+  EXPECT_EQ(hint("txtNotes", "\u010cech"), "\u010c becomes ?");
+  EXPECT_EQ(hint("txtNotes", std::string(44, 'x').c_str()), "");
+  EXPECT_EQ(hint("txtNotes", std::string(45, 'x').c_str()), "5 characters left");
+  EXPECT_EQ(hint("txtNotes", std::string(49, 'x').c_str()), "1 character left");
+  EXPECT_EQ(hint("txtNotes", std::string(50, 'x').c_str()), "0 characters left");
+  box("txtAlbum").setFocus();
+  EXPECT_EQ(box("txtNotes").accessibleDescription(), "");
+  EXPECT_EQ(box("txtAquireDate").placeholderText(), "empty: today");
+  choose("SearchRecords");
+  EXPECT_EQ(box("txtAquireDate").placeholderText(), "");
 }
 
 /// The program that is killed below, in a process of its own.
@@ -369,6 +413,15 @@ TEST_F(VideoTyped, AStepOnTheListPageTellsThere) {
   press("cmdBringBack");
   EXPECT_EQ(formName(), "frmVideoTitles");
   EXPECT_EQ(shown("txtMovieTitle_2"), "Another");
+}
+
+TEST_F(VideoTyped, AHintTellsADateFromOtherTexts) {
+  open({item("One")});
+  type("txtAquireDate", "someday");
+  EXPECT_EQ(box("txtAquireDate").accessibleDescription(), "not a date");
+  type("txtAquireDate", "3/14/1998");
+  EXPECT_EQ(box("txtAquireDate").accessibleDescription(), "");
+  EXPECT_EQ(box("txtAquireDate").placeholderText(), "empty: 1/1/80");
 }
 
 TEST_F(VideoTyped, TheFocusGoesToTheDateThatCannotBeRead) {

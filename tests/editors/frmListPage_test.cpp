@@ -197,7 +197,7 @@ TEST_P(ListPage, WhatWasPastedIsForgottenWithItsItem) {
   second.setFocus();
   QTest::keyClick(&second, Qt::Key_V, Qt::ControlModifier);
   pageNext();
-  EXPECT_EQ(label("lblStatus"), "");
+  EXPECT_EQ(label("lblStatus"), "Item 1 was left with text that is not written");
   QTest::keyClick(&second, Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(entry(1), "");
 }

@@ -10,6 +10,7 @@
 #include <map>
 
 #include "forms/all_forms.h"
+#include "forms/live_hint.h"
 
 namespace quillbox::test {
 namespace {
@@ -163,8 +164,12 @@ void expectBarsWhole(const QWidget& window) {
 }
 
 void expectAllWhole(const QWidget& window, Size size) {
-  const auto controls = controlsOf(window);
+  auto controls = controlsOf(window);
   EXPECT_FALSE(controls.empty());
+  // The hint of the box with the focus lies over its neighbours for a moment, by design.
+  std::erase_if(controls, [](const QWidget* control) {
+    return dynamic_cast<const LiveHint*>(control) != nullptr;
+  });
   for (const QWidget* control : controls) {
     expectWhole(control);
     expectInside(window, control, size);

@@ -1,4 +1,4 @@
-#include "editors/commands.h"
+#include "editors/frmEditor_commands.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QLabel>
+
+class QLineEdit;
+
+namespace quillbox {
+
+/// What will become of the text in a box, shown below the box while it has the focus and something
+/// is to be said. It lies over the form, so that nothing moves, and lets the mouse through.
+class LiveHint : public QLabel {
+ public:
+  explicit LiveHint(QWidget& sheet);
+
+  /// Nothing is shown for an empty text.
+  void show(QLineEdit& box, const QString& text);
+};
+
+}  // namespace quillbox
