@@ -16,6 +16,9 @@
 namespace quillbox {
 namespace {
 
+/// Posted when a drop was taken.
+constexpr auto kAfterDrop = QEvent::User;
+
 bool holdsOnlyFiles(const QMimeData& dragged) {
   const QList<QUrl> urls = dragged.urls();
   return !urls.isEmpty() && std::ranges::all_of(urls, &QUrl::isLocalFile);
@@ -32,6 +35,12 @@ Qt::DropAction actionOf(const QDropEvent& drop) {
 
 FileDrops::FileDrops(Program& program) : program_(program) {
   QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool FileDrops::event(QEvent* event) {
+  if (event->type() != kAfterDrop) return QObject::event(event);
+  program_.run(std::exchange(dropped_, nullptr));
+  return true;
 }
 
 bool FileDrops::eventFilter(QObject* watched, QEvent* event) {
@@ -56,10 +65,9 @@ void FileDrops::take(Form& form, QDropEvent& drop, bool isDropped) {
   drop.setDropAction(action);
   drop.accept();
   // Once the drop is over: whoever it was dragged from must not wait for our message boxes.
-  if (isDropped)
-    QMetaObject::invokeMethod(
-        &form, [this, handler = std::move(handler)] { program_.run(handler); },
-        Qt::QueuedConnection);
+  if (!isDropped) return;
+  dropped_ = std::move(handler);
+  QCoreApplication::postEvent(this, new QEvent(kAfterDrop));
 }
 
 }  // namespace quillbox

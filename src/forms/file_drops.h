@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QObject>
-#include <string>
+#include <functional>
 
 class QDropEvent;
 class QEvent;
@@ -18,12 +18,14 @@ class FileDrops : public QObject {
  public:
   explicit FileDrops(Program& program);
 
+  bool event(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void take(Form& form, QDropEvent& drop, bool isDropped);
 
   Program& program_;
+  std::function<void()> dropped_;  // what the last drop does, once it is over
 };
 
 }  // namespace quillbox

@@ -9,6 +9,7 @@
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "forms/about.h"
@@ -51,6 +52,9 @@ constexpr int kNarrowestPage = 40;
 constexpr int kWidestPage = 96;
 
 constexpr int kMostOfTheRoom = 1000;  // as a stretch
+
+/// In the column, below the brand.
+constexpr int kNoticesPlace = 3;
 
 }  // namespace
 
@@ -106,7 +110,6 @@ void frmBegin2::makePage() {
   column_->addStretch(1);
   column_->addWidget(makeBrand());
   column_->addSpacing(column_->spacing());
-  column_->addWidget(makeRecents());
   column_->addStretch(2);
   setCentralWidget(page_);
   resize(fontMetrics().averageCharWidth() * 84, fontMetrics().height() * 20);
@@ -183,7 +186,7 @@ void frmBegin2::refresh() {
   const bool saysOther = showNotices(shown);
   const bool listsOther = showRecents();
   if (isFitted_ && !saysOther && !listsOther) return;
-  layOutBrand(shown.empty() && recents_->isHidden());
+  layOutBrand(shown.empty() && (recents_ == nullptr || recents_->isHidden()));
   fitWindow();
 }
 
@@ -196,7 +199,7 @@ bool frmBegin2::showNotices(const std::vector<Notice>& shown) {
       refresh();
     });
     QWidget* before = noticeLines_.empty() ? lastTool_ : &noticeLines_.back()->button();
-    column_->insertWidget(column_->indexOf(recents_), line);
+    column_->insertWidget(kNoticesPlace + static_cast<int>(noticeLines_.size()), line);
     setTabOrder(before, &line->button());
     noticeLines_.push_back(line);
   }
@@ -206,8 +209,8 @@ bool frmBegin2::showNotices(const std::vector<Notice>& shown) {
     else
       noticeLines_.at(i)->hide();
   }
-  std::vector<std::string> texts;
-  for (const Notice& notice : shown) texts.push_back(notice.text);
+  std::vector<std::string> texts(shown.size());
+  std::ranges::transform(shown, texts.begin(), &Notice::text);
   return std::exchange(said_, texts) != texts;
 }
 
@@ -220,6 +223,8 @@ bool frmBegin2::showRecents() {
     ignoringErrors([&] { isThere = program().shell().opens(recent.path); });
     rows.push_back({std::move(recent), isThere});
   }
+  if (recents_ == nullptr && rows.empty()) return false;
+  if (recents_ == nullptr) column_->insertWidget(column_->count() - 1, makeRecents());
   const bool isFirst = recents_->isHidden() && !rows.empty();
   const bool isOther = list_->show(rows);
   recents_->setVisible(!rows.empty());
@@ -234,7 +239,8 @@ void frmBegin2::fitWindow() {
   const auto height = [&](bool withBrand) {
     brand_->setVisible(withBrand);
     // From the inside out: nothing is to be told by what was on the page before.
-    for (QWidget* part : {brand_, recents_, middle_}) part->updateGeometry();
+    for (QWidget* part : {brand_, recents_, middle_})
+      if (part != nullptr) part->updateGeometry();
     QLayout* layout = page_->layout();
     return layout->hasHeightForWidth() ? layout->minimumHeightForWidth(narrowest)
                                        : layout->minimumSize().height();

@@ -64,7 +64,7 @@ class frmBegin2 : public Form {
   QVBoxLayout* column_ = nullptr;
   std::vector<NoticeLine*> noticeLines_;  // made when there is something to say
   std::vector<std::string> said_;         // on them
-  QWidget* recents_ = nullptr;            // the list with its caption and button
+  QWidget* recents_ = nullptr;  // the list with its caption and button; made when it is needed
   RecentList* list_ = nullptr;
   QPushButton* takeOff_ = nullptr;
   QWidget* lastTool_ = nullptr;  // what the Tab key leads on from to the notices
