@@ -124,7 +124,7 @@ void makeSample(const std::string& sourcePath, const std::string& collectionPath
   CollectionStore store(state.files, state, *kind);
   store.WriteHeader(0, kind->rules.fileType, OpenMode::create);
   std::optional<std::int16_t> slot;
-  for (const Item& item : items) state.Count = store.writeNewItem(slot, item);
+  for (const Item& item : items) state.Count = store.writeNewItem(slot, item).count;
   if (isFolder) loadFolder(state, *kind, sourcePath);
 }
 

@@ -39,6 +39,7 @@ void Form::layOut(QWidget* page, WrappingRow* buttons) {
   auto* holder = new QWidget;
   auto* column = new QVBoxLayout(holder);
   column->addWidget(new ScrollingPage(page), 1);
+  column->addSpacing(column->spacing());
   column->addLayout(buttons);
   status_ = new StatusLine([this](QPushButton& button) {
     // Read when it is pressed: a command begins with an empty status line.

@@ -297,7 +297,7 @@ INSTANTIATE_TEST_SUITE_P(Editors, EachTyped, testing::ValuesIn(kModelEditors),
 TEST_P(EachTyped, AListingAndAnExportSayWhatBecameOfThem) {
   open({item("One"), item("Two")});
   desktop_.expectPrint(PrintChoice{.toFile = true});
-  desktop_.expectSave("Print to FileName", path("list.txt"));
+  desktop_.expectSave("Print to FileName", "Text File (*.txt)|*.txt", "mine.txt", path("list.txt"));
   choose("PrintList");
   EXPECT_EQ(status(), "Listed 2 items to list.txt");
 }
