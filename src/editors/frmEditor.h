@@ -55,6 +55,7 @@ class frmEditor : public Form {
   void open(OpenCollection opening);
 
   void keepTyped() override;
+  void setVisible(bool visible) override;
 
   /// Leaves the form and the collection, for another one to be opened.
   void leave() { Undraw(); }
@@ -234,7 +235,8 @@ class frmEditor : public Form {
   QLabel* lblNotWritten_ = nullptr;
   std::optional<Record> stored_;  // the item at the position as it is in the file; none: a new item
   bool isMarked_ = false;         // the form differs from that
-  KeptText shown_;                // what the program itself has put on the form
+  bool isLeft_ = false;  // what is on the form is of a collection that is not open any more
+  KeptText shown_;       // what the program itself has put on the form
   std::optional<KeptTexts> kept_;  // of the open collection
   QTimer keepSoon_;
   std::map<Command, QPushButton*> buttons_;

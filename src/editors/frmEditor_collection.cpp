@@ -51,9 +51,16 @@ void frmEditor::takeOver(const OpenCollection& opened) {
   slot_.reset();
 }
 
+/// A form that comes back, as after an Open that failed, is in use again.
+void frmEditor::setVisible(bool visible) {
+  if (visible) isLeft_ = false;
+  Form::setVisible(visible);
+}
+
 /// Leaves the form and the collection.
 void frmEditor::Undraw() {
   leaveTyped(false);
+  isLeft_ = true;
   if (RecentCollections* recents = program().recents())
     recents->left(state().currentPath, state().Count);
   hide();

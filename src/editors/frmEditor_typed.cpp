@@ -41,7 +41,7 @@ void frmEditor::noteShown() {
 }
 
 /// An item that the list page shows differs from the one at the position, but nobody typed it.
-bool frmEditor::holdsTyped() { return isMarked_ && !typedText().isSameText(shown_); }
+bool frmEditor::holdsTyped() { return !isLeft_ && isMarked_ && !typedText().isSameText(shown_); }
 
 void frmEditor::keepTyped() {
   keepSoon_.stop();
@@ -69,8 +69,8 @@ void frmEditor::tell(const QString& text) {
 }
 
 void frmEditor::offerBringBack(const QString& told) {
-  formOnScreen().showStatus(
-      told, {"cmdBringBack", "Bring Back", toolTipOf(Command::bringBack), [this] { BringBack(); }});
+  formOnScreen().showStatus(told, {"cmdBringBack", "Bring Back", toolTipOf(Command::bringBack),
+                                   [this] { choose(Command::bringBack); }});
 }
 
 /// What an earlier program could not tell any more.
@@ -143,6 +143,7 @@ void frmEditor::offerUndo(const QString& told, Undo undo) {
 void frmEditor::takeBack(const Undo& undo) {
   if (store_.ReadRecord(undo.item) != undo.after)
     return showStatus(QStringLiteral("Item %1 has changed since and stays").arg(undo.item));
+  slot_.reset();
   store_.WriteRecord(undo.item, undo.before, state().Count);
   showItem(undo.item, undo.before);
   tell(QStringLiteral("Item %1 is as it was").arg(undo.item));

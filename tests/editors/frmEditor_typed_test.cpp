@@ -307,6 +307,43 @@ class MusicTyped : public Typed {
   MusicTyped() : Typed(kMusic) {}
 };
 
+TEST_F(MusicTyped, TextIsKeptOnceWhateverIsOpenedInBetween) {
+  open({item("One"), item("Two")});
+  writeFile(path("other.MCS"), collection({item("Other")}));
+  press("cmdNext");
+  typeOther("Typed");
+  const auto openFile = [&](const std::string& name) {
+    desktop_.tolerateOpen = path(name);
+    choose("OpenFile");
+    desktop_.tolerateOpen.reset();
+  };
+  openFile("other.MCS");
+  EXPECT_EQ(status(), "");
+  openFile(name());
+  EXPECT_EQ(status(), "Text typed for item 2 was not written");
+  press("cmdBringBack");
+  EXPECT_EQ(first(), "Two");
+  press("cmdWriteData");
+  QTest::keyClick(&form(), Qt::Key_B, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(status(), "There is no text to bring back");
+}
+
+TEST_F(MusicTyped, TextOfAFormThatComesBackAfterAFailedOpenIsKept) {
+  open({item("One"), item("Two")});
+  writeFile(path("other.MCS"), collection({item("Other")}));
+  typeOther("Typed");
+  files_.failNth(0, ErrorNumber::permissionDenied);
+  desktop_.tolerateMessages = true;
+  desktop_.tolerateOpen = path("other.MCS");
+  choose("OpenFile");
+  ASSERT_EQ(formName(), "frmMusic");
+  EXPECT_EQ(other(), "Typed");
+  typeOther("Typed again");
+  press("cmdNext");
+  press("cmdBringBack");
+  EXPECT_EQ(other(), "Typed again");
+}
+
 TEST_F(MusicTyped, SongsComeBack) {
   open({item("One"), item("Two")});
   choose("EditSongs");
