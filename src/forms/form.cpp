@@ -10,6 +10,7 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <QWindow>
 #include <algorithm>
 #include <utility>
 
@@ -68,11 +69,13 @@ void Form::setVisible(bool visible) {
   if (visible == isVisible()) return;  // the focus stays where it is
   if (visible) {
     restorePlace();
+    if (hasFrame_ && !isMaximized()) insistOnPlace();
   } else {
     focusWhenHidden_ = focusWidget();
     if (WindowPlaces* places = program_.windowPlaces()) places->remember(*this);
   }
   QMainWindow::setVisible(visible);
+  hasFrame_ = true;
   if (visible && focusWhenHidden_) focusWhenHidden_->setFocus();
 }
 
@@ -114,8 +117,23 @@ QSize Form::usualSize() const {
   return size.boundedTo(room);
 }
 
-/// By what is inside the frames: how wide a frame is nobody knows before the window is shown.
-void Form::placeAt(const Form& other) { setGeometry(QRect(other.geometry().topLeft(), size())); }
+/// A window manager may have moved a hidden window, and nothing tells it where the window belongs
+/// unless that is news.
+void Form::insistOnPlace() {
+  QWindow& window = *windowHandle();
+  const QRect place = window.geometry();
+  window.setGeometry(place.translated(1, 0));
+  window.setGeometry(place);
+}
+
+/// How wide its frame is nobody knows before a window is shown. Until then it is placed by what is
+/// inside the frames.
+void Form::placeAt(const Form& other) {
+  if (hasFrame_)
+    move(other.pos());
+  else
+    setGeometry(QRect(other.geometry().topLeft(), size()));
+}
 
 std::function<void()> Form::dropHandler(const std::string& path) {
   if (!program_.shell().opens(path)) return {};

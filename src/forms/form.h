@@ -105,12 +105,14 @@ class Form : public QMainWindow {
   void restorePlace();
   QSize smallestPage() const;
   QSize usualSize() const;
+  void insistOnPlace();
   void placeAt(const Form& other);
 
   Program& program_;
   StatusLine* status_ = nullptr;
   const char* helpPage_ = "index.md";
   bool placeIsRestored_ = false;
+  bool hasFrame_ = false;  // it was shown
   bool isDialog_ = false;
   QAbstractButton* onEnter_ = nullptr;
   QPointer<QWidget> focusWhenHidden_;  // hiding a window moves its focus on

@@ -371,9 +371,12 @@ void DiskFileSystem::setCurrentFolder(const std::string& folder) {
 std::string DiskFileSystem::resolvedFolder(const std::string& folder) {
   const auto name = systemName(folder);
   if (!name || !isFolder(*name)) throw RunTimeError(ErrorNumber::pathNotFound, folder);
-  const auto full = textOfSystem([&](DWORD size, wchar_t* into) {
+  auto full = textOfSystem([&](DWORD size, wchar_t* into) {
     return ::GetFullPathNameW(name->c_str(), size, into, nullptr);
   });
+  // A separator at the end stays there; it belongs to the root of a drive alone.
+  constexpr std::size_t root = 3;
+  if (full && full->size() > root && full->back() == '\\') full->pop_back();
   return full ? *full : folder;
 }
 

@@ -85,8 +85,21 @@ std::string namesOf(const std::vector<QWidget*>& controls) {
   return names;
 }
 
+/// What scrolls is read before the buttons below it, wherever it has been scrolled to.
+std::vector<QWidget*> inOrder(const QWidget& window) {
+  auto stops = stopsOf(window);
+  const auto* page = window.findChild<QScrollArea*>();
+  if (page == nullptr) return inReadingOrder(window, stops);
+  const auto below = std::partition(stops.begin(), stops.end(), [page](const QWidget* control) {
+    return page->isAncestorOf(control);
+  });
+  auto ordered = inReadingOrder(window, {stops.begin(), below});
+  std::ranges::copy(inReadingOrder(window, {below, stops.end()}), std::back_inserter(ordered));
+  return ordered;
+}
+
 void expectTabsInReadingOrder(QWidget& window) {
-  const auto expected = inReadingOrder(window, stopsOf(window));
+  const auto expected = inOrder(window);
   if (expected.empty()) return;  // only to be looked at
   std::vector<QWidget*> reached;
   expected.front()->setFocus(Qt::TabFocusReason);
