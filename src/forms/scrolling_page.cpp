@@ -1,6 +1,7 @@
 #include "forms/scrolling_page.h"
 
 #include <QApplication>
+#include <QHBoxLayout>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
@@ -10,13 +11,20 @@ namespace {
 constexpr int kFewestLines = 4;
 constexpr int kFewestColumns = 30;
 
+/// Average characters, beyond which a box is no easier to read.
+constexpr int kWidest = 160;
+
 }  // namespace
 
 ScrollingPage::ScrollingPage(QWidget* page) {
   auto* holder = new QWidget;
   auto* column = new QVBoxLayout(holder);
   column->setContentsMargins(0, 0, 0, 0);
-  column->addWidget(page);
+  auto* row = new QHBoxLayout;
+  row->addWidget(page, 1);
+  row->addStretch(0);  // beside it what a wide window has left
+  page->setMaximumWidth(kWidest * fontMetrics().averageCharWidth());
+  column->addLayout(row);
   column->addStretch(1);  // the page stays at the top of a window that is higher
   setWidget(holder);
   setWidgetResizable(true);
@@ -41,12 +49,15 @@ void ScrollingPage::resizeEvent(QResizeEvent* event) {
   keepInView(window()->focusWidget());
 }
 
-/// All of it; where it is larger than the view, from its beginning.
+/// All of it; where it is larger than the view, from its beginning. What begins near the left stays
+/// beside its caption.
 void ScrollingPage::keepInView(const QWidget* focus) {
   if (focus == nullptr || !widget()->isAncestorOf(focus)) return;
   const QRect place(focus->mapTo(widget(), QPoint()), focus->size());
+  const int reach = viewport()->width();
+  const bool beginsNearTheLeft = place.right() < reach || place.left() < reach / 2;
   for (const QPoint corner : {place.bottomRight() + QPoint(1, 1), place.topLeft()})
-    ensureVisible(corner.x(), corner.y(), 0, 0);
+    ensureVisible(beginsNearTheLeft ? 0 : corner.x(), corner.y(), 0, 0);
 }
 
 }  // namespace quillbox

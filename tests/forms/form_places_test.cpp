@@ -81,6 +81,16 @@ TEST_P(FormPlaces, ButtonsWrapAndThePageScrollsInASmallWindow) {
   EXPECT_TRUE(page->viewport()->rect().contains(corner));
 }
 
+TEST_P(FormPlaces, BoxesStayReadableInAWideWindow) {
+  open({item("One")});
+  form().resize(3000, 1000);
+  QApplication::processEvents();
+  const int character = form().fontMetrics().averageCharWidth();
+  for (const auto* made : form().findChildren<QLineEdit*>())
+    EXPECT_LE(made->width(), 160 * character) << made->objectName().toStdString();
+  EXPECT_GE(placeOf(kind().otherBox()).width(), 30 * character);
+}
+
 TEST_P(FormPlaces, AnErrorLeavesTheFocusWhereItWas) {
   open({item("One"), item("Two")});
   openSideForm(kind().sort);  // the editor is hidden once, with the focus on its first box
