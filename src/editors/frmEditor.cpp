@@ -180,37 +180,6 @@ void frmEditor::resetForm() {
   noteNothingStored();
 }
 
-void frmEditor::noteStored(std::span<const std::byte> record) {
-  stored_.emplace(record.begin(), record.end());
-  noteShown();
-}
-
-void frmEditor::noteNothingStored() {
-  stored_.reset();
-  noteShown();
-}
-
-void frmEditor::updateNotWritten() {
-  updateMark();
-  if (kept_ && (isMarked_ || kept_->isOnForm())) keepSoon_.start();
-}
-
-/// The mark and the tints are mixed from the user's colours.
-void frmEditor::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::PaletteChange && lblNotWritten_ != nullptr) updateMark();
-  Form::changeEvent(event);
-}
-
-void frmEditor::updateMark() {
-  const Record* stored = stored_ ? &*stored_ : nullptr;
-  const bool sheetDiffers = sheet_->tintDifferences(stored);
-  isMarked_ = sheetDiffers || subListDiffers(stored);
-  lblNotWritten_->setVisible(isMarked_);
-  QPalette colors;
-  colors.setColor(QPalette::WindowText, unwrittenColor(palette()));
-  lblNotWritten_->setPalette(colors);
-}
-
 void frmEditor::setRecordLabel(const std::string& text) { lblIndex_->setText(fromUtf8Text(text)); }
 
 std::string frmEditor::recordLabelText() const { return toUtf8Text(lblIndex_->text()); }

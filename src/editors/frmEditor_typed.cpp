@@ -2,9 +2,12 @@
 // back when the user asks for it. What was written or deleted can be taken back, too.
 
 #include <QByteArray>
+#include <QEvent>
+#include <QLabel>
 #include <utility>
 
 #include "editors/frmEditor.h"
+#include "forms/controls.h"
 #include "forms/status_line.h"
 
 namespace quillbox {
@@ -25,6 +28,39 @@ QString sentence(QString text) {
 }
 
 }  // namespace
+
+void frmEditor::noteStored(std::span<const std::byte> record) {
+  stored_.emplace(record.begin(), record.end());
+  noteShown();
+}
+
+void frmEditor::noteNothingStored() {
+  stored_.reset();
+  noteShown();
+}
+
+void frmEditor::updateNotWritten() {
+  updateMark();
+  if (kept_ && (isMarked_ || kept_->isOnForm())) keepSoon_.start();
+}
+
+/// The mark and the tints are mixed from the user's colours.
+void frmEditor::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange && lblNotWritten_ != nullptr) updateMark();
+  Form::changeEvent(event);
+}
+
+void frmEditor::updateMark() {
+  const Record* stored = stored_ ? &*stored_ : nullptr;
+  const bool sheetDiffers = sheet_->tintDifferences(stored);
+  isMarked_ = sheetDiffers || subListDiffers(stored);
+  lblNotWritten_->setVisible(isMarked_);
+  const QColor color = unwrittenColor(palette());
+  if (lblNotWritten_->palette().color(QPalette::WindowText) == color) return;
+  QPalette colors;
+  colors.setColor(QPalette::WindowText, color);
+  lblNotWritten_->setPalette(colors);
+}
 
 KeptText frmEditor::typedText() {
   KeptText text;
