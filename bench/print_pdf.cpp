@@ -42,7 +42,9 @@ class KeptPages : public Printer {
 class PrintingDesktop : public QtDesktop {
  public:
   explicit PrintingDesktop(Printer& printer) : printer_(printer) {}
-  std::optional<PrintChoice> printDialog(const std::string&) override { return PrintChoice{}; }
+  std::optional<PrintChoice> printDialog(const std::string&, const std::string&) override {
+    return PrintChoice{};
+  }
   std::optional<std::string> inputBox(const std::string&, const std::string&,
                                       const std::string& preset) override {
     return preset;
