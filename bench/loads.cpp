@@ -44,8 +44,9 @@ void load(const std::string& catalogue, const std::string& folder) {
   state.currentPath = catalogue;
   NoBoard board;
   const auto names = filesToLoad(files, folder, loaderPatterns(loaderRow(1).filter));
-  loadFiles(state.files, state, *kindOfExtension("WCS"), folder, names, board);
-  if (state.Count != kItemsBefore + kFilesToLoad) throw std::runtime_error("not all were loaded");
+  const LoadedFiles loaded =
+      loadFiles(state.files, state, *kindOfExtension("WCS"), folder, names, board);
+  if (loaded.count != kItemsBefore + kFilesToLoad) throw std::runtime_error("not all were loaded");
 }
 
 void listAndAppend(const std::string& catalogue, const std::string& folder) {
