@@ -52,8 +52,8 @@ std::string createStatement() {
   return text;
 }
 
-void bind(sqlite3_stmt* statement, int at, const Field& field, std::size_t entry,
-          std::span<const std::byte> record) {
+void bindField(sqlite3_stmt* statement, int at, const Field& field, std::size_t entry,
+               std::span<const std::byte> record) {
   if (field.type == FieldType::text) {
     const auto text = withoutTrailingBlanks(textOf(field, record, entry));
     sqlite3_bind_text(statement, at, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
@@ -90,7 +90,7 @@ void Database::make(const std::string& path, const std::string& collection) {
     store.ReadRecord(item, bytesOf(state.music));
     int at = 1;
     forEachColumn([&](const Field& field, std::size_t entry) {
-      bind(insert.get(), at++, field, entry, bytesOf(state.music));
+      bindField(insert.get(), at++, field, entry, bytesOf(state.music));
     });
     check(sqlite3_step(insert.get()), database.connection_.get());
     sqlite3_reset(insert.get());
