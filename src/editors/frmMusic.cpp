@@ -282,6 +282,7 @@ void frmMusic::makePaste() {
     boxes.insert(boxes.end(), page->songBoxes().begin(), page->songBoxes().end());
   paste_ = std::make_unique<ListPaste>(boxes, [this](TextBox& into, const QString& text) {
     for (const auto& page : pages_) page->say(page->isAncestorOf(&into) ? text : QString());
+    updateNotWritten();
   });
   for (std::size_t page = 0; page < pages_.size(); ++page)
     paste_->alsoIn(pages_.at(page)->addBox(), page * frmSongEdit::kSongsPerPage);

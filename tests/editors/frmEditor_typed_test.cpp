@@ -1,5 +1,7 @@
 // Nothing that was typed is lost, and what was written or deleted can be taken back.
 
+#include <QApplication>
+#include <QClipboard>
 #include <QProcess>
 #include <filesystem>
 
@@ -353,6 +355,21 @@ TEST_F(MusicTyped, SongsComeBack) {
   press("cmdBringBack");
   choose("EditSongs");
   EXPECT_EQ(shown("txtSongTitle_3"), "Another");
+}
+
+TEST_F(MusicTyped, APastedTrackListIsKeptWhileItStandsOnThePage) {
+  open({item("One")});
+  choose("EditSongs");
+  press("cmdClearList");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return keptFiles() == 0; }));
+  QApplication::clipboard()->setText(QStringLiteral("First\nSecond"));
+  box("txtSongTitle_0").setFocus();
+  QTest::keyClick(&box("txtSongTitle_0"), Qt::Key_V, Qt::ControlModifier);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return keptFiles() == 1; }));
+  start({collectionPath()});  // as after a kill
+  press("cmdBringBack");
+  choose("EditSongs");
+  EXPECT_EQ(shown("txtSongTitle_1"), "Second");
 }
 
 TEST_F(MusicTyped, ChecksAndListsComeBack) {
