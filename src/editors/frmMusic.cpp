@@ -268,11 +268,24 @@ void frmMusic::makeSongPages() {
     const auto showOther = [this, page] { pages_.at(1 - page)->showInsteadOf(*pages_.at(page)); };
     pages_.at(page) = std::make_unique<frmSongEdit>(
         program(), static_cast<int>(page) + 1,
-        frmSongEdit::Owner{showOther, [this] { ClearSongList(); },
+        frmSongEdit::Owner{showOther, [this] { clearSongs(); },
                            [this](frmSongEdit& left) { exitSongs(left); },
                            [this] { updateNotWritten(); }});
   }
   makePaste();
+}
+
+/// What was typed among the songs can be brought back.
+void frmMusic::clearSongs() {
+  leaveTyped();
+  ClearSongList();
+  updateNotWritten();
+}
+
+Form& frmMusic::formOnScreen() {
+  for (const auto& page : pages_)
+    if (page && page->isVisible()) return *page;
+  return *this;
 }
 
 /// What does not fit on the first page goes on on the second.

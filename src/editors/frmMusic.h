@@ -27,6 +27,7 @@ class frmMusic : public frmEditor {
   bool subListDiffers(const Record* record) const override;
   QStringList subList() const override;
   void putBackSubList(const QStringList& entries) override;
+  Form& formOnScreen() override;
   void clearSubList() override { ClearSongList(); }
   void setRecordLabel(const std::string& text) override;
 
@@ -59,6 +60,7 @@ class frmMusic : public frmEditor {
   /// The song pages, made when they are first shown; until then `songs_` stands for their boxes.
   using SongPages = std::array<std::unique_ptr<frmSongEdit>, kSongs / frmSongEdit::kSongsPerPage>;
   void makeSongPages();
+  void clearSongs();
   void fillSongPages();
   void makePaste();
   void nameItemOnPages();
