@@ -139,9 +139,9 @@ std::string columnText(const Column& column, std::span<const std::byte> record,
     case FieldType::date:
       return dateText(realOf(field, record), texts.dateForm);
     case FieldType::size:
-      return realText(realOf(field, record));
+      break;
   }
-  return {};
+  return realText(realOf(field, record));
 }
 
 }  // namespace quillbox

@@ -57,13 +57,12 @@ ItemOrder::Key ItemOrder::keyOf(std::span<const std::byte> record) const {
     case FieldType::money:
       return {Rank::value, moneyOf(field, record), {}};
     case FieldType::date:
-    case FieldType::size: {
-      const double number = realOf(field, record);
-      const bool isNone = std::isnan(number) || columnText(column_, record, texts_).empty();
-      return isNone ? Key{} : Key{Rank::value, ordered(number), {}};
-    }
+    case FieldType::size:
+      break;
   }
-  return {};
+  const double number = realOf(field, record);
+  const bool isNone = std::isnan(number) || columnText(column_, record, texts_).empty();
+  return isNone ? Key{} : Key{Rank::value, ordered(number), {}};
 }
 
 std::vector<int> ItemOrder::order(Direction direction) const {
