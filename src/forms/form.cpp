@@ -157,8 +157,9 @@ void Form::growForSide() {
   const QSize wanted = side_->sizeHint();
   const QSize frame = frameGeometry().size() - geometry().size();
   QSize after = before;
-  if (before.width() + wanted.width() + frame.width() <= room.width())
-    after.rwidth() += wanted.width();
+  const int widest = room.width() - frame.width();
+  if (before.width() + side_->minimumSizeHint().width() <= widest)
+    after.setWidth(std::min(before.width() + wanted.width(), widest));
   else
     after.setHeight(std::max(before.height(), std::min(before.height() + wanted.height(),
                                                        room.height() - frame.height())));

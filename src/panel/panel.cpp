@@ -14,6 +14,9 @@ constexpr int kPiece = 10;
 /// A command that runs is looked after this often until it is over.
 constexpr int kWait = 50;
 
+/// Average characters.
+constexpr int kUsualWidth = 80;
+
 }  // namespace
 
 Panel::Panel(Program& program, PanelSource source) : program_(program), source_(std::move(source)) {
@@ -77,6 +80,10 @@ void Panel::focusFind() {
 }
 
 void Panel::showNext() { list_->showNext(); }
+
+QSize Panel::sizeHint() const {
+  return {kUsualWidth * fontMetrics().averageCharWidth(), QTabWidget::sizeHint().height()};
+}
 
 void Panel::lookAt(int tab) {
   for (View& each : views_)

@@ -48,6 +48,9 @@ class Panel : public QTabWidget {
   /// Shows the next item of the list on the form.
   void showNext();
 
+  /// Room for the columns that tell items apart.
+  QSize sizeHint() const override;
+
  protected:
   void showEvent(QShowEvent* event) override;
   void hideEvent(QHideEvent* event) override;

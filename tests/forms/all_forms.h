@@ -11,6 +11,7 @@
 #include <QProgressBar>
 #include <QRadioButton>
 #include <QStyle>
+#include <QTabBar>
 #include <QToolButton>
 #include <algorithm>
 #include <cstring>
@@ -115,8 +116,14 @@ inline bool isInput(const QWidget* widget) {
          qobject_cast<const QAbstractSpinBox*>(widget) != nullptr;
 }
 
+/// Tabs and tables, whose cells the arrow keys lead through.
+inline bool isView(const QWidget* widget) {
+  return qobject_cast<const QTabBar*>(widget) != nullptr ||
+         qobject_cast<const QAbstractItemView*>(widget) != nullptr;
+}
+
 inline bool isControl(const QWidget* widget) {
-  return isInput(widget) || qobject_cast<const QLabel*>(widget) != nullptr ||
+  return isInput(widget) || isView(widget) || qobject_cast<const QLabel*>(widget) != nullptr ||
          qobject_cast<const QAbstractButton*>(widget) != nullptr ||
          qobject_cast<const QProgressBar*>(widget) != nullptr ||
          qobject_cast<const QMenuBar*>(widget) != nullptr;
