@@ -57,6 +57,7 @@ int main(int argc, char** argv) {
   program.setWindowPlaces(windowPlaces);
   program.setTypedFolder(KeptTexts::userFolder());
   program.setRecents(recents);
+  program.setSheetPrinter(desktop);
   modQBX1 startUp(program);
   program.run([&] { startUp.Main(arguments); });
   return program.isEnding() ? 0 : QApplication::exec();

@@ -22,6 +22,7 @@ class Form;
 class FileDrops;
 class HelpWindow;
 class RecentCollections;
+class SheetPrinter;
 class WindowPlaces;
 
 /// What the start-up part of the program does for the forms below it.
@@ -80,6 +81,10 @@ class Program {
   RecentCollections* recents() const { return recents_; }
   void setRecents(RecentCollections& recents) { recents_ = &recents; }
 
+  /// What drawings are printed with; none: they are not printed. Must outlive the forms.
+  SheetPrinter* sheetPrinter() const { return sheetPrinter_; }
+  void setSheetPrinter(SheetPrinter& printer) { sheetPrinter_ = &printer; }
+
   /// Runs the handler of a user's action. A run-time error ends the handler: the forms it hid come
   /// back and the error is shown. When no form is left on screen the start screen is shown.
   ///
@@ -125,6 +130,7 @@ class Program {
   WindowPlaces* windowPlaces_ = nullptr;
   QString typedFolder_;
   RecentCollections* recents_ = nullptr;
+  SheetPrinter* sheetPrinter_ = nullptr;
   std::vector<Form*> forms_;
   bool isRunning_ = false;
   bool ending_ = false;

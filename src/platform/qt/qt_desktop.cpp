@@ -125,7 +125,20 @@ void QtDesktop::printerSetup(const std::string& name) {
 
 std::optional<PrintChoice> QtDesktop::printDialog(const std::string& title,
                                                   const std::string& documentName) {
-  PrintDialog dialog(captionText(title), askingForm());
+  PrintDialog dialog(captionText(title), PrintDialog::What::listing, askingForm());
+  return askWhere(dialog, documentName);
+}
+
+bool QtDesktop::printSheets(Sheets& sheets, const std::string& title,
+                            const std::string& documentName) {
+  PrintDialog dialog(captionText(title), PrintDialog::What::sheets, askingForm());
+  if (!askWhere(dialog, documentName)) return false;
+  qtPrinter().printSheets(sheets);
+  return true;
+}
+
+std::optional<PrintChoice> QtDesktop::askWhere(PrintDialog& dialog,
+                                               const std::string& documentName) {
   takeIcon(dialog);
   while (dialog.exec() == QDialog::Accepted) {
     if (dialog.toTextFile()) return PrintChoice{true};
