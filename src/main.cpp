@@ -60,6 +60,7 @@ int main(int argc, char** argv) {
   program.setTypedFolder(KeptTexts::userFolder());
   program.setRecents(recents);
   program.setPanelSettings(panelSettings);
+  program.setSheetPrinter(desktop);
   modQBX1 startUp(program);
   program.run([&] { startUp.Main(arguments); });
   return program.isEnding() ? 0 : QApplication::exec();

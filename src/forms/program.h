@@ -23,6 +23,7 @@ class FileDrops;
 class HelpWindow;
 class PanelSettings;
 class RecentCollections;
+class SheetPrinter;
 class WindowPlaces;
 
 /// What the start-up part of the program does for the forms below it.
@@ -85,6 +86,10 @@ class Program {
   PanelSettings* panelSettings() const { return panelSettings_; }
   void setPanelSettings(PanelSettings& settings) { panelSettings_ = &settings; }
 
+  /// What drawings are printed with; none: they are not printed. Must outlive the forms.
+  SheetPrinter* sheetPrinter() const { return sheetPrinter_; }
+  void setSheetPrinter(SheetPrinter& printer) { sheetPrinter_ = &printer; }
+
   /// Runs the handler of a user's action. A run-time error ends the handler: the forms it hid come
   /// back and the error is shown. When no form is left on screen the start screen is shown.
   ///
@@ -131,6 +136,7 @@ class Program {
   QString typedFolder_;
   RecentCollections* recents_ = nullptr;
   PanelSettings* panelSettings_ = nullptr;
+  SheetPrinter* sheetPrinter_ = nullptr;
   std::vector<Form*> forms_;
   bool isRunning_ = false;
   bool ending_ = false;

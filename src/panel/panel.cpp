@@ -4,6 +4,11 @@
 #include <utility>
 
 #include "forms/controls.h"
+#include "overview/loans.h"
+#include "overview/summary.h"
+#include "panel/doubles_view.h"
+#include "panel/loans_view.h"
+#include "panel/summary_view.h"
 
 namespace quillbox {
 namespace {
@@ -27,6 +32,16 @@ Panel::Panel(Program& program, PanelSource source) : program_(program), source_(
                        {source_.show, run, source_.leave, [this] { readSoon(); }},
                        program.panelSettings());
   addTab(list_, QStringLiteral("Items"));
+  const PanelOwner owner{source_.show, [this](const std::vector<int>& items, const QString& what) {
+                           setCurrentWidget(list_);
+                           list_->showOnly(items, what);
+                         }};
+  const CollectionKind& kind = source_.kind;
+  if (Loans::hasLoans(kind))
+    addView(new LoansView(kind, program.desktop(), owner), QStringLiteral("Loans"));
+  addView(new DoublesView(kind, source_.texts, owner), QStringLiteral("Doubles"));
+  if (!groupingsOf(kind).empty())
+    addView(new SummaryView(kind, source_.texts, program, owner), QStringLiteral("Summary"));
   timer_.setSingleShot(true);
   connect(&timer_, &QTimer::timeout, this, [this] { readOn(); });
   connect(this, &QTabWidget::currentChanged, this, [this](int tab) { lookAt(tab); });

@@ -9,7 +9,8 @@
 
 namespace quillbox {
 
-/// What a view of the panel asks of it.
+/// What a view of the panel asks of it. Whoever gives these lets them run inside Program::run: a
+/// view calls them as they are.
 struct PanelOwner {
   /// Shows the item on the form, exactly as Go To does.
   std::function<void(int item)> show;

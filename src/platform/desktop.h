@@ -77,6 +77,9 @@ class Desktop {
   /// Lets events through for about that long, or until `over` says so, without using the processor.
   virtual void rest(int milliseconds, const std::function<bool()>& over) = 0;
 
+  /// Hands a file to the program that the user opens such files with; false where there is none.
+  virtual bool openFile(const std::string& /*path*/) { return false; }
+
   /// Ends the program in the ordinary way, when the running handler is done.
   virtual void quit() = 0;
 

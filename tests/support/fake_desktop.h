@@ -68,6 +68,8 @@ class FakeDesktop : public Desktop {
   std::string documentName;  ///< offered by the last print dialog
   FakePrinter fakePrinter;
   bool quitAsked = false;
+  std::vector<std::string> opened;  ///< files handed to other programs
+  bool canOpen = true;              ///< there is a program for them
   bool endedAtOnce = false;
 
   Answer messageBox(const MessageBox& box) override;
@@ -85,6 +87,10 @@ class FakeDesktop : public Desktop {
                                          const std::string& documentName) override;
   Printer& printer() override { return fakePrinter; }
   void rest(int milliseconds, const std::function<bool()>& over) override;
+  bool openFile(const std::string& path) override {
+    opened.push_back(path);
+    return canOpen;
+  }
   void quit() override { quitAsked = true; }
   void endAtOnce() override { endedAtOnce = true; }
 

@@ -18,7 +18,7 @@ constexpr int kPrintersShown = 5;  // more scroll
 
 }  // namespace
 
-PrintDialog::PrintDialog(const QString& title, QWidget* parent) : QDialog(parent) {
+PrintDialog::PrintDialog(const QString& title, What what, QWidget* parent) : QDialog(parent) {
   setObjectName(QStringLiteral("PrintDialog"));
   setWindowTitle(title);
   destination_ = new QListWidget;
@@ -41,10 +41,12 @@ PrintDialog::PrintDialog(const QString& title, QWidget* parent) : QDialog(parent
   form->addRow(QStringLiteral("&Printer:"), destination_);
   form->addRow(QStringLiteral("Cop&ies:"), copies_);
   form->addRow(QString(), toFile_);
+  toFile_->setVisible(what == What::listing);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-  explain(*buttons->button(QDialogButtonBox::Ok), QStringLiteral("Print the listing"),
+  explain(*buttons->button(QDialogButtonBox::Ok),
+          what == What::listing ? QStringLiteral("Print the listing") : QStringLiteral("Print"),
           QStringLiteral("Enter"));
   explain(*buttons->button(QDialogButtonBox::Cancel), QStringLiteral("Print nothing"),
           QStringLiteral("Escape"));

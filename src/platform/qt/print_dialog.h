@@ -12,7 +12,12 @@ namespace quillbox {
 /// always be chosen, or to a text file.
 class PrintDialog : public QDialog {
  public:
-  explicit PrintDialog(const QString& title, QWidget* parent = nullptr);
+  enum class What {
+    listing,
+    sheets,  ///< drawn; no text file can be made of them
+  };
+
+  explicit PrintDialog(const QString& title, What what = What::listing, QWidget* parent = nullptr);
 
   bool toTextFile() const;
   bool toPdf() const;

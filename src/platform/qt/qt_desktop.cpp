@@ -1,6 +1,7 @@
 #include "platform/qt/qt_desktop.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
@@ -9,6 +10,7 @@
 #include <QMessageBox>
 #include <QPageSetupDialog>
 #include <QTimer>
+#include <QUrl>
 #include <cstdlib>
 
 #include "platform/qt/dialogs.h"
@@ -125,7 +127,20 @@ void QtDesktop::printerSetup(const std::string& name) {
 
 std::optional<PrintChoice> QtDesktop::printDialog(const std::string& title,
                                                   const std::string& documentName) {
-  PrintDialog dialog(captionText(title), askingForm());
+  PrintDialog dialog(captionText(title), PrintDialog::What::listing, askingForm());
+  return askWhere(dialog, documentName);
+}
+
+bool QtDesktop::printSheets(Sheets& sheets, const std::string& title,
+                            const std::string& documentName) {
+  PrintDialog dialog(captionText(title), PrintDialog::What::sheets, askingForm());
+  if (!askWhere(dialog, documentName)) return false;
+  qtPrinter().printSheets(sheets);
+  return true;
+}
+
+std::optional<PrintChoice> QtDesktop::askWhere(PrintDialog& dialog,
+                                               const std::string& documentName) {
   takeIcon(dialog);
   while (dialog.exec() == QDialog::Accepted) {
     if (dialog.toTextFile()) return PrintChoice{true};
@@ -149,6 +164,10 @@ void QtDesktop::rest(int milliseconds, const std::function<bool()>& over) {
   wake.start(milliseconds);
   do QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   while (!over() && elapsed.elapsed() < milliseconds);
+}
+
+bool QtDesktop::openFile(const std::string& path) {
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(fromPath(path)));
 }
 
 void QtDesktop::quit() { QCoreApplication::exit(0); }

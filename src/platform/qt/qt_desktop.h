@@ -5,10 +5,12 @@
 #include <memory>
 #include <string>
 
+#include "forms/sheets.h"
 #include "platform/desktop.h"
 
 namespace quillbox {
 
+class PrintDialog;
 class QtPrinter;
 
 /// A locale's short date form, and a date in it: what the desktop says of the system's.
@@ -16,7 +18,7 @@ std::string shortDateForm(const QLocale& locale);
 std::string shortDateText(const QLocale& locale, QDate date);
 
 /// The desktop the program really runs on. The only place with dialogs and printers.
-class QtDesktop : public Desktop {
+class QtDesktop : public Desktop, public SheetPrinter {
  public:
   QtDesktop();
   ~QtDesktop() override;
@@ -32,12 +34,16 @@ class QtDesktop : public Desktop {
   std::optional<PrintChoice> printDialog(const std::string& title,
                                          const std::string& documentName) override;
   Printer& printer() override;
+  bool printSheets(Sheets& sheets, const std::string& title,
+                   const std::string& documentName) override;
   void rest(int milliseconds, const std::function<bool()>& over) override;
+  bool openFile(const std::string& path) override;
   void quit() override;
   void endAtOnce() override;
 
  private:
   QtPrinter& qtPrinter();
+  std::optional<PrintChoice> askWhere(PrintDialog& dialog, const std::string& documentName);
 
   std::unique_ptr<QtPrinter> printer_;  // made when first needed
 };

@@ -3,9 +3,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QFontMetricsF>
-#include <QLocale>
 #include <QPageLayout>
-#include <QPageSize>
 #include <algorithm>
 
 #include "platform/qt/print_layout.h"
@@ -31,11 +29,6 @@ bool isWholeDocument(const QString& fileName) {
   if (!file.open(QIODevice::ReadOnly) || !file.seek(std::max<qint64>(0, file.size() - lastBytes)))
     return false;
   return file.read(lastBytes).contains("%%EOF");
-}
-
-QPageSize localPageSize() {
-  const bool metric = QLocale::system().measurementSystem() == QLocale::MetricSystem;
-  return QPageSize(metric ? QPageSize::A4 : QPageSize::Letter);
 }
 
 }  // namespace
@@ -97,6 +90,8 @@ void QtPrinter::drawSheet(const QStringList& lines) {
   }
 }
 
+void QtPrinter::printSheets(Sheets& sheets) { expectDelivered(paintSheets(sheets, device_)); }
+
 void QtPrinter::newPage() {
   if (isSheetDue_ || !painter_.isActive()) openSheet();
   isSheetDue_ = true;
@@ -114,7 +109,11 @@ void QtPrinter::openSheet() {
 void QtPrinter::endDocument() {
   isSheetDue_ = false;
   if (!painter_.isActive()) return;
-  if (!painter_.end() || device_.printerState() == QPrinter::Error) fail();
+  expectDelivered(painter_.end());
+}
+
+void QtPrinter::expectDelivered(bool isPainted) const {
+  if (!isPainted || device_.printerState() == QPrinter::Error) fail();
   if (isPdf() && !isWholeDocument(device_.outputFileName())) fail();
 }
 

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QPrinter>
 
+#include "forms/sheets.h"
 #include "platform/printer.h"
 
 namespace quillbox {
@@ -22,6 +23,9 @@ class QtPrinter : public Printer {
   /// From now on what is printed goes to the system's printer of that name.
   void printTo(const QString& printerName, int copies);
 
+  /// Prints these sheets and hands them over. Nothing else may be in print.
+  void printSheets(Sheets& sheets);
+
   void setFont(const std::string& name, double points) override;
   double printableHeight() override;
   void print(const std::string& text) override;
@@ -33,6 +37,7 @@ class QtPrinter : public Printer {
   void openSheet();
   void drawSheet(const QStringList& lines);
   bool isPdf() const;
+  void expectDelivered(bool isPainted) const;
   [[noreturn]] void fail() const;
 
   QPrinter device_{QPrinter::HighResolution};

@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPageSetupDialog>
+#include <QPainter>
 #include <QPrinterInfo>
 #include <QRadioButton>
 #include <QSpinBox>
@@ -21,7 +22,9 @@
 
 #include "platform/printer.h"
 #include "platform/qt/qt_desktop.h"
+#include "platform/run_time_error.h"
 #include "support/keys.h"
+#include "support/printed_pdf.h"
 #include "support/test_folder.h"
 
 namespace quillbox::test {
@@ -281,6 +284,56 @@ TEST_F(PrintingOnTheDesktop, ATextFileIsAChoiceOfItsOwn) {
   const auto choice = ask();
   ASSERT_TRUE(choice.has_value());
   EXPECT_TRUE(choice->toFile);
+}
+
+/// Three sheets with a word each.
+class ThreeSheets : public Sheets {
+ public:
+  int layOut(QSizeF sheet) override {
+    size = sheet;
+    return 3;
+  }
+  void draw(QPainter& painter, int sheet) override {
+    QFont font;
+    font.setPixelSize(10);
+    painter.setFont(font);
+    painter.drawText(QPointF(0, 10), QStringLiteral("sheet%1").arg(sheet));
+  }
+
+  QSizeF size;
+};
+
+TEST_F(PrintingOnTheDesktop, SheetsArePrintedInPointsOneAfterTheOther) {
+  ThreeSheets sheets;
+  onPdfChosen();
+  onDialog<QFileDialog>([this](QFileDialog& dialog) { answer(dialog, folder_.path("drawn.pdf")); });
+  ASSERT_TRUE(desktop_.printSheets(sheets, "QBX [*] Print", "jazz.pdf"));
+  const auto pages = pagesOf(folder_.path("drawn.pdf"));
+  ASSERT_EQ(pages.size(), 3U);
+  for (int page = 0; page < 3; ++page) {
+    const auto& words = pages[static_cast<std::size_t>(page)].words;
+    ASSERT_EQ(words.size(), 1U);
+    EXPECT_EQ(words[0].text, QStringLiteral("sheet%1").arg(page));
+    EXPECT_NEAR(words[0].box.height(), 10, 5);
+  }
+  EXPECT_NEAR(sheets.size.width(), pages[0].size.width(), 40);
+}
+
+TEST_F(PrintingOnTheDesktop, SheetsAreNoTextFile) {
+  ThreeSheets sheets;
+  onDialog<PrintDialog>([](PrintDialog& dialog) {
+    EXPECT_FALSE(toFile(dialog).isVisible());
+    key(dialog, Qt::Key_Escape);
+  });
+  EXPECT_FALSE(desktop_.printSheets(sheets, "QBX [*] Print", "jazz.pdf"));
+}
+
+TEST_F(PrintingOnTheDesktop, SheetsThatCannotBePrintedAreRunTimeError57) {
+  ThreeSheets sheets;
+  onPdfChosen();
+  onDialog<QFileDialog>(
+      [this](QFileDialog& dialog) { answer(dialog, folder_.path("no folder/drawn.pdf")); });
+  EXPECT_THROW(desktop_.printSheets(sheets, "QBX [*] Print", "jazz.pdf"), RunTimeError);
 }
 
 TEST_F(PrintingOnTheDesktop, CancelledIsNoChoice) {

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+namespace quillbox {
+
+/// Draws a bar in its cell, in the palette's colours: as long as the part of the cell that the
+/// model says.
+class BarDelegate : public QStyledItemDelegate {
+ public:
+  /// The role of that part: a number from 0 to 1.
+  static constexpr int kPartRole = Qt::UserRole;
+
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override;
+};
+
+}  // namespace quillbox

@@ -1,0 +1,91 @@
+// What a user sees of the views that have groups of rows: whole captions, and names for those who
+// hear them.
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+
+#include "panel/doubles_view.h"
+#include "panel/loans_view.h"
+#include "panel/summary_view.h"
+#include "support/form_fixture.h"
+#include "support/panel_views.h"
+
+namespace quillbox::test {
+namespace {
+
+class ViewsLook : public FormTest {
+ protected:
+  ViewsLook() {
+    writeFile(path(), musicFile({album("A")}));
+    start({path()});
+    const auto owner = asked_.owner();
+    const RecordTexts texts = overviewTexts();
+    views_.push_back(std::make_unique<LoansView>(kMusic.row(), desktop_, owner));
+    for (const ModelKind& kind : kModelKinds) {
+      views_.push_back(std::make_unique<DoublesView>(kind.row(), texts, owner));
+      views_.push_back(std::make_unique<SummaryView>(kind.row(), texts, *program_, owner));
+    }
+    for (const auto& view : views_) {
+      std::string item = familyItem(kMusic, "Same");
+      item = withNumber(kMusic, item, "chkCurrLoaned", 1);
+      takeAll(*view, {item, item});
+    }
+  }
+
+  AskedOwner asked_;
+  std::vector<std::unique_ptr<PanelView>> views_;
+};
+
+TEST_F(ViewsLook, ShowsEverythingWhole) {
+  for (const auto& view : views_) {
+    view->resize(view->minimumSizeHint());
+    showWindow(*view);
+    const QTreeView& tree = treeOf(*view);
+    SCOPED_TRACE(tree.objectName().toStdString());
+    for (int column = 0; column < tree.model()->columnCount(); ++column)
+      EXPECT_GE(tree.header()->sectionSize(column), tree.header()->sectionSizeHint(column))
+          << column;
+    for (const auto* button : view->findChildren<QPushButton*>()) {
+      EXPECT_GE(button->width(), button->minimumSizeHint().width());
+      EXPECT_GE(button->height(), button->minimumSizeHint().height());
+      EXPECT_TRUE(view->rect().contains(button->geometry()));
+    }
+    view->hide();
+  }
+}
+
+TEST_F(ViewsLook, RowsHaveRoomForTheirTexts) {
+  for (const auto& view : views_) {
+    showWindow(*view);
+    const QTreeView& tree = treeOf(*view);
+    if (tree.isVisible()) {
+      EXPECT_GE(tree.visualRect(rowAt(tree, 0, 0)).height(), tree.fontMetrics().height());
+    }
+    view->hide();
+  }
+}
+
+TEST_F(ViewsLook, EveryControlHasANameToBeFoundAndToBeHeard) {
+  for (const auto& view : views_) {
+    for (QWidget* control : view->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+      SCOPED_TRACE(control->metaObject()->className());
+      EXPECT_FALSE(control->objectName().isEmpty());
+      if (control->focusPolicy() == Qt::NoFocus) continue;
+      QAccessibleInterface* heard = QAccessible::queryAccessibleInterface(control);
+      EXPECT_FALSE(heard->text(QAccessible::Name).isEmpty());
+    }
+  }
+}
+
+TEST_F(ViewsLook, NoButtonTakesAnAccessKeyFromTheForm) {
+  for (const auto& view : views_)
+    for (const auto* button : view->findChildren<QPushButton*>())
+      EXPECT_TRUE(button->shortcut().isEmpty()) << button->text().toStdString();
+}
+
+}  // namespace
+}  // namespace quillbox::test
