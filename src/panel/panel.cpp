@@ -8,6 +8,8 @@
 #include "overview/summary.h"
 #include "panel/doubles_view.h"
 #include "panel/loans_view.h"
+#include "panel/missing_view.h"
+#include "panel/preview_view.h"
 #include "panel/summary_view.h"
 
 namespace quillbox {
@@ -39,6 +41,11 @@ Panel::Panel(Program& program, PanelSource source) : program_(program), source_(
   const CollectionKind& kind = source_.kind;
   if (Loans::hasLoans(kind))
     addView(new LoansView(kind, program.desktop(), owner), QStringLiteral("Loans"));
+  if (MissingFiles::hasFiles(kind)) {
+    addView(new PreviewView(program, kind), QStringLiteral("Preview"));
+    FileSystem& files = program.state().files.fileSystem();
+    addView(new MissingView(files, kind, owner), QStringLiteral("Missing Files"));
+  }
   addView(new DoublesView(kind, source_.texts, owner), QStringLiteral("Doubles"));
   if (!groupingsOf(kind).empty())
     addView(new SummaryView(kind, source_.texts, program, owner), QStringLiteral("Summary"));

@@ -13,6 +13,7 @@
 #include <QUrl>
 #include <cstdlib>
 
+#include "forms/qt_text.h"
 #include "platform/qt/dialogs.h"
 #include "platform/qt/print_dialog.h"
 #include "platform/qt/qt_printer.h"

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QImage>
+#include <QString>
+#include <QThreadPool>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "forms/program.h"
+#include "panel/panel_view.h"
+#include "records/collection_store.h"
+
+class QLabel;
+class QPushButton;
+
+namespace quillbox {
+
+class ElidedLabel;
+
+/// What a look at a media file has found.
+struct FileLook {
+  QImage picture;  ///< null where the file is no picture that can be shown
+  QString says;    ///< what there is to say of the file
+  bool isThere = false;
+};
+
+/// Looks at a file: a picture no larger than `room`, or how long a sound plays. Any file is
+/// harmless, be it huge or broken.
+FileLook lookAtFile(const QString& path, QSize room);
+
+/// The file of the item that the form shows: its picture, or the length of its sound. Files are
+/// read beside the event loop, so that a large one or a slow disk holds nothing up.
+class PreviewView : public PanelView {
+ public:
+  PreviewView(Program& program, const CollectionKind& kind);
+  ~PreviewView() override;
+
+  void start() override;
+  void take(int /*item*/, std::span<const std::byte> /*record*/) override {}
+  void cutTo(int /*count*/) override {}
+  void showTaken() override;
+  void mark(int item) override;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void look();
+  void showLook(const FileLook& look);
+  void fit();
+  void openFile();
+
+  Program& program_;
+  CollectionStore store_;
+  int item_ = 0;
+  bool isLookedAt_ = false;
+  std::string path_;  // empty: the item does not say where its file lies
+  int looks_ = 0;     // only the last one is shown
+  QImage picture_;
+  QLabel* lblPicture_;
+  ElidedLabel* lblFile_;
+  ElidedLabel* lblSays_;
+  QPushButton* open_;
+  QThreadPool reading_;
+};
+
+}  // namespace quillbox
