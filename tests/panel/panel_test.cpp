@@ -299,6 +299,23 @@ TEST_P(EachPanel, SaysWhyItemsCannotBeRead) {
   EXPECT_EQ(listed(), (Texts{"One", "Two"}));
 }
 
+TEST_P(EachPanel, ReadsNothingWhileACommandRuns) {
+  open({item("One"), item("Two")});
+  control<QToolButton>("cmdPanel").click();
+  std::size_t operations = 1;
+  desktop_.onBox = [&](const std::string&, const std::string&) {
+    files_.forget();
+    QTest::qWait(100);
+    operations = files_.operations().size();
+  };
+  desktop_.expectInput("Record #", "Go To Record", std::nullopt);
+  button(kind().buttons.goTo).click();
+  EXPECT_EQ(operations, 0U);
+  desktop_.onBox = nullptr;
+  read();
+  EXPECT_EQ(listed(), (Texts{"One", "Two"}));
+}
+
 TEST_P(EachPanel, AnEmptyCollectionSaysSo) {
   open({});
   openPanel();
