@@ -7,7 +7,6 @@
 #include "text/padding.h"
 
 namespace quillbox {
-namespace {
 
 HeaderRecord makeHeader(int count, int fileType) {
   HeaderRecord header;
@@ -16,8 +15,6 @@ HeaderRecord makeHeader(int count, int fileType) {
   header.Version = kVersionText;
   return header;
 }
-
-}  // namespace
 
 CollectionStore::CollectionStore(OpenFiles& files, const OpenCollection& collection,
                                  const CollectionKind& kind)
