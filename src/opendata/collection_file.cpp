@@ -1,0 +1,133 @@
+#include "opendata/collection_file.h"
+
+#include <algorithm>
+#include <array>
+
+#include "opendata/data_error.h"
+#include "platform/paths.h"
+#include "records/record_file.h"
+#include "text/padding.h"
+
+namespace quillbox {
+namespace {
+
+struct KindName {
+  std::string_view extension;
+  std::string_view name;
+};
+constexpr KindName kNames[] = {{"MCS", "music"},    {"VCS", "video"},   {"CCS", "comics"},
+                               {"SCS", "software"}, {"BCS", "books"},   {"WCS", "wave"},
+                               {"ICS", "midi"},     {"GCS", "graphic"}, {"MPS", "mp3"}};
+
+std::string_view markerField(const CollectionKind& kind, std::span<const std::byte> record) {
+  return textOf(kind.fields.front(), record);
+}
+
+}  // namespace
+
+std::string_view kindName(const CollectionKind& kind) {
+  return std::ranges::find(kNames, kind.extension, &KindName::extension)->name;
+}
+
+const CollectionKind& kindOfPath(std::string_view path) {
+  const CollectionKind* const kind = kindOfExtension(extensionOf(path));
+  if (kind == nullptr) throw DataError("not a collection: no kind has this ending");
+  return *kind;
+}
+
+int CollectionFile::itemsThere() const {
+  if (size <= recordLength) return 0;
+  const std::uint64_t items = (size - 1) / recordLength;
+  return items < static_cast<std::uint64_t>(count) ? static_cast<int>(items) : count;
+}
+
+bool CollectionFile::isWhole() const {
+  if (count <= 1) return size <= recordLength || count == 0 || size >= 2 * recordLength;
+  return size == static_cast<std::uint64_t>(count) * recordLength ||
+         size >= static_cast<std::uint64_t>(count + 1) * recordLength;
+}
+
+bool CollectionFile::endsExactly() const {
+  const auto records = static_cast<std::uint64_t>(count) + kHeaderRecordNumber;
+  return size == records * recordLength || (count > 0 && size == (records - 1) * recordLength) ||
+         (count == 0 && size == sizeof header);
+}
+
+std::uint64_t sizeOf(File& file) {
+  std::array<std::byte, 1> byte{};
+  const auto isThere = [&](std::uint64_t at) { return file.readAt(at, byte) == 1; };
+  if (!isThere(0)) return 0;
+  std::uint64_t there = 0;
+  std::uint64_t beyond = 1;
+  constexpr std::uint64_t tooFar = std::uint64_t{1} << 60U;
+  while (beyond < tooFar && isThere(beyond)) {
+    there = beyond;
+    beyond *= 2;
+  }
+  while (beyond - there > 1) {
+    const std::uint64_t middle = there + (beyond - there) / 2;
+    (isThere(middle) ? there : beyond) = middle;
+  }
+  return beyond;
+}
+
+CollectionFile readCollectionFile(FileSystem& files, const std::string& path) {
+  return readCollectionFile(files, path, kindOfPath(path));
+}
+
+CollectionFile readCollectionFile(FileSystem& files, const std::string& path,
+                                  const CollectionKind& kind) {
+  CollectionFile found{path, &kind, {}, 0, kind.recordLength, kind.fields, 0};
+  const auto file = files.open(path, OpenMode::read);
+  const auto header = bytesOf(found.header);
+  const std::size_t there = file->readAt(0, header);
+  std::ranges::fill(header.subspan(there), std::byte{0});
+  found.count = std::max<int>(found.header.Count, 0);
+  found.size = sizeOf(*file);
+  if (kind.rules.fileType != music_file_type::current) return found;
+  const int fileType = found.header.FileType;
+  if (fileType < music_file_type::upgradable)
+    throw DataError("not a music collection that can be read: it is of file type " +
+                    std::to_string(fileType));
+  if (fileType == music_file_type::upgradable) {
+    found.recordLength = kMusicRecordType4Length;
+    found.fields = kind.fields.first(kind.fields.size() - 1);
+  }
+  return found;
+}
+
+bool isDeletedItem(const CollectionKind& kind, std::span<const std::byte> record) {
+  return kind.editor != EditorForm::books &&
+         withoutTrailingBlanks(markerField(kind, record)) == kind.rules.deletion.marker;
+}
+
+bool isFreePlace(const CollectionKind& kind, std::span<const std::byte> record) {
+  return kind.rules.reusesDeletedSlots &&
+         withoutBlanksAround(markerField(kind, record)) == kind.rules.deletion.marker;
+}
+
+ItemReader::ItemReader(FileSystem& files, const CollectionFile& collection)
+    : file_(files.open(collection.path, OpenMode::read)),
+      recordLength_(collection.recordLength),
+      last_(collection.count),
+      blank_(collection.recordLength) {
+  fillBlank(collection.fields, blank_);
+}
+
+std::span<const std::byte> ItemReader::read(int item) {
+  if (item < firstOfBlock_ || item >= endOfBlock_) {
+    // Many at a time only where they are read one after the other.
+    const int most = static_cast<int>(kRecordBlockBytes / recordLength_);
+    const int items = item == endOfBlock_ || item == 1 ? std::clamp(last_ - item + 1, 1, most) : 1;
+    block_.resize(static_cast<std::size_t>(items) * recordLength_);
+    endOfBlock_ = firstOfBlock_ = 0;  // until the read is done
+    std::size_t there = file_->readAt(static_cast<std::uint64_t>(item) * recordLength_, block_);
+    for (; there < block_.size(); ++there) block_[there] = blank_[there % recordLength_];
+    firstOfBlock_ = item;
+    endOfBlock_ = item + items;
+  }
+  const auto at = static_cast<std::size_t>(item - firstOfBlock_) * recordLength_;
+  return std::span(block_).subspan(at, recordLength_);
+}
+
+}  // namespace quillbox

@@ -1,0 +1,166 @@
+#!/usr/bin/env python3
+"""Runs quillbox-cli as a process: cli_test.py PROGRAM SOURCE_DIR [unittest arguments]."""
+import csv
+import io
+import json
+import os
+import random
+import shutil
+import struct
+import subprocess
+import sys
+import tempfile
+import unittest
+from decimal import Decimal
+from pathlib import Path
+
+sys.dont_write_bytecode = True
+sys.path.insert(0, str(Path(__file__).parent))
+from collections_of_bytes import Format  # noqa: E402
+
+PROGRAM = os.path.abspath(sys.argv[1])
+ROOT = Path(sys.argv[2]).resolve()
+ROUNDS = int(os.environ.get("QUILLBOX_ROUNDS", "3"))
+FORMAT = Format(ROOT)
+
+
+class CliTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.folder)
+
+    def run_it(self, *arguments, stdin=None, status=0):
+        done = subprocess.run([PROGRAM, *map(str, arguments)], input=stdin, capture_output=True,
+                              cwd=self.folder)
+        self.assertEqual(done.returncode, status, (arguments, done.stdout[-2000:], done.stderr[-2000:]))
+        return done.stdout, done.stderr.decode("utf-8")
+
+    def sample(self, name, new_name=None):
+        path = self.folder / (new_name or name)
+        shutil.copy(ROOT / "samples" / name, path)
+        return path
+
+    def names(self):
+        return sorted(path.name for path in self.folder.iterdir())
+
+
+class RoundTrips(CliTest):
+    """Any bytes in any field: what comes out is what an independent reader finds, and brings nothing
+    about when it comes back."""
+
+    def each(self, wild=True):
+        for kind in FORMAT.lengths:
+            for seed in range(ROUNDS):
+                rng = random.Random("%s %d" % (kind, seed))
+                data = FORMAT.random_bytes(kind, rng.randint(0, 40), rng, wild)
+                path = self.folder / ("seed %d.%s" % (seed, kind))
+                path.write_bytes(data)
+                yield kind, path, data
+                path.unlink()
+
+    def expect_untouched(self, path, data, text, *options):
+        out, _ = self.run_it("import", path, "-", *options, stdin=text)
+        self.assertEqual(out.decode(), "nothing to change\n")
+        self.assertEqual(path.read_bytes(), data)
+        self.assertEqual(self.names(), [path.name])
+
+    def expect_value(self, found, wanted, where):
+        if isinstance(wanted, float):
+            found = float(found)
+            if wanted != wanted:
+                return self.assertNotEqual(found, found, where)
+        elif isinstance(wanted, Decimal):
+            self.assertRegex(found, r"\.\d{4}$", where)
+            found = Decimal(found)
+        elif isinstance(wanted, int):
+            found = int(found)
+        self.assertEqual(found, "" if wanted is None else wanted, where)
+
+    def test_csv(self):
+        for kind, path, data in self.each():
+            out, _ = self.run_it("export", path)
+            rows = list(csv.reader(io.StringIO(out.decode("utf-8"), newline="")))
+            items = FORMAT.items(kind, data)
+            self.assertEqual(len(rows), len(items) + 1)
+            for number, (row, raw) in enumerate(zip(rows[1:], items), 1):
+                values = FORMAT.values(kind, raw)
+                self.assertEqual(rows[0], ["Item", *values])
+                self.assertEqual(row[0], str(number))
+                for name, text in zip(rows[0][1:], row[1:]):
+                    wanted = values[name]
+                    if isinstance(wanted, str) and wanted.endswith("T00:00:00"):
+                        wanted = wanted[:10]
+                    self.expect_value(text, wanted, (number, name))
+            self.expect_untouched(path, data, out)
+
+    def test_csv_for_spreadsheets(self):
+        for kind, path, data in self.each():
+            out, _ = self.run_it("export", path, "--for-spreadsheet")
+            rows = list(csv.reader(io.StringIO(out.decode("utf-8"), newline="")))
+            plain = csv.reader(io.StringIO(self.run_it("export", path)[0].decode("utf-8"), newline=""))
+            self.assertEqual(rows[0][0], "'Item")
+            for row, told in zip(rows[1:], list(plain)[1:]):
+                for guarded, text in zip(row, told):
+                    if guarded != text:
+                        self.assertEqual(guarded, "'" + text)
+                    elif text[:1] in ("=", "+", "@", "\t", "\r", "\n"):
+                        self.fail("a spreadsheet would run %r" % text)
+            self.expect_untouched(path, data, out)
+
+    def test_csv_as_spreadsheets_write_it(self):
+        for kind, path, data in self.each():
+            out, _ = self.run_it("export", path)
+            rows = list(csv.reader(io.StringIO(out.decode("utf-8"), newline="")))
+            for separator, line_end in ((";", "\n"), ("\t", "\r\n"), (",", "\n")):
+                text = io.StringIO()
+                csv.writer(text, delimiter=separator, lineterminator=line_end,
+                           quoting=csv.QUOTE_ALL).writerows(rows)
+                self.expect_untouched(path, data, b"\xef\xbb\xbf" + text.getvalue().encode())
+
+    def test_json(self):
+        for kind, path, data in self.each():
+            out, _ = self.run_it("export", path, "--format", "json")
+            found = json.loads(out, parse_float=str)
+            self.assertEqual((found["kind"], found["version"]), (FORMAT.NAMES[kind], "1.71"))
+            items = FORMAT.items(kind, data)
+            self.assertEqual(len(found["items"]), len(items))
+            for number, (item, raw) in enumerate(zip(found["items"], items), 1):
+                self.assertEqual(item.pop("item"), number)
+                self.assertEqual(item.pop("deleted", False), FORMAT.is_deleted(kind, raw))
+                self.expect_item(item, FORMAT.values(kind, raw), number)
+            self.expect_untouched(path, data, out)
+            # Written anew by a program of another make.
+            if b"inf" not in out and b"nan" not in out:
+                again = json.dumps(json.loads(out, parse_float=Decimal), default=float, indent=1)
+                exact = json.loads(out, parse_float=Decimal)
+                if json.loads(again, parse_float=Decimal) == exact:
+                    self.expect_untouched(path, data, again.encode())
+
+    def expect_item(self, item, values, number):
+        for name, found in item.items():
+            if isinstance(found, list):
+                entries = [value for key, value in values.items() if key.rsplit(" ", 1)[0] == name[:-1]]
+                self.assertEqual(found, entries[:len(found)])
+                self.assertFalse(any(entries[len(found):]))
+                self.assertTrue(not found or found[-1])
+                continue
+            wanted = values[name]
+            if isinstance(wanted, str) and wanted.endswith("T00:00:00") and name == "AquireDate":
+                wanted = wanted[:10]
+            found = "" if found is None else str(int(found)) if isinstance(found, (bool, int)) else found
+            self.expect_value(found, wanted, (number, name))
+
+    def test_into_a_new_collection(self):
+        """What a collection says makes the same collection anew, down to what text cannot say."""
+        for kind, path, data in self.each(wild=False):
+            for form in ("csv", "json"):
+                out, _ = self.run_it("export", path, "-f", form)
+                again = self.folder / ("again." + kind)
+                self.run_it("import", "--new", again, "-", stdin=out)
+                self.assertEqual(self.run_it("export", again, "-f", form)[0], out)
+                again.unlink()
+
+
+if __name__ == "__main__":
+    from cli_commands import *  # noqa: E402,F401,F403
+    unittest.main(argv=[sys.argv[0], *sys.argv[3:]])
