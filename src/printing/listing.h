@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -11,16 +10,11 @@
 
 #include "printing/print_engine.h"
 #include "records/kinds.h"
+#include "records/record_texts.h"
 
 namespace quillbox {
 
-/// Texts the record itself does not hold.
-struct ListingTexts {
-  /// The entry of a choice's list, in record characters; empty when the list has none there.
-  std::function<std::string(const Field& field, int index)> choice;
-
-  std::string dateForm;  ///< the system's short date form, as date_text.h wants it
-};
+using ListingTexts = RecordTexts;
 
 struct ListingRules;
 

@@ -93,7 +93,7 @@ bool CollectionStore::writeDeleted(int item, std::span<const std::byte> record) 
 }
 
 bool CollectionStore::isDeleted(std::span<const std::byte> record) const {
-  return withoutTrailingBlanks(markerField(record)) == kind_.rules.deletion.marker;
+  return quillbox::isDeleted(kind_, record);
 }
 
 std::string_view CollectionStore::markerField(std::span<const std::byte> record) const {

@@ -7,6 +7,7 @@
 #include "records/header_record.h"
 #include "records/version.h"
 #include "text/number_text.h"
+#include "text/padding.h"
 
 namespace quillbox {
 namespace {
@@ -155,6 +156,10 @@ std::vector<std::byte> blankRecord(const CollectionKind& kind) {
   std::vector<std::byte> record(kind.recordLength);
   fillBlank(kind.fields, record);
   return record;
+}
+
+bool isDeleted(const CollectionKind& kind, std::span<const std::byte> record) {
+  return withoutTrailingBlanks(textOf(kind.fields.front(), record)) == kind.rules.deletion.marker;
 }
 
 std::string itemsText(const CollectionKind& kind, int count) {

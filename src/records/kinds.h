@@ -114,6 +114,9 @@ int mediaCodeOf(int kindCode);
 /// The blank record of a kind.
 std::vector<std::byte> blankRecord(const CollectionKind& kind);
 
+/// Whether the first text of a record is the deleted marker of its kind, blanks behind it aside.
+bool isDeleted(const CollectionKind& kind, std::span<const std::byte> record);
+
 /// So many items of a kind, in words: "55 books".
 std::string itemsText(const CollectionKind& kind, int count);
 

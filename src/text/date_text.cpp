@@ -191,11 +191,16 @@ std::optional<sys_days> readDateInAnyForm(std::string_view text, std::string_vie
   return readDate(text, kIso);
 }
 
-}  // namespace
+/// A day of the calendar and the seconds since its midnight.
+struct Moment {
+  year_month_day day;
+  int seconds;
+};
 
-std::string dateText(double date, std::string_view shortDate) {
+/// Nothing for a number that is no date of the years that are shown.
+std::optional<Moment> momentOf(double date) {
   constexpr double tooFar = 4e6;  // days, beyond any year that is shown
-  if (!(std::abs(date) < tooFar)) return {};
+  if (!(std::abs(date) < tooFar)) return std::nullopt;
   const double wholeDays = std::trunc(date);
   int days = static_cast<int>(wholeDays);
   // The time of day counts forward from midnight, before day zero too.
@@ -204,9 +209,19 @@ std::string dateText(double date, std::string_view shortDate) {
     seconds = 0;
     ++days;
   }
-  const year_month_day shown(kDayZero + std::chrono::days(days));
+  const year_month_day day(kDayZero + std::chrono::days(days));
+  const int yearShown = static_cast<int>(day.year());
+  if (yearShown < kFirstYear || yearShown > kLastYear) return std::nullopt;
+  return Moment{day, seconds};
+}
+
+}  // namespace
+
+std::string dateText(double date, std::string_view shortDate) {
+  const auto moment = momentOf(date);
+  if (!moment) return {};
+  const auto [shown, seconds] = *moment;
   const int yearShown = static_cast<int>(shown.year());
-  if (yearShown < kFirstYear || yearShown > kLastYear) return {};
 
   std::string form(usedForm(shortDate));
   if (yearShown < kFirstShortYear || yearShown > kLastShortYear) form = withYear(form, "yyyy");
@@ -217,7 +232,18 @@ std::string dateText(double date, std::string_view shortDate) {
   return text;
 }
 
+std::optional<int> yearOf(double date) {
+  const auto moment = momentOf(date);
+  if (!moment) return std::nullopt;
+  return static_cast<int>(moment->day.year());
+}
+
 double dateOf(std::string_view text, std::string_view shortDate) {
+  if (const auto date = dateIn(text, shortDate)) return *date;
+  throw RunTimeError(ErrorNumber::typeMismatch);
+}
+
+std::optional<double> dateIn(std::string_view text, std::string_view shortDate) {
   text = withoutBlanksAround(text);
   // A short form may hold blanks itself, so every blank could be the one before the time.
   for (std::size_t end = text.size(); end != std::string_view::npos;
@@ -229,7 +255,7 @@ double dateOf(std::string_view text, std::string_view shortDate) {
     const double part = static_cast<double>(*time) / kSecondsADay;
     return days < 0 ? days - part : days + part;
   }
-  throw RunTimeError(ErrorNumber::typeMismatch);
+  return std::nullopt;
 }
 
 }  // namespace quillbox

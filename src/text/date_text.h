@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,5 +22,11 @@ std::string dateText(double date, std::string_view shortDate);
 /// year-month-day, or month/day/year, with a time of day behind a blank if there is one. Two-digit
 /// years 30 to 99 are in the 1900s, 00 to 29 in the 2000s. Run-time error 13 for anything else.
 double dateOf(std::string_view text, std::string_view shortDate);
+
+/// The same, and nothing for anything else.
+std::optional<double> dateIn(std::string_view text, std::string_view shortDate);
+
+/// The year of a date that `dateText` shows; nothing of a number that is none.
+std::optional<int> yearOf(double date);
 
 }  // namespace quillbox

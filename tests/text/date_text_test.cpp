@@ -365,5 +365,21 @@ TEST(DateText, AFormWithoutADayAMonthOrAYearCountsAsYearMonthDay) {
   }
 }
 
+TEST(DateIn, IsTheDateThatATextIsOrNothing) {
+  EXPECT_EQ(dateIn("1/1/80", "M/d/yy"), kNewYear1980);
+  for (const std::string_view text : {"", " ", "soon", "13/13/80", "1/1"})
+    EXPECT_EQ(dateIn(text, "M/d/yy"), std::nullopt) << text;
+}
+
+TEST(YearOf, IsThatOfADateThatIsShown) {
+  EXPECT_EQ(yearOf(kNewYear1980), 1980);
+  EXPECT_EQ(yearOf(kNewYear1980 - 0.000001), 1980);
+  EXPECT_EQ(yearOf(kNewYear1980 - 1), 1979);
+  EXPECT_EQ(yearOf(-657434), 100);
+  EXPECT_EQ(yearOf(2958465.5), 9999);
+  for (const double none : {-657435.0, 2958466.0, 1e300, std::nan("")})
+    EXPECT_EQ(yearOf(none), std::nullopt) << none;
+}
+
 }  // namespace
 }  // namespace quillbox::test
