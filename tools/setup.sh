@@ -2,7 +2,7 @@
 
 packages_to_build="g++ cmake ninja-build qt6-base-dev libqt6svg6 fonts-dejavu-core
   nlohmann-json3-dev libcli11-dev libsqlite3-dev"
-packages_to_test="libgtest-dev poppler-utils python3 python3-jsonschema"
+packages_to_test="libgtest-dev poppler-utils python3 python3-jsonschema chromium"
 packages_to_bench="libbenchmark-dev"
 packages_to_picture="xvfb openbox xdotool imagemagick"
 packages_to_package="appstream dbus desktop-file-utils dpkg-dev file groff-base

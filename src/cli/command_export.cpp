@@ -1,6 +1,9 @@
 #include "cli/commands.h"
+#include "cli/opened.h"
 #include "opendata/data_error.h"
 #include "opendata/export_text.h"
+#include "opendata/html_export.h"
+#include "opendata/sqlite_export.h"
 #include "platform/paths.h"
 #include "platform/run_time_error.h"
 #include "platform/text_writer.h"
@@ -20,8 +23,11 @@ class FileSink : public TextSink {
   TextWriter writer_;
 };
 
-void exportAs(const ExportOptions& options, const Export& from, TextSink& to) {
+void exportAs(const ExportOptions& options, const Opened& opened, const Export& from,
+              TextSink& to) {
   if (options.format == "json") return exportJson(from, to);
+  if (options.format == "html")
+    return exportHtml(from, std::string(fileNameOf(options.file)), opened.texts(kIsoDates), to);
   exportCsv(from, to, options.forSpreadsheet ? CsvFor::spreadsheets : CsvFor::programs);
 }
 
@@ -33,27 +39,36 @@ void refuseToReplaceCollections(FileSystem& files, const ExportOptions& options)
     throw DataError(options.output + " is the name of a collection; nothing is written there");
 }
 
+/// What a file that is too short did not hold is said.
+int endOf(Console& console, const ExportOptions& options, const Export& from) {
+  if (from.collection.isWhole()) return kDone;
+  console.complain(options.file, "the file ends at item " + std::to_string(from.items()) + " of " +
+                                     std::to_string(from.collection.count) +
+                                     "; what is there is exported");
+  return kFoundOrRefused;
+}
+
 }  // namespace
 
 int runExport(Console& console, const ExportOptions& options) {
   return console.guarded(options.file, [&]() -> int {
-    const CollectionFile collection = readCollectionFile(console.disk(), options.file);
-    const std::vector<std::string> mediaTypes = ownMediaTypes(console, *collection.kind);
-    const Values values(collection, mediaTypes);
-    const Export from{console.disk(), collection, values, console.progressOf(options.file)};
+    const Opened opened(console, options.file);
+    const CollectionFile& collection = opened.collection();
+    const Export from{console.disk(), collection, opened.values(),
+                      console.progressOf(options.file)};
     if (options.output.empty()) {
-      exportAs(options, from, console.out());
+      exportAs(options, opened, from, console.out());
     } else {
       refuseToReplaceCollections(console.disk(), options);
+      if (options.format == "sqlite") {
+        exportSqlite(from, options.output);
+        return endOf(console, options, from);
+      }
       FileSink sink(console.files(), options.output);
-      exportAs(options, from, sink);
+      exportAs(options, opened, from, sink);
       sink.close();
     }
-    if (collection.isWhole()) return kDone;
-    console.complain(options.file, "the file ends at item " + std::to_string(from.items()) +
-                                       " of " + std::to_string(collection.count) +
-                                       "; what is there is exported");
-    return kFoundOrRefused;
+    return endOf(console, options, from);
   });
 }
 

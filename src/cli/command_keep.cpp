@@ -3,12 +3,14 @@
 #include <algorithm>
 
 #include "cli/commands.h"
+#include "cli/opened.h"
 #include "editors/media_types.h"
 #include "opendata/check.h"
 #include "opendata/data_error.h"
 #include "opendata/json_text.h"
 #include "opendata/restore.h"
 #include "opendata/undelete.h"
+#include "overview/doubles.h"
 #include "platform/checked16.h"
 #include "platform/file_paths.h"
 #include "platform/run_time_error.h"
@@ -60,13 +62,17 @@ class Findings {
 };
 
 int checkOne(Console& console, const std::string& file, bool asJson) {
-  const CollectionFile collection = readCollectionFile(console.disk(), file);
-  const std::vector<std::string> mediaTypes = ownMediaTypes(console, *collection.kind);
-  const Values values(collection, mediaTypes);
+  const Opened opened(console, file);
+  const CollectionFile& collection = opened.collection();
   Findings findings(console, file, asJson);
   const Finding take = [&](int item, const std::string& what) { findings.take(item, what); };
   checkFile(console.disk(), collection, take);
-  checkItems(console.disk(), collection, values, take);
+  checkItems(console.disk(), collection, opened.values(), take);
+  Doubles doubles(opened.kind());
+  opened.readItems([&](int item, auto record) { doubles.take(item, record); });
+  for (const auto& group : doubles.groups())
+    for (std::size_t i = 1; i < group.size(); ++i)
+      take(group[i], "the same as item " + std::to_string(group.front()));
   return findings.end(collection.count);
 }
 

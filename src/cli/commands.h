@@ -51,6 +51,25 @@ struct UndeleteCommand {
 };
 int runUndelete(Console& console, const UndeleteCommand& command);
 
+struct ListCommand {
+  std::string file;
+  std::vector<std::string>
+      where;  ///< FIELD=TEXT; an item must hold each, capitals and accents aside
+  std::vector<std::string> sort;     ///< FIELD or FIELD:down, the first counts most
+  std::vector<std::string> columns;  ///< empty: the number and what tells items apart
+  bool withDeleted = false;
+  bool asTsv = false;
+  bool asJson = false;
+};
+int runList(Console& console, const ListCommand& command);
+
+int runLoans(Console& console, const Files& files, bool asJson);
+
+/// kFoundOrRefused when something is there twice.
+int runDoubles(Console& console, const Files& files, bool asJson);
+
+int runSummary(Console& console, const Files& files, bool asJson);
+
 /// The user's own media types of music, from the current folder; empty where there are none.
 std::vector<std::string> ownMediaTypes(Console& console, const CollectionKind& kind);
 

@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <clocale>
 #include <functional>
 
 #include "cli/commands.h"
@@ -34,6 +35,10 @@ class CommandLine {
     addImport();
     addCheck();
     addRestore();
+    addList();
+    addOverview("loans", "Tell who has what", runLoans);
+    addOverview("doubles", "Tell what is there more than once", runDoubles);
+    addOverview("summary", "Tell how many items there are and what they come to", runSummary);
     addSort();
     addUndelete();
   }
@@ -82,8 +87,10 @@ class CommandLine {
   }
 
   void addImport() {
-    CLI::App& from = command("import", "Bring csv or json back in",
-                             [this] { return runImport(console_, import_); });
+    CLI::App& from = command("import", "Bring csv or json back in", [this] {
+      import_.asJson = asJson_;
+      return runImport(console_, import_);
+    });
     addFile(from, import_.file);
     from.add_option("IN", import_.input, "csv or json; - is standard input")->required();
     from.add_option("-f,--format", import_.format, "csv or json; told by the contents unless given")
@@ -93,7 +100,6 @@ class CommandLine {
                   "Make the collection; every row is a new item");
     addStoreRules(from, import_.options.store);
     addJson(from);
-    from.parse_complete_callback([this] { import_.asJson = asJson_; });
   }
 
   static void addStoreRules(CLI::App& to, StoreRules& rules) {
@@ -118,6 +124,33 @@ class CommandLine {
     addFile(restore, file_);
     restore.add_option("--from", from_, "Whose backup, where there are two: sort or upgrade")
         ->check(CLI::IsMember({"sort", "upgrade"}));
+  }
+
+  void addList() {
+    CLI::App& list = command("list", "Print items as a table", [this] {
+      list_.asJson = asJson_;
+      return runList(console_, list_);
+    });
+    addFile(list, list_.file);
+    list.add_option("-w,--where", list_.where,
+                    "FIELD=TEXT: items that hold the text there, capitals and accents aside")
+        ->allow_extra_args(false);
+    list.add_option("-s,--sort", list_.sort, "A field to order by; FIELD:down for downwards")
+        ->allow_extra_args(false);
+    list.add_option("-c,--columns", list_.columns, "Fields to print, with commas between them")
+        ->delimiter(',')
+        ->allow_extra_args(false);
+    list.add_flag("--deleted", list_.withDeleted, "Deleted items, too");
+    list.add_flag("--tsv", list_.asTsv, "Tabs between the columns");
+    addJson(list);
+  }
+
+  void addOverview(const char* name, const char* what,
+                   int (*tell)(Console& console, const Files& files, bool asJson)) {
+    CLI::App& overview =
+        command(name, what, [this, tell] { return tell(console_, files_, asJson_); });
+    addFiles(overview);
+    addJson(overview);
   }
 
   void addSort() {
@@ -147,6 +180,7 @@ class CommandLine {
   bool asJson_ = false;
   ExportOptions export_;
   ImportCommand import_;
+  ListCommand list_;
   SortCommand sort_;
   UndeleteCommand undelete_;
 };
@@ -156,6 +190,7 @@ class CommandLine {
 
 int main(int argc, char** argv) {
   using namespace quillbox;
+  std::setlocale(LC_TIME, "");  // for the form of dates
   DiskFileSystem fileSystem;
   OpenFiles files(fileSystem);
   Console console(files);

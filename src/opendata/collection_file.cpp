@@ -19,10 +19,6 @@ constexpr KindName kNames[] = {{"MCS", "music"},    {"VCS", "video"},   {"CCS", 
                                {"SCS", "software"}, {"BCS", "books"},   {"WCS", "wave"},
                                {"ICS", "midi"},     {"GCS", "graphic"}, {"MPS", "mp3"}};
 
-std::string_view markerField(const CollectionKind& kind, std::span<const std::byte> record) {
-  return textOf(kind.fields.front(), record);
-}
-
 }  // namespace
 
 std::string_view kindName(const CollectionKind& kind) {
@@ -97,20 +93,20 @@ CollectionFile readCollectionFile(FileSystem& files, const std::string& path,
 }
 
 bool isDeletedItem(const CollectionKind& kind, std::span<const std::byte> record) {
-  return kind.editor != EditorForm::books &&
-         withoutTrailingBlanks(markerField(kind, record)) == kind.rules.deletion.marker;
+  return kind.editor != EditorForm::books && isDeleted(kind, record);
 }
 
 bool isFreePlace(const CollectionKind& kind, std::span<const std::byte> record) {
   return kind.rules.reusesDeletedSlots &&
-         withoutBlanksAround(markerField(kind, record)) == kind.rules.deletion.marker;
+         withoutBlanksAround(textOf(kind.fields.front(), record)) == kind.rules.deletion.marker;
 }
 
 ItemReader::ItemReader(FileSystem& files, const CollectionFile& collection)
     : file_(files.open(collection.path, OpenMode::read)),
       recordLength_(collection.recordLength),
       last_(collection.count),
-      blank_(collection.recordLength) {
+      blank_(collection.recordLength),
+      full_(blankRecord(*collection.kind)) {
   fillBlank(collection.fields, blank_);
 }
 
@@ -128,6 +124,13 @@ std::span<const std::byte> ItemReader::read(int item) {
   }
   const auto at = static_cast<std::size_t>(item - firstOfBlock_) * recordLength_;
   return std::span(block_).subspan(at, recordLength_);
+}
+
+std::span<const std::byte> ItemReader::readFull(int item) {
+  const auto record = read(item);
+  if (record.size() == full_.size()) return record;
+  std::ranges::copy(record, full_.begin());
+  return full_;
 }
 
 }  // namespace quillbox

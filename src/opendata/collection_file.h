@@ -70,11 +70,15 @@ class ItemReader {
   /// An item from 1 on, valid until the next call. What lies past the end of the file is blank.
   std::span<const std::byte> read(int item);
 
+  /// The same as a record of the kind as it is now: what the older type has not is blank.
+  std::span<const std::byte> readFull(int item);
+
  private:
   std::unique_ptr<File> file_;
   std::size_t recordLength_;
   int last_;  // items there are
   std::vector<std::byte> blank_;
+  std::vector<std::byte> full_;
   std::vector<std::byte> block_;
   int firstOfBlock_ = 0;
   int endOfBlock_ = 0;

@@ -5,10 +5,14 @@
 namespace quillbox {
 namespace {
 
+/// In UTF-8 the control characters 80 to 9F are this byte and their own number.
+constexpr unsigned char kFirstOfC1 = 0xC2;
+
 constexpr std::array<bool, 256> kIsEscaped = [] {
   std::array<bool, 256> table{};
   for (std::size_t c = 0; c < ' '; ++c) table[c] = true;
   table['"'] = table['\\'] = table[0x7F] = true;
+  table[kFirstOfC1] = true;
   return table;
 }();
 
@@ -45,7 +49,11 @@ void appendJsonString(std::string& json, std::string_view text) {
   std::size_t from = 0;
   for (std::size_t at = 0; at < text.size(); ++at) {
     if (!kIsEscaped[static_cast<unsigned char>(text[at])]) continue;
+    const bool mayBeC1 = static_cast<unsigned char>(text[at]) == kFirstOfC1;
+    if (mayBeC1 && (at + 1 == text.size() || static_cast<unsigned char>(text[at + 1]) >= 0xA0U))
+      continue;
     json += text.substr(from, at - from);
+    if (mayBeC1) ++at;
     appendEscaped(json, text[at]);
     from = at + 1;
   }

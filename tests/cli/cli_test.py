@@ -6,12 +6,13 @@ import json
 import os
 import random
 import shutil
-import struct
+import sqlite3
 import subprocess
 import sys
 import tempfile
 import unittest
 from decimal import Decimal
+from html.parser import HTMLParser
 from pathlib import Path
 
 sys.dont_write_bytecode = True
@@ -42,6 +43,45 @@ class CliTest(unittest.TestCase):
 
     def names(self):
         return sorted(path.name for path in self.folder.iterdir())
+
+
+def as_on_page(text):
+    """Control characters are blanks, and line ends all the same."""
+    return "".join(" " if c < " " and c != "\n" or c == "\x7f" else c for c in text)
+
+
+class Page(HTMLParser):
+    """The cells of the table and what else counts."""
+
+    def __init__(self, text):
+        super().__init__()
+        self.rows, self.scripts, self._cell = [], 0, None
+        self.feed(text)
+        self.close()
+
+    def handle_starttag(self, tag, attributes):
+        known = ("html head meta title style body h1 p div figure figcaption svg text rect label input "
+                 "output table thead tbody tr th td button details summary ol li script")
+        if tag not in known.split():
+            raise AssertionError("a tag of some text: " + tag)
+        if any(name.startswith("on") for name, _ in attributes):
+            raise AssertionError("a handler of some text")
+        self.scripts += tag == "script"
+        if tag == "tr":
+            self._row = []
+        if tag == "td":
+            self._cell = ""
+
+    def handle_endtag(self, tag):
+        if tag == "td":
+            self._row.append(self._cell)
+            self._cell = None
+        if tag == "tr" and self._row:
+            self.rows.append(self._row)
+
+    def handle_data(self, data):
+        if self._cell is not None:
+            self._cell += data
 
 
 class RoundTrips(CliTest):
@@ -150,6 +190,61 @@ class RoundTrips(CliTest):
             found = "" if found is None else str(int(found)) if isinstance(found, (bool, int)) else found
             self.expect_value(found, wanted, (number, name))
 
+    def test_sqlite(self):
+        for kind, path, data in self.each():
+            out = self.folder / "out.db"
+            self.run_it("export", path, "-f", "sqlite", "-o", out)
+            database = sqlite3.connect(out)
+            self.assertEqual(database.execute("PRAGMA integrity_check").fetchall(), [("ok",)])
+            self.assertEqual(database.execute("PRAGMA foreign_key_check").fetchall(), [])
+            items = FORMAT.items(kind, data)
+            self.assertEqual(database.execute("SELECT * FROM collection").fetchall(),
+                             [(FORMAT.NAMES[kind], "1.71", 5 if kind == "MCS" else 1, len(items))])
+            database.row_factory = sqlite3.Row
+            rows = database.execute("SELECT * FROM items ORDER BY item").fetchall()
+            self.assertEqual(len(rows), len(items))
+            for number, (row, raw) in enumerate(zip(rows, items), 1):
+                self.assertEqual((row["item"], row["deleted"]),
+                                 (number, int(FORMAT.is_deleted(kind, raw))))
+                self.expect_row(kind, database, row, raw)
+            shown = sum(not FORMAT.is_deleted(kind, raw) for raw in items)
+            self.assertEqual(database.execute("SELECT count(*) FROM catalogue").fetchone()[0], shown)
+            database.close()
+            out.unlink()
+
+    def expect_row(self, kind, database, row, raw):
+        entries = {}
+        for name, wanted in FORMAT.values(kind, raw).items():
+            if " " in name:
+                entries[int(name.rsplit(" ", 1)[1])] = wanted
+                continue
+            found = row[name]
+            if isinstance(wanted, Decimal):
+                wanted = int(wanted * 10000)
+            elif isinstance(wanted, str) and wanted.endswith("T00:00:00"):
+                wanted = wanted[:10]
+            elif isinstance(wanted, float) and wanted != wanted:
+                wanted = None  # what is no number is none in a table
+            self.assertEqual(found, wanted, (row["item"], name))
+        if entries:
+            found = database.execute("SELECT position, text FROM entries WHERE item = ?", (row["item"],))
+            self.assertEqual({position: text for position, text in found},
+                             {position: text for position, text in entries.items() if text})
+
+    def test_html(self):
+        """Every text stands on the page as it is, and nothing but the page's own markup is markup."""
+        for kind, path, data in self.each():
+            out, _ = self.run_it("export", path, "-f", "html")
+            page = Page(out.decode("utf-8"))
+            items = FORMAT.items(kind, data)
+            shown = [number for number, raw in enumerate(items, 1) if not FORMAT.is_deleted(kind, raw)]
+            self.assertEqual([int(row[0]) for row in page.rows], shown)
+            self.assertEqual(page.scripts, 1)
+            first = FORMAT.fields[kind][0][0]
+            texts = [FORMAT.values(kind, items[number - 1])[first] for number in shown]
+            if any(texts):
+                self.assertEqual([row[1] for row in page.rows], [as_on_page(text) for text in texts])
+
     def test_into_a_new_collection(self):
         """What a collection says makes the same collection anew, down to what text cannot say."""
         for kind, path, data in self.each(wild=False):
@@ -162,5 +257,8 @@ class RoundTrips(CliTest):
 
 
 if __name__ == "__main__":
+    from cli_browser import *  # noqa: E402,F401,F403
     from cli_commands import *  # noqa: E402,F401,F403
+    from cli_keep import *  # noqa: E402,F401,F403
+    from cli_overview import *  # noqa: E402,F401,F403
     unittest.main(argv=[sys.argv[0], *sys.argv[3:]])
