@@ -98,6 +98,14 @@ class Export(CliTest):
         self.assertEqual(self.run_it("export", "jazz.MCS", "-o", "jazz.csv")[0], b"")
         self.assertEqual((self.folder / "jazz.csv").read_bytes(), out)
 
+    def test_the_pages_of_the_samples_are_those_in_the_tree(self):
+        """docs/pages is made by: quillbox-cli export samples/NAME -f html -o docs/pages/NAME.html"""
+        samples = sorted((ROOT / "samples").glob("*.?[CP]S"))
+        for path in samples:
+            out, _ = self.run_it("export", path, "-f", "html")
+            self.assertEqual((ROOT / "docs/pages" / path.with_suffix(".html").name).read_bytes(), out)
+        self.assertEqual(len(samples), len(list((ROOT / "docs/pages").iterdir())))
+
     def test_a_short_file_gives_what_is_there_and_says_so(self):
         path = self.sample("shelf.BCS")
         path.write_bytes(path.read_bytes()[:224 * 4 + 100])

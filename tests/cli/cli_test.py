@@ -176,6 +176,24 @@ class RoundTrips(CliTest):
                 if json.loads(again, parse_float=Decimal) == exact:
                     self.expect_untouched(path, data, again.encode())
 
+    def test_json_is_what_the_schema_says(self):
+        try:
+            import jsonschema
+        except ImportError:
+            self.skipTest("there is no jsonschema here")
+        schema = json.loads((ROOT / "docs/quillbox-collection.schema.json").read_text("utf-8"))
+        jsonschema.Draft7Validator.check_schema(schema)
+        validator = jsonschema.Draft7Validator(schema)
+        for kind, path, data in self.each():
+            found = json.loads(self.run_it("export", path, "--format", "json")[0])
+            self.assertEqual([error.message for error in validator.iter_errors(found)], [])
+            named = {name for item in found["items"] for name in item}
+            names = {"item", "deleted", *(name for name, *_ in FORMAT.fields[kind])} - {"Reserved"}
+            self.assertLessEqual(named - {"deleted"}, names)
+            if found["items"]:
+                found["items"][0]["Colour"] = "red"
+                self.assertNotEqual(list(validator.iter_errors(found)), [])
+
     def expect_item(self, item, values, number):
         for name, found in item.items():
             if isinstance(found, list):
@@ -258,6 +276,7 @@ class RoundTrips(CliTest):
 
 if __name__ == "__main__":
     from cli_browser import *  # noqa: E402,F401,F403
+    from cli_completion import *  # noqa: E402,F401,F403
     from cli_commands import *  # noqa: E402,F401,F403
     from cli_keep import *  # noqa: E402,F401,F403
     from cli_overview import *  # noqa: E402,F401,F403
