@@ -162,8 +162,7 @@ void frmEditor::choose(Command command) {
 void frmEditor::open(OpenCollection opening) {
   Form_Load(opening);
   clearStatus();  // what it tells is of the collection that was open before
-  if (state().CurRec == 0)
-    showStatus(QStringLiteral("No item yet: choose Clear Data to type the first"));
+  tellWhatIsMissing();
   offerKeptText();
   if (RecentCollections* recents = program().recents())
     recents->opened(state().currentPath, state().Count);

@@ -212,6 +212,7 @@ class frmEditor : public Form {
   KeptText typedText();
   bool holdsTyped();
   void offerBringBack(const QString& told);
+  void tellWhatIsMissing();
   void offerKeptText();
   std::optional<std::int16_t> itemOf(const KeptText& text);
   void noteWritten(const KeptText& written);
@@ -221,9 +222,10 @@ class frmEditor : public Form {
     std::int16_t item;
     Record before;
     Record after;
+    bool isBegun = false;  ///< writing failed: the item may be half of each
   };
   void offerUndo(const QString& told, Undo undo);
-  void takeBack(const Undo& undo);
+  void takeBack(const QString& told, Undo undo);
   void showFound(const FoundItem& found);
   Listing listing();
 

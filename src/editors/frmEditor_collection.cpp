@@ -51,6 +51,19 @@ void frmEditor::takeOver(const OpenCollection& opened) {
   slot_.reset();
 }
 
+/// Looked up unasked: where that fails nothing is said.
+void frmEditor::tellWhatIsMissing() {
+  const int count = state().Count;
+  if (state().CurRec == 0 && count < 1)
+    showStatus(QStringLiteral("No item yet: choose Clear Data to type the first"));
+  if (state().CurRec < 1) return;
+  ignoringErrors([&] {
+    const int last = store_.lastItemInFile(count);
+    if (last == 0) showStatus(QStringLiteral("The file ends before item 1"));
+    if (last > 0 && last < count) showStatus(QStringLiteral("The file ends at item %1").arg(last));
+  });
+}
+
 /// A form that comes back, as after an Open that failed, is in use again.
 void frmEditor::setVisible(bool visible) {
   if (visible) isLeft_ = false;
@@ -155,6 +168,7 @@ void frmEditor::PrintList_Click() {
       composePages(state().files, state(), store_.kind(), pages, mode, printEngine_, board);
   if (count < 1) {
     // The editor stays hidden and the board shown; who closes it comes to the start screen.
+    board.tell("Nothing printed: the collection is empty");
     program().message(kDefaultTitle,
                       "System Error! Print routines have FAILED! Please contact the author for a "
                       "bug fix!");

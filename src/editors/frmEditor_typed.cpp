@@ -22,9 +22,10 @@ QString nameOf(int item) {
   return item == kNewItem ? QStringLiteral("a new item") : QStringLiteral("item %1").arg(item);
 }
 
-QString sentence(QString text) {
-  text.front() = text.front().toUpper();
-  return text;
+QString leftText(const KeptText& text) {
+  QString sentence = nameOf(text.item) + QStringLiteral(" was left with text that is not written");
+  sentence.front() = sentence.front().toUpper();
+  return sentence;
 }
 
 }  // namespace
@@ -95,8 +96,7 @@ void frmEditor::leaveTyped(bool tells) {
   text.isTold = tells;
   kept_->leave(text);
   if (!tells) return;
-  offerBringBack(sentence(nameOf(text.item)) +
-                 QStringLiteral(" was left with text that is not written"));
+  offerBringBack(leftText(text));
 }
 
 void frmEditor::tell(const QString& text) {
@@ -120,8 +120,15 @@ void frmEditor::offerKeptText() {
 void frmEditor::BringBack() {
   const auto text = kept_ ? kept_->newest() : std::nullopt;
   if (!text) return tell(QStringLiteral("There is no text to bring back"));
-  const auto item = itemOf(*text);
-  const auto record = item ? std::optional(store_.ReadRecord(*item)) : std::nullopt;
+  std::optional<std::int16_t> item;
+  std::optional<Record> record;
+  try {
+    item = itemOf(*text);
+    if (item) record = store_.ReadRecord(*item);
+  } catch (const RunTimeError&) {
+    offerBringBack(leftText(*text));
+    throw;
+  }
 
   if (item)
     showItem(*item, *record);
@@ -172,15 +179,21 @@ void frmEditor::noteWritten(const KeptText& written) {
 
 void frmEditor::offerUndo(const QString& told, Undo undo) {
   showStatus(told, {undo.name, undo.caption, QStringLiteral("Put the item back as it was before"),
-                    [this, undo] { takeBack(undo); }});
+                    [this, told, undo] { takeBack(told, undo); }});
 }
 
-/// Only over what was written then.
-void frmEditor::takeBack(const Undo& undo) {
-  if (store_.ReadRecord(undo.item) != undo.after)
-    return showStatus(QStringLiteral("Item %1 has changed since and stays").arg(undo.item));
-  slot_.reset();
-  store_.WriteRecord(undo.item, undo.before, state().Count);
+/// Only over what was written then. What fails can be tried again at once.
+void frmEditor::takeBack(const QString& told, Undo undo) {
+  try {
+    if (!undo.isBegun && store_.ReadRecord(undo.item) != undo.after)
+      return showStatus(QStringLiteral("Item %1 has changed since and stays").arg(undo.item));
+    slot_.reset();
+    undo.isBegun = true;
+    store_.WriteRecord(undo.item, undo.before, state().Count);
+  } catch (const RunTimeError&) {
+    offerUndo(told, undo);
+    throw;
+  }
   showItem(undo.item, undo.before);
   tell(QStringLiteral("Item %1 is as it was").arg(undo.item));
   sheet_->focusFirst();

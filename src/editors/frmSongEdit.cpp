@@ -93,17 +93,21 @@ void frmSongEdit::makeButtons(WrappingRow& row) {
   lblIndex_->setObjectName(QStringLiteral("lblIndex"));
   lblIndex_->setTextFormat(Qt::PlainText);
   row.addLead(lblIndex_);
-  const auto add = [&](const char* name, const char* caption, std::function<void()> handler) {
+  const auto add = [&](const char* name, const char* caption, const char* what, const char* keys,
+                       std::function<void()> handler) {
     auto* made = makeButton(QString::fromUtf8(name), QString::fromUtf8(caption));
+    explain(*made, QString::fromUtf8(what), QString::fromUtf8(keys));
     onClick(*made, std::move(handler));
     row.addWidget(made);
   };
-  add("cmdNextPage", page_ == 1 ? "&Next Page" : "&Previous Page", [this] {
-    txtSongEdit_Enter();
-    owner_.showOtherPage();
-  });
-  add("cmdClearList", "&Clear Songs ", [this] { owner_.clearSongs(); });
-  add("cmdExit", "E&xit Songs", [this] { Form_Unload(); });
+  add("cmdNextPage", page_ == 1 ? "&Next Page" : "&Previous Page",
+      "Show the other songs of this album", "", [this] {
+        txtSongEdit_Enter();
+        owner_.showOtherPage();
+      });
+  add("cmdClearList", "&Clear Songs ", "Empty the boxes of all songs", "",
+      [this] { owner_.clearSongs(); });
+  add("cmdExit", "E&xit Songs", "Back to the album", "Ctrl+W", [this] { Form_Unload(); });
   onKeys(keysOf(Command::exitCollection), [this] { close(); });
 }
 

@@ -69,6 +69,15 @@ QPushButton* makeButton(const QString& name, const QString& caption) {
   return button;
 }
 
+void explain(QPushButton& button, const QString& what, const QString& otherKeys) {
+  const QKeySequence accessKey = QKeySequence::mnemonic(button.text());
+  QStringList keys(accessKey.toString(QKeySequence::NativeText));
+  keys << otherKeys;
+  keys.removeAll(QString());
+  const QString all = keys.join(QStringLiteral(" or "));
+  button.setToolTip(all.isEmpty() ? what : QStringLiteral("%1 (%2)").arg(what, all));
+}
+
 void keepRoomFor(QLabel& label, const QString& widest) {
   const int width = label.fontMetrics().horizontalAdvance(widest) + 2 * label.margin();
   label.setMinimumWidth(std::max(label.minimumWidth(), width));

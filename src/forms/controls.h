@@ -27,6 +27,10 @@ QLabel* makeCaption(QWidget& input, const QString& name, const QString& caption)
 /// A button; Enter presses it while it has the focus, as the space bar does.
 QPushButton* makeButton(const QString& name, const QString& caption);
 
+/// Gives a button its tool tip: what it does, and its keys, which are the access key of its caption
+/// and `otherKeys`.
+void explain(QPushButton& button, const QString& what, const QString& otherKeys = {});
+
 /// The label keeps room for `widest` from now on, so that nothing beside it moves.
 void keepRoomFor(QLabel& label, const QString& widest);
 

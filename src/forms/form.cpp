@@ -42,13 +42,18 @@ void Form::layOut(QWidget* page, WrappingRow* buttons) {
   column->addWidget(new ScrollingPage(page), 1);
   column->addSpacing(column->spacing());
   column->addLayout(buttons);
+  column->addWidget(makeStatusLine());
+  setCentralWidget(holder);
+  isLaidOut_ = true;
+}
+
+QWidget* Form::makeStatusLine() {
   status_ = new StatusLine([this](QPushButton& button) {
     // Read when it is pressed: a command begins with an empty status line.
     connect(&button, &QAbstractButton::clicked, this,
             [this] { program_.run(std::function(status_->click())); });
   });
-  column->addWidget(status_);
-  setCentralWidget(holder);
+  return status_;
 }
 
 void Form::showStatus(const QString& text) {
@@ -92,7 +97,7 @@ void Form::showInsteadOf(Form& other) {
 void Form::restorePlace() {
   if (std::exchange(placeIsRestored_, true)) return;
   ensurePolished();
-  if (status_ != nullptr) {
+  if (isLaidOut_) {
     centralWidget()->setMinimumSize(smallestPage());
     if (!testAttribute(Qt::WA_Resized)) resize(usualSize());
   }

@@ -80,6 +80,9 @@ class Form : public QMainWindow {
   /// it, a row of buttons and a status line.
   void layOut(QWidget* page, WrappingRow* buttons);
 
+  /// The form's status line, for a form that is laid out in another way.
+  QWidget* makeStatusLine();
+
   void addMenuItem(const MenuItem& item);
 
   /// The page of the manual that F1 and the form's help item open; "index.md" before it is set.
@@ -110,6 +113,7 @@ class Form : public QMainWindow {
 
   Program& program_;
   StatusLine* status_ = nullptr;
+  bool isLaidOut_ = false;
   const char* helpPage_ = "index.md";
   bool placeIsRestored_ = false;
   bool hasFrame_ = false;  // it was shown

@@ -50,19 +50,23 @@ HelpWindow::HelpWindow(WindowPlaces* places) : places_(places), page_(new HelpPa
 
 void HelpWindow::makeButtons() {
   auto* row = new QHBoxLayout;
-  const auto add = [&](const char* name, const char* caption, const QIcon& picture) {
+  const auto add = [&](const char* name, const char* caption, const QIcon& picture,
+                       const char* what, const char* keys = "") {
     auto* made = makeButton(QString::fromUtf8(name), QString::fromUtf8(caption));
     made->setIcon(picture);
+    explain(*made, QString::fromUtf8(what), QString::fromUtf8(keys));
     row->addWidget(made);
     return made;
   };
-  auto* back = add("cmdBack", "&Back", icon("go-previous", "previous"));
-  auto* forward = add("cmdForward", "&Forward", icon("go-next", "next"));
-  auto* all = add("cmdAllPages", "&All Pages", icon("help-contents", "help"));
+  auto* back = add("cmdBack", "&Back", icon("go-previous", "previous"), "The page before this one");
+  auto* forward =
+      add("cmdForward", "&Forward", icon("go-next", "next"), "The page you came back from");
+  auto* all =
+      add("cmdAllPages", "&All Pages", icon("help-contents", "help"), "All pages of the manual");
   row->addStretch(1);
-  auto* find = add("cmdFind", "F&ind", icon("edit-find", "search"));
-  find->setToolTip(QStringLiteral("Find a text on this page (Ctrl+F)"));
-  auto* close = add("cmdClose", "&Close", {});
+  auto* find =
+      add("cmdFind", "F&ind", icon("edit-find", "search"), "Find a text on this page", "Ctrl+F");
+  auto* close = add("cmdClose", "&Close", {}, "Close the manual", "Escape");
   for (auto* button : {back, forward}) button->setEnabled(false);
   connect(back, &QPushButton::clicked, page_, &QTextBrowser::backward);
   connect(forward, &QPushButton::clicked, page_, &QTextBrowser::forward);
@@ -82,15 +86,15 @@ void HelpWindow::makeFindLine() {
   row->addWidget(
       makeCaption(*txtFind_, QStringLiteral("txtFind"), QStringLiteral("Find &on this page:")));
   row->addWidget(txtFind_, 1);
-  const auto add = [&](const char* name, const char* caption, const char* keys,
+  const auto add = [&](const char* name, const char* caption, const char* what, const char* keys,
                        void (HelpWindow::*handler)()) {
     auto* made = makeButton(QString::fromUtf8(name), QString::fromUtf8(caption));
-    made->setToolTip(QString::fromUtf8(keys));
+    explain(*made, QString::fromUtf8(what), QString::fromUtf8(keys));
     connect(made, &QPushButton::clicked, this, handler);
     row->addWidget(made);
   };
-  add("cmdFindNext", "&Next", "Enter or F3", &HelpWindow::findNext);
-  add("cmdFindPrevious", "&Previous", "Shift+F3", &HelpWindow::findPrevious);
+  add("cmdFindNext", "&Next", "The next place on this page", "Enter or F3", &HelpWindow::findNext);
+  add("cmdFindPrevious", "&Previous", "The place before", "Shift+F3", &HelpWindow::findPrevious);
   lblFound_ = new QLabel;
   lblFound_->setObjectName(QStringLiteral("lblFound"));
   row->addWidget(lblFound_, 1);

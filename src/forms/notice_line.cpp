@@ -29,6 +29,7 @@ void NoticeLine::show(const Notice& notice) {
   button_->setText(caption);
   button_->setAccessibleName(withoutAccessKey(caption));
   button_->setAccessibleDescription(text);
+  explain(*button_, text);
   button_->setVisible(!caption.isEmpty());
   press_ = notice.press;
   setVisible(true);

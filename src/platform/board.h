@@ -21,6 +21,9 @@ class Board {
   /// `done` of `total` steps are done; a total of 0 is work of unknown length.
   virtual void progress(int done, int total) = 0;
 
+  /// What came of the work, for as long as the board stays open after it.
+  virtual void tell(const std::string& /*status*/) {}
+
   virtual void close() = 0;
 };
 

@@ -34,6 +34,7 @@ frmRecDisp::frmRecDisp(Program& program) : Form(program, "frmRecDisp") {
   bar_->setAccessibleName(QStringLiteral("Progress"));
   column->addWidget(text_);
   column->addWidget(bar_);
+  column->addWidget(makeStatusLine());
   setCentralWidget(page);
   last_.setSingleShot(true);
   last_.setInterval(kMillisecondsBetweenRepaints);
@@ -78,6 +79,8 @@ void frmRecDisp::progress(int done, int total) {
   total_ = total;
   repaintIfDue();
 }
+
+void frmRecDisp::tell(const std::string& status) { showStatus(fromUtf8Text(status)); }
 
 void frmRecDisp::close() { hide(); }
 

@@ -24,6 +24,7 @@ class frmRecDisp : public Form, public Board {
   void clear() override;
   void print(const std::string& line) override;
   void progress(int done, int total) override;
+  void tell(const std::string& status) override;
   void close() override;
 
   void setVisible(bool visible) override;

@@ -1,6 +1,9 @@
 #include "records/collection_store.h"
 
 #include <algorithm>
+#include <array>
+#include <functional>
+#include <ranges>
 
 #include "platform/checked16.h"
 #include "platform/run_time_error.h"
@@ -36,6 +39,18 @@ HeaderRecord CollectionStore::ReadHeader() {
 }
 
 std::int16_t CollectionStore::readCount() { return std::max<std::int16_t>(ReadHeader().Count, 0); }
+
+int CollectionStore::lastItemInFile(int count) {
+  RecordFile file = open(OpenMode::read);
+  std::array<std::byte, 1> byte{};
+  const auto isMissing = [&](int item) {
+    return file.readRecords(recordNumberOf(item), byte) == 0;
+  };
+  if (count < 1 || !isMissing(count)) return count;
+  const auto items = std::views::iota(1, count);
+  return static_cast<int>(std::ranges::partition_point(items, std::not_fn(isMissing)) -
+                          items.begin());
+}
 
 void CollectionStore::WriteHeader(int count, int fileType, OpenMode mode) {
   const HeaderRecord header = makeHeader(count, fileType);

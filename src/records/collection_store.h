@@ -44,6 +44,9 @@ class CollectionStore {
   /// The items that the header counts; none when it counts less than none.
   std::int16_t readCount();
 
+  /// The last of `count` items that the file holds anything of; 0 when it holds none of them.
+  int lastItemInFile(int count);
+
   /// Writes the header: `count`, `fileType` and the running version. The file must exist unless
   /// `mode` is OpenMode::create.
   void WriteHeader(int count, int fileType, OpenMode mode = OpenMode::update);

@@ -162,7 +162,8 @@ QWidget* frmBegin2::makeRecents() {
       makeCaption(*list_, QStringLiteral("lstRecent"), QStringLiteral("&Recent collections:")));
   column->addWidget(list_);
   takeOff_ = makeButton(QStringLiteral("cmdTakeOff"), QStringLiteral("&Take Off the List"));
-  takeOff_->setToolTip(QStringLiteral("Delete. The collection itself stays as it is."));
+  explain(*takeOff_, QStringLiteral("The collection itself stays as it is"),
+          QStringLiteral("Delete"));
   onClick(*takeOff_, [this] { takeOffList(list_->currentPath()); });
   column->addWidget(takeOff_, 0, Qt::AlignRight);
   recents_->hide();

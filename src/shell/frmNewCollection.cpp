@@ -52,8 +52,9 @@ frmNewCollection::frmNewCollection(Program& program) : Form(program, "frmNewColl
 
   auto* cmdNew = makeButton(QStringLiteral("cmdNew"), QStringLiteral("&Go"));
   onClick(*cmdNew, [this] { cmdNew_Click(); });
+  explain(*cmdNew, QStringLiteral("Make the collection and open it"), QStringLiteral("Enter"));
   auto* cmdCancel = makeButton(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"));
-  cmdCancel->setToolTip(QStringLiteral("Escape"));
+  explain(*cmdCancel, QStringLiteral("Make nothing"), QStringLiteral("Escape"));
   onClick(*cmdCancel, [this] { Form_Unload(); });
   auto* buttons = new QHBoxLayout;
   buttons->addStretch(1);

@@ -119,8 +119,11 @@ frmSearch::frmSearch(Program& program, const CollectionKind& kind, const SearchP
   auto* begin =
       makeButton(QString::fromUtf8(form_.beginName), QString::fromUtf8(form_.beginCaption));
   onClick(*begin, [this, click = form_.begin] { (this->*click)(); });
+  explain(*begin, QStringLiteral("Show the first item that has all of this"),
+          QStringLiteral("Enter"));
   auto* exit = makeButton(QString::fromUtf8(form_.exitName), QString::fromUtf8(form_.exitCaption));
   onClick(*exit, [this] { owner_.leave(); });
+  explain(*exit, QStringLiteral("Back to the collection"), QStringLiteral("Escape"));
   auto* row = new WrappingRow;
   row->addWidget(begin);
   row->addWidget(exit);

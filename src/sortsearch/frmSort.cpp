@@ -115,8 +115,10 @@ frmSort::frmSort(Program& program, const CollectionKind& kind, Owner owner)
 
   begin_ = makeButton(QString::fromUtf8(form.beginName), QString::fromUtf8(form.beginCaption));
   onClick(*begin_, [this, begin = form.begin] { (this->*begin)(); });
+  explain(*begin_, QStringLiteral("Sort the file by what is ticked"));
   auto* exit = makeButton(QString::fromUtf8(form.exitName), QString::fromUtf8(form.exitCaption));
   onClick(*exit, [this] { owner_.leave(); });
+  explain(*exit, QStringLiteral("Back to the collection"), QStringLiteral("Escape"));
   auto* row = new WrappingRow;
   row->addWidget(begin_);
   row->addWidget(exit);

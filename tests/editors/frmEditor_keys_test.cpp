@@ -138,6 +138,18 @@ TEST_P(EachKeys, AreToldByToolTips) {
     }
 }
 
+TEST_P(EachKeys, NeverClash) {
+  open({item("One")});
+  std::set<QString> all;
+  for (const QShortcut* made : form().findChildren<QShortcut*>())
+    EXPECT_TRUE(all.insert(made->key().toString()).second) << made->key().toString().toStdString();
+  for (const QAction* made : form().findChildren<QAction*>())
+    if (!made->shortcut().isEmpty()) {
+      EXPECT_TRUE(all.insert(made->shortcut().toString()).second) << made->text().toStdString();
+    }
+  EXPECT_GE(all.size(), std::size(kKeys) - 3);  // not every kind deletes, has a list and exports
+}
+
 INSTANTIATE_TEST_SUITE_P(Editors, EachKeys, testing::ValuesIn(kModelEditors),
                          [](const auto& each) { return std::string(each.param.name); });
 

@@ -382,6 +382,7 @@ TEST_P(PrintList, AnEmptyCollectionEndsOnTheBoardAndThenTheStartScreen) {
     print();
     EXPECT_EQ(formName(), "frmRecDisp");
     EXPECT_EQ(caption(), "Printing Status");
+    EXPECT_EQ(label("lblStatus"), "Nothing printed: the collection is empty");
     close();
     EXPECT_EQ(formName(), "frmBegin2");
     EXPECT_FALSE(isSpoolThere());

@@ -228,6 +228,71 @@ TEST_P(EachTyped, OnlyWhatWasWrittenIsTakenBack) {
   EXPECT_EQ(bytes(), collection({item("Other"), item("Two")}));
 }
 
+TEST_P(EachTyped, TakingBackCanBeTriedAgainWhenItFails) {
+  open({item("One"), item("Two")});
+  const std::string before = bytes();
+  typeOther("Typed");
+  press(kind().buttons.write);
+  desktop_.tolerateMessages = true;
+  files_.failNth(FileOperation::read, 0, ErrorNumber::deviceIo);
+  press("cmdUndoWrite");
+  EXPECT_EQ(status(), "Written as item 1 of 2");
+  files_.shortWrites = true;  // half of the item is as it was by then
+  files_.failNth(FileOperation::write, kind().skipsDeleted() ? 1 : 0, ErrorNumber::diskFull);
+  press("cmdUndoWrite");
+  EXPECT_TRUE(files_.hasFailed());
+  EXPECT_EQ(other(), "Typed");
+  files_.heal();
+  press("cmdUndoWrite");
+  EXPECT_EQ(bytes(), before);
+  EXPECT_EQ(status(), "Item 1 is as it was");
+}
+
+TEST_P(EachTyped, BringingBackCanBeTriedAgainWhenItFails) {
+  open({item("One"), item("Two")});
+  typeOther("Typed");
+  press(kind().buttons.next);
+  const std::string shown = other();
+  desktop_.tolerateMessages = true;
+  files_.failNth(0, ErrorNumber::deviceIo);
+  press("cmdBringBack");
+  EXPECT_EQ(other(), shown);
+  EXPECT_EQ(status(), "Item 1 was left with text that is not written");
+  files_.heal();
+  press("cmdBringBack");
+  EXPECT_EQ(first(), "One");
+  EXPECT_EQ(other(), "Typed");
+}
+
+TEST_P(EachTyped, AFileThatEndsBeforeItsLastItemSaysWhere) {
+  const std::string whole = collection({item("One"), item("Two"), item("Three"), item("Four")});
+  const auto cutAfter = [&](std::size_t items) {
+    openBytes(whole.substr(0, (items + 1) * kind().recordLength));
+    return status();
+  };
+  EXPECT_EQ(cutAfter(4), "");
+  EXPECT_EQ(cutAfter(3), "The file ends at item 3");
+  EXPECT_EQ(cutAfter(1), "The file ends at item 1");
+  EXPECT_EQ(cutAfter(0), "The file ends before item 1");
+  press(kind().buttons.next);
+  EXPECT_EQ(status(), "");
+}
+
+TEST_P(EachTyped, WhereAFileEndsIsNoMatterWhenItCannotBeFound) {
+  open({item("One"), item("Two")});
+  const std::string cut = bytes().substr(0, 2 * kind().recordLength);
+  files_.forget();
+  openBytes(cut);
+  const auto opened = static_cast<int>(
+      std::ranges::count(files_.operations(), FileOperation::open, &OperationRecord::operation));
+  files_.failNth(FileOperation::open, opened - 1, ErrorNumber::deviceIo);
+  openBytes(cut);
+  EXPECT_TRUE(files_.hasFailed());
+  files_.heal();
+  EXPECT_EQ(status(), "");
+  EXPECT_EQ(first(), "One");
+}
+
 TEST_P(EachTyped, AWriteThatChangesNothingHasNothingToTakeBack) {
   open({item("One")});
   press(kind().buttons.write);

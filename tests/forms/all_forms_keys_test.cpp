@@ -217,6 +217,19 @@ TEST_P(AllFormsKeys, CallsEveryInputByItsCaption) {
   });
 }
 
+TEST_P(AllFormsKeys, TellsTheKeysOfEveryButton) {
+  inEach({kFull}, [](const QWidget& window) {
+    for (auto* button : controlsOf<QPushButton>(window)) {
+      const bool hasKeys = !button->objectName().startsWith(QStringLiteral("cmdNotice")) ||
+                           !QKeySequence::mnemonic(button->text()).isEmpty();
+      EXPECT_EQ(button->toolTip().endsWith(QLatin1Char(')')), hasKeys) << nameOf(button);
+      EXPECT_GT(button->toolTip().indexOf(QStringLiteral(" (")), hasKeys ? 0 : -2)
+          << nameOf(button);
+      EXPECT_FALSE(button->toolTip().isEmpty()) << nameOf(button);
+    }
+  });
+}
+
 TEST_P(AllFormsKeys, IsWalkedThroughInReadingOrder) {
   inEach({kEmpty, kFull, kLargeEmpty, kLargeFull}, expectTabsInReadingOrder);
 }

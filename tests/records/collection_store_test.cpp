@@ -130,6 +130,21 @@ TEST_F(CollectionStoreTest, PastTheEndOfTheFileItemsAreBlank) {
   }
 }
 
+TEST_F(CollectionStoreTest, TheLastItemInTheFileIsTheOneThatItHoldsAnythingOf) {
+  const std::string bytes = musicFile({album("A"), album("B"), album("C"), album("D"), album("E")});
+  for (std::size_t items = 0; items <= 5; ++items) {
+    const auto expected = static_cast<int>(items);
+    writeFile(path_, bytes.substr(0, (items + 1) * kLength));
+    EXPECT_EQ(store_.lastItemInFile(5), expected);
+    EXPECT_EQ(store_.lastItemInFile(32'767), expected);
+    writeFile(path_, bytes.substr(0, items * kLength + 1));
+    EXPECT_EQ(store_.lastItemInFile(5), expected);
+  }
+  EXPECT_EQ(store_.lastItemInFile(3), 3);
+  EXPECT_EQ(store_.lastItemInFile(0), 0);
+  expectNothingOpen();
+}
+
 TEST_F(CollectionStoreTest, ReadingCreatesNothing) {
   MusicRecord record{};
   const Failure header = failureOf([&] { store_.ReadHeader(); });

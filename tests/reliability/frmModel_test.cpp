@@ -59,6 +59,12 @@ class Model : public ModelFiles, public testing::WithParamInterface<ModelKind> {
   void removeSome() {
     if (kind().buttons.remove != nullptr) removeItem(lots_.oneIn(2));
   }
+  void takeSomethingBack() {
+    takeBack("cmdUndoWrite");
+    takeBack("cmdUndoDelete");
+    bringBack();
+  }
+  void copyItem() { duplicate(); }
   void nextItem() {
     if (model().nextEnabled && model().position() <= model().count + kFarBeyond) next();
   }
@@ -248,13 +254,16 @@ class Model : public ModelFiles, public testing::WithParamInterface<ModelKind> {
       int weight;  ///< of a thousand
       void (Model::*step)();
     };
-    static constexpr Weighed steps[] = {
-        {290, &Model::fillInput}, {150, &Model::writeSome}, {60, &Model::clear},
-        {60, &Model::removeSome}, {110, &Model::nextItem},  {90, &Model::previousItem},
-        {60, &Model::jump},       {55, &Model::visitList},  {25, &Model::search},
-        {15, &Model::sort},       {10, &Model::print},      {22, &Model::leaveAndOpen},
-        {12, &Model::openFile},   {10, &Model::newFile},    {10, &Model::exportData},
-        {18, &Model::load},       {3, &Model::startAgain}};
+    static constexpr Weighed steps[] = {{230, &Model::fillInput}, {150, &Model::writeSome},
+                                        {60, &Model::clear},      {50, &Model::takeSomethingBack},
+                                        {10, &Model::copyItem},   {60, &Model::removeSome},
+                                        {110, &Model::nextItem},  {90, &Model::previousItem},
+                                        {60, &Model::jump},       {55, &Model::visitList},
+                                        {25, &Model::search},     {15, &Model::sort},
+                                        {10, &Model::print},      {22, &Model::leaveAndOpen},
+                                        {12, &Model::openFile},   {10, &Model::newFile},
+                                        {10, &Model::exportData}, {18, &Model::load},
+                                        {3, &Model::startAgain}};
     int lot = lots_.below(1000);
     for (const Weighed& weighed : steps) {
       lot -= weighed.weight;

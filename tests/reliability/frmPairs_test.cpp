@@ -44,6 +44,18 @@ class Pairs : public ModelFiles, public testing::WithParamInterface<ModelKind> {
     write();
   }
   void deleteIt() { removeItem(true); }
+  void writeAndTakeBack() {
+    writeIt();
+    takeBack("cmdUndoWrite");
+  }
+  void deleteAndTakeBack() {
+    deleteIt();
+    takeBack("cmdUndoDelete");
+  }
+  void leaveAndBringBack() {
+    goForth();
+    bringBack();
+  }
   void goForth() {
     if (model().nextEnabled) next();
   }
@@ -124,6 +136,11 @@ class Pairs : public ModelFiles, public testing::WithParamInterface<ModelKind> {
         {"Clear Data and Write Data", &Pairs::clearAndWrite},
         {"Delete", &Pairs::deleteIt, false,
          [](const ModelKind& k) { return k.buttons.remove != nullptr; }},
+        {"Write Data and Undo Write", &Pairs::writeAndTakeBack},
+        {"Delete and Undo Delete", &Pairs::deleteAndTakeBack, kVariant,
+         [](const ModelKind& k) { return k.buttons.remove != nullptr; }},
+        {"Next and Bring Back", &Pairs::leaveAndBringBack},
+        {"Duplicate", &Pairs::duplicate, kVariant},
         {"Next", &Pairs::goForth},
         {"Previous", &Pairs::goBack},
         {"Go To", &Pairs::goToLast},

@@ -38,25 +38,37 @@ class EditorModel : public ModelStore {
   int unfinishedSlot_ = 0;  ///< of a new item whose write failed; 0: none
 
  public:
+  int openings = 0;  ///< of collections
   int curRec = 0;
   int listPos = 0;
   std::string buffer;
   std::string label;
   bool previousEnabled = false;
   bool nextEnabled = false;
-  bool onLoan = false;             ///< the boxes of a loan are enabled
-  bool bookLoanedEnabled = true;   ///< music's other loan box
-  std::vector<Held> inputs;        ///< on the editor
-  std::vector<Held> list;          ///< on its list pages
-  std::vector<Held> search;        ///< on the search form
-  std::vector<bool> ticks;         ///< on the sort form
-  std::string songTitles[2] = {};  ///< typed at the top of the song pages
+  bool onLoan = false;                ///< the boxes of a loan are enabled
+  bool bookLoanedEnabled = true;      ///< music's other loan box
+  std::vector<Held> inputs;           ///< on the editor
+  std::vector<Held> list;             ///< on its list pages
+  std::vector<Held> search;           ///< on the search form
+  std::vector<bool> ticks;            ///< on the sort form
+  std::string songTitles[2] = {};     ///< typed at the top of the song pages
+  std::optional<std::string> inFile;  ///< the item at the position, as it was shown or written
+
+  /// What was written or deleted last.
+  struct Undo {
+    int item;
+    std::string before;
+    std::string after;
+    bool isBegun = false;  ///< taking it back failed
+  };
+  std::optional<Undo> undo;
 
   int& position() { return kind_.isVideo() ? listPos : curRec; }
 
   /// Opens a collection, or makes one where there is none. Returns what is said meanwhile.
   std::vector<std::string> open(const std::string& path) {
     path_ = path;
+    ++openings;
     const bool exists = disk_.contains(path);
     if (!exists) writeHeader(0);
     count = headerCount();
@@ -125,8 +137,11 @@ class EditorModel : public ModelStore {
     fillDates();
     buffer = stored;
     storeList();
+    undo.reset();
     if (curRec != kNew) {
       writeItem(position(), buffer, count);
+      if (inFile) undo = Undo{position(), *inFile, buffer};
+      inFile = buffer;
       return {};
     }
     const int slot = newSlot();
@@ -155,6 +170,7 @@ class EditorModel : public ModelStore {
   }
 
   void clear() {
+    inFile.reset();
     for (std::size_t i = 0; i < inputs.size(); ++i)
       if (kind_.inputs[i].is != Is::choice || kind_.isMusic()) inputs[i] = emptyOf(kind_.inputs[i]);
     clearList();
@@ -168,9 +184,33 @@ class EditorModel : public ModelStore {
     std::string record = kind_.skipsDeleted() ? buffer : std::string(kind_.recordLength, '\0');
     putBytes(record, 0, fixedText(std::string(kind_.marker()), kind_.markerWidth()));
     writeItem(position(), record, count);
+    undo.reset();
+    if (inFile) undo = Undo{position(), *inFile, record};
     if (kind_.skipsDeleted()) buffer = record;
     clear();
     return {};
+  }
+
+  /// What was written or deleted last is taken back, if it is still there.
+  void takeBack() {
+    if (!undo->isBegun && record(undo->item) != undo->after) return;
+    writeItem(undo->item, undo->before, count);
+    show(undo->item);
+  }
+
+  /// What was on the form comes back to it, on the item that it was typed on.
+  void bringBack(const EditorModel& left) {
+    const auto item = left.itemShown();
+    item ? show(*item) : clear();
+    putBack(left);
+  }
+
+  /// A new item with what is on the form.
+  void duplicate() {
+    if (curRec < 1) return;
+    const EditorModel copied = *this;
+    clear();
+    putBack(copied);
   }
 
   void next() {
@@ -313,6 +353,7 @@ class EditorModel : public ModelStore {
   /// Shows an item that is read.
   void show(int item) {
     buffer = record(item);
+    inFile = buffer;
     position() = item;
     curRec = item;
     if (kind_.isMusic()) clearList();
@@ -350,6 +391,32 @@ class EditorModel : public ModelStore {
     position() = 0;
     curRec = 0;
     label = kind_.labels.empty;
+  }
+
+  /// Where the item is by now that the form was filled from.
+  std::optional<int> itemShown() const {
+    if (!inFile) return std::nullopt;
+    const int at = kind_.isVideo() ? listPos : curRec;
+    if (at >= 1 && at <= count && record(at) == *inFile) return at;
+    for (int item = 1; item <= count; ++item)
+      if (record(item) == *inFile) return item;
+    return std::nullopt;
+  }
+
+  /// As if typed; blanks at the end are none that anybody typed.
+  void putBack(const EditorModel& from) {
+    for (std::size_t i = 0; i < inputs.size(); ++i) {
+      if (kind_.inputs[i].is == Is::flag) {
+        if (inputs[i].number != from.inputs[i].number) tick(i);
+        continue;
+      }
+      inputs[i] = from.inputs[i];
+      inputs[i].text = withoutEndBlanks(inputs[i].text);
+      inputs[i].padding = 0;
+    }
+    for (std::size_t entry = 0; entry < list.size(); ++entry)
+      list[entry] = {withoutEndBlanks(from.list[entry].text)};
+    for (std::string& title : songTitles) title.clear();
   }
 
   void updateScreen() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QShortcut>
 #include <algorithm>
 #include <filesystem>
 #include <functional>
@@ -29,6 +30,7 @@ class ModelCommands : public ModelFixture {
 
   void clear() {
     note("Clear Data");
+    keepBefore();
     model().clear();
     click(kind().buttons.clear);
   }
@@ -47,6 +49,42 @@ class ModelCommands : public ModelFixture {
         desktop_.expectMessage(titles.deleted, "Deleted.");
     };
     perform(change, [&] { click(kind().buttons.remove); });
+  }
+
+  // What can be taken back
+
+  /// Whether the status line offers it.
+  bool isOffered(const char* name) {
+    const auto* offered = form().findChild<QPushButton*>(QString::fromUtf8(name));
+    return offered != nullptr && offered->isVisible();
+  }
+
+  void takeBack(const char* offered) {
+    if (!isOffered(offered)) return;
+    note(offered);
+    model().giveUpSlot();
+    perform([&] { model().takeBack(); }, [&] { click(offered); },
+            [&] { model().undo->isBegun = true; });
+  }
+
+  /// What the command before has made the form leave. (It would be kept for longer.)
+  void bringBack() {
+    if (!isOffered("cmdBringBack")) return;
+    note("Bring Back");
+    const EditorModel left = before_.value();
+    model().giveUpSlot();
+    perform([&] { model().bringBack(left); }, [&] { click("cmdBringBack"); },
+            [&] { before_.emplace(left); });
+  }
+
+  void duplicate() {
+    note("Duplicate");
+    keepBefore();
+    model().giveUpSlot();
+    model().duplicate();
+    // A window that no event has reached yet would not see the key.
+    for (QShortcut* keys : form().findChildren<QShortcut*>())
+      if (keys->key() == QKeySequence(QStringLiteral("Ctrl+D"))) Q_EMIT keys->activated();
   }
 
   void next() {

@@ -8,6 +8,8 @@
 #include <QPushButton>
 #include <QSpinBox>
 
+#include "forms/controls.h"
+
 namespace quillbox {
 namespace {
 
@@ -42,6 +44,10 @@ PrintDialog::PrintDialog(const QString& title, QWidget* parent) : QDialog(parent
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  explain(*buttons->button(QDialogButtonBox::Ok), QStringLiteral("Print the listing"),
+          QStringLiteral("Enter"));
+  explain(*buttons->button(QDialogButtonBox::Cancel), QStringLiteral("Print nothing"),
+          QStringLiteral("Escape"));
   form->addRow(buttons);
 
   connect(destination_, &QListWidget::currentRowChanged, this, &PrintDialog::enableInputs);
