@@ -4,6 +4,7 @@
 #include "opendata/export_text.h"
 #include "opendata/html_export.h"
 #include "opendata/sqlite_export.h"
+#include "platform/file_paths.h"
 #include "platform/paths.h"
 #include "platform/run_time_error.h"
 #include "platform/text_writer.h"
@@ -35,8 +36,10 @@ void exportAs(const ExportOptions& options, const Opened& opened, const Export& 
 void refuseToReplaceCollections(FileSystem& files, const ExportOptions& options) {
   if (files.isSameFile(options.output, options.file))
     throw RunTimeError(ErrorNumber::fileAlreadyOpen, options.output);
-  if (kindOfExtension(extensionOf(options.output)) != nullptr)
-    throw DataError(options.output + " is the name of a collection; nothing is written there");
+  // Behind links, too.
+  for (const std::string& name : {options.output, fileBehind(files, options.output)})
+    if (kindOfExtension(extensionOf(name)) != nullptr)
+      throw DataError(name + " is the name of a collection; nothing is written there");
 }
 
 /// What a file that is too short did not hold is said.

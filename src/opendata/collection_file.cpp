@@ -49,9 +49,11 @@ bool CollectionFile::endsExactly() const {
          (count == 0 && size == sizeof header);
 }
 
-std::uint64_t sizeOf(File& file) {
+std::uint64_t sizeOf(File& file, std::span<const std::uint64_t> likely) {
   std::array<std::byte, 1> byte{};
   const auto isThere = [&](std::uint64_t at) { return file.readAt(at, byte) == 1; };
+  for (const std::uint64_t size : likely)
+    if (size > 0 && !isThere(size) && isThere(size - 1)) return size;
   if (!isThere(0)) return 0;
   std::uint64_t there = 0;
   std::uint64_t beyond = 1;
@@ -79,16 +81,18 @@ CollectionFile readCollectionFile(FileSystem& files, const std::string& path,
   const std::size_t there = file->readAt(0, header);
   std::ranges::fill(header.subspan(there), std::byte{0});
   found.count = std::max<int>(found.header.Count, 0);
-  found.size = sizeOf(*file);
-  if (kind.rules.fileType != music_file_type::current) return found;
   const int fileType = found.header.FileType;
-  if (fileType < music_file_type::upgradable)
+  const bool isMusic = kind.editor == EditorForm::music;
+  if (isMusic && fileType < music_file_type::upgradable)
     throw DataError("not a music collection that can be read: it is of file type " +
                     std::to_string(fileType));
-  if (fileType == music_file_type::upgradable) {
+  if (isMusic && fileType == music_file_type::upgradable) {
     found.recordLength = kMusicRecordType4Length;
     found.fields = kind.fields.first(kind.fields.size() - 1);
   }
+  const std::uint64_t items = static_cast<std::uint64_t>(found.count) * found.recordLength;
+  found.size = sizeOf(
+      *file, std::array<std::uint64_t, 3>{items + found.recordLength, items, sizeof found.header});
   return found;
 }
 

@@ -53,8 +53,8 @@ CollectionFile readCollectionFile(FileSystem& files, const std::string& path);
 CollectionFile readCollectionFile(FileSystem& files, const std::string& path,
                                   const CollectionKind& kind);
 
-/// The bytes of an open file.
-std::uint64_t sizeOf(File& file);
+/// The bytes of an open file. Found at once where it is one of those that are likely.
+std::uint64_t sizeOf(File& file, std::span<const std::uint64_t> likely = {});
 
 /// True when that item carries the deleted marker of its kind. Books are never deleted.
 bool isDeletedItem(const CollectionKind& kind, std::span<const std::byte> record);

@@ -16,6 +16,9 @@ enum class CsvFor {
 /// texts are guarded, by whoever calls.
 void appendCsvField(std::string& line, std::string_view text);
 
+/// The same for a text that may not be UTF-8; false, and nothing is added, unless it is ASCII.
+bool appendAsciiCsvField(std::string& line, std::string_view text);
+
 /// True of a text that gets an apostrophe for spreadsheets: it begins with =, +, -, @, a tab or a
 /// line end, or with apostrophes before one of them.
 bool needsGuard(std::string_view text);

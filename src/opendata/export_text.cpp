@@ -52,6 +52,9 @@ class CsvExport {
 
   void addValue(const DataColumn& column, std::span<const std::byte> record) {
     const FieldType type = column.field->type;
+    if (type == FieldType::text && !guards_ &&
+        appendAsciiCsvField(line_, readable(textOf(*column.field, record, column.entry))))
+      return;
     if (type != FieldType::text && type != FieldType::choice)
       return from_.values.append(line_, column, record);
     text_.clear();
@@ -124,13 +127,27 @@ class JsonExport {
     json_ += ']';
   }
 
+  void addText(const DataColumn& column, std::span<const std::byte> record) {
+    const std::string_view stored = readable(textOf(*column.field, record, column.entry));
+    if (isPlainJson(stored)) {
+      json_ += '"';
+      json_ += stored;
+      json_ += '"';
+      return;
+    }
+    text_.clear();
+    from_.values.append(text_, column, record);
+    appendJsonString(json_, text_);
+  }
+
   /// Numbers are numbers, flags of 0 and 1 are true and false, and no choice is null.
   void addValue(const DataColumn& column, std::span<const std::byte> record) {
     const Field& field = *column.field;
+    if (field.type == FieldType::text) return addText(column, record);
     text_.clear();
     from_.values.append(text_, column, record);
     switch (field.type) {
-      case FieldType::text:
+      case FieldType::text:  // seen to above
       case FieldType::date:
         return appendJsonString(json_, text_);
       case FieldType::flag:

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "opendata/text_scan.h"
+
 namespace quillbox {
 namespace {
 
@@ -43,6 +45,16 @@ void appendEscaped(std::string& json, char c) {
 }
 
 }  // namespace
+
+bool isPlainJson(std::string_view text) {
+  constexpr char remove = 0x7F;
+  scan::Word found = 0;
+  scan::eachEight(text, [&](scan::Word eight) {
+    found |= scan::anyIsControl(eight) | scan::anyIsBeyondAscii(eight) | scan::anyIs(eight, '"') |
+             scan::anyIs(eight, '\\') | scan::anyIs(eight, remove);
+  });
+  return found == 0;
+}
 
 void appendJsonString(std::string& json, std::string_view text) {
   json += '"';

@@ -5,6 +5,7 @@
 
 #include "opendata/data_error.h"
 #include "opendata/number_forms.h"
+#include "opendata/text_scan.h"
 #include "text/padding.h"
 #include "text/windows1252.h"
 
@@ -73,8 +74,9 @@ std::string_view entryName(const Field& list) {
 }
 
 bool isAscii(std::string_view text) {
-  return std::ranges::none_of(text,
-                              [](char c) { return (static_cast<unsigned char>(c) & 0x80U) != 0; });
+  scan::Word all = 0;
+  scan::eachEight(text, [&](scan::Word eight) { all |= scan::anyIsBeyondAscii(eight); });
+  return all == 0;
 }
 
 Values::Values(const CollectionFile& collection, std::span<const std::string> musicMediaTypes)

@@ -88,7 +88,8 @@ class Export(CliTest):
         jazz, shelf = self.sample("jazz.MCS"), self.sample("shelf.BCS")
         before = jazz.read_bytes(), shelf.read_bytes()
         os.symlink("jazz.MCS", self.folder / "link.csv")
-        for output in ("jazz.MCS", "shelf.BCS", "new.mcs", "link.csv"):
+        os.symlink("shelf.BCS", self.folder / "other.csv")
+        for output in ("jazz.MCS", "shelf.BCS", "new.mcs", "link.csv", "other.csv"):
             self.run_it("export", "jazz.MCS", "-o", output, status=1)
         self.assertEqual((jazz.read_bytes(), shelf.read_bytes()), before)
 

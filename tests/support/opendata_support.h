@@ -4,7 +4,10 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
+#include "opendata/csv_reader.h"
+#include "opendata/import.h"
 #include "opendata/streams.h"
 
 namespace quillbox::test {
@@ -33,5 +36,36 @@ class KeptText : public TextSink {
   void write(std::string_view text) override { kept.append(text); }
   std::string kept;
 };
+
+/// Writes down what an import tells.
+class ToldChanges : public ImportWatcher {
+ public:
+  std::vector<std::string> told;
+  int wrongs = 0;
+
+  void changed(int item, const DataColumn& column, const std::string& before,
+               const std::string& after) override {
+    told.push_back(std::to_string(item) + " " + column.name + ": " + before + " > " + after);
+  }
+  void added(int item, std::span<const std::byte> /*record*/) override {
+    told.push_back(std::to_string(item) + " added");
+  }
+  void wrong(const std::string& place, const std::string& why) override {
+    told.push_back(place + ": " + why);
+    ++wrongs;
+  }
+};
+
+/// Brings a CSV text into the collection at `path`.
+inline ImportResult importCsv(FileSystem& files, const std::string& path, const std::string& csv,
+                              const ImportOptions& options, ImportWatcher& watcher) {
+  const CollectionFile collection =
+      options.makesNew ? collectionToMake(path) : readCollectionFile(files, path);
+  const Values values(collection);
+  Import import(files, collection, values, options, watcher);
+  TextSource source(csv);
+  readCsv(source, values, import);
+  return import.finish();
+}
 
 }  // namespace quillbox::test
