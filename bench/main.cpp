@@ -15,6 +15,7 @@
 #include "listings.h"
 #include "loads.h"
 #include "opendata.h"
+#include "overviews.h"
 #include "searches.h"
 #include "sorts.h"
 #include "starts.h"
@@ -63,6 +64,8 @@ void printHeader(const std::string& collection, int runs) {
               kStepRepetitions);
   std::printf("load:       %d files into a catalogue of %d items\n", kFilesToLoad, kItemsBefore);
   std::printf("search:     all texts of an item of the collection below, one of them wrong\n");
+  std::printf(
+      "all items:  beside filling a full-text table; a key of the filter beside asking it\n");
   std::printf("sort:       by all five keys; the peer exchanges whole records in memory\n");
   std::printf("export:     VCS, SCS, CCS beside reading the collection, too\n");
   std::printf("start:      median of %d runs after %d warm-ups, in turn\n", runs, kWarmUps);
@@ -95,6 +98,33 @@ void printSortMemory(const SortFigures& largest) {
            goalText(formatted("ratio <= %.2f", mostMemory), ratio <= mostMemory));
 }
 
+void printAtMost(const char* name, const Pair& pair, double mostMilliseconds) {
+  printRow(name, formatted("%.2f ms", pair.quillbox), formatted("%.2f ms", pair.peer),
+           formatted("%.3f", pair.quillbox / pair.peer),
+           goalText(formatted("<= %.0f ms", mostMilliseconds), pair.quillbox <= mostMilliseconds));
+}
+
+void printOverviews(const OverviewFigures& overviews) {
+  constexpr double mostForAPiece = 20;
+  constexpr double mostForAKey = 50;
+  constexpr double mostBesideTexts = 64.0 * kItems / kBytesPerMib;
+  printRow("all items, read", formatted("%.1f ms", overviews.open.quillbox),
+           formatted("%.0f ms", overviews.open.peer),
+           formatted("%.3f", overviews.open.quillbox / overviews.open.peer), "none");
+  // The last item of a piece is begun within its time.
+  printRow(
+      "  longest piece", formatted("%.2f ms", overviews.longestPiece), "", "",
+      goalText(formatted("<= %.0f ms", mostForAPiece), overviews.longestPiece < mostForAPiece + 1));
+  const double beside = overviews.memory - overviews.texts;
+  printRow("  memory", formatted("%.2f MiB", overviews.memory),
+           formatted("%.2f MiB texts", overviews.texts), formatted("%+.2f MiB", beside),
+           goalText(formatted("<= +%.0f MiB", mostBesideTexts), beside <= mostBesideTexts));
+  printAtMost("filter, first key", overviews.firstKey, mostForAKey);
+  printAtMost("filter, rare word", overviews.rareWord, mostForAKey);
+  printAtMost("filter, no such", overviews.missingWord, mostForAKey);
+  printRatio("order by a column", overviews.order, "%.1f ms", 1, 1);
+}
+
 /// Everything that is measured, in one run.
 struct Figures {
   StepTimes steps;
@@ -102,6 +132,7 @@ struct Figures {
   LoadFigures loads;
   StartFigures starts;
   SearchFigures searches;
+  OverviewFigures overviews;
   ListingFigures listings;
   Pair pdf;  ///< milliseconds
   std::vector<ExportFigures> exports;
@@ -145,6 +176,7 @@ void printTable(const Figures& figures) {
   constexpr double mostAllowedForSearching = 0.5;
   printRatio("search, miss", figures.searches.miss, "%.1f ms", 1, mostAllowedForSearching);
   printRatio("search, hit", figures.searches.hit, "%.1f ms", 1, mostAllowedForSearching);
+  printOverviews(figures.overviews);
   for (const SortFigures& sort : figures.sorts) printSort(sort);
   printSortMemory(figures.sorts.back());
   constexpr double mostAllowedForListing = 8;
@@ -191,6 +223,7 @@ void runAll(int runs) {
   figures.starts = timeStarts(programs, folder.path(), full, runs);
   // After the starts, whose memory is measured by a process that must still be small.
   figures.searches = timeSearches(folder.path(), full);
+  figures.overviews = timeOverviews(folder.path(), full);
   figures.listings = timeListings(folder.path(), full);
   figures.pdf = timePdf(programs, folder.path(), full);
   figures.exports = timeExports(folder.path());

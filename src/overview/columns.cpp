@@ -19,7 +19,7 @@ constexpr Column kMusic[] = {
     {"Artist", musicField("Artist"), text, kAtFirst},
     {"Album", musicField("Album"), text, kAtFirst},
     {"Record Co", musicField("RecordCo"), text},
-    {"Acquisition Date", musicField("AquireDate"), date},
+    {"Aquisition Date", musicField("AquireDate"), date},
     {"Aquisiton Cost", musicField("AquireCost"), number},
     {"Current Cost", musicField("CurrCost"), number},
     {"Media Type", musicField("MediaType"), choice, kAtFirst},
@@ -42,7 +42,7 @@ constexpr Column kVideo[] = {
     {"Commercially Recorded", videoField("Commercial"), tick},
     {"Purchase Price", videoField("PurPrice"), number},
     {"Current Price", videoField("CurrPrice"), number},
-    {"Acquisition Date", videoField("AquireDate"), date, kAtFirst},
+    {"Aquisition Date", videoField("AquireDate"), date, kAtFirst},
     {"Notes", videoField("Notes"), text},
     {"Movies", videoField("Movies"), list},
 };
@@ -70,7 +70,7 @@ constexpr Column kComics[] = {
     {"Publisher", comicField("Publisher"), text, kAtFirst},
     {"Purchase Price", comicField("PurPrice"), number},
     {"Current Price", comicField("CurrPrice"), number},
-    {"Acquisition Date", comicField("AquireDate"), date},
+    {"Aquisition Date", comicField("AquireDate"), date},
     {"Bagged", comicField("Bagged"), tick},
     {"Boarded", comicField("Boarded"), tick},
     {"Notes", comicField("Notes"), list},
@@ -139,9 +139,9 @@ std::string columnText(const Column& column, std::span<const std::byte> record,
     case FieldType::date:
       return dateText(realOf(field, record), texts.dateForm);
     case FieldType::size:
-      return realText(realOf(field, record));
+      break;
   }
-  return {};
+  return realText(realOf(field, record));
 }
 
 }  // namespace quillbox

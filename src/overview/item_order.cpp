@@ -57,13 +57,12 @@ ItemOrder::Key ItemOrder::keyOf(std::span<const std::byte> record) const {
     case FieldType::money:
       return {Rank::value, moneyOf(field, record), {}};
     case FieldType::date:
-    case FieldType::size: {
-      const double number = realOf(field, record);
-      const bool isNone = std::isnan(number) || columnText(column_, record, texts_).empty();
-      return isNone ? Key{} : Key{Rank::value, ordered(number), {}};
-    }
+    case FieldType::size:
+      break;
   }
-  return {};
+  const double number = realOf(field, record);
+  const bool isNone = std::isnan(number) || columnText(column_, record, texts_).empty();
+  return isNone ? Key{} : Key{Rank::value, ordered(number), {}};
 }
 
 std::vector<int> ItemOrder::order(Direction direction) const {
@@ -77,9 +76,9 @@ std::vector<int> ItemOrder::order(Direction direction) const {
     if (a.value != b.value) return a.value < b.value;
     return a.text < b.text;
   };
-  const auto empty = std::ranges::stable_partition(
-      items, [&](int item) { return keyOfItem(item).rank != Rank::nothing; });
-  std::stable_sort(items.begin(), empty.begin(), [&](int a, int b) {
+  const auto nothing = std::stable_partition(
+      items.begin(), items.end(), [&](int item) { return keyOfItem(item).rank != Rank::nothing; });
+  std::stable_sort(items.begin(), nothing, [&](int a, int b) {
     return direction == Direction::up ? isBefore(keyOfItem(a), keyOfItem(b))
                                       : isBefore(keyOfItem(b), keyOfItem(a));
   });

@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 #include <span>
+#include <vector>
 
 #include "platform/open_files.h"
 #include "platform/run_time_error.h"

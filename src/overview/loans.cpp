@@ -65,6 +65,7 @@ std::vector<BorrowerLoans> Loans::byBorrower() const {
     borrower.loans.push_back(loan);
   }
   std::vector<BorrowerLoans> all;
+  all.reserve(borrowers.size());
   for (auto& [name, borrower] : borrowers) all.push_back(std::move(borrower));
   std::ranges::sort(all, {}, [](const BorrowerLoans& borrower) {
     return std::pair(borrower.name.empty(), naturalKey(borrower.name));

@@ -29,9 +29,7 @@ bool isDoubtful(const Field* field, std::span<const std::byte> record) {
 std::optional<std::string> mediaFilePath(std::span<const std::byte> record) {
   const std::string folder = toUtf8(text(kFolder, record));
   const std::string name = toUtf8(text(kName, record));
-  // A folder of another system leads nowhere here, but says where the file was.
-  const bool isFull = isFullPath(folder) || isFullPath(folder, kWindowsPaths);
-  if (name.empty() || !isFull) return std::nullopt;
+  if (name.empty() || !isFullPath(folder)) return std::nullopt;
   return joinPath(folder, name);
 }
 

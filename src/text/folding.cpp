@@ -56,23 +56,26 @@ constexpr FoldedToSeveral kSeveral[] = {
     {'\xDE', "th"}, {'\xFE', "th"}, {'\x99', "tm"}, {'\x85', "..."},
 };
 
+consteval Folding foldingTo(std::string_view characters) {
+  Folding folding;
+  std::copy(characters.begin(), characters.end(), folding.characters.begin());
+  folding.count = static_cast<std::uint8_t>(characters.size());
+  return folding;
+}
+
 consteval std::array<Folding, 256> foldings() {
   std::array<Folding, 256> table{};
-  const auto put = [&table](char from, std::string_view to) {
-    Folding& folding = table[static_cast<unsigned char>(from)];
-    std::copy(to.begin(), to.end(), folding.characters.begin());
-    folding.count = static_cast<std::uint8_t>(to.size());
-  };
   for (unsigned code = 0; code < table.size(); ++code) {
     const char c = static_cast<char>(code);
-    const char plain = code < ' '             ? ' '
-                       : c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a')
-                                              : c;
-    put(c, std::string_view(&plain, 1));
+    const bool isCapital = c >= 'A' && c <= 'Z';
+    const char plain = code < ' ' ? ' ' : isCapital ? static_cast<char>(c - 'A' + 'a') : c;
+    table[code] = foldingTo({&plain, 1});
   }
   for (const FoldedRun& run : kRuns)
-    for (const char from : run.from) put(from, std::string_view(&run.to, 1));
-  for (const FoldedToSeveral& several : kSeveral) put(several.from, several.to);
+    for (const char from : run.from)
+      table[static_cast<unsigned char>(from)] = foldingTo({&run.to, 1});
+  for (const FoldedToSeveral& several : kSeveral)
+    table[static_cast<unsigned char>(several.from)] = foldingTo(several.to);
   return table;
 }
 constexpr std::array<Folding, 256> kFoldings = foldings();

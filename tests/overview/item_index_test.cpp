@@ -107,8 +107,11 @@ TEST_P(ItemIndexTest, ItemsThatWereLoadedAreReadWithoutTheOthers) {
   auto inFile = items;
   inFile[0] = random.item();  // which nobody has told of
   all.files.put("all", collectionOf(kind(), inFile));
+  EXPECT_EQ(index.countInFile(), 3);
   index.setCount(7);
   index.readOn(neverStop);
+  EXPECT_EQ(index.countInFile(), 7);
+  EXPECT_EQ(&index.kind(), &kind().row());
   expectItems(index, items);
 }
 

@@ -59,7 +59,7 @@ class ItemReadingTest : public testing::TestWithParam<ModelKind> {
   }
 
   TestFolder folder_;
-  std::string path_ = folder_.path("two words \xC3\xA9");
+  std::string path_ = folder_.path("two words");
   FailingFiles files_;
   OpenFiles open_{files_};
   OpenCollection collection_;

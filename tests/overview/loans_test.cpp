@@ -112,6 +112,13 @@ TEST(Loans, WhatIsDueFirstComesFirst) {
   EXPECT_EQ(whoHasWhat(loans), "[Ann] 4 2 5 1 3; ");
 }
 
+TEST(Loans, ThatAreDueOnOneDayKeepTheOrderOfTheirItems) {
+  const auto borrowers = loansOf(std::vector<std::string>(100, lent("Ann", "2/1/00"))).byBorrower();
+  ASSERT_EQ(borrowers.size(), 1U);
+  EXPECT_EQ(borrowers[0].loans.size(), 100U);
+  EXPECT_TRUE(std::ranges::is_sorted(borrowers[0].loans, {}, &Loan::item));
+}
+
 TEST(Loans, AnItemIsTakenAgainAndTheLastForgotten) {
   Loans loans = loansOf({lent("Ann", ""), lent("Bob", ""), lent("Cid", "")});
   loans.take(1, recordOf(familyItem(kMusic, "Back")));

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "overview/item_reading.h"
-#include "platform/paths.h"
 #include "support/failing_files.h"
 #include "support/overview_model.h"
 #include "support/test_folder.h"
@@ -34,7 +33,7 @@ TEST_F(MissingFilesTest, OnlyMediaFilesHaveFiles) {
   for (const ModelKind& kind : kModelKinds) {
     EXPECT_EQ(MissingFiles::hasFiles(kind.row()), kind.isMedia()) << kind.name;
     MissingFiles missing(files_, kind.row());
-    missing.take(1, recordOf(familyItem(kind, "no such file", "/no such folder")));
+    missing.take(1, recordOf(familyItem(kind, "no such file", folder_.path("none"))));
     EXPECT_EQ(missing.gone(), kind.isMedia() ? std::vector{1} : std::vector<int>()) << kind.name;
   }
 }
@@ -48,8 +47,8 @@ TEST_F(MissingFilesTest, AFileIsThereOrGone) {
 }
 
 TEST_F(MissingFilesTest, ThePathIsThatOfTheFile) {
-  EXPECT_EQ(mediaFilePath(recordOf(item("a.gif", "/pictures"))), joinPath("/pictures", "a.gif"));
-  EXPECT_EQ(mediaFilePath(recordOf(item("", "/pictures"))), std::nullopt);
+  EXPECT_EQ(mediaFilePath(recordOf(item("a.gif"))), folder_.path("a.gif"));
+  EXPECT_EQ(mediaFilePath(recordOf(item(""))), std::nullopt);
   EXPECT_EQ(mediaFilePath(recordOf(item("a.gif", ""))), std::nullopt);
   EXPECT_EQ(mediaFilePath(recordOf(item("a.gif", "pictures"))), std::nullopt);
 }
@@ -97,6 +96,9 @@ TEST_F(MissingFilesTest, ThoseThatAreGoneAreListedInOrder) {
   writeFile(folder_.path("gone.gif"), "");
   missing.take(1, recordOf(item("gone.gif")));
   EXPECT_EQ(missing.gone(), std::vector{5});
+  missing.take(5, recordOf(deleted));
+  EXPECT_EQ(missing.gone(), std::vector<int>());
+  missing.take(5, recordOf(item("away.gif")));
   missing.cutTo(4);
   EXPECT_EQ(missing.gone(), std::vector<int>());
   EXPECT_EQ(missing.unknown(), 1);

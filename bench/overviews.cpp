@@ -1,0 +1,158 @@
+#include "overviews.h"
+
+#include <algorithm>
+#include <chrono>
+#include <functional>
+#include <stdexcept>
+#include <vector>
+
+#include "collections.h"
+#include "database.h"
+#include "measuring.h"
+#include "median.h"
+#include "overview/item_filter.h"
+#include "overview/item_index.h"
+#include "overview/item_order.h"
+#include "platform/disk_file_system.h"
+#include "records/music_record.h"
+
+namespace quillbox::bench {
+namespace {
+
+constexpr int kRounds = 15;
+constexpr double kBytesPerMib = 1024.0 * 1024.0;
+
+const CollectionKind& music() { return *kindOfExtension("MCS"); }
+
+RecordTexts texts() { return {builtInChoice, "M/d/yy"}; }
+
+/// A collection that is open, and its index.
+struct Opened {
+  explicit Opened(const std::string& path) { collection.currentPath = path; }
+
+  void readAll() {
+    index.start(kItems);
+    if (index.readOn([] { return false; }) != ReadState::done)
+      throw std::runtime_error("the collection could not be read");
+  }
+
+  DiskFileSystem disk;
+  OpenFiles files{disk};
+  OpenCollection collection;
+  ItemIndex index{files, collection, music(), texts()};
+};
+
+/// All texts of a row, one behind the other.
+std::string allTexts() {
+  std::string all;
+  for (const Field& field : kMusicFields)
+    for (std::size_t entry = 1; field.type == FieldType::text && entry <= field.count; ++entry) {
+      if (!all.empty()) all.append(" || ' ' || ");
+      all.append(field.name);
+      if (field.count > 1) all.append(std::to_string(entry));
+    }
+  return all;
+}
+
+/// Fills a full-text table from the rows.
+void makeTextTable(Database& database, const std::string& name, const std::string& options) {
+  database.run("CREATE VIRTUAL TABLE " + name + " USING fts5(text, content='', " + options + ")");
+  database.run("INSERT INTO " + name + "(rowid, text) SELECT rowid, " + allTexts() + " FROM music");
+}
+
+Pair timeInTurn(const std::function<int()>& ours, const std::function<int()>& peer, bool agree) {
+  std::vector<double> times;
+  std::vector<double> peers;
+  for (int round = 0; round < kRounds; ++round) {
+    int found = 0;
+    int foundByPeer = 0;
+    times.push_back(milliseconds([&] { found = ours(); }));
+    peers.push_back(milliseconds([&] { foundByPeer = peer(); }));
+    if (agree && found != foundByPeer)
+      throw std::runtime_error("the filter and the database found different items");
+  }
+  return {median(times), median(peers)};
+}
+
+/// The longest of the pieces that are to take 20 ms, where the machine's other work disturbed
+/// least.
+double longestPiece(Opened& opened) {
+  using Clock = std::chrono::steady_clock;
+  constexpr auto budget = std::chrono::milliseconds(20);
+  std::vector<double> longest(kRounds);
+  for (double& most : longest) {
+    opened.index.start(kItems);
+    while (opened.index.state() == ReadState::unfinished)
+      most = std::max(most, milliseconds([&] {
+                        const auto end = Clock::now() + budget;
+                        opened.index.readOn([end] { return Clock::now() >= end; });
+                      }));
+  }
+  return *std::ranges::min_element(longest);
+}
+
+Pair timeOpening(const std::string& collection, const std::string& database) {
+  std::vector<double> ours;
+  for (int round = 0; round < kRounds; ++round)
+    ours.push_back(milliseconds([&] { Opened(collection).readAll(); }));
+  Database peer(database);
+  const double filled =
+      milliseconds([&] { makeTextTable(peer, "words", "tokenize='unicode61', prefix='1 2 3'"); });
+  return {median(ours), filled};
+}
+
+/// Each time by a filter that has found nothing before.
+Pair timeWord(const ItemIndex& index, Database& database, const std::string& word,
+              const std::string& table, const std::string& match, bool agree) {
+  const auto ours = [&] {
+    ItemFilter filter(index);
+    filter.setWords(word);
+    filter.start();
+    return static_cast<int>(filter.items().size());
+  };
+  const auto peer = [&] {
+    return database.run("SELECT rowid FROM " + table + " WHERE " + table + " MATCH ?", {match});
+  };
+  return timeInTurn(ours, peer, agree);
+}
+
+Pair timeOrder(Opened& opened, Database& database) {
+  const Column& artist = *columnOf(music(), *musicField("Artist"));
+  const auto ours = [&] {
+    ItemOrder order(artist, texts());
+    readAllItems(opened.files, opened.collection, music(), kItems,
+                 [&](int item, std::span<const std::byte> record) { order.take(item, record); });
+    return static_cast<int>(order.order(Direction::up).size());
+  };
+  const auto peer = [&] {
+    return database.run("SELECT rowid FROM music ORDER BY Artist COLLATE NOCASE");
+  };
+  return timeInTurn(ours, peer, true);
+}
+
+}  // namespace
+
+OverviewFigures timeOverviews(const std::filesystem::path& workFolder,
+                              const std::string& collection) {
+  const std::string path = workFolder / "Overview.db";
+  Database::make(path, collection);
+  readFromDisk(path);
+  OverviewFigures figures;
+  figures.memory = peakMib([&] { Opened(collection).readAll(); }) - peakMib([] {});
+  figures.open = timeOpening(collection, path);
+  Database database(path);
+  makeTextTable(database, "pieces", "tokenize='trigram'");
+  readFromDisk(path);
+
+  Opened opened(collection);
+  figures.longestPiece = longestPiece(opened);
+  figures.texts = static_cast<double>(opened.index.textBytes()) / kBytesPerMib;
+  figures.firstKey = timeWord(opened.index, database, "s", "words", "s*", false);
+  figures.rareWord = timeWord(opened.index, database, "31234", "pieces", "31234", true);
+  figures.missingWord =
+      timeWord(opened.index, database, "winterlong", "pieces", "winterlong", true);
+  figures.order = timeOrder(opened, database);
+  return figures;
+}
+
+}  // namespace quillbox::bench
