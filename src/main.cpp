@@ -6,6 +6,7 @@
 
 #include "forms/icons.h"
 #include "forms/kept_texts.h"
+#include "forms/panel_settings.h"
 #include "forms/placeholders.h"
 #include "forms/program.h"
 #include "forms/recent_collections.h"
@@ -53,10 +54,12 @@ int main(int argc, char** argv) {
   QtDesktop desktop;
   WindowPlaces windowPlaces(WindowPlaces::userFile());
   RecentCollections recents(WindowPlaces::userFile());
+  PanelSettings panelSettings(WindowPlaces::userFile());
   Program program(state, desktop);
   program.setWindowPlaces(windowPlaces);
   program.setTypedFolder(KeptTexts::userFolder());
   program.setRecents(recents);
+  program.setPanelSettings(panelSettings);
   modQBX1 startUp(program);
   program.run([&] { startUp.Main(arguments); });
   return program.isEnding() ? 0 : QApplication::exec();

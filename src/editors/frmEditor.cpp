@@ -14,6 +14,7 @@
 #include "forms/qt_text.h"
 #include "forms/recent_collections.h"
 #include "forms/wrapping_row.h"
+#include "panel/panel.h"
 #include "platform/checked16.h"
 #include "records/navigation.h"
 #include "text/number_text.h"
@@ -49,6 +50,7 @@ frmEditor::frmEditor(Program& program, PrintEngine& printEngine, const Collectio
   layOut(sheet_, makeButtons());
   makeMenus();
   makeKeys();
+  makePanelButton();
   setHelpPage(tables.helpPage);
   keepSoon_.setSingleShot(true);
   keepSoon_.setInterval(kKeepAfter);
@@ -164,6 +166,7 @@ void frmEditor::open(OpenCollection opening) {
   clearStatus();  // what it tells is of the collection that was open before
   tellWhatIsMissing();
   offerKeptText();
+  openKeptPanel();
   if (RecentCollections* recents = program().recents())
     recents->opened(state().currentPath, state().Count);
   show();
@@ -216,6 +219,7 @@ void frmEditor::showItem(std::int16_t item, std::span<const std::byte> record) {
   takeBuffer(record);
   UpdateScreen();
   noteStored(record);
+  markInPanel();
 }
 
 void frmEditor::takeBuffer(std::span<const std::byte> record) {
@@ -228,6 +232,7 @@ void frmEditor::takeCount(std::int16_t count) {
   if (state().CurRec >= 1)
     setRecordLabel(recordLabel(store_.kind(), state().CurRec, state().Count));
   BTEnable(state().CurRec);
+  if (panel_ != nullptr) panel_->setCount(count);
 }
 
 void frmEditor::showNothing() {
@@ -236,6 +241,7 @@ void frmEditor::showNothing() {
   state().CurRec = 0;
   setRecordLabel(std::string(store_.kind().rules.label.empty));
   noteNothingStored();
+  markInPanel();
 }
 
 void frmEditor::readAndShow(int item) { showItem(checked16(item), store_.ReadRecord(item)); }
@@ -323,6 +329,7 @@ void frmEditor::cmdWriteData_Click() {
     state().Count = count;
     takeBuffer(record);
     noteWritten(typed);
+    panelTakes(item, record);
     afterNewItem();
     showStatus(writtenAs(item, count));
   } else if (state().CurRec >= 1) {
@@ -330,6 +337,7 @@ void frmEditor::cmdWriteData_Click() {
     const auto before = std::exchange(stored_, record);
     takeBuffer(record);
     noteWritten(typed);
+    panelTakes(position(), record);
     const QString told = writtenAs(position(), state().Count);
     if (before && *before != record)
       offerUndo(told, {"cmdUndoWrite", "Undo Write", position(), *before, record});
@@ -349,6 +357,7 @@ void frmEditor::cmdClearData_Click() {
 void frmEditor::startNewItem() {
   ClearData();
   noteNothingStored();
+  markInPanel();
   sheet_->focusFirst();
 }
 
@@ -372,6 +381,7 @@ void frmEditor::cmdDelete_Click() {
   const auto before = stored_;
   const bool deleted = store_.writeDeleted(item, record);
   if (rules.keepsTheRest) takeBuffer(record);
+  panelTakes(item, record);
   if (!deleted) {
     report(rules.questionTitle, "Deletion failure!");
     endProgram();

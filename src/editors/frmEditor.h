@@ -16,15 +16,18 @@
 #include "forms/form.h"
 #include "forms/kept_texts.h"
 #include "records/collection_store.h"
+#include "records/record_texts.h"
 #include "sortsearch/frmSearch.h"
 #include "sortsearch/frmSort.h"
 
 class QLabel;
 class QPushButton;
+class QToolButton;
 
 namespace quillbox {
 
 class Listing;
+class Panel;
 class PrintEngine;
 class WrappingRow;
 struct FoundItem;
@@ -227,7 +230,17 @@ class frmEditor : public Form {
   void offerUndo(const QString& told, Undo undo);
   void takeBack(const QString& told, Undo undo);
   void showFound(const FoundItem& found);
+  RecordTexts recordTexts();
   Listing listing();
+
+  // The panel with all items, in frmEditor_panel.cpp.
+  void makePanelButton();
+  void togglePanel();
+  void showPanel(bool shown, bool grows);
+  void openKeptPanel();
+  void findInPanel();
+  void markInPanel();
+  void panelTakes(int item, std::span<const std::byte> record);
 
   CollectionStore store_;
   PrintEngine& printEngine_;
@@ -247,6 +260,8 @@ class frmEditor : public Form {
   /// Where a new item was being written when writing failed. It is known from a scan that nothing
   /// may have come after: any command but Write Data and Clear Data, and opening, forget it.
   std::optional<std::int16_t> slot_;
+  Panel* panel_ = nullptr;  // none while it is closed
+  QToolButton* panelButton_ = nullptr;
   bool isLeaving_ = false;  // the window was closed while Previous went on searching
 };
 

@@ -7,6 +7,7 @@
 #include "forms/icons.h"
 #include "forms/qt_text.h"
 #include "forms/recent_collections.h"
+#include "panel/panel.h"
 #include "platform/desktop.h"
 #include "platform/paths.h"
 #include "printing/export.h"
@@ -129,6 +130,7 @@ void frmEditor::showSorted(std::int16_t count) {
     if (record) setRecordLabel(recordLabel(store_.kind(), item, count));
     record ? showItem(item, *record) : showNothing();
   }
+  if (panel_ != nullptr) panel_->start(count);
   showInsteadOf(*sort_);
 }
 
@@ -147,12 +149,14 @@ void frmEditor::showFound(const FoundItem& found) {
   showInsteadOf(*search_);
 }
 
-Listing frmEditor::listing() {
+RecordTexts frmEditor::recordTexts() {
   const auto choice = [this](const Field& field, int index) {
     return sheet_->choiceText(field, index);
   };
-  return Listing(store_.kind(), {choice, desktop().shortDateForm()});
+  return {choice, desktop().shortDateForm()};
 }
+
+Listing frmEditor::listing() { return Listing(store_.kind(), recordTexts()); }
 
 void frmEditor::PrinterSetup_Click() { printEngine_.PrinterSetup(tables_.setupDialog); }
 

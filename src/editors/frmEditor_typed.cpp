@@ -194,6 +194,7 @@ void frmEditor::takeBack(const QString& told, Undo undo) {
     offerUndo(told, undo);
     throw;
   }
+  panelTakes(undo.item, undo.before);
   showItem(undo.item, undo.before);
   tell(QStringLiteral("Item %1 is as it was").arg(undo.item));
   sheet_->focusFirst();

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
+#include <QSplitter>
 #include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
@@ -44,7 +45,7 @@ void Form::layOut(QWidget* page, WrappingRow* buttons) {
   column->addLayout(buttons);
   column->addWidget(makeStatusLine());
   setCentralWidget(holder);
-  isLaidOut_ = true;
+  laidOut_ = holder;
 }
 
 QWidget* Form::makeStatusLine() {
@@ -97,8 +98,8 @@ void Form::showInsteadOf(Form& other) {
 void Form::restorePlace() {
   if (std::exchange(placeIsRestored_, true)) return;
   ensurePolished();
-  if (isLaidOut_) {
-    centralWidget()->setMinimumSize(smallestPage());
+  if (laidOut_ != nullptr) {
+    laidOut_->setMinimumSize(smallestPage());
     if (!testAttribute(Qt::WA_Resized)) resize(usualSize());
   }
   if (program_.windowPlaces() != nullptr) program_.windowPlaces()->restore(*this);
@@ -106,7 +107,7 @@ void Form::restorePlace() {
 
 /// Room for all menus, and for all buttons in as many lines as that width needs.
 QSize Form::smallestPage() const {
-  const QLayout& layout = *centralWidget()->layout();
+  const QLayout& layout = *laidOut_->layout();
   const int width = std::max(layout.minimumSize().width(), menuBar()->sizeHint().width());
   return {width, layout.totalMinimumHeightForWidth(width)};
 }
@@ -114,12 +115,80 @@ QSize Form::smallestPage() const {
 /// As large as what the form holds, as far as the screen has room.
 QSize Form::usualSize() const {
   const QSize room = screen()->availableGeometry().size();
-  const QLayout& layout = *centralWidget()->layout();
+  const QLayout& layout = *laidOut_->layout();
   QSize size = sizeHint();
   size.setWidth(std::min(size.width(), room.width()));
   // The buttons may go on in a second line.
   size.rheight() += layout.totalHeightForWidth(size.width()) - layout.totalSizeHint().height();
   return size.boundedTo(room);
+}
+
+void Form::setSide(QWidget* side, bool grows) {
+  QPointer<QWidget> focus = focusWidget();  // what changes its parent loses it
+  const QSize before = size();
+  delete std::exchange(side_, side);
+  if (side != nullptr) {
+    if (split_ == nullptr) {
+      split_ = new QSplitter;
+      split_->setChildrenCollapsible(false);
+      split_->addWidget(takeCentralWidget());
+      setCentralWidget(split_);
+      laidOut_->show();
+    }
+    split_->addWidget(side);
+    split_->setStretchFactor(split_->indexOf(side), 1);  // the form keeps its width
+    if (grows) growForSide();
+    turnSide();
+    shareRoom();
+    layout()->activate();  // no window is smaller than what it holds
+    grown_ = size() - before;
+  } else if (!grown_.isNull() && !isMaximized()) {
+    layout()->activate();
+    resize(size() - std::exchange(grown_, QSize(0, 0)));
+  }
+  if (focus) focus->setFocus();
+}
+
+/// To the right, where the screen has room for both; else downwards, as far as it goes.
+void Form::growForSide() {
+  if (isMaximized()) return;
+  const QRect room = screen()->availableGeometry();
+  const QSize before = size();
+  const QSize wanted = side_->sizeHint();
+  const QSize frame = frameGeometry().size() - geometry().size();
+  QSize after = before;
+  if (before.width() + wanted.width() + frame.width() <= room.width())
+    after.rwidth() += wanted.width();
+  else
+    after.setHeight(std::max(before.height(), std::min(before.height() + wanted.height(),
+                                                       room.height() - frame.height())));
+  resize(after);
+  // All of it on the screen.
+  const QPoint over(std::max(0, x() + after.width() + frame.width() - room.right() - 1),
+                    std::max(0, y() + after.height() + frame.height() - room.bottom() - 1));
+  if (!over.isNull()) move(pos() - over);
+}
+
+void Form::turnSide() {
+  if (side_ == nullptr) return;
+  const int both = laidOut_->sizeHint().width() + side_->minimumSizeHint().width();
+  const auto turned = width() >= both ? Qt::Horizontal : Qt::Vertical;
+  if (turned == split_->orientation()) return;
+  split_->setOrientation(turned);
+  shareRoom();
+}
+
+/// The form is as wide as it was without the widget; of a narrow window's height it has a little
+/// more than half.
+void Form::shareRoom() {
+  const bool isBeside = split_->orientation() == Qt::Horizontal;
+  const int form = isBeside ? laidOut_->sizeHint().width() : height() * 11 / 20;
+  split_->setSizes({form, (isBeside ? width() : height()) - form});
+}
+
+void Form::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  turnSide();
 }
 
 /// A window manager may have moved a hidden window, and nothing tells it where the window belongs

@@ -13,6 +13,7 @@
 
 class QAbstractButton;
 class QAction;
+class QSplitter;
 
 namespace quillbox {
 
@@ -80,6 +81,12 @@ class Form : public QMainWindow {
   /// it, a row of buttons and a status line.
   void layOut(QWidget* page, WrappingRow* buttons);
 
+  /// Shows a widget beside what is laid out or, in a window that is too narrow for both, below it;
+  /// none: shows that alone again, and deletes the widget. `grows`: the window takes the room that
+  /// the widget needs from the screen, and gives it back.
+  void setSide(QWidget* side, bool grows);
+  QWidget* side() const { return side_; }
+
   /// The form's status line, for a form that is laid out in another way.
   QWidget* makeStatusLine();
 
@@ -102,18 +109,25 @@ class Form : public QMainWindow {
   void actAsDialog(QAbstractButton* onEnter);
 
   void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void restorePlace();
   QSize smallestPage() const;
   QSize usualSize() const;
+  void growForSide();
+  void turnSide();
+  void shareRoom();
   void insistOnPlace();
   void placeAt(const Form& other);
 
   Program& program_;
   StatusLine* status_ = nullptr;
-  bool isLaidOut_ = false;
+  QWidget* laidOut_ = nullptr;  // the page, the buttons and the status line
+  QSplitter* split_ = nullptr;  // made when there is first a widget beside it
+  QWidget* side_ = nullptr;
+  QSize grown_{0, 0};  // what the window has grown by for the widget
   const char* helpPage_ = "index.md";
   bool placeIsRestored_ = false;
   bool hasFrame_ = false;  // it was shown

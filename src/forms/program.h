@@ -21,6 +21,7 @@ namespace quillbox {
 class Form;
 class FileDrops;
 class HelpWindow;
+class PanelSettings;
 class RecentCollections;
 class WindowPlaces;
 
@@ -80,6 +81,10 @@ class Program {
   RecentCollections* recents() const { return recents_; }
   void setRecents(RecentCollections& recents) { recents_ = &recents; }
 
+  /// How the user wants the panels; none: nothing is kept. Must outlive the forms.
+  PanelSettings* panelSettings() const { return panelSettings_; }
+  void setPanelSettings(PanelSettings& settings) { panelSettings_ = &settings; }
+
   /// Runs the handler of a user's action. A run-time error ends the handler: the forms it hid come
   /// back and the error is shown. When no form is left on screen the start screen is shown.
   ///
@@ -125,6 +130,7 @@ class Program {
   WindowPlaces* windowPlaces_ = nullptr;
   QString typedFolder_;
   RecentCollections* recents_ = nullptr;
+  PanelSettings* panelSettings_ = nullptr;
   std::vector<Form*> forms_;
   bool isRunning_ = false;
   bool ending_ = false;

@@ -40,6 +40,16 @@ HeaderRecord CollectionStore::ReadHeader() {
 
 std::int16_t CollectionStore::readCount() { return std::max<std::int16_t>(ReadHeader().Count, 0); }
 
+void CollectionStore::ReadRecords(
+    std::span<const int> items,
+    const std::function<void(int item, std::span<const std::byte> record)>& use) {
+  RecordFile file = open(OpenMode::read);
+  for (const int item : items) {
+    file.read(recordNumberOf(item), read_, blank_);
+    use(item, read_);
+  }
+}
+
 int CollectionStore::lastItemInFile(int count) {
   RecordFile file = open(OpenMode::read);
   std::array<std::byte, 1> byte{};

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -43,6 +44,10 @@ class CollectionStore {
 
   /// The items that the header counts; none when it counts less than none.
   std::int16_t readCount();
+
+  /// Reads these items, in their order, and hands each over: valid during the call.
+  void ReadRecords(std::span<const int> items,
+                   const std::function<void(int item, std::span<const std::byte> record)>& use);
 
   /// The last of `count` items that the file holds anything of; 0 when it holds none of them.
   int lastItemInFile(int count);

@@ -70,6 +70,12 @@ inline const FormCase kAllForms[] = {
     {"MediaFiles", "media-files", "WCS"},
     {"MediaFileSort", "media-files-sort", "WCS", {kWaves.sort.action}},
     {"MediaFileSearch", "media-files-search", "WCS", {kWaves.search.action}},
+    {"MusicPanel", "panel-music", "MCS", {"cmdPanel"}},
+    {"VideoPanel", "panel-video", "VCS", {"cmdPanel"}},
+    {"SoftwarePanel", "panel-software", "SCS", {"cmdPanel"}},
+    {"ComicsPanel", "panel-comics", "CCS", {"cmdPanel"}},
+    {"BooksPanel", "panel-books", "BCS", {"cmdPanel"}},
+    {"MediaFilesPanel", "panel-media-files", "WCS", {"cmdPanel"}},
     {"Board", "board", nullptr, {}, FormCase::Window::board},
     {"PrintDialog", "print", nullptr, {}, FormCase::Window::printDialog},
 };
@@ -217,9 +223,17 @@ class AllForms : public FormTest {
       if (form().findChild<QAction*>(QString::fromUtf8(step)) != nullptr)
         choose(step);
       else
-        press(step);
+        control<QAbstractButton>(step).click();
     }
+    waitForPanel();
     return form();
+  }
+
+  /// Until the panel, if it is open, has read all items.
+  void waitForPanel() {
+    const auto* told = form().findChild<QLabel*>(QStringLiteral("lblItems"));
+    if (told == nullptr) return;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !told->text().endsWith(QStringLiteral(" read")); }));
   }
 
   void openCollection(const char* extension, Look::Content content) {

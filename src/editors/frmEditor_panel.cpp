@@ -1,0 +1,88 @@
+// The panel with all items of the collection, beside or below the form of an editor.
+
+#include <QMenuBar>
+#include <QToolButton>
+
+#include "editors/frmEditor.h"
+#include "forms/controls.h"
+#include "forms/icons.h"
+#include "forms/panel_settings.h"
+#include "panel/panel.h"
+
+namespace quillbox {
+
+void frmEditor::makePanelButton() {
+  const QString caption = QStringLiteral("All Items");
+  panelButton_ = new QToolButton;
+  nameControl(*panelButton_, QStringLiteral("cmdPanel"), caption);
+  panelButton_->setText(caption);
+  panelButton_->setIcon(icon("view-list-details", "list"));
+  panelButton_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  panelButton_->setToolTip(QStringLiteral("Show all items of the collection (F9)"));
+  panelButton_->setCheckable(true);
+  panelButton_->setAutoRaise(true);
+  panelButton_->setFocusPolicy(Qt::NoFocus);  // F9 is its key; the form's tab order stays
+  connect(panelButton_, &QToolButton::clicked, this, [this] { togglePanel(); });
+  menuBar()->setCornerWidget(panelButton_, Qt::TopRightCorner);
+  onKeys(QKeySequence(Qt::Key_F9), [this] { togglePanel(); });
+  onKeys(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F), [this] { findInPanel(); });
+  onKeys(QKeySequence(Qt::Key_F3), [this] {
+    if (panel_ != nullptr) panel_->showNext();
+  });
+}
+
+void frmEditor::togglePanel() {
+  if (!program().isRunning()) {
+    const bool opens = panel_ == nullptr;
+    showPanel(opens, true);
+    if (PanelSettings* settings = program().panelSettings())
+      settings->setOpen(*kindOfCode(state().kindCode), opens);
+  }
+  panelButton_->setChecked(panel_ != nullptr);
+}
+
+void frmEditor::showPanel(bool shown, bool grows) {
+  panelButton_->setChecked(shown);
+  if (!shown && panel_ == nullptr) return;
+  panel_ = nullptr;
+  if (!shown) return setSide(nullptr, false);
+  const auto show = [this](int item) {
+    program().run([&] {
+      slot_.reset();
+      if (item <= state().Count) readAndShow(item);
+    });
+  };
+  panel_ = new Panel(program(), {*kindOfCode(state().kindCode), recordTexts(), show,
+                                 [this] { sheet_->focusFirst(); }});
+  setSide(panel_, grows);
+  panel_->start(state().Count);
+  markInPanel();
+}
+
+/// As the user has left it in this kind.
+void frmEditor::openKeptPanel() {
+  const CollectionKind& kind = *kindOfCode(state().kindCode);
+  const PanelSettings* settings = program().panelSettings();
+  const bool isKept = settings != nullptr ? settings->isOpen(kind) : panel_ != nullptr;
+  if (isKept && panel_ != nullptr && &panel_->kind() == &kind) {
+    panel_->start(state().Count);
+    markInPanel();
+  } else {
+    showPanel(isKept, false);
+  }
+}
+
+void frmEditor::findInPanel() {
+  if (panel_ == nullptr) togglePanel();
+  if (panel_ != nullptr) panel_->focusFind();
+}
+
+void frmEditor::markInPanel() {
+  if (panel_ != nullptr) panel_->mark(state().CurRec >= 1 ? position() : 0);
+}
+
+void frmEditor::panelTakes(int item, std::span<const std::byte> record) {
+  if (panel_ != nullptr) panel_->take(item, record);
+}
+
+}  // namespace quillbox
