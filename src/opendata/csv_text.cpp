@@ -16,15 +16,15 @@ struct Found {
 };
 
 Found foundIn(std::string_view text) {
-  scan::Word quote = 0;
-  scan::Word separator = 0;
-  scan::Word beyondAscii = 0;
-  scan::eachEight(text, [&](scan::Word eight) {
-    quote |= scan::anyIs(eight, '"');
-    separator |= scan::anyIs(eight, ',') | scan::anyIs(eight, ';') | scan::anyIsControl(eight);
-    beyondAscii |= scan::anyIsBeyondAscii(eight);
+  scan::Block quote{};
+  scan::Block separator{};
+  scan::Block beyondAscii{};
+  scan::eachBlock(text, [&](const scan::Block& block) {
+    quote |= scan::is(block, '"');
+    separator |= scan::is(block, ',') | scan::is(block, ';') | scan::isControl(block);
+    beyondAscii |= scan::isBeyondAscii(block);
   });
-  return {quote != 0, separator != 0, beyondAscii != 0};
+  return {scan::any(quote), scan::any(separator), scan::any(beyondAscii)};
 }
 
 void appendField(std::string& line, std::string_view text, const Found& found) {

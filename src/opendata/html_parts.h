@@ -6,13 +6,13 @@
 namespace quillbox::html {
 
 inline constexpr std::string_view style = R"css(
-:root { color-scheme: light dark; --ground: #fff; --text: #1b1b1f; --quiet: #5a5a66; --line: #d9d9e0;
-  --bar: #3a6ea5; --even: #f5f6f8; }
-@media (prefers-color-scheme: dark) { :root { --ground: #17181c; --text: #ececf1; --quiet: #a3a3b0;
-  --line: #3a3b43; --bar: #7fb0e6; --even: #1f2026; } }
+:root { color-scheme: light dark; --ground: #fff; --text: #1b1b1f; --quiet: #5a5a66;
+  --line: #d9d9e0; --bar: #3a6ea5; --even: #f5f6f8; }
+@media (prefers-color-scheme: dark) { :root { --ground: #17181c; --text: #ececf1;
+  --quiet: #a3a3b0; --line: #3a3b43; --bar: #7fb0e6; --even: #1f2026; } }
 * { box-sizing: border-box; }
-body { margin: 0 auto; padding: 1rem; max-width: 90rem; background: var(--ground); color: var(--text);
-  font: 1rem/1.4 system-ui, sans-serif; overflow-wrap: anywhere; }
+body { margin: 0 auto; padding: 1rem; max-width: 90rem; background: var(--ground);
+  color: var(--text); font: 1rem/1.4 system-ui, sans-serif; overflow-wrap: anywhere; }
 h1 { margin: 0 0 .25rem; font-size: 1.6rem; }
 p { margin: 0 0 1rem; color: var(--quiet); }
 .bars { display: grid; grid-template-columns: repeat(auto-fill, minmax(min(18rem, 100%), 1fr));
@@ -27,8 +27,8 @@ input { font: inherit; padding: .4rem .6rem; width: 20rem; max-width: 100%; colo
   background: var(--ground); border: 1px solid var(--quiet); border-radius: .3rem; }
 output { color: var(--quiet); }
 table { border-collapse: collapse; width: 100%; font-size: .9rem; }
-th, td { text-align: left; vertical-align: top; padding: .35rem .5rem; border-bottom: 1px solid var(--line);
-  overflow-wrap: break-word; }
+th, td { text-align: left; vertical-align: top; padding: .35rem .5rem;
+  border-bottom: 1px solid var(--line); overflow-wrap: break-word; }
 td { min-width: 5rem; }
 .t { min-width: 9rem; }
 tbody tr:nth-child(even) { background: var(--even); }
@@ -91,11 +91,13 @@ inline constexpr std::string_view script = R"js(
       return cell.dataset.v === undefined ? -Infinity : Number(cell.dataset.v);
     };
     const keyed = [...body.rows].map(row => [key(row), row]);
-    keyed.sort(isNumber ? (a, b) => (a[0] > b[0]) - (a[0] < b[0]) : (a, b) => collator.compare(a[0], b[0]));
+    keyed.sort(isNumber ? (a, b) => (a[0] > b[0]) - (a[0] < b[0])
+      : (a, b) => collator.compare(a[0], b[0]));
     if (down) keyed.reverse();
     body.append(...keyed.map(pair => pair[1]));
   }));
-  addEventListener("beforeprint", () => document.querySelectorAll("details").forEach(d => d.open = true));
+  addEventListener("beforeprint", () => document.querySelectorAll("details")
+    .forEach(list => { list.open = true; }));
 })();
 )js";
 

@@ -48,12 +48,12 @@ void appendEscaped(std::string& json, char c) {
 
 bool isPlainJson(std::string_view text) {
   constexpr char remove = 0x7F;
-  scan::Word found = 0;
-  scan::eachEight(text, [&](scan::Word eight) {
-    found |= scan::anyIsControl(eight) | scan::anyIsBeyondAscii(eight) | scan::anyIs(eight, '"') |
-             scan::anyIs(eight, '\\') | scan::anyIs(eight, remove);
+  scan::Block found{};
+  scan::eachBlock(text, [&](const scan::Block& block) {
+    found |= scan::isControl(block) | scan::isBeyondAscii(block) | scan::is(block, '"') |
+             scan::is(block, '\\') | scan::is(block, remove);
   });
-  return found == 0;
+  return !scan::any(found);
 }
 
 void appendJsonString(std::string& json, std::string_view text) {

@@ -74,9 +74,9 @@ std::string_view entryName(const Field& list) {
 }
 
 bool isAscii(std::string_view text) {
-  scan::Word all = 0;
-  scan::eachEight(text, [&](scan::Word eight) { all |= scan::anyIsBeyondAscii(eight); });
-  return all == 0;
+  scan::Block found{};
+  scan::eachBlock(text, [&](const scan::Block& block) { found |= scan::isBeyondAscii(block); });
+  return !scan::any(found);
 }
 
 Values::Values(const CollectionFile& collection, std::span<const std::string> musicMediaTypes)
