@@ -14,6 +14,7 @@
 #include "items.h"
 #include "listings.h"
 #include "loads.h"
+#include "opendata.h"
 #include "overviews.h"
 #include "searches.h"
 #include "sorts.h"
@@ -136,7 +137,25 @@ struct Figures {
   Pair pdf;  ///< milliseconds
   std::vector<ExportFigures> exports;
   std::vector<SortFigures> sorts;
+  OpenDataFigures openData;
 };
+
+void printOpenData(const OpenDataFigures& figures) {
+  constexpr double mostAllowedForCsv = 3;
+  constexpr double mostAllowedForJson = 4;
+  constexpr double mostAllowedForSqlite = 1.3;
+  constexpr double fewestRowsASecond = 100'000;
+  printRatio("all as CSV", figures.csv, "%.0f ms", 1, mostAllowedForCsv);
+  printRatio("all as JSON", figures.json, "%.0f ms", 1, mostAllowedForJson);
+  printRatio("all as SQLite", figures.sqlite, "%.0f ms", 1, mostAllowedForSqlite);
+  printRow(
+      "import, dry run", formatted("%.0f rows/s", figures.rowsASecond), "", "",
+      goalText(formatted(">= %.0f", fewestRowsASecond), figures.rowsASecond >= fewestRowsASecond));
+  printRow("all out, memory", formatted("%.2f MiB", figures.exportMemory),
+           formatted("%.0f MiB text", figures.csvMib), "", "none");
+  printRow("import, memory", formatted("%.2f MiB", figures.importMemory),
+           formatted("%.0f MiB text", figures.csvMib), "", "none");
+}
 
 void printTable(const Figures& figures) {
   constexpr double mostAllowedForReading = 1.3;
@@ -172,6 +191,7 @@ void printTable(const Figures& figures) {
            formatted("%.0f MiB text", figures.listings.listedMib), "", "none");
   printRow("export, memory", formatted("%.2f MiB", figures.listings.exportMemory),
            formatted("%.0f MiB text", figures.listings.exportedMib), "", "none");
+  printOpenData(figures.openData);
   printRatio("start, time", figures.starts.time, "%.2f ms", 1, mostAllowedForStart);
   const double more = figures.starts.memory.quillbox - figures.starts.memory.peer;
   printRow("start, memory", formatted("%.2f MiB", figures.starts.memory.quillbox),
@@ -207,6 +227,7 @@ void runAll(int runs) {
   figures.listings = timeListings(folder.path(), full);
   figures.pdf = timePdf(programs, folder.path(), full);
   figures.exports = timeExports(folder.path());
+  figures.openData = timeOpenData(folder.path(), full);
   figures.sorts = timeSorts(folder.path());
   printTable(figures);
 }

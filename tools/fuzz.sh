@@ -12,7 +12,7 @@ build fuzz
 
 seconds=${1:-20}
 [ $# -eq 0 ] || shift
-[ $# -gt 0 ] || set -- collection media_types print text
+[ $# -gt 0 ] || set -- collection csv json media_types print text
 
 for target in "$@"; do
   learnt=build/fuzz/corpus/$target

@@ -92,9 +92,16 @@ DESTDIR=$work/stage cmake --install build/release --prefix /usr >/dev/null
 desktop-file-validate "$share/applications/$id.desktop"
 appstreamcli validate --no-net "$share/metainfo/$id.metainfo.xml"
 find "$share" \( -name '*.xml' -o -name '*.svg' \) -exec xmllint --noout {} +
-complaints=$(LC_ALL=C.UTF-8 MANROFFSEQ='' MANWIDTH=80 man --warnings -E UTF-8 -l -Tutf8 -Z \
-  "$share/man/man1/quillbox.1" 2>&1 >/dev/null)
-same "Complaints about the page of the manual" "$complaints" ""
+for page in quillbox quillbox-cli; do
+  complaints=$(LC_ALL=C.UTF-8 MANROFFSEQ='' MANWIDTH=80 man --warnings -E UTF-8 -l -Tutf8 -Z \
+    "$share/man/man1/$page.1" 2>&1 >/dev/null)
+  same "Complaints about the page of $page in the manual" "$complaints" ""
+done
+
+# Completion: each shell reads its own.
+bash -n "$share/bash-completion/completions/quillbox-cli"
+zsh -n "$share/zsh/vendor-completions/_quillbox-cli"
+fish -n "$share/fish/vendor_completions.d/quillbox-cli.fish"
 
 # One icon for the program and one for each type, one list of what a double click opens, and a
 # picture for each that is shown where programs are offered.
@@ -116,6 +123,9 @@ same "The program's version" "$(build/release/quillbox --version)" "Quillbox $ve
 same "The version in the metadata" "$(in_metainfo '//release[1]/@version')" "$version"
 same "The page of the manual" "$(grep '^\.TH' packaging/quillbox.1)" \
   ".TH QUILLBOX 1 \"$date\" \"Quillbox $version\" \"User Commands\""
+same "The command line's version" "$(build/release/quillbox-cli --version)" "quillbox-cli $version"
+same "The page of the command line" "$(grep '^\.TH' packaging/quillbox-cli.1)" \
+  ".TH QUILLBOX-CLI 1 \"$date\" \"Quillbox $version\" \"User Commands\""
 same "CHANGELOG.md" "$(grep -m 1 '^## \[[0-9]' CHANGELOG.md)" "## [$version] - $date"
 same "The package's changelog" \
   "$(dpkg-parsechangelog -l packaging/debian/changelog -S Version)" "$version-1"
@@ -156,6 +166,10 @@ for desktop in GNOME ''; do
   XDG_CURRENT_DESKTOP=$desktop dbus-run-session -- tools/opened.sh "$work/my jazz.MCS" \
     '^Music Collection Manager \(my jazz\.MCS\)$'
 done
+# Without a display.
+env -u DISPLAY -u WAYLAND_DISPLAY quillbox-cli export "$work/my jazz.MCS" -o "$work/jazz.csv"
+same "An import of what was exported" \
+  "$(quillbox-cli import "$work/my jazz.MCS" "$work/jazz.csv")" "nothing to change"
 apt remove quillbox || fail "$(cat "$work/apt")"
 installed=
 ! is_installed quillbox || fail "Quillbox is still installed."

@@ -1,11 +1,12 @@
 # Sourced by run, test and .ci/run. need PACKAGE... installs the Debian packages that are missing.
 
-packages_to_build="g++ cmake ninja-build qt6-base-dev libqt6svg6 fonts-dejavu-core"
-packages_to_test="libgtest-dev poppler-utils python3"
-packages_to_bench="libbenchmark-dev libsqlite3-dev"
+packages_to_build="g++ cmake ninja-build qt6-base-dev libqt6svg6 fonts-dejavu-core
+  nlohmann-json3-dev libcli11-dev libsqlite3-dev"
+packages_to_test="libgtest-dev poppler-utils python3 python3-jsonschema chromium"
+packages_to_bench="libbenchmark-dev"
 packages_to_picture="xvfb openbox xdotool imagemagick"
-packages_to_package="appstream dbus desktop-file-utils dpkg-dev file groff-base
-  libfile-mimeinfo-perl libglib2.0-bin libxml2-utils lintian man-db shared-mime-info x11-utils xdg-utils"
+packages_to_package="appstream dbus desktop-file-utils dpkg-dev file fish groff-base
+  libfile-mimeinfo-perl libglib2.0-bin libxml2-utils lintian man-db shared-mime-info x11-utils xdg-utils zsh"
 packages_to_fuzz="clang libclang-rt-14-dev"
 packages_to_check="clang-format git"
 packages_to_cover="gcovr"

@@ -15,6 +15,7 @@ file(RENAME ${doc}/CHANGELOG.md ${doc}/changelog)
 configure_file(${CMAKE_CURRENT_LIST_DIR}/changelog ${doc}/changelog.Debian
                FILE_PERMISSIONS ${everybody_reads} COPYONLY)
 execute_process(COMMAND gzip -9n ${doc}/changelog ${doc}/changelog.Debian ${share}/man/man1/quillbox.1
+                        ${share}/man/man1/quillbox-cli.1
                         COMMAND_ERROR_IS_FATAL ANY)
 configure_file(${CMAKE_CURRENT_LIST_DIR}/lintian-overrides ${share}/lintian/overrides/quillbox
                FILE_PERMISSIONS ${everybody_reads} COPYONLY)

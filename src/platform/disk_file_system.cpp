@@ -186,6 +186,15 @@ void DiskFileSystem::rename(const std::string& from, const std::string& to) {
   throw openError(error, targetIsToBlame ? to : from);
 }
 
+void DiskFileSystem::exchange(const std::string& one, const std::string& other) {
+  if (::renameat2(AT_FDCWD, one.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE) == 0)
+    return flushFolderOf(other);
+  const int error = errno;
+  if (error != EINVAL && error != ENOSYS) throw openError(error, exists(one) ? other : one);
+  FileSystem::exchange(one, other);  // a file system without that way of renaming
+  flushFolderOf(other);
+}
+
 std::string DiskFileSystem::currentFolder() {
   std::error_code error;
   const auto folder = std::filesystem::current_path(error);

@@ -14,6 +14,7 @@ class DiskFileSystem : public FileSystem {
   bool isSameFile(const std::string& a, const std::string& b) override;
   void remove(const std::string& path) override;
   void rename(const std::string& from, const std::string& to) override;
+  void exchange(const std::string& one, const std::string& other) override;
   std::string currentFolder() override;
   void setCurrentFolder(const std::string& folder) override;
   std::string resolvedFolder(const std::string& folder) override;

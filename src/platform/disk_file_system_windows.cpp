@@ -354,6 +354,10 @@ void DiskFileSystem::rename(const std::string& from, const std::string& to) {
   throw errorFromWindows(error, targetIsToBlame ? to : from);
 }
 
+void DiskFileSystem::exchange(const std::string& one, const std::string& other) {
+  FileSystem::exchange(one, other);
+}
+
 std::string DiskFileSystem::currentFolder() {
   const auto folder =
       textOfSystem([](DWORD size, wchar_t* into) { return ::GetCurrentDirectoryW(size, into); });

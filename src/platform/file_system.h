@@ -77,6 +77,11 @@ class FileSystem {
   /// power cut.
   virtual void rename(const std::string& from, const std::string& to) = 0;
 
+  /// Gives each of two files of one folder the other's name; both must exist. Where the system can,
+  /// at no moment is either name without a file, and the names will survive a power cut. Elsewhere
+  /// it is three renames by way of a spare name, and one that fails is taken back.
+  virtual void exchange(const std::string& one, const std::string& other);
+
   virtual std::string currentFolder() = 0;
   virtual void setCurrentFolder(const std::string& folder) = 0;
 

@@ -6,6 +6,34 @@
 namespace quillbox {
 namespace {
 
+ErrorNumber numberFromErrno(int error) {
+  switch (error) {
+    case ENOENT:
+      return ErrorNumber::fileNotFound;
+    case ENOTDIR:
+      return ErrorNumber::pathNotFound;
+    case EEXIST:
+    case ENOTEMPTY:
+      return ErrorNumber::fileAlreadyExists;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      return ErrorNumber::permissionDenied;
+    case ENOSPC:
+#ifdef EDQUOT  // not on every platform
+    case EDQUOT:
+#endif
+    case EFBIG:
+      return ErrorNumber::diskFull;
+    case EIO:
+      return ErrorNumber::deviceIo;
+    default:
+      return ErrorNumber::pathFileAccess;
+  }
+}
+
+}  // namespace
+
 const char* standardText(ErrorNumber number) {
   switch (number) {
     case ErrorNumber::overflow:
@@ -36,34 +64,6 @@ const char* standardText(ErrorNumber number) {
   return "Path not found";
 }
 
-ErrorNumber numberFromErrno(int error) {
-  switch (error) {
-    case ENOENT:
-      return ErrorNumber::fileNotFound;
-    case ENOTDIR:
-      return ErrorNumber::pathNotFound;
-    case EEXIST:
-    case ENOTEMPTY:
-      return ErrorNumber::fileAlreadyExists;
-    case EACCES:
-    case EPERM:
-    case EROFS:
-      return ErrorNumber::permissionDenied;
-    case ENOSPC:
-#ifdef EDQUOT  // not on every platform
-    case EDQUOT:
-#endif
-    case EFBIG:
-      return ErrorNumber::diskFull;
-    case EIO:
-      return ErrorNumber::deviceIo;
-    default:
-      return ErrorNumber::pathFileAccess;
-  }
-}
-
-}  // namespace
-
 RunTimeError::RunTimeError(ErrorNumber number, std::string file)
     : number_(number), file_(std::move(file)), message_("Run-time error '") {
   message_.append(std::to_string(static_cast<int>(number))).append("':\n\n");
@@ -71,7 +71,10 @@ RunTimeError::RunTimeError(ErrorNumber number, std::string file)
   if (!file_.empty()) message_.append("\n").append(file_);
 }
 
-void RunTimeError::addNote(std::string_view note) { message_.append("\n\n").append(note); }
+void RunTimeError::addNote(std::string_view note) {
+  message_.append("\n\n").append(note);
+  notes_.append(notes_.empty() ? "" : "\n").append(note);
+}
 
 RunTimeError errorFromErrno(int error, const std::string& file) {
   return RunTimeError(numberFromErrno(error), file);

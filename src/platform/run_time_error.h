@@ -36,6 +36,9 @@ class RunTimeError : public std::exception {
   /// below it the file if there is one.
   const std::string& message() const { return message_; }
 
+  /// What was added to the message, one paragraph after the other.
+  const std::string& notes() const { return notes_; }
+
   /// Adds a paragraph to the message: what the user must know besides the error itself.
   void addNote(std::string_view note);
 
@@ -45,7 +48,11 @@ class RunTimeError : public std::exception {
   ErrorNumber number_;
   std::string file_;
   std::string message_;
+  std::string notes_;
 };
+
+/// The text that belongs to an error's number: "File not found".
+const char* standardText(ErrorNumber number);
 
 /// The run-time error for a failed system call.
 RunTimeError errorFromErrno(int error, const std::string& file);

@@ -3,14 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <functional>
-#include <ranges>
 
 #include "platform/checked16.h"
 #include "platform/run_time_error.h"
 #include "text/padding.h"
 
 namespace quillbox {
-namespace {
 
 HeaderRecord makeHeader(int count, int fileType) {
   HeaderRecord header;
@@ -19,8 +17,6 @@ HeaderRecord makeHeader(int count, int fileType) {
   header.Version = kVersionText;
   return header;
 }
-
-}  // namespace
 
 CollectionStore::CollectionStore(OpenFiles& files, const OpenCollection& collection,
                                  const CollectionKind& kind)
@@ -60,9 +56,12 @@ int CollectionStore::lastItemInFile(int count) {
     return file.readRecords(recordNumberOf(item), byte) == 0;
   };
   if (count < 1 || !isMissing(count)) return count;
-  const auto items = std::views::iota(1, count);
-  return static_cast<int>(std::ranges::partition_point(items, std::not_fn(isMissing)) -
-                          items.begin());
+  int there = 0;
+  for (int missing = count; missing - there > 1;) {
+    const int middle = there + (missing - there) / 2;
+    (isMissing(middle) ? missing : there) = middle;
+  }
+  return there;
 }
 
 void CollectionStore::WriteHeader(int count, int fileType, OpenMode mode) {

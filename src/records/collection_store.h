@@ -16,6 +16,9 @@
 
 namespace quillbox {
 
+/// A header with the running version. Run-time error 6 for a count beyond 16 bits.
+HeaderRecord makeHeader(int count, int fileType);
+
 /// Where a new item was stored, and how many items there are then.
 struct NewItem {
   std::int16_t item;

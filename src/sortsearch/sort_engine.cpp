@@ -107,7 +107,12 @@ class Sort {
 std::int16_t sortCollection(OpenFiles& files, const OpenCollection& collection,
                             const CollectionKind& kind, const std::vector<bool>& ticked,
                             Board& board) {
-  const SortRules& rules = sortRulesOf(kind);
+  return sortCollection(files, collection, kind, sortRulesOf(kind), ticked, board);
+}
+
+std::int16_t sortCollection(OpenFiles& files, const OpenCollection& collection,
+                            const CollectionKind& kind, const SortRules& rules,
+                            const std::vector<bool>& ticked, Board& board) {
   FileSystem& disk = files.fileSystem();
   files.close(file_number::collection);
   const MovedFile moved =

@@ -25,6 +25,12 @@ std::int16_t sortCollection(OpenFiles& files, const OpenCollection& collection,
                             const CollectionKind& kind, const std::vector<bool>& ticked,
                             Board& board);
 
+/// The same by other rules than the kind's: with one that does not end the program, books are
+/// sorted, too.
+std::int16_t sortCollection(OpenFiles& files, const OpenCollection& collection,
+                            const CollectionKind& kind, const SortRules& rules,
+                            const std::vector<bool>& ticked, Board& board);
+
 /// What follows when the user has been told: the collection is left open, where the kind does that.
 void finishSort(OpenFiles& files, const OpenCollection& collection, const CollectionKind& kind);
 

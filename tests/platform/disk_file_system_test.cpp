@@ -22,6 +22,7 @@
 #include "platform/run_time_error.h"
 #include "support/failure.h"
 #include "support/machine.h"
+#include "support/memory_files.h"
 #include "support/test_folder.h"
 
 namespace quillbox::test {
@@ -729,6 +730,58 @@ TEST_F(DiskFileSystemTest, AFileThatMayNotGrowIsADiskThatIsFull) {
   EXPECT_EQ(std::filesystem::file_size(path), 8192U);
 }
 #endif
+
+TEST(FileExchange, GivesEachOfTwoFilesTheOthersName) {
+  const TestFolder folder;
+  writeFile(folder.path("one"), "1");
+  writeFile(folder.path("other"), "2");
+  DiskFileSystem().exchange(folder.path("one"), folder.path("other"));
+  EXPECT_EQ(readFile(folder.path("one")), "2");
+  EXPECT_EQ(readFile(folder.path("other")), "1");
+}
+
+TEST(FileExchange, NeedsBoth) {
+  const TestFolder folder;
+  writeFile(folder.path("one"), "1");
+  const auto exchange = [&](const char* one, const char* other) {
+    return failureOf([&] { DiskFileSystem().exchange(folder.path(one), folder.path(other)); });
+  };
+  EXPECT_EQ(exchange("one", "gone"), (Failure{53, folder.path("gone")}));
+  EXPECT_EQ(exchange("gone", "one"), (Failure{53, folder.path("gone")}));
+  EXPECT_EQ(readFile(folder.path("one")), "1");
+}
+
+/// A system that can only rename; each of the renames can be made to fail.
+class OnlyRenames : public MemoryFiles {
+ public:
+  int failing = -1;
+  void rename(const std::string& from, const std::string& to) override {
+    if (failing-- == 0) throw RunTimeError(ErrorNumber::deviceIo, from);
+    MemoryFiles::rename(from, to);
+  }
+};
+
+TEST(FileExchange, IsDoneByRenamesWhereThereIsNoOtherWay) {
+  OnlyRenames files;
+  files.put("/one", "1");
+  files.put("/other", "2");
+  files.exchange("/one", "/other");
+  EXPECT_EQ(files.bytes("/one"), "2");
+  EXPECT_EQ(files.bytes("/other"), "1");
+  EXPECT_EQ(files.files.size(), 2U);
+}
+
+TEST(FileExchange, TakesARenameThatFailsBack) {
+  for (int failing = 0; failing < 3; ++failing) {
+    OnlyRenames files;
+    files.put("/one", "1");
+    files.put("/other", "2");
+    files.failing = failing;
+    EXPECT_THROW(files.exchange("/one", "/other"), RunTimeError);
+    EXPECT_EQ(files.bytes("/one"), "1") << failing;
+    EXPECT_EQ(files.bytes("/other"), "2") << failing;
+  }
+}
 
 }  // namespace
 }  // namespace quillbox::test

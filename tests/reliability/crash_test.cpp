@@ -20,12 +20,14 @@
 #include <thread>
 #include <vector>
 
+#include "opendata/restore.h"
 #include "platform/disk_file_system.h"
 #include "platform/run_time_error.h"
 #include "records/music_file.h"
 #include "records/rescue.h"
 #include "sortsearch/sort_engine.h"
 #include "support/counting_store.h"
+#include "support/opendata_support.h"
 #include "support/test_folder.h"
 
 namespace quillbox::test {
@@ -259,6 +261,63 @@ TEST_P(UpgradeCrashTest, LeavesTheOldFileOrTheNewOne) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Music, UpgradeCrashTest, testing::Values(1));
+
+class OpenDataCrashTest : public CrashTest {
+ protected:
+  /// Kills the work on the collection at `path` again and again: it is the old one or the new one,
+  /// under its own name, and the old one is somewhere beside it.
+  void expectSafe(const std::string& path, const std::vector<std::string>& beside,
+                  const std::function<void()>& prepare, const std::function<void()>& work) {
+    prepare();
+    const std::string before = readFile(path);
+    const Microseconds whole = durationOf(work);
+    const std::string after = readFile(path);
+    ASSERT_TRUE(after != before);
+    for (int crash = 0; crash < crashes(); ++crash) {
+      for (const std::string& name : beside) std::filesystem::remove(name);
+      prepare();
+      killedWithin(anyMomentOf(whole), work);
+      const std::string found = readFile(path);
+      ASSERT_TRUE(found == before || found == after) << "crash " << crash;
+      bool isKept = found == before;
+      for (const std::string& name : beside)
+        isKept = isKept || (std::filesystem::exists(name) && readFile(name) == before);
+      ASSERT_TRUE(isKept) << "crash " << crash;
+    }
+  }
+
+  std::string path() { return folder_.path("mine." + std::string(kind().extension)); }
+  std::string bytes(unsigned seed) {
+    return collectionBytes(kind(), kItems, kind().rules.fileType, kind().recordLength, seed);
+  }
+};
+
+TEST_P(OpenDataCrashTest, AnImportLeavesTheOldOneOrTheNewOne) {
+  std::string csv = "Item," + std::string(kind().fields.front().name) + "\n";
+  for (int item = 1; item <= kItems; item += 3) csv += std::to_string(item) + ",changed\n";
+  const auto bringIn = [&] {
+    DiskFileSystem files;
+    ToldChanges watcher;
+    importCsv(files, path(), csv, {}, watcher);
+  };
+  expectSafe(
+      path(), {path() + "~", path() + ".new~"}, [&] { writeFile(path(), bytes(kSeed)); }, bringIn);
+}
+
+TEST_P(OpenDataCrashTest, ARestoreLeavesTheOldOneOrTheNewOne) {
+  const std::string backup = folder_.path("mine.bak");
+  const auto prepare = [&] {
+    writeFile(path(), bytes(kSeed));
+    writeFile(backup, bytes(kSeed + 1));
+  };
+  const auto putBack = [&] {
+    DiskFileSystem files;
+    restoreCollection(files, path());
+  };
+  expectSafe(path(), {path() + "~", backup}, prepare, putBack);
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, OpenDataCrashTest, testing::Values(1, 5, 6));
 
 }  // namespace
 }  // namespace quillbox::test

@@ -162,4 +162,9 @@ void FailingFiles::rename(const std::string& from, const std::string& to) {
   disk_.rename(from, to);
 }
 
+void FailingFiles::exchange(const std::string& one, const std::string& other) {
+  if (const auto error = next(FileOperation::rename, one)) throw RunTimeError(*error);
+  disk_.exchange(one, other);
+}
+
 }  // namespace quillbox::test

@@ -78,6 +78,7 @@ class FailingFiles : public FileSystem {
   }
   void remove(const std::string& path) override;
   void rename(const std::string& from, const std::string& to) override;
+  void exchange(const std::string& one, const std::string& other) override;
   std::string currentFolder() override { return disk_.currentFolder(); }
   void setCurrentFolder(const std::string& folder) override { disk_.setCurrentFolder(folder); }
   std::string resolvedFolder(const std::string& folder) override;

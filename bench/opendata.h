@@ -1,0 +1,24 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "steps.h"
+
+namespace quillbox::bench {
+
+struct OpenDataFigures {
+  Pair csv;                 ///< milliseconds, beside writing the same bytes
+  Pair json;                ///< milliseconds, likewise
+  Pair sqlite;              ///< milliseconds, beside inserting the same rows
+  double rowsASecond = 0;   ///< of a dry run of an import
+  double exportMemory = 0;  ///< MiB at the peak, above what the process has anyway, of CSV
+  double importMemory = 0;  ///< of that dry run
+  double csvMib = 0;        ///< MiB of text
+};
+
+/// Takes a full music collection out in each format, and in again.
+OpenDataFigures timeOpenData(const std::filesystem::path& workFolder,
+                             const std::string& collection);
+
+}  // namespace quillbox::bench

@@ -1,0 +1,156 @@
+#include "cli/console.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+#include "opendata/beside.h"
+#include "opendata/collection_file.h"
+#include "opendata/data_error.h"
+#include "platform/run_time_error.h"
+
+namespace quillbox {
+namespace {
+
+constexpr std::size_t kAtOnce = 131'072;
+constexpr const char* kClearLine = "\r\033[K";
+
+void writeAll(int descriptor, std::string_view text) {
+  while (!text.empty()) {
+    const auto put = ::write(descriptor, text.data(), text.size());
+    if (put >= 0)
+      text.remove_prefix(static_cast<std::size_t>(put));
+    else if (errno != EINTR)
+      throw errorFromErrno(errno, "standard output");
+  }
+}
+
+class StandardInput : public ByteSource {
+ public:
+  std::size_t read(std::span<char> into) override {
+    for (;;) {
+      const auto got = ::read(STDIN_FILENO, into.data(), into.size());
+      if (got >= 0) return static_cast<std::size_t>(got);
+      if (errno != EINTR) throw errorFromErrno(errno, "standard input");
+    }
+  }
+};
+
+class FileSource : public ByteSource {
+ public:
+  FileSource(FileSystem& files, const std::string& path)
+      : file_(files.open(path, OpenMode::read)) {}
+
+  std::size_t read(std::span<char> into) override {
+    const std::size_t got = file_->readAt(at_, std::as_writable_bytes(into));
+    at_ += got;
+    return got;
+  }
+
+ private:
+  std::unique_ptr<File> file_;
+  std::uint64_t at_ = 0;
+};
+
+}  // namespace
+
+void Console::Output::write(std::string_view text) {
+  if (waiting_.size() + text.size() > kAtOnce) flush();
+  if (text.size() >= kAtOnce) return writeAll(STDOUT_FILENO, text);
+  waiting_ += text;
+}
+
+void Console::Output::flush() {
+  const std::string text = std::exchange(waiting_, {});
+  writeAll(STDOUT_FILENO, text);
+}
+
+void Console::complain(const std::string& file, std::string_view why) {
+  clearProgress();
+  std::string line = "quillbox-cli: ";
+  if (!file.empty()) line.append(file).append(": ");
+  line.append(why).append("\n");
+  std::fputs(line.c_str(), stderr);
+}
+
+int Console::complainOfCurrent(const std::string& file) {
+  try {
+    throw;
+  } catch (const WrongUse& error) {
+    complain(file, error.what());
+    return kWrongUse;
+  } catch (const DataError& error) {
+    complain(file, error.what());
+  } catch (const RunTimeError& error) {
+    complain(error.file().empty() ? file : error.file(), standardText(error.number()));
+    if (!error.notes().empty()) complain(file, error.notes());
+    if (error.number() != ErrorNumber::fileNotFound) return kFoundOrRefused;
+    ignoringErrors([&] {
+      for (const auto& [kind, path] : filesBeside(disk(), file))
+        if (kind == BesideKind::sortBackup || kind == BesideKind::upgradeBackup)
+          complain(file, "there is a " + std::string(besideText(kind)) + ", " + path +
+                             "; restore puts it back");
+    });
+  }
+  return kFoundOrRefused;
+}
+
+bool Console::flush() {
+  clearProgress();
+  try {
+    out_.flush();
+    return true;
+  } catch (const RunTimeError& error) {
+    complain(error.file(), standardText(error.number()));
+    return false;
+  }
+}
+
+Progress Console::progressOf(const std::string& file) {
+  if (::isatty(STDERR_FILENO) == 0 || ::isatty(STDOUT_FILENO) != 0) return {};
+  return [this, file](int done, int total) {
+    showsProgress_ = true;
+    std::fprintf(stderr, "%s%s: %d of %d", kClearLine, file.c_str(), done, total);
+  };
+}
+
+void Console::clearProgress() {
+  if (std::exchange(showsProgress_, false)) std::fputs(kClearLine, stderr);
+}
+
+bool Console::showsColours() const {
+  const char* const terminal = std::getenv("TERM");
+  const bool isPlain = terminal == nullptr || std::string_view(terminal) == "dumb";
+  return ::isatty(STDOUT_FILENO) != 0 && !isPlain && std::getenv("NO_COLOR") == nullptr;
+}
+
+std::unique_ptr<ByteSource> openSource(FileSystem& files, const std::string& name) {
+  if (name == "-") return std::make_unique<StandardInput>();
+  return std::make_unique<FileSource>(files, name);
+}
+
+PeekedSource::PeekedSource(ByteSource& source) : source_(source) {
+  constexpr std::size_t enough = 4096;
+  peeked_.resize(enough);
+  peeked_.resize(source.read(peeked_));
+}
+
+char PeekedSource::firstCharacter() const {
+  std::string_view text = peeked_;
+  if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
+  const auto first = text.find_first_not_of(" \t\r\n");
+  return first == std::string_view::npos ? '\0' : text[first];
+}
+
+std::size_t PeekedSource::read(std::span<char> into) {
+  if (at_ == peeked_.size()) return source_.read(into);
+  const std::size_t taken = peeked_.copy(into.data(), into.size(), at_);
+  at_ += taken;
+  return taken;
+}
+
+}  // namespace quillbox

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string_view>
+
+namespace quillbox {
+
+/// Where bytes come from, once and in order.
+class ByteSource {
+ public:
+  virtual ~ByteSource() = default;
+
+  /// Fills `into` as far as bytes are at hand; 0 only at the end. A RunTimeError when reading
+  /// fails.
+  virtual std::size_t read(std::span<char> into) = 0;
+};
+
+/// Where text goes, in order.
+class TextSink {
+ public:
+  virtual ~TextSink() = default;
+
+  /// A RunTimeError when writing fails.
+  virtual void write(std::string_view text) = 0;
+};
+
+}  // namespace quillbox

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+/// Looks for characters of some sort, sixteen at a time: most texts hold none that needs care, and
+/// every one of them is asked.
+namespace quillbox::scan {
+
+/// Sixteen characters, which the compiler treats as one value where the machine can.
+using Block = unsigned char __attribute__((vector_size(16)));
+
+/// Not 0 in the places that are that character.
+inline Block is(const Block& block, char character) {
+  return Block(block == static_cast<unsigned char>(character));
+}
+
+/// Not 0 in the places of control characters below the blank.
+inline Block isControl(const Block& block) { return Block(block < ' '); }
+
+/// Not 0 in the places beyond ASCII.
+inline Block isBeyondAscii(const Block& block) { return Block(block > 0x7F); }
+
+/// Whether any place is not 0.
+inline bool any(const Block& found) {
+  std::uint64_t halves[2];
+  std::memcpy(halves, &found, sizeof halves);
+  return (halves[0] | halves[1]) != 0;
+}
+
+/// Calls `look` with the characters of a text, sixteen at a time. Some may be looked at twice;
+/// those that a short text lacks are "0".
+template <typename Look>
+void eachBlock(std::string_view text, const Look& look) {
+  Block block = Block{} + static_cast<unsigned char>('0');
+  if (text.size() < sizeof block) {
+    std::memcpy(&block, text.data(), text.size());
+    return look(block);
+  }
+  const char* const last = text.data() + text.size() - sizeof block;
+  for (const char* at = text.data(); at < last; at += sizeof block) {
+    std::memcpy(&block, at, sizeof block);
+    look(block);
+  }
+  std::memcpy(&block, last, sizeof block);
+  look(block);
+}
+
+}  // namespace quillbox::scan

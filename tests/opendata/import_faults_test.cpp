@@ -1,0 +1,110 @@
+// Every file operation of import and restore fails in turn: the collection is the old one or the
+// new one, and what was there is still there.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "opendata/restore.h"
+#include "support/collection_path.h"
+#include "support/opendata_support.h"
+
+namespace quillbox::test {
+namespace {
+
+class ImportPath : public CollectionPath {
+ public:
+  explicit ImportPath(const CollectionKind& kind)
+      : CollectionPath(kind,
+                       {plainItem(kind, "a"), plainItem(kind, "DELETED"), plainItem(kind, "c")}) {
+    writeFile(path_ + "~", "an earlier one");
+    std::string first = plainItem(kind, "x");
+    after_ = plainCollection(kind, {first, plainItem(kind, "DELETED"), plainItem(kind, "c")});
+    if (tendsHeader(kind)) after_.replace(0, 12, plainHeader(kind, 3));
+  }
+
+  void run() override {
+    ToldChanges watcher;
+    const std::string column(kind_.fields.front().name);
+    importCsv(files_, path_, "Item," + column + "\n1,x\n", {}, watcher);
+  }
+
+  void expectDone() const override {
+    EXPECT_TRUE(collection() == after_);
+    // The try before may have been done but for keeping the earlier one.
+    EXPECT_FALSE(bytesAt(path_ + "~") == "an earlier one");
+    EXPECT_FALSE(std::filesystem::exists(path_ + ".new~") && !wasExchanged_);
+  }
+
+  void expectSafe(const Fault& /*fault*/, const Failure& /*failure*/) const override {
+    const std::string now = collection();
+    wasExchanged_ = now == after_;
+    EXPECT_TRUE(now == before_ || now == after_);
+    const bool isEarlierThere =
+        bytesAt(path_ + "~") == before_ || bytesAt(path_ + ".new~") == before_;
+    if (wasExchanged_)
+      EXPECT_TRUE(isEarlierThere);
+    else
+      EXPECT_EQ(bytesAt(path_ + "~"), "an earlier one");
+  }
+
+  /// Takes away what a failure could not, and begins anew.
+  void putInOrder() override {
+    std::filesystem::remove(path_ + ".new~");
+    writeFile(path_, before_);
+    writeFile(path_ + "~", before_);
+    wasExchanged_ = false;
+  }
+
+ private:
+  std::string after_;
+  mutable bool wasExchanged_ = false;
+};
+
+class RestorePath : public CollectionPath {
+ public:
+  explicit RestorePath(const CollectionKind& kind)
+      : CollectionPath(kind, {plainItem(kind, "now")}),
+        backup_(folder_.path("mine.bak")),
+        whole_(plainCollection(kind, {plainItem(kind, "b"), plainItem(kind, "a")})) {
+    writeFile(backup_, whole_);
+  }
+
+  void run() override { restoreCollection(files_, path_); }
+
+  void expectDone() const override {
+    EXPECT_TRUE(collection() == whole_);
+    EXPECT_FALSE(std::filesystem::exists(backup_));
+    EXPECT_TRUE(bytesAt(path_ + "~") == before_);
+  }
+
+  void expectSafe(const Fault& /*fault*/, const Failure& /*failure*/) const override {
+    const bool isBack = collection() == whole_;
+    EXPECT_TRUE(isBack || collection() == before_);
+    EXPECT_TRUE(isBack ? bytesAt(backup_) == before_ || bytesAt(path_ + "~") == before_
+                       : bytesAt(backup_) == whole_);
+  }
+
+  void putInOrder() override {
+    std::filesystem::remove(path_ + "~");
+    writeFile(path_, before_);
+    writeFile(backup_, whole_);
+  }
+
+ private:
+  std::string backup_;
+  std::string whole_;
+};
+
+class OpenDataFaults : public testing::TestWithParam<FaultPathRow> {};
+
+TEST_P(OpenDataFaults, LeaveTheOldOneOrTheNewOne) { runFaultTable(GetParam().make); }
+
+INSTANTIATE_TEST_SUITE_P(Paths, OpenDataFaults,
+                         testing::ValuesIn(joined({rowsOf<ImportPath>("Import"),
+                                                   rowsOf<RestorePath>("Restore")})),
+                         nameOfPath);
+
+}  // namespace
+}  // namespace quillbox::test
