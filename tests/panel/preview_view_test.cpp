@@ -49,6 +49,17 @@ TEST_F(LookAtFile, ReadsALargePictureNoLargerThanItIsShown) {
   EXPECT_TRUE(found.says.startsWith(QStringLiteral("2000 x 1000, ")));
 }
 
+TEST_F(LookAtFile, SaysHowLongASoundPlays) {
+  using namespace std::string_literals;
+  const std::string second(8'000, '\x80');  // at 8,000 bytes a second
+  put("sound.wav",
+      "RIFF\x64\x1F\0\0WAVEfmt \x10\0\0\0\1\0\1\0\x40\x1F\0\0\x40\x1F\0\0\1\0\x08\0"
+      "data\x40\x1F\0\0"s +
+          second);
+  EXPECT_TRUE(look("sound.wav").says.startsWith(QStringLiteral("0:01, ")))
+      << look("sound.wav").says.toStdString();
+}
+
 /// A picture of a few bytes that claims to be 30,000 pixels wide and high.
 TEST_F(LookAtFile, DoesNotDecodeWhatIsTooLarge) {
   put("huge.ppm", "P6\n30000 30000\n255\n");
