@@ -51,6 +51,11 @@ void frmEditor::showPanel(bool shown, bool grows) {
       slot_.reset();
       if (item <= state().Count) readAndShow(item);
     });
+    // From inside the panel, which must not be deleted yet.
+    if (isSideOver())
+      QTimer::singleShot(0, this, [this] {
+        if (isSideOver()) togglePanel();
+      });
   };
   panel_ = new Panel(program(), {*kindOfCode(state().kindCode), recordTexts(), show,
                                  [this] { sheet_->focusFirst(); }});

@@ -10,6 +10,7 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
@@ -114,7 +115,7 @@ QSize Form::smallestPage() const {
 
 /// As large as what the form holds, as far as the screen has room.
 QSize Form::usualSize() const {
-  const QSize room = screen()->availableGeometry().size();
+  const QSize room = roomOnScreen();
   const QLayout& layout = *laidOut_->layout();
   QSize size = sizeHint();
   size.setWidth(std::min(size.width(), room.width()));
@@ -127,6 +128,7 @@ void Form::setSide(QWidget* side, bool grows) {
   QPointer<QWidget> focus = focusWidget();  // what changes its parent loses it
   const QSize before = size();
   delete std::exchange(side_, side);
+  if (laidOut_ != nullptr) laidOut_->show();
   if (side != nullptr) {
     if (split_ == nullptr) {
       split_ = new QSplitter;
@@ -152,28 +154,31 @@ void Form::setSide(QWidget* side, bool grows) {
 /// To the right, where the screen has room for both; else downwards, as far as it goes.
 void Form::growForSide() {
   if (isMaximized()) return;
-  const QRect room = screen()->availableGeometry();
-  const QSize before = size();
   const QSize wanted = side_->sizeHint();
-  const QSize frame = frameGeometry().size() - geometry().size();
-  QSize after = before;
-  const int widest = room.width() - frame.width();
-  if (before.width() + side_->minimumSizeHint().width() <= widest)
-    after.setWidth(std::min(before.width() + wanted.width(), widest));
+  const QSize most = roomOnScreen();
+  QSize after = size();
+  if (width() + side_->minimumSizeHint().width() <= most.width())
+    after.setWidth(std::min(width() + wanted.width(), most.width()));
   else
-    after.setHeight(std::max(before.height(), std::min(before.height() + wanted.height(),
-                                                       room.height() - frame.height())));
+    after.setHeight(std::max(height(), std::min(height() + wanted.height(), most.height())));
   resize(after);
-  // All of it on the screen.
-  const QPoint over(std::max(0, x() + after.width() + frame.width() - room.right() - 1),
-                    std::max(0, y() + after.height() + frame.height() - room.bottom() - 1));
-  if (!over.isNull()) move(pos() - over);
+  // All of it on the screen, from its title bar on.
+  const QRect room = screen()->availableGeometry();
+  const QPoint farthest =
+      room.bottomRight() + QPoint(1, 1) - QPoint(frameGeometry().width(), frameGeometry().height());
+  move(std::max(room.left(), std::min(x(), farthest.x())),
+       std::max(room.top(), std::min(y(), farthest.y())));
 }
 
+/// Beside the form, below it, or on a screen that has no room for that, in its place.
 void Form::turnSide() {
   if (side_ == nullptr) return;
-  const int both = laidOut_->sizeHint().width() + side_->minimumSizeHint().width();
-  const auto turned = width() >= both ? Qt::Horizontal : Qt::Vertical;
+  const QSize form = laidOut_->minimumSize();
+  const QSize least = side_->minimumSizeHint();
+  const bool isBeside = width() >= laidOut_->sizeHint().width() + least.width();
+  const int inAll = menuBar()->height() + form.height() + split_->handleWidth() + least.height();
+  laidOut_->setVisible(isBeside || inAll <= roomOnScreen().height());
+  const auto turned = isBeside ? Qt::Horizontal : Qt::Vertical;
   if (turned == split_->orientation()) return;
   split_->setOrientation(turned);
   shareRoom();
@@ -190,6 +195,14 @@ void Form::shareRoom() {
 void Form::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
   turnSide();
+}
+
+/// Less what its frame takes, or will take as far as the style knows.
+QSize Form::roomOnScreen() const {
+  const QSize frame = frameGeometry().size() - geometry().size();
+  const int titleBar = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this);
+  return screen()->availableGeometry().size() -
+         QSize(frame.width(), std::max(frame.height(), titleBar));
 }
 
 /// A window manager may have moved a hidden window, and nothing tells it where the window belongs

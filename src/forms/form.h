@@ -87,6 +87,9 @@ class Form : public QMainWindow {
   void setSide(QWidget* side, bool grows);
   QWidget* side() const { return side_; }
 
+  /// Whether it has the form's place, as the screen has no room for both.
+  bool isSideOver() const { return side_ != nullptr && laidOut_->isHidden(); }
+
   /// The form's status line, for a form that is laid out in another way.
   QWidget* makeStatusLine();
 
@@ -116,6 +119,7 @@ class Form : public QMainWindow {
   void restorePlace();
   QSize smallestPage() const;
   QSize usualSize() const;
+  QSize roomOnScreen() const;
   void growForSide();
   void turnSide();
   void shareRoom();

@@ -10,7 +10,6 @@
 #include <QToolButton>
 #include <filesystem>
 
-#include "forms/form.h"
 #include "forms/panel_settings.h"
 #include "support/form_fixture.h"
 
@@ -117,6 +116,25 @@ TEST_P(EachPanel, StandsBesideTheFormWhereTheWindowIsWideEnough) {
   form().resize(600, 700);
   EXPECT_EQ(split.orientation(), Qt::Vertical);
   EXPECT_GT(split.sizes().at(1), 100);
+}
+
+/// Form and panel have letters so large that the screen has no room for both.
+TEST_P(EachPanel, TakesTheFormsPlaceOnASmallScreen) {
+  const QFont before = QApplication::font();
+  QFont large = before;
+  large.setPointSizeF(4 * QFontInfo(before).pointSizeF());
+  QApplication::setFont(large);
+  open({item("One"), item("Two")});
+  openPanel();
+  EXPECT_FALSE(box(kind().firstBox()).isVisible());
+  table().setFocus();
+  key(Qt::Key_Down);
+  key(Qt::Key_Return);
+  QApplication::processEvents();
+  EXPECT_FALSE(isPanelOpen());
+  EXPECT_TRUE(box(kind().firstBox()).isVisible());
+  EXPECT_EQ(first(), "Two");
+  QApplication::setFont(before);
 }
 
 TEST_P(EachPanel, IsRememberedForItsKindAlone) {
