@@ -234,6 +234,7 @@ class frmEditor : public Form {
   Listing listing();
 
   // The panel with all items, in frmEditor_panel.cpp.
+  const CollectionKind& openKind();
   void makePanelButton();
   void togglePanel();
   void showPanel(bool shown, bool grows);

@@ -31,12 +31,18 @@ void frmEditor::makePanelButton() {
   });
 }
 
+/// The editor of media files has four.
+const CollectionKind& frmEditor::openKind() {
+  const CollectionKind* kind = kindOfCode(state().kindCode);
+  return kind != nullptr && kind->editor == store_.kind().editor ? *kind : store_.kind();
+}
+
 void frmEditor::togglePanel() {
   if (!program().isRunning()) {
     const bool opens = panel_ == nullptr;
     showPanel(opens, true);
     if (PanelSettings* settings = program().panelSettings())
-      settings->setOpen(*kindOfCode(state().kindCode), opens);
+      settings->setOpen(openKind(), opens);
   }
   panelButton_->setChecked(panel_ != nullptr);
 }
@@ -57,7 +63,7 @@ void frmEditor::showPanel(bool shown, bool grows) {
         if (isSideOver()) togglePanel();
       });
   };
-  panel_ = new Panel(program(), {*kindOfCode(state().kindCode), recordTexts(), show,
+  panel_ = new Panel(program(), {openKind(), recordTexts(), show,
                                  [this] { sheet_->focusFirst(); }});
   setSide(panel_, grows);
   panel_->start(state().Count);
@@ -66,7 +72,7 @@ void frmEditor::showPanel(bool shown, bool grows) {
 
 /// As the user has left it in this kind.
 void frmEditor::openKeptPanel() {
-  const CollectionKind& kind = *kindOfCode(state().kindCode);
+  const CollectionKind& kind = openKind();
   const PanelSettings* settings = program().panelSettings();
   const bool isKept = settings != nullptr ? settings->isOpen(kind) : panel_ != nullptr;
   if (isKept && panel_ != nullptr && &panel_->kind() == &kind) {
