@@ -41,8 +41,7 @@ void frmEditor::togglePanel() {
   if (!program().isRunning()) {
     const bool opens = panel_ == nullptr;
     showPanel(opens, true);
-    if (PanelSettings* settings = program().panelSettings())
-      settings->setOpen(openKind(), opens);
+    if (PanelSettings* settings = program().panelSettings()) settings->setOpen(openKind(), opens);
   }
   panelButton_->setChecked(panel_ != nullptr);
 }
@@ -63,8 +62,8 @@ void frmEditor::showPanel(bool shown, bool grows) {
         if (isSideOver()) togglePanel();
       });
   };
-  panel_ = new Panel(program(), {openKind(), recordTexts(), show,
-                                 [this] { sheet_->focusFirst(); }});
+  panel_ =
+      new Panel(program(), {openKind(), recordTexts(), show, [this] { sheet_->focusFirst(); }});
   setSide(panel_, grows);
   panel_->start(state().Count);
   markInPanel();
