@@ -5,7 +5,6 @@
 
 #include "editors/frmEditor.h"
 #include "forms/controls.h"
-#include "forms/icons.h"
 #include "forms/panel_settings.h"
 #include "panel/panel.h"
 
@@ -16,8 +15,6 @@ void frmEditor::makePanelButton() {
   panelButton_ = new QToolButton;
   nameControl(*panelButton_, QStringLiteral("cmdPanel"), caption);
   panelButton_->setText(caption);
-  panelButton_->setIcon(icon("view-list-details", "list"));
-  panelButton_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   panelButton_->setToolTip(QStringLiteral("Show all items of the collection (F9)"));
   panelButton_->setCheckable(true);
   panelButton_->setAutoRaise(true);

@@ -177,7 +177,9 @@ void Form::turnSide() {
   const QSize least = side_->minimumSizeHint();
   const bool isBeside = width() >= laidOut_->sizeHint().width() + least.width();
   const int inAll = menuBar()->height() + form.height() + split_->handleWidth() + least.height();
-  laidOut_->setVisible(isBeside || inAll <= roomOnScreen().height());
+  const bool isOver = !isBeside && inAll > roomOnScreen().height();
+  laidOut_->setVisible(!isOver);
+  split_->setMinimumWidth(isOver ? std::max(form.width(), least.width()) : 0);  // for all menus
   const auto turned = isBeside ? Qt::Horizontal : Qt::Vertical;
   if (turned == split_->orientation()) return;
   split_->setOrientation(turned);
