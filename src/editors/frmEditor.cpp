@@ -325,7 +325,9 @@ void frmEditor::cmdWriteData_Click() {
   Record record(buffer().begin(), buffer().end());
   GetScreen(record);
   if (state().CurRec == kNewItem) {
-    const auto [item, count] = store_.writeNewItem(slot_, record);
+    NewItem written{};
+    writing(slot_, [&] { written = store_.writeNewItem(slot_, record); });
+    const auto [item, count] = written;
     state().Count = count;
     takeBuffer(record);
     noteWritten(typed);
@@ -333,7 +335,7 @@ void frmEditor::cmdWriteData_Click() {
     afterNewItem();
     showStatus(writtenAs(item, count));
   } else if (state().CurRec >= 1) {
-    store_.WriteRecord(position(), record, state().Count);
+    writing(position(), [&] { store_.WriteRecord(position(), record, state().Count); });
     const auto before = std::exchange(stored_, record);
     takeBuffer(record);
     noteWritten(typed);
@@ -379,7 +381,8 @@ void frmEditor::cmdDelete_Click() {
   setText(store_.kind().fields.front(), record, rules.marker);
   const std::int16_t item = state().CurRec < 1 ? state().CurRec : position();
   const auto before = stored_;
-  const bool deleted = store_.writeDeleted(item, record);
+  bool deleted = false;
+  writing(item, [&] { deleted = store_.writeDeleted(item, record); });
   if (rules.keepsTheRest) takeBuffer(record);
   panelTakes(item, record);
   if (!deleted) {

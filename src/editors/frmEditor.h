@@ -242,6 +242,7 @@ class frmEditor : public Form {
   void findInPanel();
   void markInPanel();
   void panelTakes(int item, std::span<const std::byte> record);
+  void writing(const std::optional<std::int16_t>& item, const std::function<void()>& write);
 
   CollectionStore store_;
   PrintEngine& printEngine_;

@@ -92,4 +92,18 @@ void frmEditor::panelTakes(int item, std::span<const std::byte> record) {
   if (panel_ != nullptr) panel_->take(item, record);
 }
 
+/// Where writing an item fails the file may hold half of it: the panel shows what it holds.
+void frmEditor::writing(const std::optional<std::int16_t>& item,
+                        const std::function<void()>& write) {
+  try {
+    write();
+  } catch (const RunTimeError&) {
+    ignoringErrors([&] {
+      if (panel_ != nullptr && item && *item >= 1 && *item <= state().Count)
+        panelTakes(*item, store_.ReadRecord(*item));
+    });
+    throw;
+  }
+}
+
 }  // namespace quillbox

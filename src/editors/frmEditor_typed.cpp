@@ -189,7 +189,7 @@ void frmEditor::takeBack(const QString& told, Undo undo) {
       return showStatus(QStringLiteral("Item %1 has changed since and stays").arg(undo.item));
     slot_.reset();
     undo.isBegun = true;
-    store_.WriteRecord(undo.item, undo.before, state().Count);
+    writing(undo.item, [&] { store_.WriteRecord(undo.item, undo.before, state().Count); });
   } catch (const RunTimeError&) {
     offerUndo(told, undo);
     throw;

@@ -60,7 +60,8 @@ std::string viewsOf(const CollectionKind& kind) {
         "CREATE VIEW loans AS SELECT Borrower, Artist, Album, DateLoaned, DueDate, BookLoaned, item"
         " FROM items WHERE deleted = 0 AND CurrLoaned <> 0 ORDER BY Borrower, item;\n";
   for (const Grouping& grouping : groupingsOf(kind))
-    if (grouping.by != Grouping::By::year) text += groupingView(kind, grouping);
+    if (grouping.by == Grouping::By::entry || grouping.by == Grouping::By::text)
+      text += groupingView(kind, grouping);
   return text;
 }
 

@@ -5,6 +5,7 @@
 #include <limits>
 #include <utility>
 
+#include "overview/sort_by_key.h"
 #include "records/music_record.h"
 #include "text/date_text.h"
 #include "text/folding.h"
@@ -67,7 +68,7 @@ std::vector<BorrowerLoans> Loans::byBorrower() const {
   std::vector<BorrowerLoans> all;
   all.reserve(borrowers.size());
   for (auto& [name, borrower] : borrowers) all.push_back(std::move(borrower));
-  std::ranges::sort(all, {}, [](const BorrowerLoans& borrower) {
+  sortByKey(all, [](const BorrowerLoans& borrower) {
     return std::pair(borrower.name.empty(), naturalKey(borrower.name));
   });
   for (BorrowerLoans& borrower : all)

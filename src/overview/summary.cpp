@@ -5,6 +5,7 @@
 #include <tuple>
 #include <utility>
 
+#include "overview/sort_by_key.h"
 #include "platform/ascii.h"
 #include "records/app_state.h"
 #include "text/date_text.h"
@@ -18,6 +19,7 @@ namespace {
 using enum Grouping::By;
 
 constexpr std::string_view kNoValue = "(none)";
+constexpr char kBeforeEnding = '.';
 constexpr std::string_view kYear = "Year of Acquisition";
 constexpr std::int64_t kTenThousandths = 10'000;
 
@@ -35,6 +37,8 @@ constexpr Grouping kComics[] = {{"Publisher", comicField("Publisher"), text},
 constexpr Grouping kBooks[] = {{"Media Type", bookField("MediaType"), entry},
                                {"Genre", bookField("Genre"), entry},
                                {"Publisher", bookField("Publisher"), text}};
+constexpr Grouping kMediaFiles[] = {{"Type of File", mediaFileField("FileName"), ending},
+                                    {"Path To File", mediaFileField("FilePath"), text}};
 
 struct SummaryRow {
   EditorForm editor;
@@ -47,7 +51,7 @@ constexpr SummaryRow kRows[] = {
     {EditorForm::software, kSoftware, {softwareField("PurPrice"), softwareField("CurrPrice")}},
     {EditorForm::comics, kComics, {comicField("PurPrice"), comicField("CurrPrice")}},
     {EditorForm::books, kBooks},
-    {EditorForm::wave},
+    {EditorForm::wave, kMediaFiles},
 };
 
 /// The first number of four digits that can be a year: of a date in another form than the system's.
@@ -72,6 +76,15 @@ std::optional<int> yearIn(const Field& field, std::span<const std::byte> record,
   const std::string_view text = readable(textOf(field, record));
   if (const auto date = dateIn(text, dateForm)) return yearOf(*date);
   return yearWithin(text);
+}
+
+/// A name that only begins with a point has none.
+std::string endingOf(std::string_view name) {
+  const std::size_t point = name.rfind(kBeforeEnding);
+  if (point == std::string_view::npos || point == 0) return {};
+  std::string ending(name.substr(point + 1));
+  std::ranges::transform(ending, ending.begin(), asciiCapital);
+  return ending;
 }
 
 void add(Totals& totals, std::int64_t cost, std::int64_t worth) {
@@ -103,6 +116,8 @@ std::string Summary::labelOf(const Grouping& grouping, std::span<const std::byte
       return std::string(withoutBlanksAround(texts_.choice(field, wholeOf(field, record))));
     case text:
       return std::string(withoutBlanksAround(upToNul(textOf(field, record))));
+    case ending:
+      return endingOf(withoutBlanksAround(upToNul(textOf(field, record))));
     case year:
       break;
   }
@@ -152,7 +167,7 @@ BarGroup Summary::barsOf(std::size_t at) const {
     bar.items.push_back(static_cast<int>(item) + 1);
   }
   std::erase_if(bars, [](const Bar& bar) { return bar.items.empty(); });
-  std::ranges::sort(bars, {}, [&](const Bar& bar) {
+  sortByKey(bars, [&](const Bar& bar) {
     const int most = grouping.by == year ? 0 : -bar.totals.items;
     return std::tuple(bar.value.empty(), most, naturalKey(bar.label));
   });

@@ -17,16 +17,17 @@ namespace quillbox {
 /// What the items of a kind are counted by.
 struct Grouping {
   enum class By {
-    entry,  ///< the word of a choice
-    text,   ///< capitals and accents aside
-    year,   ///< of a date, also one that is typed freely
+    entry,   ///< the word of a choice
+    text,    ///< capitals and accents aside
+    year,    ///< of a date, also one that is typed freely
+    ending,  ///< of a file's name, in capitals: "JPG"
   };
   std::string_view name;  ///< "Media Type"; of years "Year of Acquisition"
   const Field* field;
   By by;
 };
 
-/// The groupings of a kind; none of media files.
+/// The groupings of a kind.
 std::span<const Grouping> groupingsOf(const CollectionKind& kind);
 
 /// What a kind's items cost and are worth now; nullptr in kinds that have no prices.

@@ -98,9 +98,8 @@ bool ItemList::readOn(const ItemReading::Stop& stop) {
     if (!order_)
       items_->appendItems({found.begin() + static_cast<std::ptrdiff_t>(before), found.end()});
     markRow();
-  } else if (order_ && !orderIsRead_) {
-    readOrder(stop);
   }
+  if (index_.state() != ReadState::unfinished && order_ && !orderIsRead_) readOrder(stop);
   tell();
   return index_.state() == ReadState::unfinished ||
          (order_ && !orderIsRead_ && orderReading_.state() == ReadState::unfinished);
@@ -156,7 +155,13 @@ void ItemList::find() {
 void ItemList::mark(int item) {
   marked_ = item;
   markRow();
-  if (index_.failure() || items_->failure()) tryAgain();
+  if (failure()) tryAgain();
+}
+
+/// What keeps items from being shown, or from being ordered.
+const std::optional<RunTimeError>& ItemList::failure() const {
+  if (index_.failure()) return index_.failure();
+  return order_ && orderReading_.failure() ? orderReading_.failure() : items_->failure();
 }
 
 /// Whatever kept items from being read may be over by now.
@@ -271,8 +276,7 @@ void ItemList::tell() {
   const int all = index_.count() - index_.deletedItems();
   QString text;
   const auto chosen = selectedItems();
-  const auto& failure = index_.failure() ? index_.failure() : items_->failure();
-  if (failure) {
+  if (const auto& failure = this->failure()) {
     text = QStringLiteral("Not all items could be read: ") + fromUtf8Text(failure->message());
   } else if (chosen.size() > 1) {
     text = QStringLiteral("%1 items selected").arg(chosen.size());

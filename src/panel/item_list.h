@@ -87,6 +87,7 @@ class ItemList : public QWidget {
   void orderBy(int section);
   void readOrder(const ItemReading::Stop& stop);
   void showRows();
+  const std::optional<RunTimeError>& failure() const;
   void tryAgain();
   void markRow();
   void showRow(int row);

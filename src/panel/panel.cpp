@@ -5,7 +5,6 @@
 
 #include "forms/controls.h"
 #include "overview/loans.h"
-#include "overview/summary.h"
 #include "panel/doubles_view.h"
 #include "panel/loans_view.h"
 #include "panel/missing_view.h"
@@ -47,8 +46,7 @@ Panel::Panel(Program& program, PanelSource source) : program_(program), source_(
     addView(new MissingView(files, kind, owner), QStringLiteral("Missing Files"));
   }
   addView(new DoublesView(kind, source_.texts, owner), QStringLiteral("Doubles"));
-  if (!groupingsOf(kind).empty())
-    addView(new SummaryView(kind, source_.texts, program, owner), QStringLiteral("Summary"));
+  addView(new SummaryView(kind, source_.texts, program, owner), QStringLiteral("Summary"));
   timer_.setSingleShot(true);
   connect(&timer_, &QTimer::timeout, this, [this] { readOn(); });
   connect(this, &QTabWidget::currentChanged, this, [this](int tab) { lookAt(tab); });

@@ -14,6 +14,8 @@
 namespace quillbox::test {
 namespace {
 
+constexpr const char* kTypeOfFile = "Type of File";
+
 /// A grouping, spelled out a second time.
 struct ModelGrouping {
   std::string name;
@@ -33,7 +35,7 @@ std::vector<ModelGrouping> groupingsOfModel(const ModelKind& kind) {
   if (kind.code == kComics.code) return {{"Publisher", "txtCmic_6"}, {year, "txtCmic_9"}};
   if (kind.isBooks())
     return {{"Media Type", "cmbMedia"}, {"Genre", "cmbGenre"}, {"Publisher", "txtBooks_2"}};
-  return {};
+  return {{kTypeOfFile, "txtFileName"}, {"Path To File", "txtPath"}};
 }
 
 std::pair<std::string, std::string> pricesOfModel(const ModelKind& kind) {
@@ -87,7 +89,10 @@ class SummaryTest : public testing::TestWithParam<ModelKind> {
     if (input.is == Is::date)
       return yearOfModel(std::bit_cast<double>(numberAt(item, input.offset, input.width)));
     if (grouping.name.starts_with("Year")) return modelYear(shown);
-    return modelFolded(trimmedOf(shown));
+    const std::string text = trimmedOf(shown);
+    if (grouping.name != kTypeOfFile) return modelFolded(text);
+    const auto point = text.find_last_of('.');
+    return point == std::string::npos || point == 0 ? "" : modelFolded(text.substr(point + 1));
   }
 
   void expectTotals(const Totals& totals, const std::vector<const std::string*>& items) const {
@@ -227,6 +232,31 @@ TEST(Summary, AYearIsTakenOutOfADateInAnyForm) {
     summary.take(1, recordOf(itemWith(kComics, {{"txtCmic_0", "Title"}, {"txtCmic_9", row.date}})));
     EXPECT_EQ(summary.figures().groups.back().bars.at(0).label, row.label) << row.date;
   }
+}
+
+TEST(Summary, FilesAreCountedByTheirEndingsWhateverTheirCapitals) {
+  const struct {
+    std::string_view name;
+    std::string_view label;
+  } rows[] = {{"bell.wav", "WAV"}, {"BELL.Wav", "WAV"}, {"two.tar.gz", "GZ"},  {"README", "(none)"},
+              {".bash", "(none)"}, {"ends.", "(none)"}, {"a. b.mp3  ", "MP3"}, {".x.jpeg", "JPEG"}};
+  for (const auto& row : rows) {
+    Summary summary(kWaves.row(), overviewTexts());
+    summary.take(1, recordOf(itemWith(kWaves, {{"txtFileName", row.name}})));
+    EXPECT_EQ(summary.figures().groups.front().bars.at(0).label, row.label) << row.name;
+  }
+}
+
+TEST(Summary, BarsOfAsManyItemsAreInNaturalOrder) {
+  Summary summary(kBooks.row(), overviewTexts());
+  int item = 0;
+  for (const char* publisher : {"Vol. 10", "vol. 2", "Alpha", "vol. 2", "Alpha", "Vol. 10"})
+    summary.take(++item,
+                 recordOf(itemWith(kBooks, {{"txtBooks_0", "Author"}, {"txtBooks_2", publisher}})));
+  std::vector<std::string> labels;
+  const SummaryFigures figures = summary.figures();
+  for (const Bar& bar : figures.groups.back().bars) labels.push_back(bar.label);
+  EXPECT_EQ(labels, (std::vector<std::string>{"Alpha", "vol. 2", "Vol. 10"}));
 }
 
 }  // namespace

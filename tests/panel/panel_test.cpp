@@ -194,6 +194,21 @@ TEST_P(EachPanel, ShowsAtOnceWhatIsWritten) {
   EXPECT_TRUE(told().starts_with("3 ")) << told();
 }
 
+TEST_P(EachPanel, ShowsWhatAFailedWriteHasLeftInTheFile) {
+  open({item("One"), item("Two")});
+  openPanel();
+  type(kind().firstBox(), "Changed");
+  desktop_.tolerateMessages = true;
+  files_.shortWrites = true;
+  files_.failNth(FileOperation::write, kind().skipsDeleted() ? 1 : 0, ErrorNumber::diskFull);
+  press(kind().buttons.write);
+  ASSERT_TRUE(files_.hasFailed());
+  ASSERT_NE(bytes().find("Changed"), std::string::npos) << "half of the item is written";
+  EXPECT_EQ(listed(), (Texts{"Changed", "Two"}));
+  press(kind().buttons.write);
+  EXPECT_EQ(listed(), (Texts{"Changed", "Two"}));
+}
+
 TEST_P(EachPanel, HidesDeletedItemsUnlessAskedForThem) {
   const std::string deleted(kind().marker());
   open({item("One"), item(deleted), item("Three")});
@@ -269,6 +284,20 @@ TEST_P(EachPanel, OrdersTheViewAndNotTheFile) {
   clickHeader(0);
   EXPECT_EQ(listed(), (Texts{"Vol. 10", "vol. 2", "Alpha"}));
   EXPECT_EQ(bytes(), before);
+}
+
+TEST_P(EachPanel, SaysWhyItCannotOrderAndTriesAgain) {
+  open({item("Two"), item("One")});
+  openPanel();
+  std::filesystem::rename(collectionPath(), path("away"));
+  clickHeader(1);
+  EXPECT_TRUE(told().starts_with("Not all items could be read: ")) << told();
+  EXPECT_EQ(listed(), (Texts{"Two", "One"}));
+  std::filesystem::rename(path("away"), collectionPath());
+  press(kind().buttons.next);
+  read();
+  EXPECT_EQ(listed(), (Texts{"One", "Two"}));
+  EXPECT_TRUE(told().starts_with("2 ")) << told();
 }
 
 TEST_P(EachPanel, ShowsTheColumnsThatTheUserChooses) {

@@ -159,13 +159,14 @@ TEST_F(SummaryViewTest, WhatHasNoPricesHasNoColumnsForThem) {
   EXPECT_EQ(headersOf(tree()), "Label|Bar|Items");
 }
 
-TEST_F(SummaryViewTest, WhatHasNoGroupingsHasItsTotals) {
+TEST_F(SummaryViewTest, MediaFilesAreSummedUpByTheirEndings) {
   open(kMp3);
-  takeAll(*view_, {familyItem(kMp3, "a.mp3"), familyItem(kMp3, "b.mp3")});
+  takeAll(*view_, {familyItem(kMp3, "a.mp3"), familyItem(kMp3, "b.MP3")});
   EXPECT_EQ(line().substr(0, 2), "2 ");
-  EXPECT_FALSE(tree().isVisible());
-  EXPECT_EQ(shownLabel(*view_, "lblNoSummary"), "");
-  EXPECT_TRUE(viewButton("cmdSaveSummary").isEnabled());
+  ASSERT_EQ(headersOf(tree()), "Label|Bar|Items");
+  EXPECT_EQ(tree().model()->index(0, 0).data().toString(), "Type of File");
+  EXPECT_EQ(tree().model()->index(1, 0).data().toString(), "MP3");
+  EXPECT_EQ(tree().model()->index(1, 2).data().toString(), "2");
 }
 
 TEST_F(SummaryViewTest, FollowsWhatChangesAndStaysOnItsBar) {
