@@ -151,17 +151,18 @@ void Form::setSide(QWidget* side, bool grows) {
   if (focus) focus->setFocus();
 }
 
-/// To the right, where the screen has room for both; else downwards, as far as it goes.
+/// To the right, where the screen has room for both; else downwards. Either way as far as the
+/// screen goes.
 void Form::growForSide() {
   if (isMaximized()) return;
   const QSize wanted = side_->sizeHint();
   const QSize most = roomOnScreen();
-  QSize after = size();
-  if (width() + side_->minimumSizeHint().width() <= most.width())
-    after.setWidth(std::min(width() + wanted.width(), most.width()));
-  else
-    after.setHeight(std::max(height(), std::min(height() + wanted.height(), most.height())));
-  resize(after);
+  const int inARow = width() + split_->handleWidth() + side_->minimumSizeHint().width();
+  const bool isBeside = inARow <= most.width();
+  const QSize both = isBeside
+                         ? QSize(width() + wanted.width(), menuBar()->height() + wanted.height())
+                         : QSize(width(), height() + wanted.height());
+  resize(both.boundedTo(most).expandedTo(size()));
   // All of it on the screen, from its title bar on.
   const QRect room = screen()->availableGeometry();
   const QPoint farthest =
@@ -175,7 +176,8 @@ void Form::turnSide() {
   if (side_ == nullptr) return;
   const QSize form = laidOut_->minimumSize();
   const QSize least = side_->minimumSizeHint();
-  const bool isBeside = width() >= laidOut_->sizeHint().width() + least.width();
+  const int inARow = laidOut_->sizeHint().width() + split_->handleWidth() + least.width();
+  const bool isBeside = width() >= inARow;
   const int inAll = menuBar()->height() + form.height() + split_->handleWidth() + least.height();
   const bool isOver = !isBeside && inAll > roomOnScreen().height();
   laidOut_->setVisible(!isOver);
@@ -186,11 +188,12 @@ void Form::turnSide() {
   shareRoom();
 }
 
-/// The form is as wide as it was without the widget; of a narrow window's height it has a little
-/// more than half.
+/// The form is as wide as it was without the widget; of a narrow window's height it has what it
+/// needs, up to a little more than half.
 void Form::shareRoom() {
   const bool isBeside = split_->orientation() == Qt::Horizontal;
-  const int form = isBeside ? laidOut_->sizeHint().width() : height() * 11 / 20;
+  const QSize usual = laidOut_->sizeHint();
+  const int form = isBeside ? usual.width() : std::min(usual.height(), height() * 11 / 20);
   split_->setSizes({form, (isBeside ? width() : height()) - form});
 }
 

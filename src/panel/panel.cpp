@@ -1,6 +1,7 @@
 #include "panel/panel.h"
 
 #include <QElapsedTimer>
+#include <QTabBar>
 #include <utility>
 
 #include "forms/controls.h"
@@ -20,8 +21,9 @@ constexpr int kPiece = 10;
 /// A command that runs is looked after this often until it is over.
 constexpr int kWait = 50;
 
-/// Average characters.
+/// Average characters, and rows of the list.
 constexpr int kUsualWidth = 80;
+constexpr int kUsualRows = 20;
 
 }  // namespace
 
@@ -102,7 +104,12 @@ void Panel::focusFind() {
 void Panel::showNext() { list_->showNext(); }
 
 QSize Panel::sizeHint() const {
-  return {kUsualWidth * fontMetrics().averageCharWidth(), QTabWidget::sizeHint().height()};
+  return {kUsualWidth * fontMetrics().averageCharWidth(),
+          minimumSizeHint().height() + kUsualRows * fontMetrics().lineSpacing()};
+}
+
+QSize Panel::minimumSizeHint() const {
+  return QTabWidget::minimumSizeHint().expandedTo({tabBar()->sizeHint().width(), 0});
 }
 
 void Panel::lookAt(int tab) {

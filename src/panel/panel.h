@@ -48,8 +48,11 @@ class Panel : public QTabWidget {
   /// Shows the next item of the list on the form.
   void showNext();
 
-  /// Room for the columns that tell items apart.
+  /// Room for the columns that tell items apart, and for as many rows as a glance takes in.
   QSize sizeHint() const override;
+
+  /// Room for all tabs.
+  QSize minimumSizeHint() const override;
 
  protected:
   void showEvent(QShowEvent* event) override;

@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QSplitter>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTableView>
 #include <QToolButton>
@@ -104,6 +105,16 @@ TEST_P(EachPanel, GivesTheRoomBackThatItTook) {
   openPanel();
   QTest::keyClick(&form(), Qt::Key_F9);
   EXPECT_EQ(form().size(), before);
+}
+
+TEST_P(EachPanel, HasRoomForAllItsTabsAndForManyRows) {
+  open({item("One")});
+  openPanel();
+  auto& panel = control<QTabWidget>("Panel");
+  EXPECT_GE(panel.minimumSizeHint().width(), panel.tabBar()->sizeHint().width());
+  EXPECT_GE(panel.sizeHint().height(), 20 * form().fontMetrics().lineSpacing());
+  form().resize(2500, 900);
+  EXPECT_GE(panel.width(), panel.tabBar()->sizeHint().width());
 }
 
 TEST_P(EachPanel, StandsBesideTheFormWhereTheWindowIsWideEnough) {
