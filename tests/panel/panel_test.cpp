@@ -12,6 +12,7 @@
 #include <filesystem>
 
 #include "forms/panel_settings.h"
+#include "support/family_files.h"
 #include "support/form_fixture.h"
 
 namespace quillbox::test {
@@ -355,6 +356,38 @@ TEST_P(EachPanel, SaysWhyItemsCannotBeRead) {
   press(kind().buttons.next);
   read();
   EXPECT_EQ(listed(), (Texts{"One", "Two"}));
+}
+
+/// Another program may do anything to the file while its items are listed.
+TEST_P(EachPanel, StaysWithAFileThatGrowsIsCutAndVanishes) {
+  constexpr int count = 300;
+  std::string many = familyHeader(count, kind().fileType());
+  many.resize(kind().recordLength);
+  for (int nth = 1; nth <= count; ++nth) many += item(std::to_string(nth));
+  openBytes(many);
+  openPanel();
+  const auto whole = std::filesystem::file_size(collectionPath());
+  std::filesystem::resize_file(collectionPath(), whole + kind().recordLength);
+  EXPECT_EQ(rows().rowCount(), count);
+  EXPECT_EQ(cell(count - 1, 1), "300");
+
+  std::filesystem::resize_file(collectionPath(), whole / 2);
+  EXPECT_EQ(cell(count - 2, 1), "") << "what the file does not hold is blank";
+  EXPECT_EQ(cell(count - 1, 1), "300") << "what was shown stays";
+  findItems("299");
+  EXPECT_EQ(rows().rowCount(), 1) << "what was read is found";
+  key(Qt::Key_Escape);
+
+  std::filesystem::rename(collectionPath(), path("away"));
+  EXPECT_EQ(cell(100, 1), "");
+  EXPECT_EQ(cell(0, 1), "1");
+  key(Qt::Key_F9);
+  openPanel();
+  EXPECT_TRUE(told().starts_with("Not all items could be read: ")) << told();
+  std::filesystem::rename(path("away"), collectionPath());
+  press(kind().buttons.next);
+  read();
+  EXPECT_EQ(cell(1, 1), "2");
 }
 
 TEST_P(EachPanel, ReadsNothingWhileACommandRuns) {
