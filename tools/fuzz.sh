@@ -1,7 +1,8 @@
 #!/bin/sh
 # Fuzzes the core: tools/fuzz.sh [SECONDS [TARGET...]] runs each target that long, 20 seconds each
-# unless told. What is learnt is kept in build/fuzz/corpus and gone on with the next time; an input
-# that fails is kept in build/fuzz/findings and ends the run.
+# unless told, as many at a time as there are processors. What is learnt is kept in
+# build/fuzz/corpus and gone on with the next time; an input that fails is kept in
+# build/fuzz/findings and ends its target.
 set -eu
 cd "$(dirname "$0")/.."
 . tools/setup.sh
@@ -14,16 +15,19 @@ seconds=${1:-20}
 [ $# -eq 0 ] || shift
 [ $# -gt 0 ] || set -- collection csv json media_types print text
 
-for target in "$@"; do
-  learnt=build/fuzz/corpus/$target
+# One of them: its first argument is the target, the second how many seconds.
+# shellcheck disable=SC2016 # it is expanded where it runs
+run='
+  learnt=build/fuzz/corpus/$1
+  log=build/fuzz/$1.log
   mkdir -p "$learnt" build/fuzz/findings
-  echo "$target:"
-  log=build/fuzz/$target.log
-  build/fuzz/fuzz/fuzz_"$target" -max_total_time="$seconds" -max_len=4096 -timeout=10 \
-    -print_final_stats=1 -artifact_prefix=build/fuzz/findings/"$target"- \
-    "$learnt" fuzz/corpus/"$target" 2>"$log" || {
+  build/fuzz/fuzz/fuzz_"$1" -max_total_time="$2" -max_len=4096 -timeout=10 \
+    -print_final_stats=1 -artifact_prefix=build/fuzz/findings/"$1"- \
+    "$learnt" fuzz/corpus/"$1" 2>"$log" || {
     tail -n 60 "$log" >&2
     exit 1
   }
-  grep -E 'DONE|number_of_executed_units|peak_rss' "$log"
-done
+  echo "$1:
+$(grep -E "DONE|number_of_executed_units|peak_rss" "$log")"
+'
+printf '%s\n' "$@" | xargs -P "$(nproc)" -I TARGET sh -c "$run" fuzz TARGET "$seconds"
