@@ -11,7 +11,7 @@ int deletedItems(FileSystem& files, const CollectionFile& collection) {
   ItemReader reader(files, collection);
   int deleted = 0;
   for (int item = 1; item <= collection.itemsThere(); ++item)
-    if (isDeletedItem(*collection.kind, reader.read(item))) ++deleted;
+    if (isDeleted(*collection.kind, reader.read(item))) ++deleted;
   return deleted;
 }
 

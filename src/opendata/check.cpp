@@ -88,7 +88,7 @@ void checkItems(FileSystem& files, const CollectionFile& collection, const Value
   const int items = collection.itemsThere();
   for (int item = 1; item <= items; ++item) {
     const auto record = reader.read(item);
-    if (isDeletedItem(*collection.kind, record)) continue;
+    if (isDeleted(*collection.kind, record)) continue;
     for (const DataColumn& column : values.columns()) {
       const std::string trouble = troubleOf(values, column, record);
       if (!trouble.empty()) finding(item, column.name + ": " + trouble);

@@ -109,7 +109,7 @@ class JsonExport {
 
   void addItem(int item, std::span<const std::byte> record) {
     json_ += "{\"item\":" + std::to_string(item);
-    if (isDeletedItem(*from_.collection.kind, record)) json_ += ",\"deleted\":true";
+    if (isDeleted(*from_.collection.kind, record)) json_ += ",\"deleted\":true";
     const auto& columns = from_.values.columns();
     for (std::size_t i = 0; i < columns.size(); i += columns[i].field->count) {
       const Field& field = *columns[i].field;

@@ -155,7 +155,7 @@ class SqliteExport {
 
   void addItem(int item, std::span<const std::byte> record) {
     sqlite3_bind_int(items_.get(), 1, item);
-    sqlite3_bind_int(items_.get(), 2, isDeletedItem(*from_.collection.kind, record) ? 1 : 0);
+    sqlite3_bind_int(items_.get(), 2, isDeleted(*from_.collection.kind, record) ? 1 : 0);
     int at = 3;
     for (const DataColumn& column : from_.values.columns())
       if (column.field->count == 1) bind(at++, column, record);

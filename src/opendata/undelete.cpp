@@ -22,11 +22,11 @@ void undeleteItem(OpenFiles& files, const CollectionFile& collection, const Valu
   open.Count = checked16(collection.count);
   CollectionStore store(files, open, *collection.kind);
   std::vector<std::byte> record = store.ReadRecord(item);
-  if (!isDeletedItem(*collection.kind, record))
+  if (!isDeleted(*collection.kind, record))
     throw DataError("item " + std::to_string(item) + " is not deleted");
   if (withoutBlanksAround(text).empty()) throw DataError("the text is empty");
   values.store(values.columns().front(), record, text, rules);
-  if (isDeletedItem(*collection.kind, record)) throw DataError("the text is the deleted marker");
+  if (isDeleted(*collection.kind, record)) throw DataError("the text is the deleted marker");
   store.WriteRecord(item, record, collection.count);
 }
 
