@@ -185,6 +185,7 @@ class HtmlExport {
     for (int item = 1; item <= from_.items(); ++item) {
       const auto record = reader.readFull(item);
       if (!isDeleted(kind_, record)) addRow(item, record);
+      from_.tell(item);
       if (html_.size() > kAtOnce) write();
       from_.tell(item);
     }

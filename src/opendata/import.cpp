@@ -51,7 +51,7 @@ void Import::wrong(const std::string& place, const std::string& why) {
 }
 
 void Import::row(const Row& row) {
-  ++result_.rows;
+  watcher_.read(++result_.rows);
   std::optional<int> item;
   try {
     item = itemOf(row);
