@@ -1,5 +1,7 @@
 #include "opendata/csv_text.h"
 
+#include <cstring>
+
 #include "opendata/text_scan.h"
 #include "text/padding.h"
 
@@ -41,20 +43,21 @@ void appendCsvField(std::string& line, std::string_view text) {
 
 char* writePlainCsvField(char* to, std::string_view stored) {
   const std::string_view text = withoutTrailingBlanks(stored);
+  char* const behindQuote = to + 1;
   scan::Block separator{};
   scan::Block care{};
-  scan::eachBlockOf(text, stored, [&](const scan::Block& block, std::size_t /*at*/) {
+  scan::copyBlocks(behindQuote, text, stored, [&](const scan::Block& block) {
     separator |= isSeparator(block);
     care |= scan::is(block, '"') | scan::isControl(block) | scan::isBeyondAscii(block);
   });
   if (scan::any(care)) return nullptr;
-  const std::size_t quotes = text.starts_with(' ') || scan::any(separator) ? 1 : 0;
+  if (!text.starts_with(' ') && !scan::any(separator)) {
+    std::memmove(to, behindQuote, text.size());
+    return to + text.size();
+  }
   *to = '"';
-  to += quotes;
-  scan::copy(to, text, stored);
-  to += text.size();
-  *to = '"';
-  return to + quotes;
+  behindQuote[text.size()] = '"';
+  return behindQuote + text.size() + 1;
 }
 
 bool needsGuard(std::string_view text) {

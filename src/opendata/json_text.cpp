@@ -74,13 +74,12 @@ char* writePlainJsonString(char* to, std::string_view stored) {
   constexpr char remove = 0x7F;
   const std::string_view text = withoutTrailingBlanks(stored);
   scan::Block care{};
-  scan::eachBlockOf(text, stored, [&](const scan::Block& block, std::size_t /*at*/) {
+  *to++ = '"';
+  scan::copyBlocks(to, text, stored, [&](const scan::Block& block) {
     care |= scan::isControl(block) | scan::isBeyondAscii(block) | scan::is(block, '"') |
             scan::is(block, '\\') | scan::is(block, remove);
   });
   if (scan::any(care)) return nullptr;
-  *to++ = '"';
-  scan::copy(to, text, stored);
   to += text.size();
   *to++ = '"';
   return to;
