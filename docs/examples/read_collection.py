@@ -21,7 +21,7 @@ KINDS = {  # by extension: the length of a record, its fields
   "BCS": (224, """Author:50 Title:50 Publisher:50 Genre:choice MediaType:choice Notes:50
     Reserved:20"""),
   "WCS": (328, MEDIA), "ICS": (328, MEDIA), "GCS": (328, MEDIA), "MPS": (328, MEDIA)}
-MARKERS = {"MCS": b"DETELED", "BCS": None}  # of deleted items; DELETED in every other kind
+MARKERS = {"MCS": b"DETELED"}  # of deleted items; DELETED in every other kind
 # Windows-1252, and for the five bytes that it leaves open the characters of the same number.
 CHARACTERS = [bytes([byte]).decode("cp1252", "ignore") or chr(byte) for byte in range(256)]
 def text(raw): return "".join(CHARACTERS[byte] for byte in raw.split(b"\0")[0].rstrip(b" "))

@@ -8,12 +8,6 @@
 namespace quillbox {
 namespace {
 
-std::string quoted(std::string_view text) {
-  std::string json;
-  appendJsonString(json, text);
-  return json;
-}
-
 std::string itemsOf(int number) {
   return std::to_string(number) + (number == 1 ? " item" : " items");
 }
@@ -22,7 +16,11 @@ std::string itemsOf(int number) {
 class Plan : public ImportWatcher {
  public:
   Plan(Console& console, const ImportCommand& command, const Values& values)
-      : console_(console), command_(command), values_(values), empty_(values.emptyRecord()) {
+      : console_(console),
+        command_(command),
+        values_(values),
+        empty_(values.emptyRecord()),
+        progress_(console.progressOf(command.input)) {
     if (command.asJson) console.print("{\"changes\":[");
   }
 
@@ -30,10 +28,10 @@ class Plan : public ImportWatcher {
                const std::string& after) override {
     if (!command_.asJson)
       return console_.print("item " + std::to_string(item) + ": " + column.name + ": " +
-                            quoted(before) + " -> " + quoted(after) + "\n");
+                            jsonString(before) + " -> " + jsonString(after) + "\n");
     begin(item, "changed");
-    console_.print(",\"column\":" + quoted(column.name) + ",\"before\":" + quoted(before) +
-                   ",\"after\":" + quoted(after) + "}");
+    console_.print(",\"column\":" + jsonString(column.name) + ",\"before\":" + jsonString(before) +
+                   ",\"after\":" + jsonString(after) + "}");
   }
 
   void added(int item, std::span<const std::byte> record) override {
@@ -42,8 +40,8 @@ class Plan : public ImportWatcher {
       const std::string text = values_.text(column, record);
       if (text == values_.text(column, empty_)) continue;
       if (!told.empty()) told += command_.asJson ? "," : ", ";
-      told += command_.asJson ? quoted(column.name) + ":" : column.name + ": ";
-      told += quoted(text);
+      told += command_.asJson ? jsonString(column.name) + ":" : column.name + ": ";
+      told += jsonString(text);
     }
     if (!command_.asJson)
       return console_.print("item " + std::to_string(item) + ": added: " + told + "\n");
@@ -55,6 +53,10 @@ class Plan : public ImportWatcher {
     console_.complain(command_.input, place + ": " + why);
   }
 
+  void read(int rows) override {
+    if (progress_) progress_(rows, 0);
+  }
+
   void end(const ImportResult& result) {
     if (command_.asJson)
       return console_.print("\n],\"rows\":" + std::to_string(result.rows) +
@@ -62,7 +64,7 @@ class Plan : public ImportWatcher {
                             ",\"added\":" + std::to_string(result.added) +
                             ",\"wrong\":" + std::to_string(result.wrong) +
                             ",\"written\":" + (isWritten(result) ? "true" : "false") +
-                            ",\"keptAs\":" + quoted(result.keptAs) + "}\n");
+                            ",\"keptAs\":" + jsonString(result.keptAs) + "}\n");
     if (result.wrong > 0) return;
     if (result.changed + result.added == 0)
       return console_.print(command_.options.makesNew && !command_.options.dryRun
@@ -82,7 +84,7 @@ class Plan : public ImportWatcher {
 
   void begin(int item, const std::string& what) {
     console_.print((isFirst_ ? "\n{\"item\":" : ",\n{\"item\":") + std::to_string(item) +
-                   ",\"what\":" + quoted(what));
+                   ",\"what\":" + jsonString(what));
     isFirst_ = false;
   }
 
@@ -90,6 +92,7 @@ class Plan : public ImportWatcher {
   const ImportCommand& command_;
   const Values& values_;
   const std::vector<std::byte> empty_;
+  const Progress progress_;
   bool isFirst_ = true;
 };
 

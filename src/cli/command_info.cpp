@@ -1,4 +1,5 @@
 #include "cli/commands.h"
+#include "cli/table.h"
 #include "opendata/collection_file.h"
 #include "opendata/json_text.h"
 #include "text/padding.h"
@@ -11,7 +12,7 @@ int deletedItems(FileSystem& files, const CollectionFile& collection) {
   ItemReader reader(files, collection);
   int deleted = 0;
   for (int item = 1; item <= collection.itemsThere(); ++item)
-    if (isDeletedItem(*collection.kind, reader.read(item))) ++deleted;
+    if (isDeleted(*collection.kind, reader.read(item))) ++deleted;
   return deleted;
 }
 
@@ -29,10 +30,10 @@ struct Info {
 
 std::string asText(const Info& info) {
   const CollectionFile& collection = info.collection;
-  std::string text = collection.path;
+  std::string text = printable(collection.path);
   const auto line = [&](std::string_view name, const std::string& value) {
     constexpr std::size_t width = 11;
-    text.append("\n  ").append(name).append(width - name.size(), ' ').append(value);
+    text.append("\n  ").append(name).append(width - name.size(), ' ').append(printable(value));
   };
   line("kind", std::string(kindName(*collection.kind)));
   line("items",
@@ -54,23 +55,18 @@ std::string asText(const Info& info) {
 
 std::string asJson(const Info& info) {
   const CollectionFile& collection = info.collection;
-  std::string json = "{\"file\":";
-  appendJsonString(json, collection.path);
-  json += ",\"kind\":";
-  appendJsonString(json, kindName(*collection.kind));
+  std::string json = "{\"file\":" + jsonString(collection.path) +
+                     ",\"kind\":" + jsonString(kindName(*collection.kind));
   json += ",\"items\":" + std::to_string(collection.count) +
           ",\"deleted\":" + std::to_string(info.deleted) +
-          ",\"fileType\":" + std::to_string(collection.header.FileType) + ",\"version\":";
-  appendJsonString(json, info.version());
-  json += ",\"size\":" + std::to_string(collection.size) +
+          ",\"fileType\":" + std::to_string(collection.header.FileType) +
+          ",\"version\":" + jsonString(info.version()) +
+          ",\"size\":" + std::to_string(collection.size) +
           ",\"wantedSize\":" + std::to_string(info.wantedSize()) +
           ",\"whole\":" + (collection.isWhole() ? "true" : "false") + ",\"beside\":[";
   for (std::size_t i = 0; i < info.beside.size(); ++i) {
-    json += i == 0 ? "{\"file\":" : ",{\"file\":";
-    appendJsonString(json, info.beside[i].path);
-    json += ",\"what\":";
-    appendJsonString(json, besideText(info.beside[i].kind));
-    json += '}';
+    json += (i == 0 ? "{\"file\":" : ",{\"file\":") + jsonString(info.beside[i].path) +
+            ",\"what\":" + jsonString(besideText(info.beside[i].kind)) + "}";
   }
   return json + "]}";
 }

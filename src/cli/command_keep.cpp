@@ -30,9 +30,7 @@ class Findings {
     if (asJson_) {
       json_ += json_.empty() ? "{" : ",{";
       if (item > 0) json_ += "\"item\":" + std::to_string(item) + ",";
-      json_ += "\"what\":";
-      appendJsonString(json_, what);
-      json_ += '}';
+      json_ += "\"what\":" + jsonString(what) + "}";
     } else {
       const std::string where = item > 0 ? "item " + std::to_string(item) + ": " : "";
       console_.print(file_ + ": " + where + what + "\n");
@@ -42,10 +40,8 @@ class Findings {
 
   int end(int items) {
     if (asJson_) {
-      std::string json = "{\"file\":";
-      appendJsonString(json, file_);
-      console_.print(json + ",\"items\":" + std::to_string(items) + ",\"findings\":[" + json_ +
-                     "]}");
+      console_.print("{\"file\":" + jsonString(file_) + ",\"items\":" + std::to_string(items) +
+                     ",\"findings\":[" + json_ + "]}");
     } else if (found_ == 0) {
       console_.print(file_ + ": " + std::to_string(items) + (items == 1 ? " item" : " items") +
                      ", nothing wrong\n");
@@ -67,9 +63,11 @@ int checkOne(Console& console, const std::string& file, bool asJson) {
   Findings findings(console, file, asJson);
   const Finding take = [&](int item, const std::string& what) { findings.take(item, what); };
   checkFile(console.disk(), collection, take);
-  checkItems(console.disk(), collection, opened.values(), take);
   Doubles doubles(opened.kind());
-  opened.readItems([&](int item, auto record) { doubles.take(item, record); });
+  opened.readItems([&](int item, auto record) {
+    checkItem(opened.kind(), opened.values(), item, record, take);
+    doubles.take(item, record);
+  });
   for (const auto& group : doubles.groups())
     for (std::size_t i = 1; i < group.size(); ++i)
       take(group[i], "the same as item " + std::to_string(group.front()));
@@ -81,8 +79,7 @@ class TerminalBoard : public NoBoard {
  public:
   TerminalBoard(Console& console, const std::string& file) : progress_(console.progressOf(file)) {}
   void progress(int done, int total) override {
-    constexpr int now = 1000;
-    if (progress_ && total > 0 && done % now == 0) progress_(done, total);
+    if (progress_) progress_(done, total);
   }
 
  private:
@@ -171,11 +168,10 @@ int runUndelete(Console& console, const UndeleteCommand& command) {
   return console.guarded(command.file, [&] {
     const CollectionFile collection = readCollectionFile(console.disk(), command.file);
     const Values values(collection);
-    undeleteItem(console.files(), collection, values, command.item, command.text, command.store);
+    const bool isAllThere = undeleteItem(console.files(), collection, values, command.item,
+                                         command.text, command.store);
     console.print(command.file + ": item " + std::to_string(command.item) + " is back" +
-                  (collection.kind->rules.deletion.keepsTheRest
-                       ? "\n"
-                       : "; deleting it has emptied everything else\n"));
+                  (isAllThere ? "\n" : "; deleting it has emptied everything else\n"));
     return kDone;
   });
 }

@@ -111,7 +111,7 @@ class ItemList {
     const std::vector<Condition> all = conditions();
     std::vector<int> items;
     opened_.readItems([&](int item, std::span<const std::byte> record) {
-      if (isDeletedItem(opened_.kind(), record) && !command_.withDeleted) return;
+      if (isDeleted(opened_.kind(), record) && !command_.withDeleted) return;
       const auto meets = [&](const Condition& condition) {
         const std::string text = condition.listed.columns.empty()
                                      ? std::to_string(item)

@@ -16,12 +16,6 @@
 namespace quillbox {
 namespace {
 
-std::string quoted(std::string_view text) {
-  std::string json;
-  appendJsonString(json, text);
-  return json;
-}
-
 /// Does a command with each file; what it writes as JSON is an array of objects, each with its
 /// file. `run` returns the rest of the object, or prints for people and returns nothing.
 template <typename Run>
@@ -35,7 +29,7 @@ int withEach(Console& console, const Files& files, bool asJson, const Run& run) 
       int found = kDone;
       const std::string text = run(opened, found);
       if (asJson)
-        console.print((isFirst ? "\n{\"file\":" : ",\n{\"file\":") + quoted(file) + text + "}");
+        console.print((isFirst ? "\n{\"file\":" : ",\n{\"file\":") + jsonString(file) + text + "}");
       else
         console.print((files.size() > 1 ? file + "\n" : "") + text);
       isFirst = false;
@@ -93,7 +87,7 @@ std::string doublesOf(Console& console, const Opened& opened, bool asJson, int& 
       const std::string telling = tellingText(opened, reader.readFull(item));
       if (asJson)
         text += std::string(text.ends_with('[') ? "" : ",") + "{\"item\":" + std::to_string(item) +
-                ",\"text\":" + quoted(telling) + "}";
+                ",\"text\":" + jsonString(telling) + "}";
       else
         text += "item " + std::to_string(item) + ": " + printable(telling) + "\n";
     }
@@ -136,11 +130,11 @@ std::string summaryAsJson(const Opened& opened, const SummaryFigures& figures) {
   std::string json = "," + totalsAsJson(figures.totals, hasPrices) +
                      ",\"deleted\":" + std::to_string(figures.deleted) + ",\"groups\":[";
   for (const BarGroup& group : figures.groups) {
-    json += (json.ends_with('[') ? "\n{\"by\":" : ",\n{\"by\":") + quoted(group.grouping->name) +
-            ",\"bars\":[";
+    json += (json.ends_with('[') ? "\n{\"by\":" : ",\n{\"by\":") +
+            jsonString(group.grouping->name) + ",\"bars\":[";
     for (const Bar& bar : group.bars)
-      json += (json.ends_with('[') ? "{\"label\":" : ",{\"label\":") + quoted(toUtf8(bar.label)) +
-              "," + totalsAsJson(bar.totals, hasPrices) + "}";
+      json += (json.ends_with('[') ? "{\"label\":" : ",{\"label\":") +
+              jsonString(toUtf8(bar.label)) + "," + totalsAsJson(bar.totals, hasPrices) + "}";
     json += "]}";
   }
   return json + "]";

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "cli/table.h"
 #include "opendata/beside.h"
 #include "opendata/collection_file.h"
 #include "opendata/data_error.h"
@@ -19,7 +20,7 @@ namespace {
 constexpr std::size_t kAtOnce = 131'072;
 constexpr const char* kClearLine = "\r\033[K";
 
-void writeAll(int descriptor, std::string_view text) {
+void writeToDescriptor(int descriptor, std::string_view text) {
   while (!text.empty()) {
     const auto put = ::write(descriptor, text.data(), text.size());
     if (put >= 0)
@@ -56,24 +57,42 @@ class FileSource : public ByteSource {
   std::uint64_t at_ = 0;
 };
 
+/// The start of a text that is too long for a message.
+std::string shortened(std::string_view text) {
+  constexpr std::size_t most = 500;
+  if (text.size() <= most) return std::string(text);
+  std::size_t end = most;
+  while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) --end;  // of UTF-8
+  return std::string(text.substr(0, end)) + "...";
+}
+
 }  // namespace
+
+Console::Console(OpenFiles& files)
+    : files_(files), out_(*this), mayShowProgress_(::isatty(STDERR_FILENO) != 0) {}
 
 void Console::Output::write(std::string_view text) {
   if (waiting_.size() + text.size() > kAtOnce) flush();
-  if (text.size() >= kAtOnce) return writeAll(STDOUT_FILENO, text);
+  if (text.size() >= kAtOnce) return writeAll(text);
   waiting_ += text;
 }
 
-void Console::Output::flush() {
-  const std::string text = std::exchange(waiting_, {});
-  writeAll(STDOUT_FILENO, text);
+void Console::Output::flush() { writeAll(std::exchange(waiting_, {})); }
+
+void Console::Output::writeAll(std::string_view text) {
+  if (text.empty()) return;
+  if (::isatty(STDOUT_FILENO) != 0) {
+    console_.clearProgress();
+    console_.mayShowProgress_ = false;  // what is written may end in the middle of a line
+  }
+  writeToDescriptor(STDOUT_FILENO, text);
 }
 
 void Console::complain(const std::string& file, std::string_view why) {
   clearProgress();
   std::string line = "quillbox-cli: ";
   if (!file.empty()) line.append(file).append(": ");
-  line.append(why).append("\n");
+  line = printable(line.append(shortened(why))) + "\n";
   std::fputs(line.c_str(), stderr);
 }
 
@@ -111,11 +130,17 @@ bool Console::flush() {
 }
 
 Progress Console::progressOf(const std::string& file) {
-  if (::isatty(STDERR_FILENO) == 0 || ::isatty(STDOUT_FILENO) != 0) return {};
-  return [this, file](int done, int total) {
-    showsProgress_ = true;
-    std::fprintf(stderr, "%s%s: %d of %d", kClearLine, file.c_str(), done, total);
-  };
+  if (!mayShowProgress_) return {};
+  return [this, name = printable(file)](int done, int total) { showProgress(name, done, total); };
+}
+
+void Console::showProgress(const std::string& file, int done, int total) {
+  constexpr int nowAndThen = 1000;
+  if (!mayShowProgress_ || done % nowAndThen != 0) return;
+  showsProgress_ = true;
+  std::string line = kClearLine + file + ": " + std::to_string(done);
+  if (total > 0) line += " of " + std::to_string(total);
+  std::fputs(line.c_str(), stderr);
 }
 
 void Console::clearProgress() {

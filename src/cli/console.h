@@ -29,7 +29,7 @@ class WrongUse : public std::runtime_error {
 /// writes beside collections.
 class Console {
  public:
-  explicit Console(OpenFiles& files) : files_(files) {}
+  explicit Console(OpenFiles& files);
 
   OpenFiles& files() { return files_; }
   FileSystem& disk() { return files_.fileSystem(); }
@@ -49,7 +49,9 @@ class Console {
   /// Writes what is left; false, and said, when standard output cannot take it.
   bool flush();
 
-  /// Shows on a terminal how far work on a file is; elsewhere nothing.
+  /// Shows how far work on a file is, on a line of its own that is gone when the next line comes,
+  /// and at the end. Empty where standard error is no terminal. Where standard output is one, too,
+  /// nothing is shown any more once something was written there.
   Progress progressOf(const std::string& file);
 
   /// True when standard output is a terminal that shows colours.
@@ -58,18 +60,24 @@ class Console {
  private:
   class Output : public TextSink {
    public:
+    explicit Output(Console& console) : console_(console) {}
     void write(std::string_view text) override;
     void flush();
 
    private:
+    void writeAll(std::string_view text);
+
+    Console& console_;
     std::string waiting_;
   };
 
   int complainOfCurrent(const std::string& file);
+  void showProgress(const std::string& file, int done, int total);
   void clearProgress();
 
   OpenFiles& files_;
   Output out_;
+  bool mayShowProgress_;
   bool showsProgress_ = false;
 };
 

@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <clocale>
 #include <functional>
+#include <sstream>
 
 #include "cli/commands.h"
 #include "platform/disk_file_system.h"
@@ -47,12 +48,27 @@ class CommandLine {
     try {
       app_.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-      return app_.exit(error) == 0 ? kDone : kWrongUse;
+      return endWith(error);
     }
     return run_();
   }
 
  private:
+  /// Prints what was asked for, help or the version, or says what is wrong.
+  int endWith(const CLI::ParseError& error) {
+    std::ostringstream out;
+    std::ostringstream ignored;
+    if (app_.exit(error, out, ignored) == 0) {
+      console_.print(out.str());
+      return kDone;
+    }
+    // What was not understood tells more than what is missing for it.
+    const std::vector<std::string> unknown = app_.remaining(true);
+    const std::string why =
+        unknown.empty() ? error.what() : "\"" + unknown.front() + "\" is unknown";
+    return wrongUse(console_, why + "; --help tells what there is");
+  }
+
   CLI::App& command(const std::string& name, const std::string& what, std::function<int()> run) {
     CLI::App& added = *app_.add_subcommand(name, what);
     added.callback([this, run = std::move(run)] { run_ = run; });
@@ -72,6 +88,7 @@ class CommandLine {
 
   void addExport() {
     CLI::App& to = command("export", "Write every field of every item", [this] {
+      if (export_.output == "-") export_.output.clear();
       if (export_.format == "sqlite" && export_.output.empty())
         return wrongUse(console_, "export --format sqlite needs --output");
       if (export_.forSpreadsheet && export_.format != "csv")
@@ -81,7 +98,8 @@ class CommandLine {
     addFile(to, export_.file);
     to.add_option("-f,--format", export_.format, "csv (the default), json, sqlite or html")
         ->check(CLI::IsMember({"csv", "json", "sqlite", "html"}));
-    to.add_option("-o,--output", export_.output, "A file to write; standard output unless given");
+    to.add_option("-o,--output", export_.output,
+                  "A file to write; standard output unless given, or where it is -");
     to.add_flag("--for-spreadsheet", export_.forSpreadsheet,
                 "csv: write texts so that no spreadsheet takes them for formulas");
   }
@@ -157,7 +175,8 @@ class CommandLine {
     CLI::App& sort =
         command("sort", "Sort as the program does", [this] { return runSort(console_, sort_); });
     addFile(sort, sort_.file);
-    sort.add_option("-b,--by", sort_.keys, "Fields to sort by, the keys of the program's own form");
+    sort.add_option("-b,--by", sort_.keys, "Fields to sort by, the keys of the program's own form")
+        ->required();
   }
 
   void addUndelete() {

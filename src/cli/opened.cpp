@@ -32,8 +32,12 @@ RecordTexts Opened::texts(std::string dateForm) const {
 void Opened::readItems(
     const std::function<void(int item, std::span<const std::byte> record)>& use) const {
   ItemReader reader(console_.disk(), collection_);
+  const Progress progress = console_.progressOf(collection_.path);
   const int items = collection_.isWhole() ? collection_.count : collection_.itemsThere();
-  for (int item = 1; item <= items; ++item) use(item, reader.readFull(item));
+  for (int item = 1; item <= items; ++item) {
+    use(item, reader.readFull(item));
+    if (progress) progress(item, items);
+  }
 }
 
 std::string shortDateForm() {

@@ -82,17 +82,12 @@ void checkFile(FileSystem& files, const CollectionFile& collection, const Findin
       finding(0, std::string(besideText(kind)) + " beside it: " + path);
 }
 
-void checkItems(FileSystem& files, const CollectionFile& collection, const Values& values,
-                const Finding& finding) {
-  ItemReader reader(files, collection);
-  const int items = collection.itemsThere();
-  for (int item = 1; item <= items; ++item) {
-    const auto record = reader.read(item);
-    if (isDeletedItem(*collection.kind, record)) continue;
-    for (const DataColumn& column : values.columns()) {
-      const std::string trouble = troubleOf(values, column, record);
-      if (!trouble.empty()) finding(item, column.name + ": " + trouble);
-    }
+void checkItem(const CollectionKind& kind, const Values& values, int item,
+               std::span<const std::byte> record, const Finding& finding) {
+  if (isDeleted(kind, record)) return;
+  for (const DataColumn& column : values.columns()) {
+    const std::string trouble = troubleOf(values, column, record);
+    if (!trouble.empty()) finding(item, column.name + ": " + trouble);
   }
 }
 

@@ -15,10 +15,10 @@ using Finding = std::function<void(int item, const std::string& what)>;
 /// count, and what lies beside it.
 void checkFile(FileSystem& files, const CollectionFile& collection, const Finding& finding);
 
-/// Looks for everything that can be wrong with its items: texts with control characters or with
+/// Looks for everything that can be wrong with an item: texts with control characters or with
 /// something behind a zero byte, flags other than 0 and 1, places beyond their lists, dates that
-/// are none, sizes that are no number. Deleted items are not looked at.
-void checkItems(FileSystem& files, const CollectionFile& collection, const Values& values,
-                const Finding& finding);
+/// are none, sizes that are no number. A deleted item is not looked at.
+void checkItem(const CollectionKind& kind, const Values& values, int item,
+               std::span<const std::byte> record, const Finding& finding);
 
 }  // namespace quillbox

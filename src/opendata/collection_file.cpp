@@ -96,10 +96,6 @@ CollectionFile readCollectionFile(FileSystem& files, const std::string& path,
   return found;
 }
 
-bool isDeletedItem(const CollectionKind& kind, std::span<const std::byte> record) {
-  return kind.editor != EditorForm::books && isDeleted(kind, record);
-}
-
 bool isFreePlace(const CollectionKind& kind, std::span<const std::byte> record) {
   return kind.rules.reusesDeletedSlots &&
          withoutBlanksAround(textOf(kind.fields.front(), record)) == kind.rules.deletion.marker;

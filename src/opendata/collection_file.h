@@ -56,9 +56,6 @@ CollectionFile readCollectionFile(FileSystem& files, const std::string& path,
 /// The bytes of an open file. Found at once where it is one of those that are likely.
 std::uint64_t sizeOf(File& file, std::span<const std::uint64_t> likely = {});
 
-/// True when that item carries the deleted marker of its kind. Books are never deleted.
-bool isDeletedItem(const CollectionKind& kind, std::span<const std::byte> record);
-
 /// True when a new item may take the place: the kind does so, and the place is a deleted one.
 bool isFreePlace(const CollectionKind& kind, std::span<const std::byte> record);
 

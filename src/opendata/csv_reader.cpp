@@ -28,10 +28,13 @@ void CsvReader::readMore() {
     at_ = 0;
   }
   if (filled_ > kLongestRecord) throw DataError("a record that does not end");
-  buffer_.resize(std::max(buffer_.size(), 2 * filled_ + kChunk));
-  const std::size_t read = source_.read(std::span(buffer_).subspan(filled_));
-  filled_ += read;
-  atEnd_ = read == 0;
+  buffer_.resize(std::max(buffer_.size(), std::min(2 * filled_, kLongestRecord) + kChunk));
+  // All of it, however little comes at once: the record is looked at from its beginning again.
+  while (filled_ < buffer_.size() && !atEnd_) {
+    const std::size_t read = source_.read(std::span(buffer_).subspan(filled_));
+    filled_ += read;
+    atEnd_ = read == 0;
+  }
 }
 
 void CsvReader::begin() {

@@ -1,60 +1,63 @@
 #include "opendata/csv_text.h"
 
+#include <cstring>
+
 #include "opendata/text_scan.h"
+#include "text/padding.h"
 
 namespace quillbox {
 namespace {
 
 constexpr char kGuard = '\'';
 
-/// What is in a text that asks for care. Separators of any dialect count, so that a file is read
-/// the same whatever a reader takes for its separator, and so do all control characters.
-struct Found {
-  bool quote;
-  bool separator;
-  bool beyondAscii;
-};
-
-Found foundIn(std::string_view text) {
-  scan::Block quote{};
-  scan::Block separator{};
-  scan::Block beyondAscii{};
-  scan::eachBlock(text, [&](const scan::Block& block) {
-    quote |= scan::is(block, '"');
-    separator |= scan::is(block, ',') | scan::is(block, ';') | scan::isControl(block);
-    beyondAscii |= scan::isBeyondAscii(block);
-  });
-  return {scan::any(quote), scan::any(separator), scan::any(beyondAscii)};
-}
-
-void appendField(std::string& line, std::string_view text, const Found& found) {
-  const bool hasBlanksAround = !text.empty() && (text.front() == ' ' || text.back() == ' ');
-  if (!found.quote && !found.separator && !hasBlanksAround) {
-    line += text;
-    return;
-  }
-  line += '"';
-  while (found.quote) {
-    const auto quote = text.find('"');
-    if (quote == std::string_view::npos) break;
-    line.append(text.substr(0, quote + 1)) += '"';
-    text.remove_prefix(quote + 1);
-  }
-  line += text;
-  line += '"';
+/// Not 0 in the places of separators of any dialect, so that a file is read the same whatever a
+/// reader takes for its separator.
+scan::Block isSeparator(const scan::Block& block) {
+  return scan::is(block, ',') | scan::is(block, ';');
 }
 
 }  // namespace
 
 void appendCsvField(std::string& line, std::string_view text) {
-  appendField(line, text, foundIn(text));
+  scan::Block quote{};
+  scan::Block care{};
+  scan::eachBlock(text, [&](const scan::Block& block) {
+    quote |= scan::is(block, '"');
+    care |= scan::is(block, '"') | isSeparator(block) | scan::isControl(block);
+  });
+  const bool hasBlanksAround = !text.empty() && (text.front() == ' ' || text.back() == ' ');
+  if (!scan::any(care) && !hasBlanksAround) {
+    line += text;
+    return;
+  }
+  line += '"';
+  while (scan::any(quote)) {
+    const auto place = text.find('"');
+    if (place == std::string_view::npos) break;
+    line.append(text.substr(0, place + 1)) += '"';
+    text.remove_prefix(place + 1);
+  }
+  line += text;
+  line += '"';
 }
 
-bool appendAsciiCsvField(std::string& line, std::string_view text) {
-  const Found found = foundIn(text);
-  if (found.beyondAscii) return false;
-  appendField(line, text, found);
-  return true;
+char* writePlainCsvField(char* to, std::string_view stored) {
+  const std::string_view text = withoutTrailingBlanks(stored);
+  char* const behindQuote = to + 1;
+  scan::Block separator{};
+  scan::Block care{};
+  scan::copyBlocks(behindQuote, text, stored, [&](const scan::Block& block) {
+    separator |= isSeparator(block);
+    care |= scan::is(block, '"') | scan::isControl(block) | scan::isBeyondAscii(block);
+  });
+  if (scan::any(care)) return nullptr;
+  if (!text.starts_with(' ') && !scan::any(separator)) {
+    std::memmove(to, behindQuote, text.size());
+    return to + text.size();
+  }
+  *to = '"';
+  behindQuote[text.size()] = '"';
+  return behindQuote + text.size() + 1;
 }
 
 bool needsGuard(std::string_view text) {

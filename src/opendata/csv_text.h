@@ -16,8 +16,10 @@ enum class CsvFor {
 /// texts are guarded, by whoever calls.
 void appendCsvField(std::string& line, std::string_view text);
 
-/// The same for a text that may not be UTF-8; false, and nothing is added, unless it is ASCII.
-bool appendAsciiCsvField(std::string& line, std::string_view text);
+/// Writes a stored text, padding and all, as that field, to a place that has room for its width and
+/// two quotes. Returns the end of the field; nullptr for a text that asks for more care: for
+/// anything beyond ASCII, control characters (NULs of the padding, too) and quotes.
+char* writePlainCsvField(char* to, std::string_view stored);
 
 /// True of a text that gets an apostrophe for spreadsheets: it begins with =, +, -, @, a tab or a
 /// line end, or with apostrophes before one of them.

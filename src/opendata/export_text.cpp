@@ -5,6 +5,7 @@
 #include "opendata/json_text.h"
 #include "opendata/number_forms.h"
 #include "opendata/rows.h"
+#include "opendata/sink_buffer.h"
 #include "text/padding.h"
 #include "text/windows1252.h"
 
@@ -13,100 +14,106 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 
+/// Room for the quotes of a text.
+constexpr std::size_t kQuotes = 2;
+
+/// A stored text by one of the functions that know the plain ones; false when it is none.
+template <typename Write>
+bool addPlain(SinkBuffer& to, const DataColumn& column, std::span<const std::byte> record,
+              const Write& write) {
+  const std::string_view stored = textOf(*column.field, record, column.entry);
+  const char* const end = write(to.roomFor(stored.size() + kQuotes), stored);
+  if (end != nullptr) to.endAt(end);
+  return end != nullptr;
+}
+
 class CsvExport {
  public:
   CsvExport(const Export& from, TextSink& to, CsvFor reader)
-      : from_(from), to_(to), guards_(reader == CsvFor::spreadsheets) {}
+      : from_(from), csv_(to), guards_(reader == CsvFor::spreadsheets) {}
 
   void run() {
     // The apostrophe in the header tells a reader that there may be some below.
-    if (guards_) line_ += '\'';
-    line_ += kItemColumn;
-    for (const DataColumn& column : from_.values.columns()) line_.append(",").append(column.name);
-    line_ += kLineEnd;
+    if (guards_) csv_ += '\'';
+    csv_ += kItemColumn;
+    for (const DataColumn& column : from_.values.columns()) (csv_ += ',') += column.name;
+    csv_ += kLineEnd;
     ItemReader reader(from_.files, from_.collection);
     for (int item = 1; item <= from_.items(); ++item) {
       addItem(item, reader.read(item));
-      if (line_.size() > kAtOnce) writeLine();
       from_.tell(item);
     }
-    writeLine();
+    csv_.flush();
   }
 
  private:
-  static constexpr std::size_t kAtOnce = 32'768;
-
-  void writeLine() {
-    to_.write(line_);
-    line_.clear();
-  }
-
   void addItem(int item, std::span<const std::byte> record) {
-    line_ += std::to_string(item);
+    csv_ += std::to_string(item);
     for (const DataColumn& column : from_.values.columns()) {
-      line_ += ',';
+      csv_ += ',';
       addValue(column, record);
     }
-    line_ += kLineEnd;
+    csv_ += kLineEnd;
   }
 
   void addValue(const DataColumn& column, std::span<const std::byte> record) {
     const FieldType type = column.field->type;
-    if (type == FieldType::text && !guards_ &&
-        appendAsciiCsvField(line_, readable(textOf(*column.field, record, column.entry))))
-      return;
-    if (type != FieldType::text && type != FieldType::choice)
-      return from_.values.append(line_, column, record);
+    const bool isText = type == FieldType::text;
+    if (isText && !guards_ && addPlain(csv_, column, record, writePlainCsvField)) return;
     text_.clear();
     from_.values.append(text_, column, record);
-    if (guards_ && needsGuard(text_)) text_.insert(0, 1, '\'');
-    appendCsvField(line_, text_);
+    if (isText || type == FieldType::choice) {
+      if (guards_ && needsGuard(text_)) text_.insert(0, 1, '\'');
+      field_.clear();
+      appendCsvField(field_, text_);
+      csv_ += field_;
+    } else {
+      csv_ += text_;
+    }
   }
 
   const Export& from_;
-  TextSink& to_;
+  SinkBuffer csv_;
   bool guards_;
-  std::string line_;
   std::string text_;
+  std::string field_;
 };
 
 class JsonExport {
  public:
-  JsonExport(const Export& from, TextSink& to) : from_(from), to_(to) {}
+  JsonExport(const Export& from, TextSink& to) : from_(from), json_(to) {}
 
   void run() {
     const CollectionFile& collection = from_.collection;
     json_ += "{\"kind\":";
-    appendJsonString(json_, kindName(*collection.kind));
+    addString(kindName(*collection.kind));
     json_ += ",\"version\":";
-    appendJsonString(json_, toUtf8(readable(collection.header.Version.view())));
+    addString(toUtf8(readable(collection.header.Version.view())));
     json_ += ",\"fileType\":" + std::to_string(collection.header.FileType) + ",\"items\":[";
     ItemReader reader(from_.files, collection);
     for (int item = 1; item <= from_.items(); ++item) {
       json_ += item == 1 ? "\n" : ",\n";
       addItem(item, reader.read(item));
-      if (json_.size() > kAtOnce) write();
       from_.tell(item);
     }
     json_ += "\n]}\n";
-    write();
+    json_.flush();
   }
 
  private:
-  static constexpr std::size_t kAtOnce = 32'768;
-
-  void write() {
-    to_.write(json_);
-    json_.clear();
+  void addString(std::string_view text) {
+    string_.clear();
+    appendJsonString(string_, text);
+    json_ += string_;
   }
 
   void addItem(int item, std::span<const std::byte> record) {
     json_ += "{\"item\":" + std::to_string(item);
-    if (isDeletedItem(*from_.collection.kind, record)) json_ += ",\"deleted\":true";
+    if (isDeleted(*from_.collection.kind, record)) json_ += ",\"deleted\":true";
     const auto& columns = from_.values.columns();
     for (std::size_t i = 0; i < columns.size(); i += columns[i].field->count) {
       const Field& field = *columns[i].field;
-      json_.append(",\"").append(field.name).append("\":");
+      ((json_ += ",\"") += field.name) += "\":";
       if (field.count == 1)
         addValue(columns[i], record);
       else
@@ -128,16 +135,10 @@ class JsonExport {
   }
 
   void addText(const DataColumn& column, std::span<const std::byte> record) {
-    const std::string_view stored = readable(textOf(*column.field, record, column.entry));
-    if (isPlainJson(stored)) {
-      json_ += '"';
-      json_ += stored;
-      json_ += '"';
-      return;
-    }
+    if (addPlain(json_, column, record, writePlainJsonString)) return;
     text_.clear();
     from_.values.append(text_, column, record);
-    appendJsonString(json_, text_);
+    addString(text_);
   }
 
   /// Numbers are numbers, flags of 0 and 1 are true and false, and no choice is null.
@@ -149,9 +150,9 @@ class JsonExport {
     switch (field.type) {
       case FieldType::text:  // seen to above
       case FieldType::date:
-        return appendJsonString(json_, text_);
+        return addString(text_);
       case FieldType::flag:
-        json_ += text_ == "0" ? "false" : text_ == "1" ? "true" : text_;
+        json_ += text_ == "0" ? "false" : text_ == "1" ? "true" : std::string_view(text_);
         return;
       case FieldType::choice:
         if (text_.empty())
@@ -159,7 +160,7 @@ class JsonExport {
         else if (wholeNumberIn(text_))
           json_ += text_;
         else
-          appendJsonString(json_, text_);
+          addString(text_);
         return;
       case FieldType::money:
       case FieldType::whole:
@@ -169,15 +170,15 @@ class JsonExport {
         if (text_.find_first_of("ni") == std::string::npos)  // neither nan nor inf
           json_ += text_;
         else
-          appendJsonString(json_, text_);
+          addString(text_);
         return;
     }
   }
 
   const Export& from_;
-  TextSink& to_;
-  std::string json_;
+  SinkBuffer json_;
   std::string text_;
+  std::string string_;
 };
 
 }  // namespace

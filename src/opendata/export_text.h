@@ -1,16 +1,12 @@
 #pragma once
 
-#include <functional>
-
 #include "opendata/csv_text.h"
+#include "opendata/progress.h"
 #include "opendata/streams.h"
 #include "opendata/values.h"
 #include "platform/file_system.h"
 
 namespace quillbox {
-
-/// How far work on the items of a collection is.
-using Progress = std::function<void(int done, int total)>;
 
 /// What is exported, and from where.
 struct Export {
@@ -24,8 +20,7 @@ struct Export {
   int items() const { return collection.isWhole() ? collection.count : collection.itemsThere(); }
 
   void tell(int done) const {
-    constexpr int now = 1000;
-    if (progress && (done % now == 0 || done == items())) progress(done, items());
+    if (progress) progress(done, items());
   }
 };
 

@@ -56,7 +56,7 @@ class HtmlExport {
     for (int item = 1; item <= from_.items(); ++item) {
       const auto record = reader.readFull(item);
       summary_.take(item, record);
-      if (isDeletedItem(kind_, record)) continue;
+      if (isDeleted(kind_, record)) continue;
       std::erase_if(empty, [&](const Column* column) { return hasValue(*column, record); });
     }
     for (const Column& column : columnsOf(kind_))
@@ -184,7 +184,8 @@ class HtmlExport {
     ItemReader reader(from_.files, from_.collection);
     for (int item = 1; item <= from_.items(); ++item) {
       const auto record = reader.readFull(item);
-      if (!isDeletedItem(kind_, record)) addRow(item, record);
+      if (!isDeleted(kind_, record)) addRow(item, record);
+      from_.tell(item);
       if (html_.size() > kAtOnce) write();
       from_.tell(item);
     }

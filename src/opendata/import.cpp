@@ -51,7 +51,7 @@ void Import::wrong(const std::string& place, const std::string& why) {
 }
 
 void Import::row(const Row& row) {
-  ++result_.rows;
+  watcher_.read(++result_.rows);
   std::optional<int> item;
   try {
     item = itemOf(row);
@@ -117,7 +117,7 @@ bool Import::storeCells(const Row& row, std::optional<int> item,
 }
 
 void Import::checkDeleted(const Row& row) const {
-  if (row.isDeleted && *row.isDeleted != isDeletedItem(*collection_.kind, record_))
+  if (row.isDeleted && *row.isDeleted != isDeleted(*collection_.kind, record_))
     throw DataError("\"deleted\" is not what the marker in " + values_.columns().front().name +
                     " says");
 }

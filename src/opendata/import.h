@@ -26,6 +26,8 @@ class ImportWatcher {
   virtual void added(int item, std::span<const std::byte> record) = 0;
   /// Something in the data is wrong, so that nothing will be written.
   virtual void wrong(const std::string& place, const std::string& why) = 0;
+  /// So many rows were read.
+  virtual void read(int /*rows*/) {}
 };
 
 struct ImportResult {

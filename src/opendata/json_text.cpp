@@ -3,6 +3,7 @@
 #include <array>
 
 #include "opendata/text_scan.h"
+#include "text/padding.h"
 
 namespace quillbox {
 namespace {
@@ -46,16 +47,6 @@ void appendEscaped(std::string& json, char c) {
 
 }  // namespace
 
-bool isPlainJson(std::string_view text) {
-  constexpr char remove = 0x7F;
-  scan::Block found{};
-  scan::eachBlock(text, [&](const scan::Block& block) {
-    found |= scan::isControl(block) | scan::isBeyondAscii(block) | scan::is(block, '"') |
-             scan::is(block, '\\') | scan::is(block, remove);
-  });
-  return !scan::any(found);
-}
-
 void appendJsonString(std::string& json, std::string_view text) {
   json += '"';
   std::size_t from = 0;
@@ -71,6 +62,27 @@ void appendJsonString(std::string& json, std::string_view text) {
   }
   json += text.substr(from);
   json += '"';
+}
+
+std::string jsonString(std::string_view text) {
+  std::string json;
+  appendJsonString(json, text);
+  return json;
+}
+
+char* writePlainJsonString(char* to, std::string_view stored) {
+  constexpr char remove = 0x7F;
+  const std::string_view text = withoutTrailingBlanks(stored);
+  scan::Block care{};
+  *to++ = '"';
+  scan::copyBlocks(to, text, stored, [&](const scan::Block& block) {
+    care |= scan::isControl(block) | scan::isBeyondAscii(block) | scan::is(block, '"') |
+            scan::is(block, '\\') | scan::is(block, remove);
+  });
+  if (scan::any(care)) return nullptr;
+  to += text.size();
+  *to++ = '"';
+  return to;
 }
 
 }  // namespace quillbox

@@ -3,11 +3,13 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 
 #include "opendata/number_forms.h"
 #include "opendata/replacement.h"
 #include "opendata/sqlite_views.h"
+#include "platform/file_paths.h"
 #include "platform/run_time_error.h"
 #include "text/padding.h"
 #include "text/windows1252.h"
@@ -155,7 +157,7 @@ class SqliteExport {
 
   void addItem(int item, std::span<const std::byte> record) {
     sqlite3_bind_int(items_.get(), 1, item);
-    sqlite3_bind_int(items_.get(), 2, isDeletedItem(*from_.collection.kind, record) ? 1 : 0);
+    sqlite3_bind_int(items_.get(), 2, isDeleted(*from_.collection.kind, record) ? 1 : 0);
     int at = 3;
     for (const DataColumn& column : from_.values.columns())
       if (column.field->count == 1) bind(at++, column, record);
@@ -224,14 +226,20 @@ class SqliteExport {
 
 }  // namespace
 
-void exportSqlite(const Export& from, const std::string& path) {
+void exportSqlite(const Export& from, const std::string& name) {
   FileSystem& files = from.files;
+  const std::string path = fileBehind(files, name);
+  const bool isThere = files.exists(path);
+  // A device or a pipe would be gone, and cannot be a database.
+  if (isThere && !std::filesystem::is_regular_file(path))
+    throw RunTimeError(ErrorNumber::pathFileAccess, name);
   const std::string fresh = unfinishedName(path);
   if (files.exists(fresh)) files.remove(fresh);
   try {
     SqliteExport(from, fresh).run();
-    if (files.exists(path)) files.remove(path);
-    files.rename(fresh, path);
+    if (!isThere) return files.rename(fresh, path);
+    files.exchange(fresh, path);
+    files.remove(fresh);
   } catch (const RunTimeError&) {
     ignoringErrors([&] { files.remove(fresh); });
     throw;

@@ -47,4 +47,24 @@ void eachBlock(std::string_view text, const Look& look) {
   look(block);
 }
 
+/// The same for a text that stands in front of the padding of its field (`text` is where `padded`
+/// begins), and copies it to a place that has room for all of `padded`. Some of the padding may be
+/// looked at and copied, too.
+template <typename Look>
+void copyBlocks(char* to, std::string_view text, std::string_view padded, const Look& look) {
+  Block block = Block{} + static_cast<unsigned char>('0');
+  if (padded.size() < sizeof block) {
+    std::memcpy(&block, padded.data(), padded.size());
+    std::memcpy(to, padded.data(), padded.size());
+    return look(block);
+  }
+  const std::size_t last = padded.size() - sizeof block;
+  for (std::size_t at = 0; at < text.size(); at += sizeof block) {
+    const std::size_t place = at < last ? at : last;
+    std::memcpy(&block, padded.data() + place, sizeof block);
+    std::memcpy(to + place, &block, sizeof block);
+    look(block);
+  }
+}
+
 }  // namespace quillbox::scan

@@ -1,5 +1,6 @@
 #include "opendata/undelete.h"
 
+#include <algorithm>
 #include <string>
 
 #include "opendata/data_error.h"
@@ -9,7 +10,7 @@
 
 namespace quillbox {
 
-void undeleteItem(OpenFiles& files, const CollectionFile& collection, const Values& values,
+bool undeleteItem(OpenFiles& files, const CollectionFile& collection, const Values& values,
                   int item, std::string_view text, const StoreRules& rules) {
   if (collection.isOfOlderType())
     throw DataError(
@@ -22,12 +23,14 @@ void undeleteItem(OpenFiles& files, const CollectionFile& collection, const Valu
   open.Count = checked16(collection.count);
   CollectionStore store(files, open, *collection.kind);
   std::vector<std::byte> record = store.ReadRecord(item);
-  if (!isDeletedItem(*collection.kind, record))
+  if (!isDeleted(*collection.kind, record))
     throw DataError("item " + std::to_string(item) + " is not deleted");
   if (withoutBlanksAround(text).empty()) throw DataError("the text is empty");
   values.store(values.columns().front(), record, text, rules);
-  if (isDeletedItem(*collection.kind, record)) throw DataError("the text is the deleted marker");
+  if (isDeleted(*collection.kind, record)) throw DataError("the text is the deleted marker");
   store.WriteRecord(item, record, collection.count);
+  const auto rest = std::span(record).subspan(collection.kind->fields.front().width);
+  return std::ranges::any_of(rest, [](std::byte byte) { return byte != std::byte{0}; });
 }
 
 }  // namespace quillbox

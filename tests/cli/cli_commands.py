@@ -1,8 +1,10 @@
 """What each command of quillbox-cli says and does."""
 import json
 import os
+import signal
 import struct
 import subprocess
+import unittest
 
 from __main__ import CliTest, PROGRAM, ROOT
 
@@ -12,10 +14,18 @@ class Use(CliTest):
         for arguments in ([], ["nonsense"], ["info"], ["info", "--nonsense", "a.MCS"],
                           ["export", "a.MCS", "--format", "pdf"], ["export", "a.MCS", "b.MCS"],
                           ["export", "a.MCS", "--format", "sqlite"], ["import", "a.MCS"],
-                          ["undelete", "a.MCS", "one", "--text", "x"], ["undelete", "a.MCS", "1"]):
+                          ["undelete", "a.MCS", "one", "--text", "x"], ["undelete", "a.MCS", "1"],
+                          ["export", "a.MCS", "-f", "sqlite", "-o", "-"], ["sort", "a.MCS"],
+                          ["export", "a.MCS", "-f", "json", "--for-spreadsheet"], ["restore", "a.MCS", "b.MCS"]):
             out, err = self.run_it(*arguments, status=2)
+            self.assertTrue(err.startswith("quillbox-cli: "), err)
             self.assertEqual(out, b"", arguments)
             self.assertNotEqual(err, "", arguments)
+
+    def test_what_is_not_known_is_named(self):
+        for arguments in (["nonsense"], ["info", "-nonsense"], ["list", "a.MCS", "nonsense"]):
+            _, err = self.run_it(*arguments, status=2)
+            self.assertIn("nonsense", err)
 
     def test_an_unknown_key_is_a_wrong_command(self):
         shelf = self.sample("shelf.BCS")
@@ -27,7 +37,8 @@ class Use(CliTest):
     def test_help_and_version_are_printed(self):
         self.assertEqual(self.run_it("--version")[0], b"quillbox-cli 1.71\n")
         self.assertIn(b"export", self.run_it("--help")[0])
-        for command in ("info", "export", "import", "check", "restore", "sort", "undelete"):
+        for command in ("info", "export", "import", "check", "restore", "list", "loans", "doubles", "summary",
+                        "sort", "undelete"):
             self.assertIn(b"FILE", self.run_it(command, "--help")[0])
 
     def test_a_missing_file_is_named(self):
@@ -58,11 +69,43 @@ class Use(CliTest):
 
     def test_a_full_disk_is_said(self):
         self.sample("jazz.MCS")
-        with open("/dev/full", "wb") as full:
-            done = subprocess.run([PROGRAM, "export", "jazz.MCS"], stdout=full, cwd=self.folder,
-                                  stderr=subprocess.PIPE)
-        self.assertEqual(done.returncode, 1)
-        self.assertIn(b"Disk full", done.stderr)
+        for arguments in (["--help"], ["--version"], ["import", "jazz.MCS", "/dev/null"],
+                          *([command, "jazz.MCS"] for command in
+                            ("info", "export", "check", "list", "loans", "doubles", "summary"))):
+            with open("/dev/full", "wb") as full:
+                done = subprocess.run([PROGRAM, *arguments], stdout=full, cwd=self.folder,
+                                      stderr=subprocess.PIPE)
+            self.assertEqual(done.returncode, 1, arguments)
+            if arguments[0] != "import":
+                self.assertIn(b"Disk full", done.stderr, arguments)
+
+    def test_a_pipe_that_nobody_reads_ends_it(self):
+        self.sample("jazz.MCS")
+        ours, theirs = os.pipe()
+        os.close(ours)
+        done = subprocess.run([PROGRAM, "export", "jazz.MCS"], stdout=theirs, cwd=self.folder,
+                              stderr=subprocess.PIPE)
+        os.close(theirs)
+        self.assertEqual((done.returncode, done.stderr), (-signal.SIGPIPE, b""))
+
+    @unittest.skipUnless(os.geteuid() == 0, "only the superuser can become somebody else")
+    def test_what_may_not_be_read_is_named(self):
+        path = self.sample("jazz.MCS")
+        path.chmod(0)
+        self.folder.chmod(0o755)
+        done = subprocess.run([PROGRAM, "info", "jazz.MCS"], cwd=self.folder, user=65534, capture_output=True)
+        self.assertEqual((done.returncode, done.stderr),
+                         (1, b"quillbox-cli: jazz.MCS: Permission denied\n"))
+
+    def test_files_without_items_or_with_too_many_are_read(self):
+        (self.folder / "empty.BCS").write_bytes(b"")
+        (self.folder / "huge.BCS").write_bytes(b"\xff\x7f\x01\x001.71    ")
+        for command in ("info", "list", "doubles", "summary"):
+            self.run_it(command, "empty.BCS", "huge.BCS" if command != "list" else "--tsv")
+        self.assertEqual(self.run_it("check", "empty.BCS")[0], b"empty.BCS: 0 items, nothing wrong\n")
+        self.assertEqual(self.run_it("check", "huge.BCS", status=1)[0],
+                         b"huge.BCS: the file ends at item 0 of 32767\n")
+        self.run_it("export", "huge.BCS", status=1)
 
 
 class Info(CliTest):
@@ -98,6 +141,27 @@ class Export(CliTest):
         out, _ = self.run_it("export", "jazz.MCS")
         self.assertEqual(self.run_it("export", "jazz.MCS", "-o", "jazz.csv")[0], b"")
         self.assertEqual((self.folder / "jazz.csv").read_bytes(), out)
+
+    def test_a_dash_is_standard_output(self):
+        self.sample("jazz.MCS")
+        out, _ = self.run_it("export", "jazz.MCS")
+        self.assertEqual(self.run_it("export", "jazz.MCS", "-o", "-")[0], out)
+        self.assertEqual(self.names(), ["jazz.MCS"])
+
+    def test_a_database_takes_the_place_of_files_alone(self):
+        self.sample("jazz.MCS")
+        to_database = ["export", "jazz.MCS", "-f", "sqlite", "-o"]
+        os.mkfifo(self.folder / "pipe.db")
+        self.run_it(*to_database, "pipe.db", status=1)
+        self.assertTrue((self.folder / "pipe.db").is_fifo())
+        (self.folder / "pipe.db").unlink()
+        (self.folder / "real").mkdir()
+        (self.folder / "real/old.db").write_text("old")
+        os.symlink("real/old.db", self.folder / "link.db")
+        self.run_it(*to_database, "link.db")
+        self.assertTrue((self.folder / "link.db").is_symlink())
+        self.assertTrue((self.folder / "real/old.db").read_bytes().startswith(b"SQLite format 3"))
+        self.assertEqual(len(list((self.folder / "real").iterdir())), 1)
 
     def test_the_pages_of_the_samples_are_those_in_the_tree(self):
         """docs/pages is made by: quillbox-cli export samples/NAME -f html -o docs/pages/NAME.html"""
@@ -198,6 +262,18 @@ class Import(CliTest):
             self.assertIn("jazz.MCS: nothing was written", err)
             self.assertEqual(path.read_bytes(), before)
             self.assertEqual(self.names(), ["jazz.MCS"])
+
+    def test_a_header_without_an_end_is_read_once(self):
+        self.sample("jazz.MCS")
+        _, err = self.run_it("import", "jazz.MCS", "-", stdin=b"x" * 30_000_000, status=1)
+        self.assertIn("a record that does not end", err)
+
+    def test_a_long_name_is_not_told_in_full(self):
+        self.sample("jazz.MCS")
+        for text in (b"x" * 5000, b'{"items":[{"' + b"x" * 5000 + b'":1}]}'):
+            _, err = self.run_it("import", "jazz.MCS", "-", stdin=text, status=1)
+            self.assertIn("xxx...\n", err)
+            self.assertLess(len(err), 1000)
 
     def test_cut_and_replace_allow_what_is_refused(self):
         path = self.sample("jazz.MCS")

@@ -11,12 +11,43 @@ COMPLETIONS = ROOT / "packaging/completions"
 
 
 class Completion(CliTest):
+    def options_of(self, command):
+        """Long and short names of options as --help tells them, without those of help itself."""
+        out, _ = self.run_it(command, "--help")
+        lines = re.findall(r"^  (-[^ ]+)", out.decode().split("Options:")[1], re.M)
+        names = {name for line in lines for name in line.split(",")} - {"-h", "--help"}
+        return {name for name in names if name.startswith("--")}, {name for name in names if name[1] != "-"}
+
     def options(self):
-        found = set()
+        return {name[2:] for command in COMMANDS for name in self.options_of(command)[0]} | {"help"}
+
+    def test_the_page_of_the_manual_shows_each_command_with_its_options(self):
+        page = (ROOT / "packaging/quillbox-cli.1").read_text("utf-8").replace("\\-", "-")
+        synopsis = page.split(".SH SYNOPSIS")[1].split(".SH DESCRIPTION")[0]
+        lines = re.sub(r"\s*\n\.(RB|BR|IR|B|I) |\n", " ", synopsis.replace("\n.br", "@")).split("@")
+        described = page.split(".SH OPTIONS")[1].split(".SH EXIT")[0]
         for command in COMMANDS:
-            out, _ = self.run_it(command, "--help")
-            found |= set(re.findall(r"--([a-z-]+)", out.decode().split("Options:")[1].split("A path")[0]))
-        return found
+            [line] = [line for line in lines if re.search(r"\b%s\b" % command, line.split("FILE")[0])]
+            long, short = self.options_of(command)
+            shown = set(re.findall(r"(?<![\w-])--?[a-z-]+", line))
+            self.assertEqual(len(shown), len(long), (command, shown, long))
+            self.assertLessEqual(shown, long | short)
+            for name in long | short:
+                self.assertRegex(described, r"(?<![\w-])%s(?![\w-])" % re.escape(name))
+
+    def test_zsh_and_fish_know_the_options_of_each_command(self):
+        zsh = (COMPLETIONS / "_quillbox-cli").read_text("utf-8")
+        for name in ("json", "cut", "replace"):
+            zsh = re.sub(r"\$%s\b" % name, "--" + name, zsh)
+        fish = (COMPLETIONS / "quillbox-cli.fish").read_text("utf-8").splitlines()
+        for command in COMMANDS:
+            long, short = self.options_of(command)
+            [part] = re.findall(r"^  [^\n]*\b%s\b[^\n]*\)\n(.*?)^    ;;" % command, zsh, re.M | re.S)
+            known = set(re.findall(r"(?<![\w-])--?[a-z][a-z-]*", part))
+            self.assertEqual(known, long | short, command)
+            its = [line for line in fish if re.search(r"subcommand_from [^']*\b%s\b" % command, line)]
+            self.assertEqual({"--" + name for line in its for name in re.findall(r" -l ([a-z-]+)", line)}, long)
+            self.assertEqual({"-" + name for line in its for name in re.findall(r" -s ([a-z])", line)}, short)
 
     def test_every_command_and_option_is_known(self):
         main = self.run_it("--help")[0].decode()
@@ -48,6 +79,8 @@ class Completion(CliTest):
                                    "quillbox-cli", *words], capture_output=True, cwd=self.folder, check=True)
             return done.stdout.decode().split()
 
+        for command in COMMANDS:
+            self.assertEqual(set(completed(command, "--")), self.options_of(command)[0] | {"--help"})
         self.assertEqual(completed("ex"), ["export"])
         self.assertEqual(completed("export", ""), ["jazz.MCS", "shelf.BCS"])
         self.assertEqual(completed("export", "--f"), ["--format", "--for-spreadsheet"])

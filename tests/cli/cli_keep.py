@@ -109,6 +109,19 @@ class Undelete(CliTest):
         self.run_it("undelete", "jazz.MCS", "2", "--text", "John Coltrane")
         self.assertEqual(path.read_bytes()[2 * 2372:], before[2 * 2372:])
 
+    def test_says_when_nothing_else_is_left(self):
+        for name, length, rest in (("tapes.VCS", 678, bytes(628)), ("shelf.BCS", 224, None)):
+            path = self.sample(name)
+            data = bytearray(path.read_bytes())
+            data[length:length + 50] = b"DELETED".ljust(50)
+            if rest:
+                data[length + 50:2 * length] = rest
+            path.write_bytes(data)
+            out, _ = self.run_it("undelete", name, "1", "--text", "back")
+            self.assertEqual(b"emptied everything else" in out, rest is not None)
+            data[length:length + 50] = b"back".ljust(50)
+            self.assertEqual(path.read_bytes(), data)
+
     def test_refuses_what_is_not_deleted(self):
         self.sample("jazz.MCS")
         self.sample("shelf.BCS")

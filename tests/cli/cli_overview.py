@@ -2,7 +2,7 @@
 import json
 import struct
 
-from __main__ import CliTest
+from __main__ import CliTest, FORMAT
 
 
 class List(CliTest):
@@ -96,6 +96,21 @@ class Doubles(CliTest):
 
 
 class Summary(CliTest):
+    def test_all_commands_take_the_same_items_for_deleted(self):
+        for kind, length in FORMAT.lengths.items():
+            marker = b"DETELED" if kind == "MCS" else b"DELETED"
+            path = self.folder / ("some." + kind)
+            texts = (b"a", marker, marker + b"x", b" " + marker)
+            path.write_bytes(struct.pack("<hh8s", 4, 5 if kind == "MCS" else 1, b"1.71").ljust(length, b"\0") +
+                             b"".join(text.ljust(100)[:length].ljust(length, b"\0") for text in texts))
+            [info] = json.loads(self.run_it("info", "--json", path.name)[0])
+            [summary] = json.loads(self.run_it("summary", "--json", path.name)[0])
+            exported = json.loads(self.run_it("export", path.name, "-f", "json")[0])["items"]
+            listed = json.loads(self.run_it("list", path.name, "--json", "-c", "Item")[0])
+            self.assertEqual((info["deleted"], summary["deleted"], summary["items"]), (1, 1, 3))
+            self.assertEqual([item["item"] for item in exported if "deleted" in item], [2])
+            self.assertEqual([item["Item"] for item in listed], ["1", "3", "4"])
+
     def test_tells_what_items_come_to(self):
         rows = b"Artist,AquireCost,CurrCost,MediaType\nA,1.25,2,Compact Disc\nDETELED,9,9,Cart\nB,1,1,\n"
         self.run_it("import", "new.MCS", "-", "--new", stdin=rows)

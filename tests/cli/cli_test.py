@@ -280,4 +280,5 @@ if __name__ == "__main__":
     from cli_commands import *  # noqa: E402,F401,F403
     from cli_keep import *  # noqa: E402,F401,F403
     from cli_overview import *  # noqa: E402,F401,F403
+    from cli_terminal import *  # noqa: E402,F401,F403
     unittest.main(argv=[sys.argv[0], *sys.argv[3:]])

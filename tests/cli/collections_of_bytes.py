@@ -140,5 +140,5 @@ class Format:
 
     def is_deleted(self, kind, raw):
         width = self.fields[kind][0][4]
-        marker = {"MCS": b"DETELED", "BCS": None}.get(kind, b"DELETED")
+        marker = b"DETELED" if kind == "MCS" else b"DELETED"
         return raw[:width].rstrip(b" ") == marker

@@ -1,5 +1,5 @@
-// Every file operation of import and restore fails in turn: the collection is the old one or the
-// new one, and what was there is still there.
+// Every file operation of import, restore and undelete fails in turn: the collection is the old one
+// or the new one, and what was there is still there.
 
 #include <gtest/gtest.h>
 
@@ -7,6 +7,7 @@
 #include <string>
 
 #include "opendata/restore.h"
+#include "opendata/undelete.h"
 #include "support/collection_path.h"
 #include "support/opendata_support.h"
 
@@ -97,13 +98,46 @@ class RestorePath : public CollectionPath {
   std::string whole_;
 };
 
+class UndeletePath : public CollectionPath {
+ public:
+  explicit UndeletePath(const CollectionKind& kind)
+      : CollectionPath(kind, {plainItem(kind, "a"), plainItem(kind, kind.rules.deletion.marker)}),
+        after_(plainCollection(kind, {plainItem(kind, "a"), back(kind)})) {
+    if (tendsHeader(kind)) after_.replace(0, 12, plainHeader(kind, 2));
+  }
+
+  void run() override {
+    const CollectionFile file = readCollectionFile(files_, path_);
+    undeleteItem(state_.files, file, Values(file), 2, "back again", {});
+  }
+
+  void expectDone() const override { EXPECT_TRUE(collection() == after_); }
+
+  /// The header may be written already; the item is the deleted one or the one that is back.
+  void expectSafe(const Fault& /*fault*/, const Failure& /*failure*/) const override {
+    std::string now = collection();
+    ASSERT_EQ(now.size(), before_.size());
+    now.replace(0, 12, before_, 0, 12);
+    EXPECT_TRUE(now == before_ || now.substr(12) == after_.substr(12));
+  }
+
+  void putInOrder() override { writeFile(path_, before_); }
+
+ private:
+  /// The text over the marker, whose field is blank behind it.
+  static std::string back(const CollectionKind& kind) { return plainItem(kind, "back again"); }
+
+  std::string after_;
+};
+
 class OpenDataFaults : public testing::TestWithParam<FaultPathRow> {};
 
 TEST_P(OpenDataFaults, LeaveTheOldOneOrTheNewOne) { runFaultTable(GetParam().make); }
 
 INSTANTIATE_TEST_SUITE_P(Paths, OpenDataFaults,
                          testing::ValuesIn(joined({rowsOf<ImportPath>("Import"),
-                                                   rowsOf<RestorePath>("Restore")})),
+                                                   rowsOf<RestorePath>("Restore"),
+                                                   rowsOf<UndeletePath>("Undelete")})),
                          nameOfPath);
 
 }  // namespace

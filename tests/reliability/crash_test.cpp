@@ -21,11 +21,13 @@
 #include <vector>
 
 #include "opendata/restore.h"
+#include "opendata/undelete.h"
 #include "platform/disk_file_system.h"
 #include "platform/run_time_error.h"
 #include "records/music_file.h"
 #include "records/rescue.h"
 #include "sortsearch/sort_engine.h"
+#include "sortsearch/sort_rules.h"
 #include "support/counting_store.h"
 #include "support/opendata_support.h"
 #include "support/test_folder.h"
@@ -128,7 +130,7 @@ class CrashTest : public testing::TestWithParam<int> {
 class SortCrashTest : public CrashTest {
  protected:
   /// Kills the sort of the collection at `path`, whose bytes are in `file`.
-  void expectSafe(const std::string& path, const std::string& file);
+  void expectSafe(const std::string& path, const std::string& file, const SortRules& rules);
 
   /// What the start screen does for a collection that is under its backup's name only.
   void expectPutBack(const std::string& path, const std::string& before) {
@@ -141,7 +143,8 @@ class SortCrashTest : public CrashTest {
   }
 };
 
-void SortCrashTest::expectSafe(const std::string& path, const std::string& file) {
+void SortCrashTest::expectSafe(const std::string& path, const std::string& file,
+                               const SortRules& rules) {
   const std::string backup = folder_.path("mine.bak");
   const std::string before =
       collectionBytes(kind(), kItems, kind().rules.fileType, kind().recordLength, kSeed);
@@ -151,11 +154,12 @@ void SortCrashTest::expectSafe(const std::string& path, const std::string& file)
     state.currentPath = path;
     state.Count = kItems;
     NoBoard board;
-    state.Count = sortCollection(state.files, state, kind(), std::vector<bool>(5, true), board);
+    state.Count =
+        sortCollection(state.files, state, kind(), rules, std::vector<bool>(5, true), board);
   };
   writeFile(file, before);
   const Microseconds whole = durationOf(sort);
-  const bool endsProgram = kind().editor == EditorForm::books;
+  const bool endsProgram = rules.endsProgramAfter.has_value();
   const std::string after = endsProgram ? before : readFile(path);
   ASSERT_EQ(after.size(), before.size());
   for (int crash = 0; crash < crashes(); ++crash) {
@@ -176,15 +180,26 @@ void SortCrashTest::expectSafe(const std::string& path, const std::string& file)
 
 TEST_P(SortCrashTest, LeavesTheCollectionOrItsBackupComplete) {
   const std::string path = folder_.path("mine." + std::string(kind().extension));
-  expectSafe(path, path);
+  expectSafe(path, path, sortRulesOf(kind()));
 }
 
 TEST_P(SortCrashTest, LeavesThemCompleteBehindALink) {
   const std::string path = folder_.path("mine." + std::string(kind().extension));
   std::filesystem::create_directory("elsewhere");
   std::filesystem::create_symlink("elsewhere/real", path);
-  expectSafe(path, folder_.path("elsewhere/real"));
+  expectSafe(path, folder_.path("elsewhere/real"), sortRulesOf(kind()));
   EXPECT_TRUE(std::filesystem::is_symlink(path));
+}
+
+/// Of a kind whose sort ends the program, but not on the command line.
+using SortToTheEndCrashTest = SortCrashTest;
+
+TEST_P(SortToTheEndCrashTest, LeavesTheCollectionOrItsBackupComplete) {
+  SortRules rules = sortRulesOf(kind());
+  ASSERT_TRUE(rules.endsProgramAfter);
+  rules.endsProgramAfter.reset();
+  const std::string path = folder_.path("mine." + std::string(kind().extension));
+  expectSafe(path, path, rules);
 }
 
 using ItemCrashTest = CrashTest;
@@ -229,6 +244,7 @@ TEST_P(ItemCrashTest, TouchesNoItemButItsOwn) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, SortCrashTest, testing::Range(1, 10));
+INSTANTIATE_TEST_SUITE_P(Books, SortToTheEndCrashTest, testing::Values(5));
 INSTANTIATE_TEST_SUITE_P(Kinds, ItemCrashTest, testing::Values(1, 2, 3, 6));
 
 class UpgradeCrashTest : public CrashTest {};
@@ -315,6 +331,34 @@ TEST_P(OpenDataCrashTest, ARestoreLeavesTheOldOneOrTheNewOne) {
     restoreCollection(files, path());
   };
   expectSafe(path(), {path() + "~", backup}, prepare, putBack);
+}
+
+TEST_P(OpenDataCrashTest, AnUndeleteTouchesNoItemButItsOwn) {
+  constexpr std::size_t item = 7;
+  const std::size_t length = kind().recordLength;
+  std::string before = bytes(kSeed);
+  const auto setFirstText = [&](std::string& collection, std::string_view text) {
+    setText(kind().fields.front(),
+            std::as_writable_bytes(std::span(collection)).subspan(item * length, length), text);
+  };
+  setFirstText(before, kind().rules.deletion.marker);
+  const auto undelete = [&] {
+    DiskFileSystem disk;
+    OpenFiles files(disk);
+    const CollectionFile file = readCollectionFile(disk, path());
+    undeleteItem(files, file, Values(file), item, "back again", {});
+  };
+  writeFile(path(), before);
+  const Microseconds whole = durationOf(undelete);
+  std::string after = before;
+  setFirstText(after, "back again");
+  ASSERT_TRUE(readFile(path()) == after);
+  for (int crash = 0; crash < crashes(); ++crash) {
+    writeFile(path(), before);
+    killedWithin(anyMomentOf(whole), undelete);
+    const std::string found = readFile(path());
+    ASSERT_TRUE(found == before || found == after) << "crash " << crash;
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, OpenDataCrashTest, testing::Values(1, 5, 6));

@@ -111,6 +111,37 @@ class SortPath : public CollectionToSort {
   bool ended_ = false;
 };
 
+/// Books sorted to the end, as on the command line.
+class SortToTheEnd : public CollectionToSort {
+ public:
+  using CollectionToSort::CollectionToSort;
+
+  void run() override {
+    SortRules rules = sortRulesOf(kind_.row());
+    rules.endsProgramAfter.reset();
+    state_.Count =
+        sortCollection(state_.files, state_, kind_.row(), rules, kind_.everyTick(), board_);
+  }
+
+  void expectDone() const override {
+    EXPECT_TRUE(collection() == sorted_);
+    EXPECT_FALSE(isUnderBackup());
+  }
+
+  void expectSafe(const Fault& /*fault*/, const Failure& /*failure*/) const override {
+    if (isUnderBackup())
+      EXPECT_TRUE(bytesAt(backup()) == before_);
+    else
+      EXPECT_TRUE(collection() == sorted_ || collection() == before_);
+  }
+
+  void putInOrder() override {
+    if (isUnderBackup()) std::filesystem::remove(backup());
+    writeFile(path_, before_);
+    state_.Count = headerOf(before_).Count;
+  }
+};
+
 /// What follows a sort of media files: the collection is left open.
 class FinishPath : public CollectionToSort {
  public:
@@ -141,6 +172,9 @@ std::vector<FaultPathRow> everyRow() {
     if (kMachine.links == nullptr)
       rows.push_back({std::string("SortBehindALinkOf") + kind.name,
                       [&kind] { return std::make_unique<SortPath>(kind, true); }});
+    if (kind.endsProgram)
+      rows.push_back({std::string("SortToTheEndOf") + kind.name,
+                      [&kind] { return std::make_unique<SortToTheEnd>(kind); }});
     if (kind.alwaysSorted)
       rows.push_back({std::string("EndOfTheSortOf") + kind.name,
                       [&kind] { return std::make_unique<FinishPath>(kind); }});
