@@ -220,7 +220,7 @@ def check_odd_files(folder):
          {**blank, "Label": "DELETED", "deleted": True}),
         ("zeros.VCS", b"\1\0\1\0".ljust(678) + b"DELETED\0", {"deleted": False}),
         ("marker.MCS", b"\1\0\5\0".ljust(2372) + b"DELETED ", {"deleted": False}),
-        ("book.BCS", b"\1\0\1\0".ljust(224) + b"DELETED ", {"deleted": False}),
+        ("book.BCS", b"\1\0\1\0".ljust(224) + b"DELETED ", {"deleted": True}),
         ("bytes.WCS", b"\1\0\1\0".ljust(328) + b"\x81\x80\xe9 \0x", {"FileName": "\x81€é"}),
         ("newer.MCS", b"\1\0\6\0".ljust(2 * 2372 - 36) + b"1 2  ", {"BarCode": "1 2"}),
     ]
