@@ -29,10 +29,12 @@ mkdir -m 700 "$home/run"
 export HOME="$home" XDG_RUNTIME_DIR="$home/run" XDG_CONFIG_HOME="$home/config" \
   XDG_DATA_HOME="$home/data" XDG_STATE_HOME="$home/state" XDG_CACHE_HOME="$home/cache"
 export LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
+export PYTHONDONTWRITEBYTECODE=1
 unset DBUS_SESSION_BUS_ADDRESS AT_SPI_BUS_ADDRESS
 
 # Debian's Python, which has the bindings. What the bus itself prints is of no interest.
 status=0
 timeout 1800 dbus-run-session -- sh -c '"$@" 2>&3' sh \
-  /usr/bin/python3 tools/accessibility_walk.py "$program" "$home" "$@" 3>&2 2>"$home/bus" || status=$?
+  /usr/bin/python3 tools/accessibility_walk.py "$program" "$home" "$@" 3>&2 2>"$home/bus" ||
+  status=$?
 exit "$status"

@@ -1,25 +1,22 @@
 #!/usr/bin/python3
 """Works the forms of a running Quillbox over the accessibility bus and prints what a screen reader
 would miss there, a line each: accessibility_walk.py PROGRAM FOLDER
+[SAMPLE...]
 
 Every input must have its caption as its name, every list say what is chosen, every button do its
 work by its action, and what a command did be heard from the status line. Works on copies of the
 samples in FOLDER. Run by tools/accessibility.sh, which brings a display and a bus of its own.
 """
 
-import contextlib
-import shutil
 import subprocess
 import sys
-import time
 from pathlib import Path
 
 import pyatspi
 from gi.repository import GLib
 
-SAMPLES = Path(__file__).resolve().parent.parent / "samples"
-MEDIA = ".GCS"
-SLOW = 60  # seconds that nothing takes, not even on a busy machine
+from accessibility_bus import (MEDIA, Missed, Program, actions_of, cells_of, enabled, has,
+                               labels_of, pause, pump, shows, text_of, walk)
 
 INPUTS = {"text", "password text", "spin button", "combo box"}
 CHOICES = {"check box", "radio button"}
@@ -34,112 +31,12 @@ KNOWN = {
 }
 
 
-class Missed(Exception):
-    """The rest of a walk makes no sense without what did not come."""
-
-
-class Walk:
-    """One start of the program, and what was found in it."""
+class Walk(Program):
+    """One start of the program, and what was found wrong in it."""
 
     def __init__(self, program, folder, sample=None):
-        self.where = sample or "start"
-        self.found, self.names, self.app = [], [], None
-        command = [program]
-        if sample:
-            self.sample = Path(shutil.copy(SAMPLES / sample, folder))
-            command += [self.sample] if self.sample.suffix != MEDIA else []
-        self.process = subprocess.Popen(command, cwd=folder)
-
-    # ---- what is there
-
-    def wait(self, condition, what):
-        """What `condition` returns once it is true."""
-        end = time.monotonic() + SLOW
-        while time.monotonic() < end:
-            with contextlib.suppress(GLib.Error, LookupError):  # what is looked at may just go
-                if result := condition():
-                    return result
-            pump()
-            time.sleep(0.02)
-        raise Missed(what)
-
-    def find_app(self):
-        for app in children(pyatspi.Registry.getDesktop(0)):
-            if app.get_process_id() == self.process.pid and app.childCount:
-                self.app = app
-                return True
-        return False
-
-    def windows(self):
-        return [window for window in children(self.app) if shows(window)]
-
-    def all(self, roles, within=None):
-        roots = [within] if within is not None else self.windows()
-        return [each for root in roots for each in walk(root) if each.getRoleName() in roles]
-
-    def one(self, role, name, within=None):
-        """The control on screen whose name begins so; None if there is none."""
-        return next((each for each in self.all({role}, within)
-                     if each.name.strip().startswith(name) and (role == "menu item" or shows(each))),
-                    None)
-
-    def wanted(self, role, name, within=None):
-        return self.wait(lambda: self.one(role, name, within), f"there is no {role} '{name}'")
-
-    def window(self, *roles):
-        """The window that came last, of these roles."""
-        found = [each for each in self.windows() if each.getRoleName() in roles]
-        return found[-1] if found else None
-
-    # ---- what is done
-
-    def press(self, control, action=None):
-        actions = control.queryAction()
-        names = [actions.getName(index) for index in range(actions.nActions)]
-        if not names:
-            raise Missed(f"'{control.name}' has no action")
-        self.names.clear()
-        # A menu item that opens a dialog returns when that is closed.
-        with contextlib.suppress(GLib.Error):
-            actions.doAction(names.index(action) if action else 0)
-
-    def click(self, name, within=None):
-        self.press(self.wanted("push button", name, within), "Press")
-
-    def choose(self, *names):
-        """Chooses the menu item that has one of these names; False if none has."""
-        for name in names:
-            if item := self.one("menu item", name):
-                self.press(item, "Press")
-                return True
-        return False
-
-    def type(self, control, text):
-        control.queryEditableText().setTextContents(text)
-
-    def answer(self, button):
-        """Answers the box on screen; it must be one that a screen reader can read."""
-        box = self.wait(lambda: self.window("alert", "dialog"), "there is no message box")
-        self.check(box)
-        if not any(label.name for label in self.all({"label"}, box)):
-            self.miss("a box without a text")
-        asked = self.words(box)
-        self.click(button, box)
-        self.wait(lambda: all(self.words(each) != asked for each in self.windows()),
-                  f"{button} does not close '{box.name}'")
-
-    def words(self, window):
-        return [window.name] + [each.name for each in self.all({"label"}, window)]
-
-    def tell_name(self, event):
-        with contextlib.suppress(GLib.Error, AttributeError):
-            self.names.append((event.source.getRoleName(), event.source.name))
-
-    def heard(self, role, beginning=""):
-        return any(each == role and name.startswith(beginning) and name
-                   for each, name in self.names)
-
-    # ---- what is wrong
+        super().__init__(program, folder, sample)
+        self.found = []
 
     def miss(self, what):
         if what not in self.found:
@@ -177,6 +74,17 @@ class Walk:
             self.miss(f"{what} has no entries")
         if combo.description and combo.description not in entries:
             self.miss(f"{what} says '{combo.description}', which is no entry")
+
+    def answer(self, button):
+        """Answers the box on screen; it must be one that a screen reader can read."""
+        box = self.wait(lambda: self.window("alert", "dialog"), "there is no message box")
+        self.check(box)
+        if not any(label.name for label in self.all({"label"}, box)):
+            self.miss("a box without a text")
+        asked = self.words(box)
+        self.click(button, box)
+        self.wait(lambda: all(self.words(each) != asked for each in self.windows()),
+                  f"{button} does not close '{box.name}'")
 
     # ---- the forms
 
@@ -233,7 +141,8 @@ class Walk:
 
     def status_and_mark(self, form):
         self.click("Write")
-        self.wait(lambda: self.status().startswith("Written"), "the status line has not what was written")
+        self.wait(lambda: self.status().startswith("Written"),
+                  "the status line does not say what was written")
         self.wait(lambda: self.heard("status bar", "Written"), "what was written is not heard")
         box = next(each for each in self.all({"text"}, form) if shows(each) and enabled(each))
         was = text_of(box)
@@ -269,7 +178,8 @@ class Walk:
         self.answer("Yes")
         if speaks:
             self.answer("OK")
-        self.wait(lambda: self.indicator() != before or self.status(), "nothing is heard of a deletion")
+        self.wait(lambda: self.indicator() != before or self.status(),
+                  "nothing is heard of a deletion")
 
     def other_form(self, exit_name, *items):
         """A form in the place of the editor, or in front of it, and the way back."""
@@ -285,7 +195,7 @@ class Walk:
         self.wait(lambda: not shows(form) and self.indicator(), f"{exit_name} does not lead back")
 
     def list_pages(self):
-        for page in self.other_form("Exit", "Songs", "Edit Titles", "Edit Titles...", "Edit Programs"):
+        for page in self.other_form("Exit", "Songs", "Edit Titles", "Edit Programs"):
             if next_page := self.one("push button", "Next Page", page):
                 self.press(next_page, "Press")
                 self.wait(lambda: self.one("text", "Song 40"), "Next Page shows no other songs")
@@ -316,7 +226,8 @@ class Walk:
         if sorts:
             self.choose("Sort Records", "Sort")
             form = self.wait(lambda: next((each for each in self.windows()
-                                           if self.one("push button", "Begin", each)), None), "no sort")
+                                           if self.one("push button", "Begin", each)), None),
+                             "no sort form comes")
             self.press(self.all(CHOICES, form)[0], "Toggle")
             self.click("Begin", form)
             self.answer("OK")
@@ -354,7 +265,8 @@ class Walk:
             self.answer("OK")
         if self.choose("Content"):
             window = self.wait(lambda: next((each for each in self.windows()
-                                             if each.name == "Quillbox Help"), None), "no help comes")
+                                             if each.name == "Quillbox Help"), None),
+                               "no help comes")
             self.check(window)
             self.click("Find", window)
             self.check(window)
@@ -365,7 +277,8 @@ class Walk:
         form = self.wait(lambda: self.one_window("Quillbox V"), "there is no start screen")
         self.check(form)
         self.click("New Collection", form)
-        dialog = self.wait(lambda: self.one_window("New Collection"), "no new-collection dialog comes")
+        dialog = self.wait(lambda: self.one_window("New Collection"),
+                           "no new-collection dialog comes")
         self.check(dialog)
         if len(self.all({"radio button"}, dialog)) != 9:
             self.miss("there are not nine kinds to choose from")
@@ -386,71 +299,6 @@ class Walk:
         if not self.choose("Exit"):
             raise Missed("there is no menu item Exit")
         self.start_screen()
-
-    def end(self):
-        if self.process.poll() is None:
-            self.process.kill()
-        self.process.wait()
-
-
-def walk(accessible, most=200):
-    """The accessible and all below it. Of a long list the first ones are enough."""
-    yield accessible
-    for child in children(accessible, most):
-        yield from walk(child, most)
-
-
-def children(accessible, most=200):
-    with contextlib.suppress(GLib.Error, LookupError):  # what goes meanwhile
-        for index in range(min(accessible.childCount, most)):
-            child = accessible[index]
-            if child is not None:
-                yield child
-
-
-def has(accessible, state):
-    return accessible.getState().contains(state)
-
-
-def shows(accessible):
-    return has(accessible, pyatspi.STATE_SHOWING)
-
-
-def enabled(accessible):
-    return has(accessible, pyatspi.STATE_ENABLED)
-
-
-def actions_of(accessible):
-    try:
-        return accessible.queryAction().nActions
-    except NotImplementedError:
-        return 0
-
-
-def text_of(accessible):
-    return accessible.queryText().getText(0, -1)
-
-
-def labels_of(control):
-    return {relation.getTarget(0).name for relation in control.getRelationSet()
-            if relation.getRelationType() == pyatspi.RELATION_LABELLED_BY}
-
-
-def cells_of(table):
-    return [each for each in walk(table, 20) if each.getRoleName() == "table cell"]
-
-
-def pump():
-    """Takes in what the bus has sent."""
-    context = GLib.MainContext.default()
-    while context.iteration(False):
-        pass
-
-
-def pause():
-    """An action may be animated, and only then begins."""
-    time.sleep(0.3)
-    pump()
 
 
 def run(program, folder, sample, *steps):

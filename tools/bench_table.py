@@ -91,7 +91,8 @@ def main():
     day = datetime.date.fromtimestamp(output.stat().st_mtime).isoformat()
     table = [f"One run on {day}, {processor()}:", "", "| case | figure | goal |", "|---|---|---|"]
     document.write_text(
-        before + BEGIN + "\n".join(table + rows) + "\n" + END + rest.split(END)[1], encoding="utf-8")
+        before + BEGIN + "\n".join(table + rows) + "\n" + END + rest.split(END)[1],
+        encoding="utf-8")
 
 
 if __name__ == "__main__":
