@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""Holds the includes of src/ against the floors of docs/architecture.md; prints what breaks them.
+"""Holds the includes of src/ against the layers of docs/architecture.md; prints violations.
 
 tools/floors.py [COMPILE_COMMANDS]: with the commands of a build, the sources of the core, too, are
-held to the floors, whose headers may know no window.
+checked, whose headers may include no form.
 """
 
 import json
@@ -16,7 +16,7 @@ ROW = re.compile(r"^\| (\d+) \| ([^|]+) \|")
 
 
 def floors():
-    """The floor of each room: rooms on one floor stand side by side."""
+    """The layer of each directory. Directories on one layer may not include each other."""
     text = (ROOT / "docs/architecture.md").read_text(encoding="utf-8")
     table = text.split("<!-- floors -->")[1].split("<!-- /floors -->")[0]
     rows = [ROW.match(line) for line in table.splitlines()]
@@ -51,16 +51,16 @@ def main():
     for file, others in graph.items():
         here = room_of(file)
         if here not in floor:
-            broken.append(f"src/{file}: the room {here} is on no floor")
+            broken.append(f"src/{file}: the directory {here} is on no layer")
             continue
         for other in others:
             there = room_of(other)
             if other not in graph:
                 broken.append(f"src/{file}: there is no {other}")
             elif here != there and floor.get(there, 99) >= floor[here]:
-                broken.append(f"src/{file} includes {other}, which does not stand below it")
+                broken.append(f"src/{file} includes {other}, which is not on a lower layer")
         if file in reached(file, graph, set()):
-            broken.append(f"src/{file} includes itself by way of others")
+            broken.append(f"src/{file} includes itself indirectly")
 
     if len(sys.argv) > 1:
         commands = json.loads(Path(sys.argv[1]).read_text(encoding="utf-8"))

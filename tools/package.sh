@@ -121,7 +121,7 @@ version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' build/release/CMakeCache.
 date=$(in_metainfo '//release[1]/@date')
 same "The program's version" "$(build/release/quillbox --version)" "Quillbox $version"
 same "The version in the metadata" "$(in_metainfo '//release[1]/@version')" "$version"
-same "The page of the manual" "$(grep '^\.TH' packaging/quillbox.1)" \
+same "The man page" "$(grep '^\.TH' packaging/quillbox.1)" \
   ".TH QUILLBOX 1 \"$date\" \"Quillbox $version\" \"User Commands\""
 same "The command line's version" "$(build/release/quillbox-cli --version)" "quillbox-cli $version"
 same "The page of the command line" "$(grep '^\.TH' packaging/quillbox-cli.1)" \

@@ -9,10 +9,40 @@
 #include "panel/panel.h"
 
 namespace quillbox {
+namespace {
+
+/// Keeps room for a button at the right end of a menu bar. Assistive technology finds only menus in
+/// a menu bar, so the button is a child of the window and stands over that room.
+class MenuBarRoom : public QWidget {
+ public:
+  explicit MenuBarRoom(QWidget& button) : button_(button) {}
+
+  QSize sizeHint() const override { return button_.sizeHint(); }
+
+ protected:
+  void moveEvent(QMoveEvent* event) override {
+    QWidget::moveEvent(event);
+    place();
+  }
+  void resizeEvent(QResizeEvent* event) override {
+    QWidget::resizeEvent(event);
+    place();
+  }
+
+ private:
+  void place() {
+    button_.setGeometry(QRect(mapTo(window(), QPoint()), size()));
+    button_.raise();
+  }
+
+  QWidget& button_;
+};
+
+}  // namespace
 
 void frmEditor::makePanelButton() {
   const QString caption = QStringLiteral("All Items");
-  panelButton_ = new QToolButton;
+  panelButton_ = new QToolButton(this);
   nameControl(*panelButton_, QStringLiteral("cmdPanel"), caption);
   panelButton_->setText(caption);
   panelButton_->setToolTip(QStringLiteral("Show all items of the collection (F9)"));
@@ -20,7 +50,7 @@ void frmEditor::makePanelButton() {
   panelButton_->setAutoRaise(true);
   panelButton_->setFocusPolicy(Qt::NoFocus);  // F9 is its key; the form's tab order stays
   connect(panelButton_, &QToolButton::clicked, this, [this] { togglePanel(); });
-  menuBar()->setCornerWidget(panelButton_, Qt::TopRightCorner);
+  menuBar()->setCornerWidget(new MenuBarRoom(*panelButton_), Qt::TopRightCorner);
   onKeys(QKeySequence(Qt::Key_F9), [this] { togglePanel(); });
   onKeys(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F), [this] { findInPanel(); });
   onKeys(QKeySequence(Qt::Key_F3), [this] {

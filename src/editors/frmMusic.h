@@ -32,7 +32,7 @@ class frmMusic : public frmEditor {
   void setRecordLabel(const std::string& text) override;
 
   /// New File leaves the open collection marked for the upgrade of old files. The mark is wrong,
-  /// and always was: see docs/decisions.md.
+  /// and is kept: D19 of docs/decisions.md.
   int newFileType() const override { return music_file_type::upgradable; }
 
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -33,7 +33,8 @@ struct MenuItem {
   QKeySequence keys = {};  ///< besides the access keys
 };
 
-/// A window of the program. Every handler of its controls runs inside Program::run.
+/// A window of the program. Commands run inside Program::run: clicks, menu items, closing. Keys
+/// and changes of inputs call their handlers directly.
 class Form : public QMainWindow {
  public:
   /// `name` is the form's name in the code and its object name.
@@ -99,12 +100,13 @@ class Form : public QMainWindow {
   void setHelpPage(const char* page) { helpPage_ = page; }
   void showHelp();
 
-  /// Runs `handler` in the handlers' one place when the user clicks; a control set by program never
-  /// does.
+  /// Runs `handler` inside Program::run when the user clicks or chooses, not when the program sets
+  /// the control.
   void onClick(QAbstractButton& button, std::function<void()> handler);
   void onTriggered(QAction& action, std::function<void()> handler);
 
-  /// Runs `handler`, as it is, when the user presses the keys, wherever on the form the focus is.
+  /// Calls `handler` directly, not inside Program::run, when the user presses the keys, wherever on
+  /// the form the focus is.
   void onKeys(const QKeySequence& keys, const std::function<void()>& handler);
 
   /// From now on Escape closes the window, wherever in it the focus is, and Enter clicks `onEnter`

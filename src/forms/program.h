@@ -50,7 +50,7 @@ class Shell {
   virtual Board& board() = 0;
 };
 
-/// What all forms share: the state, the desktop, and the one place where handlers run.
+/// What all forms share: the state, the desktop, and the one place where commands run.
 class Program {
  public:
   Program(AppState& state, Desktop& desktop);

@@ -6,7 +6,8 @@
 
 #include "text/padding.h"
 
-/// The one place where texts cross between the core and the windowing platform.
+/// Converts texts between the core and the windowing platform for forms and panel: record texts
+/// nowhere else. platform/qt, kept_texts.cpp and recent_collections.cpp convert paths themselves.
 namespace quillbox {
 
 /// Record texts: Windows-1252 bytes in the core.

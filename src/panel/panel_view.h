@@ -9,10 +9,9 @@
 
 namespace quillbox {
 
-/// What a view of the panel asks of it. Whoever gives these lets them run inside Program::run: a
-/// view calls them as they are.
+/// What a view of the panel asks of it; a view calls these as they are.
 struct PanelOwner {
-  /// Shows the item on the form, exactly as Go To does.
+  /// Shows the item on the form, exactly as Go To does, inside Program::run.
   std::function<void(int item)> show;
 
   /// Lets the list show these items alone (in rising order); `what` says which they are.

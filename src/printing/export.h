@@ -20,7 +20,7 @@ std::optional<std::string> exportName(const CollectionKind& kind);
 /// item, which is blank then.
 ///
 /// Books leave the file empty. Media files do, too, and end in run-time error 13 at the first item:
-/// the line is taken for a number, which a quoted name never is. See docs/decisions.md.
+/// the line is taken for a number, which a quoted name never is (D203 of docs/decisions.md).
 int exportCollection(OpenFiles& files, const OpenCollection& collection, const CollectionKind& kind,
                      const std::string& path);
 

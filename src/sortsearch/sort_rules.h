@@ -30,7 +30,7 @@ struct SortRules {
   bool showsProgress = false;
 
   /// The program ends after the pass series of this key, ticked or not (books only): the collection
-  /// is left under its backup's name. See docs/decisions.md.
+  /// is left under its backup's name (D68 of docs/decisions.md).
   std::optional<std::size_t> endsProgramAfter = {};
 
   bool resetsListPos = true;    ///< to 1; all but music

@@ -163,6 +163,13 @@ inline QRect placeIn(const QWidget& window, const QWidget& control) {
   return {control.mapTo(&window, QPoint(0, 0)), control.size()};
 }
 
+/// Over the room that a menu bar keeps at its end.
+inline bool standsInMenuBar(const QWidget& window, const QWidget& control) {
+  const auto* bar = window.findChild<QMenuBar*>();
+  const QWidget* room = bar != nullptr ? bar->cornerWidget() : nullptr;
+  return room != nullptr && placeIn(window, *room) == placeIn(window, control);
+}
+
 /// What a control says, access-key marks included; empty for one that is filled by its user.
 inline QString textOf(const QWidget* control) {
   if (const auto* label = qobject_cast<const QLabel*>(control)) return label->text();

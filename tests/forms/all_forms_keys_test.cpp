@@ -72,7 +72,8 @@ bool isPassedBy(const QWidget* control) {
 /// Every input and button that the Tab key must stop at.
 std::vector<QWidget*> stopsOf(const QWidget& window) {
   auto stops = controlsOf(window);
-  std::erase_if(stops, [](const QWidget* control) {
+  std::erase_if(stops, [&window](const QWidget* control) {
+    if (standsInMenuBar(window, *control)) return true;  // it has a key of its own
     const bool works = isInput(control) || isView(control) ||
                        qobject_cast<const QAbstractButton*>(control) != nullptr;
     return !works || !control->isEnabled() || isPassedBy(control);

@@ -1,5 +1,6 @@
 // The panel with all items of a collection, beside the form of each editor.
 
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
@@ -421,6 +422,25 @@ TEST_P(EachPanel, ListsTheCollectionThatIsOpen) {
   openHere(collectionPath());
   read();
   EXPECT_EQ(listed(), (Texts{"Three", "Four", "Five"}));
+}
+
+TEST_P(EachPanel, ItsButtonIsFoundByAssistiveTechnologyAtTheEndOfTheMenuBar) {
+  open({item("One")});
+  const auto& button = control<QToolButton>("cmdPanel");
+  const QAccessibleInterface& window = *QAccessible::queryAccessibleInterface(&form());
+  bool isFound = false;
+  for (int nth = 0; nth < window.childCount(); ++nth)
+    isFound = isFound || window.child(nth)->object() == &button;
+  EXPECT_TRUE(isFound);
+  for (const int width : {700, 1500}) {
+    form().resize(width, form().height());
+    QApplication::processEvents();
+    const QRect bar = form().menuWidget()->geometry();
+    EXPECT_TRUE(bar.contains(button.geometry()));
+    EXPECT_LE(bar.right() - button.geometry().right(), 2);
+  }
+  QTest::mouseClick(form().childAt(button.geometry().center()), Qt::LeftButton);
+  EXPECT_TRUE(isPanelOpen());
 }
 
 TEST_P(EachPanel, EverythingInItHasAName) {
