@@ -53,6 +53,7 @@ TEST_F(StartUp, LetsTheSystemFollowAPathThatLeadsBackFromALink) {
   EXPECT_FALSE(std::filesystem::exists("jazz.MCS"));
 }
 
+#ifndef _WIN32  // where ".." takes a folder back that is missing, and "\\" parts folders
 TEST_F(StartUp, MakesNothingWhereAPathLeadsBackFromAFolderThatIsMissing) {
   const std::string named = path("missing/../jazz.MCS");
   desktop_.expectMessage("Quillbox", "Run-time error '76':\n\nPath not found\n" + named);
@@ -68,6 +69,7 @@ TEST_F(StartUp, RecognisesBackslashesWhenItTakesThePathApart) {
   EXPECT_EQ(state_->currentPath, "C:\\Data\\jazz.mcs");
   EXPECT_EQ(caption(), "Music Collection Manager (jazz.mcs)");
 }
+#endif
 
 TEST_F(StartUp, LeavesOtherFilesUnopened) {
   for (const char* name : {"sounds.WCS", "letter.txt", "MC", "jazz.MCS.gz"}) {

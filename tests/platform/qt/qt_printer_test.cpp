@@ -65,6 +65,7 @@ class QtPrinterTest : public testing::Test {
 };
 
 TEST_F(QtPrinterTest, PrintsEveryLineInOrderAndInsideThePage) {
+  QUILLBOX_NEEDS(pdfReader);
   std::string text = "Quillbox V1.71   - Music Collection Printout Page # 1\r\n";
   for (int item = 1; item <= 9; ++item)
     text += "     Record #          :  " + std::to_string(item) +
@@ -79,6 +80,7 @@ TEST_F(QtPrinterTest, PrintsEveryLineInOrderAndInsideThePage) {
 }
 
 TEST_F(QtPrinterTest, LinesAreOneFontSizeApartAndBeginAtTheTopLeft) {
+  QUILLBOX_NEEDS(pdfReader);
   const int lines = rows();
   const auto pages = print(numberedLines(lines));
   ASSERT_EQ(pages.size(), 1U);
@@ -95,6 +97,7 @@ TEST_F(QtPrinterTest, LinesAreOneFontSizeApartAndBeginAtTheTopLeft) {
 }
 
 TEST_F(QtPrinterTest, AllLettersAreEquallyWideAndBlanksCount) {
+  QUILLBOX_NEEDS(pdfReader);
   const auto pages = print("iiiii|\r\nWWWWW|\r\n     |\r\n");
   ASSERT_EQ(pages.size(), 1U);
   const auto& words = pages.front().words;
@@ -104,6 +107,7 @@ TEST_F(QtPrinterTest, AllLettersAreEquallyWideAndBlanksCount) {
 }
 
 TEST_F(QtPrinterTest, ASheetHoldsAsManyLinesAsItIsHighAndTheRestComesOnTheNext) {
+  QUILLBOX_NEEDS(pdfReader);
   ASSERT_GE(rows(), 75) << "what a listing takes of a sheet";
   auto pages = print(numberedLines(75));
   EXPECT_EQ(pages.size(), 1U);
@@ -124,6 +128,7 @@ TEST_F(QtPrinterTest, ASheetHoldsAsManyLinesAsItIsHighAndTheRestComesOnTheNext) 
 }
 
 TEST_F(QtPrinterTest, ALongLineIsComplete) {
+  QUILLBOX_NEEDS(pdfReader);
   std::string line;
   while (line.size() < 200) line += std::to_string(line.size()) + "-";
   line.resize(200);
@@ -139,6 +144,7 @@ TEST_F(QtPrinterTest, ALongLineIsComplete) {
 }
 
 TEST_F(QtPrinterTest, AListingsWidestLineNeedsNoSecondOne) {
+  QUILLBOX_NEEDS(pdfReader);
   const std::string line = "     " + std::string(80, 'x');
   const auto pages = print(line + "\r\n");
   ASSERT_EQ(pages.size(), 1U);
@@ -147,6 +153,7 @@ TEST_F(QtPrinterTest, AListingsWidestLineNeedsNoSecondOne) {
 }
 
 TEST_F(QtPrinterTest, CharactersBeyondAsciiAppear) {
+  QUILLBOX_NEEDS(pdfReader);
   const char* const line = "Björk é à ß Ž € “so” ‘what’ … — ½ ÿ";
   const auto pages = print(std::string(line) + "\r\n");
   ASSERT_EQ(pages.size(), 1U);
@@ -156,6 +163,7 @@ TEST_F(QtPrinterTest, CharactersBeyondAsciiAppear) {
 // ---- Sheets and documents
 
 TEST_F(QtPrinterTest, ANewPageBeginsASheetForWhatIsPrintedNext) {
+  QUILLBOX_NEEDS(pdfReader);
   printer_.print("first\r\n");
   printer_.newPage();
   printer_.print("second\r\n");
@@ -169,6 +177,7 @@ TEST_F(QtPrinterTest, ANewPageBeginsASheetForWhatIsPrintedNext) {
 }
 
 TEST_F(QtPrinterTest, AnEmptyPageBetweenOthersIsASheet) {
+  QUILLBOX_NEEDS(pdfReader);
   for (const bool printsNothing : {true, false}) {
     SCOPED_TRACE(printsNothing);
     printTo(printsNothing ? "printed.pdf" : "skipped.pdf");
@@ -186,6 +195,7 @@ TEST_F(QtPrinterTest, AnEmptyPageBetweenOthersIsASheet) {
 }
 
 TEST_F(QtPrinterTest, AnEmptyPageCanBeTheFirstAndTheLast) {
+  QUILLBOX_NEEDS(pdfReader);
   printer_.print("");
   printer_.newPage();
   printer_.print("second\r\n");
@@ -214,6 +224,7 @@ TEST_F(QtPrinterTest, ADocumentIsEndedOnce) {
 }
 
 TEST_F(QtPrinterTest, EachDocumentBeginsAnew) {
+  QUILLBOX_NEEDS(pdfReader);
   EXPECT_EQ(print("first\r\n").size(), 1U);
   const std::string first = path_;
   printTo("other.pdf");
@@ -226,6 +237,7 @@ TEST_F(QtPrinterTest, EachDocumentBeginsAnew) {
 }
 
 TEST_F(QtPrinterTest, ADocumentReplacesTheOneOfThatName) {
+  QUILLBOX_NEEDS(pdfReader);
   print(numberedLines(300));
   const auto pages = print("second\r\n");
   ASSERT_EQ(pages.size(), 1U);
@@ -233,6 +245,7 @@ TEST_F(QtPrinterTest, ADocumentReplacesTheOneOfThatName) {
 }
 
 TEST_F(QtPrinterTest, WhatWasDroppedIsNotPrinted) {
+  QUILLBOX_NEEDS(pdfReader);
   printer_.print("dropped\r\n");
   printer_.newPage();
   printer_.print("dropped, too\r\n");
@@ -251,6 +264,7 @@ TEST_F(QtPrinterTest, WhatWasDroppedLeavesNoDocument) {
 }
 
 TEST_F(QtPrinterTest, ADocumentThatCannotBeWrittenIsAnErrorEachTime) {
+  QUILLBOX_NEEDS(pdfReader);
   printTo("gone/list.pdf");
   for (int time = 1; time <= 2; ++time) {
     EXPECT_EQ(failureOf([&] { print("text\r\n"); }), (Failure{57, path_}));
@@ -295,6 +309,7 @@ TEST_F(QtPrinterTest, ADiskThatIsFullIsAnErrorHoweverShortTheDocument) {
 // ---- The paper
 
 TEST_F(QtPrinterTest, WithoutAPrinterThePaperIsWhatTheSystemMeasuresIn) {
+  QUILLBOX_NEEDS(pdfReader);
   if (!QPrinterInfo::availablePrinterNames().isEmpty())
     GTEST_SKIP() << "a printer has paper of its own";
   const bool metric = QLocale::system().measurementSystem() == QLocale::MetricSystem;
