@@ -1,5 +1,5 @@
 # Builds for Windows on Debian with its package g++-mingw-w64-x86-64-posix and runs what is built
-# under wine.
+# under wine. The compiler's libraries and the toolkit's are files of their own, which must be found.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 
@@ -13,6 +13,3 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
-
-# The programs need none of the compiler's own libraries beside them.
-set(CMAKE_EXE_LINKER_FLAGS_INIT -static)

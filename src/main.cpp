@@ -9,6 +9,7 @@
 #include "forms/panel_settings.h"
 #include "forms/placeholders.h"
 #include "forms/program.h"
+#include "forms/qt_text.h"
 #include "forms/recent_collections.h"
 #include "forms/window_places.h"
 #include "platform/disk_file_system.h"
@@ -35,6 +36,21 @@ bool answeredOnTerminal(int argc, char** argv) {
   return false;
 }
 
+/// What stands behind the program's name and is none of the toolkit's own options.
+std::vector<std::string> argumentsOf(int argc, char** argv) {
+#ifdef Q_OS_WIN
+  // There argv is in the user's code page, which many names do not fit into.
+  std::vector<std::string> arguments;
+  const QStringList all = QCoreApplication::arguments();
+  for (qsizetype i = all.size() - argc + 1; i < all.size(); ++i)
+    arguments.push_back(quillbox::toPath(all[i]));
+  static_cast<void>(argv);
+  return arguments;
+#else
+  return {argv + 1, argv + argc};
+#endif
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -47,7 +63,7 @@ int main(int argc, char** argv) {
   QGuiApplication::setDesktopFileName(QStringLiteral("org.quillbox.Quillbox"));
   QApplication::setWindowIcon(ownIcon("org.quillbox.Quillbox"));
   const ReadablePlaceholders readablePlaceholders;
-  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  const std::vector<std::string> arguments = argumentsOf(argc, argv);
 
   DiskFileSystem fileSystem;
   AppState state(fileSystem);

@@ -12,7 +12,8 @@ packages_to_fuzz="clang libclang-rt-14-dev"
 packages_to_check="clang-format git"
 packages_to_cover="gcovr"
 packages_to_tidy="clang-tidy"
-packages_to_windows="g++-mingw-w64-x86-64-posix wine wine64 googletest cmake ninja-build python3"
+packages_to_windows="g++-mingw-w64-x86-64-posix cmake ninja-build perl dpkg-dev qt6-base-dev
+  librsvg2-bin icoutils nsis zip unzip wine wine64 googletest fonts-dejavu-core"
 
 is_installed() {
   [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
@@ -38,6 +39,20 @@ need() {
     echo "Could not install:$missing" >&2
     exit 1
   }
+}
+
+# fetch_source BINARY SOURCE VERSION: the source package that BINARY was built from, into the current
+# folder, from where BINARY itself comes from. The machine's own lists stay as they are.
+fetch_source() {
+  from=$(apt-cache policy "$1" | awk '$2 ~ "://" { split($3, part, "/"); print $2, part[1], part[2]; exit }')
+  mkdir -p lists/partial
+  echo "deb-src $from" >sources.list
+  set -- "$2=$3" -o "Dir::Etc::SourceList=$PWD/sources.list" -o Dir::Etc::SourceParts=/dev/null \
+    -o "Dir::State::Lists=$PWD/lists" -o Dir::Cache::pkgcache= -o Dir::Cache::srcpkgcache= \
+    -o Debug::NoLocking=1
+  source=$1
+  shift
+  apt-get -qq "$@" update && apt-get -qq "$@" source --download-only "$source"
 }
 
 # build PRESET [TARGET...]: sets up the preset and builds it.

@@ -60,7 +60,7 @@ void FileDrops::take(Form& form, QDropEvent& drop, bool isDropped) {
   const Qt::DropAction action = actionOf(drop);
   if (urls.size() != 1 || action == Qt::IgnoreAction || program_.isRunning()) return;
   std::function<void()> handler;
-  ignoringErrors([&] { handler = form.dropHandler(toPath(urls.front().toLocalFile())); });
+  ignoringErrors([&] { handler = form.dropHandler(toNativePath(urls.front().toLocalFile())); });
   if (!handler) return;
   drop.setDropAction(action);
   drop.accept();

@@ -58,9 +58,19 @@ class LateIcon : public QIconEngine {
   std::optional<QIcon> icon_;
 };
 
+#ifdef QUILLBOX_ICON_SIZES
+/// Pictures of each drawing, made when the program was built; sizes in points of the screen.
+QIcon read(const char* ownName) {
+  QIcon icon;
+  for (const int size : {QUILLBOX_ICON_SIZES})
+    icon.addFile(QStringLiteral(":/icons/%1-%2.png").arg(QString::fromUtf8(ownName)).arg(size));
+  return icon;
+}
+#else
 QIcon read(const char* ownName) {
   return QIcon(QStringLiteral(":/icons/%1.svg").arg(QString::fromUtf8(ownName)));
 }
+#endif
 
 }  // namespace
 

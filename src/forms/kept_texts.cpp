@@ -8,6 +8,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSaveFile>
+#include <QStandardPaths>
+
+#include "forms/qt_text.h"
 
 namespace quillbox {
 namespace {
@@ -53,7 +56,7 @@ KeptText fromJson(const QJsonObject& object) {
 
 /// The same for every way to write the path.
 QString fullPath(const std::string& collection) {
-  const QFileInfo file(QFile::decodeName(QByteArray::fromStdString(collection)));
+  const QFileInfo file(fromPath(collection));
   return file.exists() ? file.canonicalFilePath() : file.absoluteFilePath();
 }
 
@@ -73,8 +76,12 @@ bool KeptText::isSame(const KeptText& other) const {
 }
 
 QString KeptTexts::userFolder() {
+#ifdef Q_OS_WIN
+  const QString state = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+#else
   QString state = qEnvironmentVariable("XDG_STATE_HOME");
   if (!QDir::isAbsolutePath(state)) state = QDir::homePath() + QStringLiteral("/.local/state");
+#endif
   return state + QStringLiteral("/quillbox/typed");
 }
 

@@ -1,5 +1,6 @@
 #include "forms/qt_text.h"
 
+#include <QDir>
 #include <QFile>
 
 #include "text/padding.h"
@@ -22,9 +23,18 @@ QString fromUtf8Text(std::string_view utf8) { return QString::fromUtf8(bytesOfTe
 
 std::string toUtf8Text(const QString& text) { return text.toStdString(); }
 
+#ifdef Q_OS_WIN
+// The toolkit would take the paths' bytes for the user's code page.
+QString fromPath(std::string_view path) { return fromUtf8Text(path); }
+
+std::string toPath(const QString& text) { return toUtf8Text(text); }
+#else
 QString fromPath(std::string_view path) { return QFile::decodeName(bytesOfText(path)); }
 
 std::string toPath(const QString& text) { return QFile::encodeName(text).toStdString(); }
+#endif
+
+std::string toNativePath(const QString& path) { return toPath(QDir::toNativeSeparators(path)); }
 
 QString withoutAccessKey(QString caption) { return caption.remove(QLatin1Char('&')); }
 

@@ -21,6 +21,9 @@ std::string toUtf8Text(const QString& text);
 /// Paths: the platform's own bytes in the core.
 QString fromPath(std::string_view path);
 std::string toPath(const QString& text);
+/// A path that the windowing platform made, with the separators that people know from the system.
+/// What somebody typed is left as it is: that is `toPath`.
+std::string toNativePath(const QString& path);
 
 /// A control's caption without the "&" that marks its access key.
 QString withoutAccessKey(QString caption);

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "support/form_fixture.h"
+#include "support/machine.h"
 
 namespace quillbox::test {
 namespace {
@@ -150,6 +151,7 @@ TEST_P(Export, LeavesANewItemAsTyped) {
 }
 
 TEST_P(Export, AFileThatMayNotBeWrittenIsAnError) {
+  QUILLBOX_NEEDS(permissions);
   openTwo();
   std::filesystem::permissions(
       folder_.path(), std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
@@ -257,7 +259,7 @@ TEST_P(ExportDialog, AMissingFolderIsAnErrorAndTheProgramGoesOn) {
 
 TEST_P(ExportDialog, NeverTakesThePlaceOfTheCollection) {
   openTwo();
-  std::filesystem::create_symlink(collectionPath(), path("other name"));
+  makeLink(collectionPath(), path("other name"));
   for (const std::string& chosen : {collectionPath(), name(), path("other name")}) {
     desktop_.expectSave("File Save As", chosen);
     expectError("'55':\n\nFile already open\n" + chosen);
@@ -278,7 +280,7 @@ class ExportedBooks : public EditorTest {
 TEST_F(ExportedBooks, NeverTakeThePlaceOfTheCollection) {
   const std::string before = collection({item("a")});
   openBytes(before);
-  std::filesystem::create_symlink(collectionPath(), path("export.txt"));
+  makeLink(collectionPath(), path("export.txt"));
   expectError("'55':\n\nFile already open\nexport.txt");
   choose("ExportData");
   EXPECT_EQ(formName(), "frmBooks");

@@ -7,6 +7,7 @@
 #include "forms/qt_text.h"
 #include "printing/frmRecDisp.h"
 #include "support/form_fixture.h"
+#include "support/machine.h"
 
 namespace quillbox::test {
 namespace {
@@ -283,6 +284,7 @@ TEST_P(PrintList, ACancelledNameIsTheOneThatWasOffered) {
 // ---- Errors are never shown
 
 TEST_P(PrintList, AFolderThatMayNotBeWrittenPrintsNothing) {
+  QUILLBOX_NEEDS(permissions);
   openThree();
   std::filesystem::permissions(
       folder_.path(), std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
@@ -324,7 +326,7 @@ TEST_P(PrintList, ATextFileWithoutANameIsNotWritten) {
 
 TEST_P(PrintList, ATextFileNeverTakesThePlaceOfTheCollection) {
   openThree();
-  std::filesystem::create_symlink(collectionPath(), path("other name"));
+  makeLink(collectionPath(), path("other name"));
   for (const std::string& chosen : {collectionPath(), name(), path("other name")}) {
     SCOPED_TRACE(chosen);
     openBytes(before_);

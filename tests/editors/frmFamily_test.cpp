@@ -13,6 +13,7 @@
 #include "editors/frmVideo.h"
 #include "records/kinds.h"
 #include "support/family_steps.h"
+#include "support/machine.h"
 
 namespace quillbox::test {
 namespace {
@@ -1018,6 +1019,7 @@ TEST_P(FamilyBadFiles, AMissingFolderIsAnError) {
 }
 
 TEST_P(FamilyBadFiles, AFileThatMayNotBeReadIsAnError) {
+  QUILLBOX_NEEDS(permissions);
   writeFile(collectionPath(), familyFile(kind(), {"A"}));
   std::filesystem::permissions(collectionPath(), std::filesystem::perms::none);
   const OrdinaryUser user(folder_);
@@ -1027,6 +1029,7 @@ TEST_P(FamilyBadFiles, AFileThatMayNotBeReadIsAnError) {
 }
 
 TEST_P(FamilyBadFiles, AFileThatMayNotBeWrittenCanBeRead) {
+  QUILLBOX_NEEDS(readOnlyFiles);
   const std::string before = familyFile(kind(), {"A", "B"});
   writeFile(collectionPath(), before);
   std::filesystem::permissions(collectionPath(), readOnly);

@@ -38,13 +38,31 @@ int inkOf(const QImage& image) {
   return ink;
 }
 
+/// Every icon's name, whether the drawings themselves or pictures of them are in the program.
+std::set<QString> names() {
+  std::set<QString> names;
+  for (const QString& file :
+       QDir(QStringLiteral(QUILLBOX_SOURCE_DIR "/src/icons")).entryList({QStringLiteral("*.svg")}))
+    names.insert(file.chopped(4));
+  return names;
+}
+
 TEST(Icons, AreDrawnAtSixteenPixels) {
-  const QStringList files = QDir(":/icons").entryList({"*.svg"});
-  ASSERT_FALSE(files.isEmpty());
-  for (QString file : files) {
-    const QImage image = drawn(ownIcon(file.chopped(4).toUtf8().constData()));
-    EXPECT_EQ(image.size(), QSize(kSmall, kSmall)) << file.toStdString();
-    EXPECT_GT(inkOf(image), kSmall) << file.toStdString();
+  ASSERT_FALSE(names().empty());
+  for (const QString& name : names()) {
+    const QImage image = drawn(ownIcon(name.toUtf8().constData()));
+    EXPECT_EQ(image.size(), QSize(kSmall, kSmall)) << name.toStdString();
+    EXPECT_GT(inkOf(image), kSmall) << name.toStdString();
+  }
+}
+
+TEST(Icons, AreSharpAtEverySizeAndScale) {
+  for (const int size : {16, 24, 32, 48, 64}) {
+    for (const qreal scale : {1.0, 2.0, 3.0}) {
+      const QPixmap picture = ownIcon("org.quillbox.Quillbox").pixmap(QSize(size, size), scale);
+      EXPECT_EQ(picture.width(), size * scale) << size << " " << scale;
+      EXPECT_EQ(picture.devicePixelRatio(), scale) << size << " " << scale;
+    }
   }
 }
 
@@ -64,7 +82,13 @@ TEST(Icons, AreTheProgramsOwnWhereTheThemeHasNone) {
 }
 
 TEST(Icons, AreDrawnAsTheirFilesInEveryStateAndScale) {
+#ifdef QUILLBOX_ICON_SIZES
+  QIcon file;
+  for (const int size : {QUILLBOX_ICON_SIZES})
+    file.addFile(QStringLiteral(":/icons/write-%1.png").arg(size));
+#else
   const QIcon file(":/icons/write.svg");
+#endif
   const QIcon late = ownIcon("write");
   for (const QIcon& each : {late, QIcon(late)}) {
     for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Disabled, QIcon::Selected}) {

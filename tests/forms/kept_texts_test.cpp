@@ -5,6 +5,7 @@
 
 #include "records/app_state.h"
 #include "support/form_fixture.h"
+#include "support/machine.h"
 #include "support/test_folder.h"
 
 namespace quillbox::test {
@@ -90,6 +91,7 @@ TEST_F(KeptTextsTest, AreKeptOnce) {
 }
 
 TEST_F(KeptTextsTest, AreTheirOwnersAlone) {
+  QUILLBOX_NEEDS(permissions);
   kept().leave(text("One"));
   ASSERT_EQ(files().size(), 1U);
   EXPECT_EQ(fs::status(files().front()).permissions(),
@@ -108,6 +110,7 @@ TEST_F(KeptTextsTest, OfCollectionsOfOneNameInTwoFoldersAreApart) {
 }
 
 TEST_F(KeptTextsTest, AreFoundThroughALink) {
+  QUILLBOX_NEEDS(links);
   fs::create_directories(folder_.path("a"));
   writeFile(folder_.path("a/jazz.MCS"), "");
   fs::create_symlink(folder_.path("a"), folder_.path("link"));
@@ -145,6 +148,7 @@ TEST_F(KeptTextsTest, OfAnotherCollectionUnderTheSameNameAreNot) {
 }
 
 TEST_F(KeptTextsTest, DoWithoutAFolderToWriteTo) {
+  QUILLBOX_NEEDS(permissions);
   fs::create_directory(folder_.path("state"));
   fs::permissions(folder_.path("state"), fs::perms::none);
   {
@@ -163,6 +167,13 @@ TEST_F(KeptTextsTest, AreInMemoryAloneWithoutAFolder) {
   EXPECT_TRUE(texts.newest());
 }
 
+#ifdef Q_OS_WIN
+TEST_F(KeptTextsTest, AreBelowTheUsersApplicationData) {
+  const QString data = QDir::fromNativeSeparators(qEnvironmentVariable("LOCALAPPDATA"));
+  ASSERT_FALSE(data.isEmpty());
+  EXPECT_EQ(KeptTexts::userFolder(), data + QStringLiteral("/quillbox/typed"));
+}
+#else
 TEST_F(KeptTextsTest, AreBelowTheUsersStateFolder) {
   const QByteArray before = qgetenv("XDG_STATE_HOME");
   qputenv("XDG_STATE_HOME", "/elsewhere");
@@ -173,6 +184,7 @@ TEST_F(KeptTextsTest, AreBelowTheUsersStateFolder) {
   }
   before.isNull() ? qunsetenv("XDG_STATE_HOME") : qputenv("XDG_STATE_HOME", before);
 }
+#endif
 
 }  // namespace
 }  // namespace quillbox::test

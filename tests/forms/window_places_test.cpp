@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "support/form_fixture.h"
+#include "support/machine.h"
 
 namespace quillbox::test {
 namespace {
@@ -119,6 +120,7 @@ TEST_F(WindowPlacesTest, KnowMaximizedWindows) {
 }
 
 TEST_F(WindowPlacesTest, DoWithoutAFolderToWriteTo) {
+  QUILLBOX_NEEDS(permissions);
   std::filesystem::create_directory(path("locked"));
   std::filesystem::permissions(path("locked"), std::filesystem::perms::none);
   const OrdinaryUser user(folder_);
@@ -127,6 +129,13 @@ TEST_F(WindowPlacesTest, DoWithoutAFolderToWriteTo) {
   EXPECT_EQ(formName(), "frmNewCollection");
 }
 
+#ifdef Q_OS_WIN
+TEST_F(WindowPlacesTest, AreBelowTheUsersApplicationData) {
+  const QString data = QDir::fromNativeSeparators(qEnvironmentVariable("LOCALAPPDATA"));
+  ASSERT_FALSE(data.isEmpty());
+  EXPECT_EQ(WindowPlaces::userFile(), data + QStringLiteral("/quillbox/windows.ini"));
+}
+#else
 TEST_F(WindowPlacesTest, AreBelowTheUsersConfigurationFolder) {
   const QByteArray before = qgetenv("XDG_CONFIG_HOME");
   qputenv("XDG_CONFIG_HOME", "/somewhere/else");
@@ -136,6 +145,7 @@ TEST_F(WindowPlacesTest, AreBelowTheUsersConfigurationFolder) {
   else
     qputenv("XDG_CONFIG_HOME", before);
 }
+#endif
 
 }  // namespace
 }  // namespace quillbox::test

@@ -293,7 +293,7 @@ TEST_F(SummaryViewTest, CancelledNothingIsSaved) {
 TEST_F(SummaryViewTest, TheOpenCollectionIsNeverWrittenOver) {
   openWithAlbums();
   const std::string before = file();
-  std::filesystem::create_symlink(path(), path("link.pdf"));
+  makeLink(path(), path("link.pdf"));
   desktop_.expectSave("Save Summary", kFilter, "jazz.pdf", path("link.pdf"));
   desktop_.expectMessage("Quillbox",
                          "Run-time error '55':\n\nFile already open\n" + path("link.pdf"));

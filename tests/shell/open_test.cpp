@@ -299,9 +299,11 @@ TEST_F(NewCollection, ShowsThePathItWillMakeWhileItIsTyped) {
   select(1);
   EXPECT_EQ(pathLine(), "Makes " + path("Jazz.MCS"));
   name("my lists/<b>J\u00e4zz & more.MCS");
-  EXPECT_EQ(pathLine(), "Makes " + folder_.path() + "/my lists/<b>J\u00e4zz & more.MCS.MCS");
+  EXPECT_EQ(pathLine(),
+            "Makes " + joinPath(folder_.path(), "my lists/<b>J\u00e4zz & more.MCS.MCS"));
   select(5);
-  EXPECT_EQ(pathLine(), "Makes " + folder_.path() + "/my lists/<b>J\u00e4zz & more.MCS.BCS");
+  EXPECT_EQ(pathLine(),
+            "Makes " + joinPath(folder_.path(), "my lists/<b>J\u00e4zz & more.MCS.BCS"));
   name("Shelf");
   press("cmdNew");
   EXPECT_EQ(state_->currentPath, path("Shelf.BCS")) << "and makes it there";
@@ -311,10 +313,10 @@ TEST_F(NewCollection, ShowsThatItGoesToTheRootFolderAfterAStartWithACollection) 
   writeFile(path(), musicFile({album("A")}));
   start({path()});
   choose("NewFile");
-  EXPECT_EQ(pathLine(), "Makes a collection in /");
+  EXPECT_EQ(pathLine(), "Makes a collection in " + joinPath("", ""));
   name("Jazz");
   select(1);
-  EXPECT_EQ(pathLine(), "Makes /Jazz.MCS");
+  EXPECT_EQ(pathLine(), "Makes " + joinPath("", "Jazz.MCS"));
 }
 
 TEST_F(NewCollection, KeepsTheLongestPathOnItsLine) {
@@ -326,7 +328,9 @@ TEST_F(NewCollection, KeepsTheLongestPathOnItsLine) {
   EXPECT_EQ(form().width(), width);
   auto& line = control<ElidedLabel>("lblPath");
   EXPECT_EQ(line.fullText().toStdString(), "Makes " + path(std::string(200, 'W') + ".MCS"));
-  EXPECT_TRUE(line.text().startsWith("Makes /")) << line.text().toStdString();
+  EXPECT_TRUE(
+      line.text().startsWith(QString::fromStdString("Makes " + folder_.path().substr(0, 3))))
+      << line.text().toStdString();
   EXPECT_TRUE(line.text().endsWith("WW.MCS")) << line.text().toStdString();
   EXPECT_EQ(line.toolTip(), line.fullText());
 }
@@ -427,8 +431,8 @@ TEST_F(NewCollection, GoesToTheRootFolderAfterAStartWithACollection) {
   choose("NewFile");
   name("no such folder/Jazz");
   select(1);
-  desktop_.expectMessage("Quillbox",
-                         "Run-time error '76':\n\nPath not found\n/no such folder/Jazz.MCS");
+  desktop_.expectMessage("Quillbox", "Run-time error '76':\n\nPath not found\n" +
+                                         joinPath("", "no such folder/Jazz.MCS"));
   press("cmdNew");
   EXPECT_EQ(formName(), "frmBegin2");
 }
@@ -505,7 +509,7 @@ TEST_F(SaveAs, LooksAtEveryFolderOnTheWayToTheCollectionFromTheLastToTheFirst) {
   std::vector<OperationRecord> looks;
   for (std::filesystem::path folder = path("outer/inner");; folder = folder.parent_path()) {
     const bool isRoot = folder == folder.root_path();
-    looks.push_back({FileOperation::list, folder.string() + (isRoot ? "" : "/")});
+    looks.push_back({FileOperation::list, folder.string() + (isRoot ? "" : joinPath("", ""))});
     if (isRoot) break;
   }
   files_.forget();

@@ -1,4 +1,5 @@
 #include "support/form_fixture.h"
+#include "support/machine.h"
 
 namespace quillbox::test {
 namespace {
@@ -42,6 +43,7 @@ TEST_F(StartUp, MakesARelativePathAFullOne) {
 }
 
 TEST_F(StartUp, LetsTheSystemFollowAPathThatLeadsBackFromALink) {
+  QUILLBOX_NEEDS(links);
   std::filesystem::create_directories("far/away");
   std::filesystem::create_directory_symlink("far/away", "link");
   writeFile(path("far/jazz.MCS"), musicFile({album("Miles Davis")}));
@@ -51,6 +53,7 @@ TEST_F(StartUp, LetsTheSystemFollowAPathThatLeadsBackFromALink) {
   EXPECT_FALSE(std::filesystem::exists("jazz.MCS"));
 }
 
+#ifndef _WIN32  // where ".." takes a folder back that is missing, and "\\" parts folders
 TEST_F(StartUp, MakesNothingWhereAPathLeadsBackFromAFolderThatIsMissing) {
   const std::string named = path("missing/../jazz.MCS");
   desktop_.expectMessage("Quillbox", "Run-time error '76':\n\nPath not found\n" + named);
@@ -66,6 +69,7 @@ TEST_F(StartUp, RecognisesBackslashesWhenItTakesThePathApart) {
   EXPECT_EQ(state_->currentPath, "C:\\Data\\jazz.mcs");
   EXPECT_EQ(caption(), "Music Collection Manager (jazz.mcs)");
 }
+#endif
 
 TEST_F(StartUp, LeavesOtherFilesUnopened) {
   for (const char* name : {"sounds.WCS", "letter.txt", "MC", "jazz.MCS.gz"}) {

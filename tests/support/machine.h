@@ -10,6 +10,7 @@ struct Machine {
   const char* readOnlyFiles;  ///< files that may be read but not written
   const char* links;          ///< symbolic links
   const char* folderIsGone;   ///< a current folder that is deleted under the program
+  const char* pdfReader;      ///< a program that reads PDF documents
 };
 
 /// Null where a file that is marked as one to be read only cannot be written.
@@ -19,7 +20,8 @@ const char* whyNoReadOnlyFiles();
 inline const Machine kMachine = {"Permissions are lists there that the library cannot set.",
                                  whyNoReadOnlyFiles(),
                                  "Symbolic links take a right that an ordinary user has not.",
-                                 "The system keeps the current folder from being deleted."};
+                                 "The system keeps the current folder from being deleted.",
+                                 "What reads PDF documents here is no program for Windows."};
 #else
 inline constexpr Machine kMachine = {};
 #endif

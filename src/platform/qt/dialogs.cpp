@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QDateTime>
-#include <QFile>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QListView>
@@ -13,6 +12,8 @@
 #include <QStyle>
 #include <QTreeView>
 #include <algorithm>
+
+#include "forms/qt_text.h"
 
 namespace quillbox {
 namespace {
@@ -108,11 +109,10 @@ std::optional<std::string> askForFile(const FileDialog& asked, FileDialogMode mo
                                                     : QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   if (!asked.filter.empty()) dialog.setNameFilters(nameFilters(asked.filter));
-  if (!asked.fileName.empty())
-    dialog.selectFile(QFile::decodeName(QByteArray::fromStdString(asked.fileName)));
+  if (!asked.fileName.empty()) dialog.selectFile(fromPath(asked.fileName));
   fitColumns(dialog);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-  return QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();
+  return toNativePath(dialog.selectedFiles().constFirst());
 }
 
 }  // namespace quillbox

@@ -4,7 +4,6 @@
 #include <QDesktopServices>
 #include <QElapsedTimer>
 #include <QEventLoop>
-#include <QFile>
 #include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -42,7 +41,7 @@ std::optional<QString> askForPdf(const std::string& offered) {
                                 offered.empty() ? "Listing.pdf" : offered},
                                FileDialogMode::save);
   if (!name) return std::nullopt;
-  const QString path = QFile::decodeName(QByteArray::fromStdString(*name));
+  const QString path = fromPath(*name);
   const QString ending = QStringLiteral(".pdf");
   return path.endsWith(ending, Qt::CaseInsensitive) ? path : path + ending;
 }

@@ -6,6 +6,7 @@
 #include <QPageLayout>
 #include <algorithm>
 
+#include "forms/qt_text.h"
 #include "platform/qt/print_layout.h"
 #include "platform/run_time_error.h"
 
@@ -130,9 +131,8 @@ void QtPrinter::dropDocument() {
 bool QtPrinter::isPdf() const { return device_.outputFormat() == QPrinter::PdfFormat; }
 
 void QtPrinter::fail() const {
-  throw RunTimeError(ErrorNumber::deviceIo,
-                     isPdf() ? QFile::encodeName(device_.outputFileName()).toStdString()
-                             : device_.printerName().toStdString());
+  throw RunTimeError(ErrorNumber::deviceIo, isPdf() ? toPath(device_.outputFileName())
+                                                    : device_.printerName().toStdString());
 }
 
 }  // namespace quillbox

@@ -371,6 +371,7 @@ TEST_F(PrintingOnTheDesktop, ASaveDialogOffersItsFileName) {
   }
 }
 
+#ifndef _WIN32  // where it is the system's own, which no test can answer
 TEST_F(PrintingOnTheDesktop, ThePrinterIsSetUpInADialogOfItsOwn) {
   const double portrait = desktop_.printer().printableHeight();
   const auto setUp = [this](Qt::Key end) {
@@ -390,6 +391,7 @@ TEST_F(PrintingOnTheDesktop, ThePrinterIsSetUpInADialogOfItsOwn) {
   ask();
   EXPECT_NEAR(desktop_.printer().printableHeight(), landscape, 1) << "a document is no different";
 }
+#endif
 
 }  // namespace
 }  // namespace quillbox::test

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "support/failure.h"
+#include "support/machine.h"
 #include "support/printed_pdf.h"
 #include "support/test_folder.h"
 
@@ -64,6 +65,7 @@ class QtPrinterTest : public testing::Test {
 };
 
 TEST_F(QtPrinterTest, PrintsEveryLineInOrderAndInsideThePage) {
+  QUILLBOX_NEEDS(pdfReader);
   std::string text = "Quillbox V1.71   - Music Collection Printout Page # 1\r\n";
   for (int item = 1; item <= 9; ++item)
     text += "     Record #          :  " + std::to_string(item) +
@@ -78,6 +80,7 @@ TEST_F(QtPrinterTest, PrintsEveryLineInOrderAndInsideThePage) {
 }
 
 TEST_F(QtPrinterTest, LinesAreOneFontSizeApartAndBeginAtTheTopLeft) {
+  QUILLBOX_NEEDS(pdfReader);
   const int lines = rows();
   const auto pages = print(numberedLines(lines));
   ASSERT_EQ(pages.size(), 1U);
@@ -94,6 +97,7 @@ TEST_F(QtPrinterTest, LinesAreOneFontSizeApartAndBeginAtTheTopLeft) {
 }
 
 TEST_F(QtPrinterTest, AllLettersAreEquallyWideAndBlanksCount) {
+  QUILLBOX_NEEDS(pdfReader);
   const auto pages = print("iiiii|\r\nWWWWW|\r\n     |\r\n");
   ASSERT_EQ(pages.size(), 1U);
   const auto& words = pages.front().words;
@@ -103,6 +107,7 @@ TEST_F(QtPrinterTest, AllLettersAreEquallyWideAndBlanksCount) {
 }
 
 TEST_F(QtPrinterTest, ASheetHoldsAsManyLinesAsItIsHighAndTheRestComesOnTheNext) {
+  QUILLBOX_NEEDS(pdfReader);
   ASSERT_GE(rows(), 75) << "what a listing takes of a sheet";
   auto pages = print(numberedLines(75));
   EXPECT_EQ(pages.size(), 1U);
@@ -123,6 +128,7 @@ TEST_F(QtPrinterTest, ASheetHoldsAsManyLinesAsItIsHighAndTheRestComesOnTheNext) 
 }
 
 TEST_F(QtPrinterTest, ALongLineIsComplete) {
+  QUILLBOX_NEEDS(pdfReader);
   std::string line;
   while (line.size() < 200) line += std::to_string(line.size()) + "-";
   line.resize(200);
@@ -138,6 +144,7 @@ TEST_F(QtPrinterTest, ALongLineIsComplete) {
 }
 
 TEST_F(QtPrinterTest, AListingsWidestLineNeedsNoSecondOne) {
+  QUILLBOX_NEEDS(pdfReader);
   const std::string line = "     " + std::string(80, 'x');
   const auto pages = print(line + "\r\n");
   ASSERT_EQ(pages.size(), 1U);
@@ -146,6 +153,7 @@ TEST_F(QtPrinterTest, AListingsWidestLineNeedsNoSecondOne) {
 }
 
 TEST_F(QtPrinterTest, CharactersBeyondAsciiAppear) {
+  QUILLBOX_NEEDS(pdfReader);
   const char* const line = "Björk é à ß Ž € “so” ‘what’ … — ½ ÿ";
   const auto pages = print(std::string(line) + "\r\n");
   ASSERT_EQ(pages.size(), 1U);
@@ -155,6 +163,7 @@ TEST_F(QtPrinterTest, CharactersBeyondAsciiAppear) {
 // ---- Sheets and documents
 
 TEST_F(QtPrinterTest, ANewPageBeginsASheetForWhatIsPrintedNext) {
+  QUILLBOX_NEEDS(pdfReader);
   printer_.print("first\r\n");
   printer_.newPage();
   printer_.print("second\r\n");
@@ -168,6 +177,7 @@ TEST_F(QtPrinterTest, ANewPageBeginsASheetForWhatIsPrintedNext) {
 }
 
 TEST_F(QtPrinterTest, AnEmptyPageBetweenOthersIsASheet) {
+  QUILLBOX_NEEDS(pdfReader);
   for (const bool printsNothing : {true, false}) {
     SCOPED_TRACE(printsNothing);
     printTo(printsNothing ? "printed.pdf" : "skipped.pdf");
@@ -185,6 +195,7 @@ TEST_F(QtPrinterTest, AnEmptyPageBetweenOthersIsASheet) {
 }
 
 TEST_F(QtPrinterTest, AnEmptyPageCanBeTheFirstAndTheLast) {
+  QUILLBOX_NEEDS(pdfReader);
   printer_.print("");
   printer_.newPage();
   printer_.print("second\r\n");
@@ -213,6 +224,7 @@ TEST_F(QtPrinterTest, ADocumentIsEndedOnce) {
 }
 
 TEST_F(QtPrinterTest, EachDocumentBeginsAnew) {
+  QUILLBOX_NEEDS(pdfReader);
   EXPECT_EQ(print("first\r\n").size(), 1U);
   const std::string first = path_;
   printTo("other.pdf");
@@ -225,6 +237,7 @@ TEST_F(QtPrinterTest, EachDocumentBeginsAnew) {
 }
 
 TEST_F(QtPrinterTest, ADocumentReplacesTheOneOfThatName) {
+  QUILLBOX_NEEDS(pdfReader);
   print(numberedLines(300));
   const auto pages = print("second\r\n");
   ASSERT_EQ(pages.size(), 1U);
@@ -232,6 +245,7 @@ TEST_F(QtPrinterTest, ADocumentReplacesTheOneOfThatName) {
 }
 
 TEST_F(QtPrinterTest, WhatWasDroppedIsNotPrinted) {
+  QUILLBOX_NEEDS(pdfReader);
   printer_.print("dropped\r\n");
   printer_.newPage();
   printer_.print("dropped, too\r\n");
@@ -250,6 +264,7 @@ TEST_F(QtPrinterTest, WhatWasDroppedLeavesNoDocument) {
 }
 
 TEST_F(QtPrinterTest, ADocumentThatCannotBeWrittenIsAnErrorEachTime) {
+  QUILLBOX_NEEDS(pdfReader);
   printTo("gone/list.pdf");
   for (int time = 1; time <= 2; ++time) {
     EXPECT_EQ(failureOf([&] { print("text\r\n"); }), (Failure{57, path_}));
@@ -261,6 +276,7 @@ TEST_F(QtPrinterTest, ADocumentThatCannotBeWrittenIsAnErrorEachTime) {
 }
 
 TEST_F(QtPrinterTest, ADocumentThatMayNotBeWrittenIsAnErrorAndStaysAsItIs) {
+  QUILLBOX_NEEDS(readOnlyFiles);
   writeFile(path_, "another's");
   std::filesystem::permissions(path_, std::filesystem::perms::owner_read);
   {
@@ -271,6 +287,7 @@ TEST_F(QtPrinterTest, ADocumentThatMayNotBeWrittenIsAnErrorAndStaysAsItIs) {
   EXPECT_EQ(readFile(path_), "another's");
 }
 
+#ifndef _WIN32  // where there is no device for it
 TEST_F(QtPrinterTest, ADiskThatIsFullIsAnErrorHoweverShortTheDocument) {
   path_ = "/dev/full";
   ASSERT_TRUE(std::filesystem::exists(path_));
@@ -287,10 +304,12 @@ TEST_F(QtPrinterTest, ADiskThatIsFullIsAnErrorHoweverShortTheDocument) {
     printer_.dropDocument();
   }
 }
+#endif
 
 // ---- The paper
 
 TEST_F(QtPrinterTest, WithoutAPrinterThePaperIsWhatTheSystemMeasuresIn) {
+  QUILLBOX_NEEDS(pdfReader);
   if (!QPrinterInfo::availablePrinterNames().isEmpty())
     GTEST_SKIP() << "a printer has paper of its own";
   const bool metric = QLocale::system().measurementSystem() == QLocale::MetricSystem;

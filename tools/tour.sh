@@ -1,0 +1,217 @@
+#!/bin/sh
+# Works with the program as a user does, with keys on a virtual display, the same on every platform:
+# tour.sh FOLDER COMMAND... copies the samples into FOLDER, opens each of them with COMMAND, and
+# writes, sorts, searches, lists, exports and fills a catalogue. What that writes stays in FOLDER.
+# TOUR_PICTURES names a folder for a picture of each form.
+set -eu
+here=$(cd "$(dirname "$0")/.." && pwd)
+. "$here/tools/display.sh"
+
+folder=$1
+shift
+program=$*
+mkdir -p "$folder"
+cd "$folder"
+cp "$here"/samples/*.* .
+cp -R "$here/samples/media" media
+cp media/Doorbell.wav "media/Another door.wav"
+start_display
+
+# waits WHAT COMMAND...: until the command succeeds; after a minute there is a picture of what is
+# there instead.
+waits() {
+  what=$1
+  shift
+  tries=0
+  until "$@"; do
+    tries=$((tries + 1))
+    if [ "$tries" -gt 300 ]; then
+      import -window root lost.png
+      echo "$what; what is on the screen is in $PWD/lost.png." >&2
+      exit 1
+    fi
+    sleep 0.2
+  done
+}
+has_keys() {
+  for window in $(windows "$1"); do
+    xdotool windowfocus --sync "$window" 2>/dev/null || continue
+    [ "$(xdotool getwindowfocus 2>/dev/null)" = "$window" ] && return 0
+  done
+  return 1
+}
+is_gone() { [ -z "$(windows "$1")" ]; }
+has_size() { [ "$(stat -c %s "$1" 2>/dev/null)" = "$2" ]; }
+
+shown() {
+  waits "There is no window $1" has_keys "$1"
+  sleep 0.5 # the display has given it the keys; until the program itself knows
+}
+keys() { xdotool key --delay 30 "$@"; }
+types() { xdotool type --delay 30 "$1"; }
+# answer TITLE KEY...: a box with that title is answered and goes.
+answer() {
+  box=$1
+  shown "$box"
+  shift
+  keys "$@"
+  waits "$box stays" is_gone "$box"
+}
+# choose TITLE FILE: in a dialog that asks for one.
+choose() {
+  shown "$1"
+  types "$2"
+  answer "$1" Return
+}
+# grows FILE BYTES COMMAND...
+grows() {
+  size=$(($(stat -c %s "$1") + $2))
+  file=$1
+  shift 2
+  "$@"
+  waits "$file does not grow" has_size "$file" "$size"
+}
+picture() {
+  [ -n "${TOUR_PICTURES:-}" ] || return 0
+  sleep 1 # until the window manager and the program have drawn
+  import -window "$(xdotool getactivewindow)" "$TOUR_PICTURES/$1.png"
+}
+
+begin() {
+  # shellcheck disable=SC2086 # the command and its arguments
+  $program "$@" >>said.log 2>&1 &
+  started=$!
+  display_pids="$started $display_pids"
+  answer '^QBX V1\.71$' Return
+}
+end() {
+  answer '^Quillbox V1\.71$' alt+F4
+  wait "$started" || true
+}
+# visit FILE: as a double click does; open FILE: from the start screen.
+visit() {
+  form="Collection Manager \\($1\\)\$"
+  begin "$1"
+  shown "$form"
+}
+open() {
+  form="File Collection \\($1\\)\$"
+  shown '^Quillbox V1\.71$'
+  keys ctrl+o
+  choose '^Open Collection$' "$1"
+  shown "$form"
+}
+leave() { answer "$form" ctrl+w; }
+sort_by() { # the keys of the boxes to tick and of the button
+  keys alt+e o
+  shown '^Sorting Options$'
+  keys "$@"
+  answer '^Quillbox$' Return
+  shown "$form"
+}
+write_new() {
+  keys ctrl+n
+  types "$1"
+  keys ctrl+s
+}
+print='^QBX List Print$'
+list_as_text() {
+  keys ctrl+p
+  shown "$print"
+  keys alt+f
+  answer "$print" Return
+  choose '^Print to FileName$' "$1"
+  waits "There is no $1" test -s "$1"
+  shown "$form"
+}
+load_with() { # any file of the folder
+  keys alt+l
+  choose '^Wave Collection$' "$1"
+}
+export_as() {
+  keys ctrl+shift+e
+  choose '^File Save As$' "$1"
+  answer '^Quillbox$' Return
+  shown "$form"
+}
+
+begin
+shown '^Quillbox V1\.71$'
+picture start
+keys ctrl+n
+shown '^New Collection$'
+picture new-collection
+answer '^New Collection$' Escape
+end
+
+visit jazz.MCS
+picture music
+keys ctrl+Next
+grows jazz.MCS 2372 write_new 'Zoot Sims'
+sort_by alt+a alt+b
+keys ctrl+f
+shown '^Music Search$'
+types 'Zoot Sims'
+answer '^Music Search$' Return
+shown "$form"
+keys ctrl+p
+shown "$print"
+picture print
+answer "$print" Escape
+shown "$form"
+list_as_text music.txt
+export_as songs.csv
+keys F9
+picture panel-music
+leave
+end
+
+visit tapes.VCS
+picture video
+grows tapes.VCS 678 write_new 'A new tape'
+list_as_text video.txt
+export_as movies.csv
+leave
+end
+
+visit longbox.CCS
+picture comics
+grows longbox.CCS 640 write_new 'A new comic'
+list_as_text comics.txt
+export_as notes.csv
+leave
+end
+
+visit disks.SCS
+picture software
+grows disks.SCS 662 write_new 'A new disk'
+list_as_text software.txt
+export_as programs.csv
+leave
+end
+
+visit shelf.BCS
+picture books
+grows shelf.BCS 224 write_new 'A new author'
+list_as_text books.txt
+leave
+end
+
+begin
+open tunes.ICS
+list_as_text tunes.txt
+leave
+open pictures.GCS
+picture media-files
+list_as_text pictures.txt
+leave
+open songs.MPS
+list_as_text songs.txt
+leave
+open sounds.WCS
+list_as_text sounds.txt
+# From here on the folder that was loaded is the current one.
+grows sounds.WCS 328 load_with media/Doorbell.wav
+sort_by alt+b
+leave
+end
