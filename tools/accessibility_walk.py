@@ -178,8 +178,7 @@ class Walk(Program):
     def other_form(self, exit_name, *items):
         """A form in the place of the editor, or in front of it, and the way back."""
         before = [window.name for window in self.windows()]
-        if not self.choose(*items):
-            raise Missed(f"there is no menu item {items[0]}")
+        self.wait(lambda: self.choose(*items), f"there is no menu item {items[0]}")
         self.wait(lambda: self.window("frame") and self.window("frame").name not in before,
                   f"{items[0]} shows no form")
         form = self.window("frame")
@@ -294,8 +293,7 @@ class Walk(Program):
                      and each.getRoleName() != "alert"), None)
 
     def leave(self):
-        if not self.choose("Exit"):
-            raise Missed("there is no menu item Exit")
+        self.wait(lambda: self.choose("Exit"), "there is no menu item Exit")
         self.start_screen()
 
 

@@ -49,7 +49,10 @@ void frmEditor::makePanelButton() {
   panelButton_->setCheckable(true);
   panelButton_->setAutoRaise(true);
   panelButton_->setFocusPolicy(Qt::NoFocus);  // F9 is its key; the form's tab order stays
-  connect(panelButton_, &QToolButton::clicked, this, [this] { togglePanel(); });
+  // Also when assistive technology toggles it, which is no click.
+  connect(panelButton_, &QToolButton::toggled, this, [this](bool on) {
+    if (on != (panel_ != nullptr)) togglePanel();
+  });
   menuBar()->setCornerWidget(new MenuBarRoom(*panelButton_), Qt::TopRightCorner);
   onKeys(QKeySequence(Qt::Key_F9), [this] { togglePanel(); });
   onKeys(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F), [this] { findInPanel(); });
@@ -74,10 +77,12 @@ void frmEditor::togglePanel() {
 }
 
 void frmEditor::showPanel(bool shown, bool grows) {
-  panelButton_->setChecked(shown);
   if (!shown && panel_ == nullptr) return;
   panel_ = nullptr;
-  if (!shown) return setSide(nullptr, false);
+  if (!shown) {
+    setSide(nullptr, false);
+    return panelButton_->setChecked(false);
+  }
   const auto show = [this](int item) {
     program().run([&] {
       slot_.reset();
@@ -91,6 +96,7 @@ void frmEditor::showPanel(bool shown, bool grows) {
   };
   panel_ =
       new Panel(program(), {openKind(), recordTexts(), show, [this] { sheet_->focusFirst(); }});
+  panelButton_->setChecked(true);
   setSide(panel_, grows);
   panel_->start(state().Count);
   markInPanel();

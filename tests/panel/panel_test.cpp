@@ -441,6 +441,12 @@ TEST_P(EachPanel, ItsButtonIsFoundByAssistiveTechnologyAtTheEndOfTheMenuBar) {
   }
   QTest::mouseClick(form().childAt(button.geometry().center()), Qt::LeftButton);
   EXPECT_TRUE(isPanelOpen());
+  auto& told = *QAccessible::queryAccessibleInterface(&control<QToolButton>("cmdPanel"));
+  for (const bool opens : {false, true}) {
+    told.actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_EQ(isPanelOpen(), opens);
+    EXPECT_EQ(button.isChecked(), opens);
+  }
 }
 
 TEST_P(EachPanel, EverythingInItHasAName) {
