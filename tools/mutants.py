@@ -8,15 +8,21 @@ import os
 import pathlib
 import random
 import re
+import resource
+import shutil
+import signal
 import subprocess
 import sys
 
 BUILD = pathlib.Path("build")
 PROGRAMS = {"core": ["core_tests", "form_tests"], "forms": ["form_tests"]}
-PROCESSES = {"core": ["quillbox-cli", "make_samples"], "forms": []}  # that other tests run
 FORMS = re.compile(r"src/(forms|panel|shell|platform/qt)/|/frm[^/]*$|src/main\.cpp")
 NOT_HERE = re.compile(r"windows|src/icons/|src/cli/")
-TIMEOUT = 600  # seconds; a mistake that keeps a test from ending is noticed
+SLOW = 2  # seconds of a test
+# Tests of whole programs; nobody knows which lines they reach.
+OTHERS = ["ctest", "--test-dir", BUILD, "-R", "^(cli|samples|examples)$"]
+TEMPORARY = BUILD / "temporary"
+ADDRESSES, FILE_SIZE = 16 << 30, 1 << 30  # bytes; a mistake may be that something never ends
 
 EXCHANGED = {
     " < ": " <= ", " <= ": " < ", " > ": " >= ", " >= ": " > ", " == ": " != ", " != ": " == ",
@@ -71,88 +77,131 @@ def all_mistakes(part):
         name = str(path)
         if NOT_HERE.search(name) or bool(FORMS.search(name)) != (part == "forms"):
             continue
-        for number, line in enumerate(path.read_text().splitlines()):
+        for number, line in enumerate(path.read_text().splitlines(), 1):
             found += [(path, number, what, changed) for what, changed in mistakes_of(line)]
     return found
 
 
-def tests_of(program):
-    """The full name and the file of each test."""
-    out = BUILD / "tests.json"
-    subprocess.run([BUILD / "tests" / program, "--gtest_list_tests", f"--gtest_output=json:{out}"],
-                   stdout=subprocess.DEVNULL, check=True, env=environment())
-    return [(f"{suite['name']}.{test['name']}", test["file"])
-            for suite in json.loads(out.read_text())["testsuites"] for test in suite["testsuite"]]
+def environment(**more):
+    return {**os.environ, "QT_QPA_PLATFORM": "offscreen", "DISPLAY": "", "WAYLAND_DISPLAY": "",
+            "TMPDIR": str(TEMPORARY.resolve()), **more}
 
 
-def environment():
-    return {**os.environ, "QT_QPA_PLATFORM": "offscreen", "DISPLAY": "", "WAYLAND_DISPLAY": ""}
+def ends_well(command, seconds, **more):
+    """False when a command fails, goes on for too long or uses too much of the machine."""
+    def limits():
+        resource.setrlimit(resource.RLIMIT_AS, (ADDRESSES, ADDRESSES))
+        resource.setrlimit(resource.RLIMIT_FSIZE, (FILE_SIZE, FILE_SIZE))
+        resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
 
-
-def fails(program, names):
-    """True when one of these tests fails."""
-    if not names:
-        return False
-    flags = pathlib.Path(BUILD / "filter")
-    flags.write_text("--gtest_filter=" + ":".join(names) + "\n")
+    shutil.rmtree(TEMPORARY, ignore_errors=True)
+    TEMPORARY.mkdir()
+    process = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                               env=environment(**more), preexec_fn=limits, start_new_session=True)
     try:
-        ended = subprocess.run([BUILD / "tests" / program, f"--gtest_flagfile={flags}", "--gtest_fail_fast",
-                                "--gtest_brief=1"], stdout=subprocess.DEVNULL,
-                               stderr=subprocess.DEVNULL, timeout=TIMEOUT, env=environment())
+        return process.wait(seconds) == 0
     except subprocess.TimeoutExpired:
-        return True
-    return ended.returncode != 0
-
-
-def is_noticed(path, part, tests):
-    """Runs the tests of the file first, then those beside them, then all others."""
-    stem, folder = path.stem, "/" + path.parent.name + "/"
-    for program in PROGRAMS[part]:
-        own = [name for name, file in tests[program] if pathlib.Path(file).stem.startswith(stem)]
-        beside = [name for name, file in tests[program] if folder in file and name not in set(own)]
-        rest = sorted({name for name, _ in tests[program]} - set(own) - set(beside))
-        for names in (own, beside, rest):
-            if fails(program, names):
-                return True
-    if not PROCESSES[part]:
+        os.killpg(process.pid, signal.SIGKILL)
+        process.wait()
         return False
-    others = subprocess.run(["ctest", "--test-dir", BUILD, "-R", "^(cli|samples|examples)$"],
-                            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-    return others.returncode != 0
 
 
-def builds(programs):
-    return subprocess.run(["cmake", "--build", BUILD, "--target", *programs],
+def builds(target):
+    return subprocess.run(["cmake", "--build", BUILD, "--target", target],
                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
+
+
+class Tests:
+    """The tests of one program, and the lines of src/ that each of them runs."""
+
+    def __init__(self, program):
+        self.program = BUILD / "tests" / program
+        self.seconds = {}  # of each test
+        self.reaching = {}  # file -> line -> names of tests
+        listing, record = BUILD / f"{program}.json", BUILD / f"{program}.reached"
+        if not ends_well([self.program, f"--gtest_output=json:{listing}"], 1800, QUILLBOX_REACHED=str(record)):
+            sys.exit(f"{program} fails as it is.")
+        self.files = {f"{suite['name']}.{test['name']}": pathlib.Path(test["file"])
+                      for suite in json.loads(listing.read_text())["testsuites"] for test in suite["testsuite"]}
+        names_of = {}  # offset -> names
+        with record.open() as lines:
+            for line in lines:
+                name, seconds, *offsets = line.split()
+                self.seconds[name] = float(seconds)
+                for offset in offsets:
+                    names_of.setdefault(offset, []).append(name)
+        self.seconds.pop("*")
+        offsets = list(names_of)
+        places = subprocess.run(["addr2line", "-e", self.program], input="\n".join(offsets), text=True,
+                                capture_output=True, check=True).stdout.splitlines()
+        for offset, place in zip(offsets, places):
+            file, _, line = place.split(" ")[0].rpartition(":")
+            if "/src/" in file and line.isdigit():
+                lines = self.reaching.setdefault("src/" + file.rpartition("/src/")[2], {})
+                lines.setdefault(int(line), set()).update(names_of[offset])
+
+    def that_reach(self, path, number):
+        """Those that may run line `number` (from 1) of a file: all of them where that cannot be said."""
+        lines = path.read_text().splitlines()
+        first = number  # of the function or table that the line is in
+        while first > 1 and not re.match(r"[\w~]", lines[first - 1]):
+            first -= 1
+        reached = self.reaching.get(str(path), {})
+        blocks = [line for line in reached if first <= line <= number]
+        if any(re.match(r" +static ", line) for line in lines[first - 1:number]):
+            names = set().union(*(reached[line] for line in blocks))
+        else:
+            names = set().union(*(reached[line] for line in blocks if line in (number, max(blocks))))
+        is_function = re.search(r"\) (const )?(noexcept )?(override )?[:{]", " ".join(lines[first - 1:number]))
+        return set(self.seconds) if "*" in names or not (blocks or is_function) else names
+
+    def notice(self, path, number):
+        """Runs those that reach a line: of its file first, then those beside them, slow ones last."""
+        names = self.that_reach(path, number)
+        quick = {name for name in names if self.seconds[name] < SLOW}
+        own = {name for name in quick if self.files[name].stem.startswith(path.stem)}
+        beside = {name for name in quick - own if self.files[name].parent.name == path.parent.name}
+        return any(group and not self.pass_(group) for group in (own, beside, quick - own - beside, names - quick))
+
+    def pass_(self, names):
+        flags = BUILD / "flags"
+        flags.write_text("--gtest_filter=" + ":".join(sorted(names)) + "\n")
+        seconds = 30 + 5 * sum(self.seconds[name] for name in names)
+        return ends_well([self.program, f"--gtest_flagfile={flags}", "--gtest_fail_fast"], seconds)
 
 
 def main():
     part, count = sys.argv[1], int(sys.argv[2])
     seed = int(sys.argv[3]) if len(sys.argv) > 3 else random.randrange(1_000_000)
-    programs = PROGRAMS[part]
-    targets = programs + PROCESSES[part]
-    if not builds(targets):
+    if not builds("all"):
         sys.exit("The tree does not build as it is.")
-    tests = {program: tests_of(program) for program in programs}
+    tests = {program: Tests(program) for program in PROGRAMS[part]}
     candidates = all_mistakes(part)
     random.Random(seed).shuffle(candidates)
-    planted = noticed = 0
     print(f"seed {seed}, {len(candidates)} places in {part}", flush=True)
+
+    def is_noticed(path, number):
+        for program in tests:
+            if not builds(program) or tests[program].notice(path, number):
+                return True
+        return part == "core" and (not builds("all") or not ends_well(OTHERS, 600))
+
+    planted = noticed = 0
     for path, number, what, changed in candidates:
         if planted == count:
             break
         before = path.read_text()
         lines = before.splitlines()
-        lines[number] = changed
+        lines[number - 1] = changed
         path.write_text("\n".join(lines) + "\n")
         try:
-            if not builds(targets):
+            if not builds(next(iter(tests))):
                 continue  # the compiler noticed
             planted += 1
-            if is_noticed(path, part, tests):
+            if is_noticed(path, number):
                 noticed += 1
             else:
-                print(f"{path}:{number + 1}: {what}: {changed.strip()}", flush=True)
+                print(f"{path}:{number}: {what}: {changed.strip()}", flush=True)
         finally:
             path.write_text(before)
     print(f"{noticed} of {planted} noticed")

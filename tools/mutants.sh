@@ -6,12 +6,14 @@ cd "$(dirname "$0")/.."
 . tools/setup.sh
 
 # shellcheck disable=SC2086 # the lists are meant to be split
-need $packages_to_build $packages_to_test git
+need $packages_to_build $packages_to_test git lld binutils
 copy=$PWD/build/mutants
 rm -rf "$copy/src"
 mkdir -p "$copy"
 git archive HEAD | tar -x -C "$copy"
 cd "$copy"
-# Warnings are no errors here: a mistake may leave a name unused.
-cmake --preset dev -B build -DCMAKE_COMPILE_WARNING_AS_ERROR=OFF >/dev/null
+# Warnings are no errors here: a mistake may leave a name unused. What is built again and again is
+# built as fast as can be.
+cmake --preset dev -B build -DQUILLBOX_REACHED=ON -DCMAKE_COMPILE_WARNING_AS_ERROR=OFF \
+  -DCMAKE_CXX_FLAGS_DEBUG='-O0 -g1' -DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld >/dev/null
 exec python3 tools/mutants.py "$@"
