@@ -84,7 +84,10 @@ void readFromDisk(const std::string& path) {
   readThrough(path);
 }
 
-void makeFullCollection(const std::string& path) { makeCollection(path, kItems, makeItem); }
+Sized makeFullCollection(const std::string& path, int count) {
+  makeCollection(path, count, makeItem);
+  return {path, count};
+}
 
 void makeMixedCollection(const std::string& path, int count) {
   std::vector<int> order(static_cast<std::size_t>(count));

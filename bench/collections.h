@@ -10,8 +10,14 @@ inline constexpr int kItems = 32767;
 /// All items between the first and the last.
 inline constexpr int kDeletedItems = kItems - 2;
 
-/// Makes a music collection of kItems items with every field filled in.
-void makeFullCollection(const std::string& path);
+/// A collection that is timed.
+struct Sized {
+  std::string path;
+  int items;
+};
+
+/// Makes a music collection of `count` items with every field filled in.
+Sized makeFullCollection(const std::string& path, int count = kItems);
 
 /// Makes one of `count` items in no order, every field filled in.
 void makeMixedCollection(const std::string& path, int count);

@@ -7,7 +7,6 @@
 #include <stdexcept>
 #include <string_view>
 
-#include "collections.h"
 #include "measuring.h"
 #include "median.h"
 #include "platform/disk_file_system.h"
@@ -66,12 +65,12 @@ std::string entryOf(const Field& field, int index) {
   return isThere ? std::string(field.choices[static_cast<std::size_t>(index)]) : std::string();
 }
 
-void list(const std::string& collection, const std::string& path) {
+void list(const Sized& collection, const std::string& path) {
   const CollectionKind& kind = *kindOfExtension("MCS");
   DiskFileSystem files;
   AppState state(files);
-  state.currentPath = collection;
-  state.Count = kItems;
+  state.currentPath = collection.path;
+  state.Count = static_cast<std::int16_t>(collection.items);
   ToTextFile desktop(path);
   NoBoard board;
   PrintEngine engine(state, desktop, board);
@@ -82,11 +81,11 @@ void list(const std::string& collection, const std::string& path) {
   engine.PrintOut(mode, pages, *listing.fileHeading(0));
 }
 
-void exportIt(const std::string& collection, const std::string& path) {
+void exportIt(const Sized& collection, const std::string& path) {
   DiskFileSystem files;
   AppState state(files);
-  state.currentPath = collection;
-  state.Count = kItems;
+  state.currentPath = collection.path;
+  state.Count = static_cast<std::int16_t>(collection.items);
   exportCollection(state.files, state, *kindOfExtension("MCS"), path);
 }
 
@@ -99,6 +98,20 @@ void writeStraight(const std::string& path, std::string_view bytes) {
   }
   if (!file.flush()) throw std::runtime_error("could not write " + path);
 }
+
+/// Lives in another folder for a while.
+class InFolder {
+ public:
+  explicit InFolder(const fs::path& folder) : before_(fs::current_path()) {
+    fs::current_path(folder);
+  }
+  InFolder(const InFolder&) = delete;
+  InFolder& operator=(const InFolder&) = delete;
+  ~InFolder() { fs::current_path(before_); }
+
+ private:
+  fs::path before_;
+};
 
 std::string contentsOf(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
@@ -140,10 +153,20 @@ Pair timePdf(const fs::path& programs, const fs::path& workFolder, const std::st
   return times;
 }
 
-ListingFigures timeListings(const fs::path& workFolder, const std::string& collection) {
+Pair timeListing(const fs::path& workFolder, const Sized& collection) {
+  const InFolder inFolder(workFolder);  // where the spool file is
   const std::string path = workFolder / "Listing.txt";
-  const auto before = fs::current_path();
-  fs::current_path(workFolder);  // where the spool file is
+  return timeBesideWriting([&] { list(collection, path); }, path);
+}
+
+Pair timeExport(const fs::path& workFolder, const Sized& collection) {
+  const std::string path = workFolder / "Export.txt";
+  return timeBesideWriting([&] { exportIt(collection, path); }, path);
+}
+
+ListingFigures timeListings(const fs::path& workFolder, const Sized& collection) {
+  const InFolder inFolder(workFolder);
+  const std::string path = workFolder / "Listing.txt";
   const auto sizeOf = [&] { return static_cast<double>(fs::file_size(path)) / kBytesPerMib; };
   ListingFigures figures;
   const double without = peakMib([] {});
@@ -151,9 +174,8 @@ ListingFigures timeListings(const fs::path& workFolder, const std::string& colle
   figures.listedMib = sizeOf();
   figures.exportMemory = peakMib([&] { exportIt(collection, path); }) - without;
   figures.exportedMib = sizeOf();
-  figures.listing = timeBesideWriting([&] { list(collection, path); }, path);
-  figures.exporting = timeBesideWriting([&] { exportIt(collection, path); }, path);
-  fs::current_path(before);
+  figures.listing = timeListing(workFolder, collection);
+  figures.exporting = timeExport(workFolder, collection);
   return figures;
 }
 

@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 
+#include "collections.h"
 #include "steps.h"
 
 namespace quillbox::bench {
@@ -32,6 +33,10 @@ Pair timePdf(const std::filesystem::path& programs, const std::filesystem::path&
 
 /// Lists a full music collection to a text file, and exports it. The peer of each writes the same
 /// bytes straight to a file.
-ListingFigures timeListings(const std::filesystem::path& workFolder, const std::string& collection);
+ListingFigures timeListings(const std::filesystem::path& workFolder, const Sized& collection);
+
+/// The times of these alone.
+Pair timeListing(const std::filesystem::path& workFolder, const Sized& collection);
+Pair timeExport(const std::filesystem::path& workFolder, const Sized& collection);
 
 }  // namespace quillbox::bench

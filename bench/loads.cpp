@@ -20,25 +20,25 @@ namespace fs = std::filesystem;
 
 constexpr int kRounds = 9;
 
-void makeFiles(const fs::path& folder) {
+void makeFiles(const fs::path& folder, int count) {
   fs::create_directory(folder);
-  for (int i = 0; i < kFilesToLoad; ++i)
+  for (int i = 0; i < count; ++i)
     std::ofstream(folder / ("sound number " + std::to_string(i) + ".wav"));
 }
 
-void makeCatalogue(const std::string& path) {
+void makeCatalogue(const std::string& path, int items) {
   DiskFileSystem files;
   AppState state(files);
   state.currentPath = path;
   const CollectionKind& kind = *kindOfExtension("WCS");
   CollectionStore(state.files, state, kind).WriteHeader(0, kind.rules.fileType, OpenMode::create);
   std::vector<std::string> names;
-  for (int i = 0; i < kItemsBefore; ++i) names.push_back("old " + std::to_string(i) + ".wav");
+  for (int i = 0; i < items; ++i) names.push_back("old " + std::to_string(i) + ".wav");
   NoBoard board;
   loadFiles(state.files, state, kind, "/sounds", names, board);
 }
 
-void load(const std::string& catalogue, const std::string& folder) {
+void load(const std::string& catalogue, const std::string& folder, int itemsThen) {
   DiskFileSystem files;
   AppState state(files);
   state.currentPath = catalogue;
@@ -46,10 +46,10 @@ void load(const std::string& catalogue, const std::string& folder) {
   const auto names = filesToLoad(files, folder, loaderPatterns(loaderRow(1).filter));
   const LoadedFiles loaded =
       loadFiles(state.files, state, *kindOfExtension("WCS"), folder, names, board);
-  if (loaded.count != kItemsBefore + kFilesToLoad) throw std::runtime_error("not all were loaded");
+  if (loaded.count != itemsThen) throw std::runtime_error("not all were loaded");
 }
 
-void listAndAppend(const std::string& catalogue, const std::string& folder) {
+void listAndAppend(const std::string& catalogue, const std::string& folder, int files) {
   const int file = ::open(catalogue.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC);
   MediaFileRecord record{};
   int appended = 0;
@@ -59,28 +59,30 @@ void listAndAppend(const std::string& catalogue, const std::string& folder) {
     if (::write(file, &record, sizeof record) == sizeof record) ++appended;
   }
   ::close(file);
-  if (appended != kFilesToLoad) throw std::runtime_error("not all were appended");
+  if (appended != files) throw std::runtime_error("not all were appended");
 }
 
 }  // namespace
 
-LoadFigures timeLoads(const fs::path& workFolder) {
+LoadFigures timeLoads(const fs::path& workFolder, int files, int itemsBefore) {
   const std::string folder = workFolder / "sounds";
   const std::string empty = workFolder / "Empty.WCS";
   const std::string catalogue = workFolder / "Sounds.WCS";
-  makeFiles(folder);
-  peakMib([&] { makeCatalogue(empty); });  // elsewhere, so that this process stays small
+  fs::remove_all(folder);
+  makeFiles(folder, files);
+  peakMib(
+      [&] { makeCatalogue(empty, itemsBefore); });  // elsewhere, so that this process stays small
   const auto fresh = [&] { fs::copy_file(empty, catalogue, fs::copy_options::overwrite_existing); };
   fresh();
   const double without = peakMib([] {});
-  const double with = peakMib([&] { load(catalogue, folder); });
+  const double with = peakMib([&] { load(catalogue, folder, itemsBefore + files); });
   std::vector<double> ours;
   std::vector<double> peers;
   for (int round = 0; round < kRounds; ++round) {
     fresh();
-    ours.push_back(milliseconds([&] { load(catalogue, folder); }));
+    ours.push_back(milliseconds([&] { load(catalogue, folder, itemsBefore + files); }));
     fresh();
-    peers.push_back(milliseconds([&] { listAndAppend(catalogue, folder); }));
+    peers.push_back(milliseconds([&] { listAndAppend(catalogue, folder, files); }));
   }
   return {{median(ours), median(peers)}, with - without};
 }

@@ -14,8 +14,8 @@ struct LoadFigures {
   double memory = 0;  ///< MiB that loading takes at its peak, above what the process has anyway
 };
 
-/// Loads a folder of kFilesToLoad files into a catalogue of kItemsBefore. The peer lists the folder
-/// and appends the same bytes to a file, a record at a time.
-LoadFigures timeLoads(const std::filesystem::path& workFolder);
+/// Loads a folder of `files` files into a catalogue of `itemsBefore`. The peer lists the folder and
+/// appends the same bytes to a file, a record at a time.
+LoadFigures timeLoads(const std::filesystem::path& workFolder, int files, int itemsBefore);
 
 }  // namespace quillbox::bench

@@ -6,7 +6,6 @@
 #include <stdexcept>
 #include <vector>
 
-#include "collections.h"
 #include "listings.h"
 #include "measuring.h"
 #include "median.h"
@@ -60,14 +59,14 @@ class NoWatcher : public ImportWatcher {
 
 /// Calls `use` with what an export needs.
 template <typename Use>
-void withExport(const std::string& collection, const Use& use) {
+void withExport(const Sized& collection, const Use& use) {
   DiskFileSystem files;
-  const CollectionFile file = readCollectionFile(files, collection);
+  const CollectionFile file = readCollectionFile(files, collection.path);
   const Values values(file);
   use(Export{files, file, values});
 }
 
-void toCsv(const std::string& collection, const std::string& path) {
+void toCsv(const Sized& collection, const std::string& path) {
   withExport(collection, [&](const Export& from) {
     OpenFiles files(from.files);
     ToFile sink(files, path);
@@ -76,7 +75,7 @@ void toCsv(const std::string& collection, const std::string& path) {
   });
 }
 
-void toJson(const std::string& collection, const std::string& path) {
+void toJson(const Sized& collection, const std::string& path) {
   withExport(collection, [&](const Export& from) {
     OpenFiles files(from.files);
     ToFile sink(files, path);
@@ -85,11 +84,11 @@ void toJson(const std::string& collection, const std::string& path) {
   });
 }
 
-void toSqlite(const std::string& collection, const std::string& path) {
+void toSqlite(const Sized& collection, const std::string& path) {
   withExport(collection, [&](const Export& from) { exportSqlite(from, path); });
 }
 
-void dryRun(const std::string& collection, const std::string& csv) {
+void dryRun(const Sized& collection, const std::string& csv) {
   withExport(collection, [&](const Export& from) {
     NoWatcher watcher;
     ImportOptions options;
@@ -98,7 +97,8 @@ void dryRun(const std::string& collection, const std::string& csv) {
     FromFile source(from.files, csv);
     readCsv(source, from.values, import);
     const ImportResult result = import.finish();
-    if (result.rows != kItems || result.changed != 0) throw std::runtime_error("not the same");
+    if (result.rows != collection.items || result.changed != 0)
+      throw std::runtime_error("not the same");
   });
 }
 
@@ -188,7 +188,21 @@ class Rows {
   std::vector<Table> tables_;
 };
 
-Pair timeSqlite(const std::string& collection, const fs::path& folder) {
+}  // namespace
+
+Pair timeCsv(const fs::path& workFolder, const Sized& collection) {
+  const std::string csv = workFolder / "Full.csv";
+  return timeBesideWriting([&] { toCsv(collection, csv); }, csv);
+}
+
+Pair timeJson(const fs::path& workFolder, const Sized& collection) {
+  const std::string json = workFolder / "Full.json";
+  const Pair times = timeBesideWriting([&] { toJson(collection, json); }, json);
+  fs::remove(json);
+  return times;
+}
+
+Pair timeSqlite(const fs::path& folder, const Sized& collection) {
   const std::string ours = folder / "Ours.db";
   const std::string theirs = folder / "Theirs.db";
   toSqlite(collection, ours);
@@ -206,28 +220,34 @@ Pair timeSqlite(const std::string& collection, const fs::path& folder) {
   return {median(mine), median(peers)};
 }
 
-}  // namespace
-
-OpenDataFigures timeOpenData(const fs::path& workFolder, const std::string& collection) {
+Pair timeImport(const fs::path& workFolder, const Sized& collection) {
   const std::string csv = workFolder / "Full.csv";
-  const std::string json = workFolder / "Full.json";
+  toCsv(collection, csv);
+  std::vector<double> ours;
+  std::vector<double> peers;
+  for (int round = 0; round < kRounds; ++round) {
+    ours.push_back(milliseconds([&] { dryRun(collection, csv); }));
+    peers.push_back(milliseconds([&] {
+      readThrough(csv);
+      readThrough(collection.path);
+    }));
+  }
+  fs::remove(csv);
+  return {median(ours), median(peers)};
+}
+
+OpenDataFigures timeOpenData(const fs::path& workFolder, const Sized& collection) {
+  const std::string csv = workFolder / "Full.csv";
   OpenDataFigures figures;
   const double without = peakMib([] {});
   figures.exportMemory = peakMib([&] { toCsv(collection, csv); }) - without;
   figures.importMemory = peakMib([&] { dryRun(collection, csv); }) - without;
-  figures.csv = timeBesideWriting([&] { toCsv(collection, csv); }, csv);
-  figures.json = timeBesideWriting([&] { toJson(collection, json); }, json);
-  fs::remove(json);
-  toCsv(collection, csv);
   constexpr double kibibyte = 1024;
   figures.csvMib = static_cast<double>(fs::file_size(csv)) / (kibibyte * kibibyte);
-  std::vector<double> times;
-  for (int round = 0; round < kRounds; ++round)
-    times.push_back(milliseconds([&] { dryRun(collection, csv); }));
-  constexpr double millisecondsASecond = 1000;
-  figures.rowsASecond = kItems / (median(times) / millisecondsASecond);
-  fs::remove(csv);
-  figures.sqlite = timeSqlite(collection, workFolder);
+  figures.csv = timeCsv(workFolder, collection);
+  figures.json = timeJson(workFolder, collection);
+  figures.import = timeImport(workFolder, collection);
+  figures.sqlite = timeSqlite(workFolder, collection);
   return figures;
 }
 

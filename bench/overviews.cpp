@@ -6,7 +6,6 @@
 #include <stdexcept>
 #include <vector>
 
-#include "collections.h"
 #include "database.h"
 #include "measuring.h"
 #include "median.h"
@@ -28,14 +27,15 @@ RecordTexts texts() { return {builtInChoice, "M/d/yy"}; }
 
 /// A collection that is open, and its index.
 struct Opened {
-  explicit Opened(const std::string& path) { collection.currentPath = path; }
+  explicit Opened(const Sized& sized) : items(sized.items) { collection.currentPath = sized.path; }
 
   void readAll() {
-    index.start(kItems);
+    index.start(items);
     if (index.readOn([] { return false; }) != ReadState::done)
       throw std::runtime_error("the collection could not be read");
   }
 
+  int items;
   DiskFileSystem disk;
   OpenFiles files{disk};
   OpenCollection collection;
@@ -81,7 +81,7 @@ double longestPiece(Opened& opened) {
   constexpr auto budget = std::chrono::milliseconds(20);
   std::vector<double> longest(kRounds);
   for (double& most : longest) {
-    opened.index.start(kItems);
+    opened.index.start(opened.items);
     while (opened.index.state() == ReadState::unfinished)
       most = std::max(most, milliseconds([&] {
                         const auto end = Clock::now() + budget;
@@ -91,7 +91,7 @@ double longestPiece(Opened& opened) {
   return *std::ranges::min_element(longest);
 }
 
-Pair timeOpening(const std::string& collection, const std::string& database) {
+Pair timeOpening(const Sized& collection, const std::string& database) {
   std::vector<double> ours;
   for (int round = 0; round < kRounds; ++round)
     ours.push_back(milliseconds([&] { Opened(collection).readAll(); }));
@@ -120,7 +120,7 @@ Pair timeOrder(Opened& opened, Database& database) {
   const Column& artist = *columnOf(music(), *musicField("Artist"));
   const auto ours = [&] {
     ItemOrder order(artist, texts());
-    readAllItems(opened.files, opened.collection, music(), kItems,
+    readAllItems(opened.files, opened.collection, music(), opened.items,
                  [&](int item, std::span<const std::byte> record) { order.take(item, record); });
     return static_cast<int>(order.order(Direction::up).size());
   };
@@ -132,10 +132,9 @@ Pair timeOrder(Opened& opened, Database& database) {
 
 }  // namespace
 
-OverviewFigures timeOverviews(const std::filesystem::path& workFolder,
-                              const std::string& collection) {
+OverviewFigures timeOverviews(const std::filesystem::path& workFolder, const Sized& collection) {
   const std::string path = workFolder / "Overview.db";
-  Database::make(path, collection);
+  Database::make(path, collection.path);
   readFromDisk(path);
   OverviewFigures figures;
   figures.memory = peakMib([&] { Opened(collection).readAll(); }) - peakMib([] {});
@@ -153,6 +152,19 @@ OverviewFigures timeOverviews(const std::filesystem::path& workFolder,
       timeWord(opened.index, database, "winterlong", "pieces", "winterlong", true);
   figures.order = timeOrder(opened, database);
   return figures;
+}
+
+Pair timeReadingAll(const Sized& collection) {
+  return timeInTurn(
+      [&] {
+        Opened(collection).readAll();
+        return 0;
+      },
+      [&] {
+        readThrough(collection.path);
+        return 0;
+      },
+      false);
 }
 
 }  // namespace quillbox::bench

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 
+#include "collections.h"
 #include "steps.h"
 
 namespace quillbox::bench {
@@ -20,7 +21,9 @@ struct OverviewFigures {
   Pair order;               ///< by the artist, read from the file
 };
 
-OverviewFigures timeOverviews(const std::filesystem::path& workFolder,
-                              const std::string& collection);
+OverviewFigures timeOverviews(const std::filesystem::path& workFolder, const Sized& collection);
+
+/// The milliseconds of reading all items, beside reading the file once and no more.
+Pair timeReadingAll(const Sized& collection);
 
 }  // namespace quillbox::bench

@@ -1,9 +1,9 @@
 #include "searches.h"
 
+#include <functional>
 #include <stdexcept>
 #include <vector>
 
-#include "collections.h"
 #include "database.h"
 #include "measuring.h"
 #include "median.h"
@@ -46,15 +46,29 @@ std::string statementFor(const std::vector<Entered>& inputs, std::vector<std::st
   return statement.append(" LIMIT 1");
 }
 
-Pair timeOne(const std::string& collection, const std::string& database, const MusicRecord& wanted,
-             bool isThere) {
-  const std::vector<Entered> inputs = allTextsOf(wanted);
-  std::vector<std::string> arguments;
-  const std::string statement = statementFor(inputs, arguments);
+MusicRecord lastOf(const Sized& collection) {
   DiskFileSystem files;
   AppState state(files);
-  state.currentPath = collection;
-  state.Count = kItems;
+  state.currentPath = collection.path;
+  MusicRecord last{};
+  CollectionStore(state.files, state, *kindOfExtension("MCS"))
+      .ReadRecord(static_cast<std::int16_t>(collection.items - 1), bytesOf(last));
+  return last;
+}
+
+MusicRecord noneOf(const Sized& collection) {
+  MusicRecord none = lastOf(collection);
+  none.BarCode = "on no sleeve";
+  return none;
+}
+
+/// Times a search beside `peer`, which returns whether it found the item, too.
+Pair timeOne(const Sized& collection, const std::vector<Entered>& inputs, bool isThere,
+             const std::function<bool()>& peer) {
+  DiskFileSystem files;
+  AppState state(files);
+  state.currentPath = collection.path;
+  state.Count = static_cast<std::int16_t>(collection.items);
   const CollectionKind& kind = *kindOfExtension("MCS");
   NoBoard board;
   std::vector<double> ours;
@@ -65,28 +79,36 @@ Pair timeOne(const std::string& collection, const std::string& database, const M
       const Query query(kind, inputs, "M/d/yy");
       agree &= findItem(state.files, state, kind, query, board).has_value() == isThere;
     }));
-    peers.push_back(milliseconds(
-        [&] { agree &= (Database(database).run(statement, arguments) == 1) == isThere; }));
+    peers.push_back(milliseconds([&] { agree &= peer() == isThere; }));
   }
   if (!agree) throw std::runtime_error("the searches found different items");
   return {median(ours), median(peers)};
 }
 
+Pair timeBesideDatabase(const Sized& collection, const std::string& database,
+                        const MusicRecord& wanted, bool isThere) {
+  const std::vector<Entered> inputs = allTextsOf(wanted);
+  std::vector<std::string> arguments;
+  const std::string statement = statementFor(inputs, arguments);
+  return timeOne(collection, inputs, isThere,
+                 [&] { return Database(database).run(statement, arguments) == 1; });
+}
+
 }  // namespace
 
-SearchFigures timeSearches(const std::filesystem::path& workFolder, const std::string& collection) {
+SearchFigures timeSearches(const std::filesystem::path& workFolder, const Sized& collection) {
   const std::string database = workFolder / "Full.db";
-  Database::make(database, collection);
+  Database::make(database, collection.path);
   readFromDisk(database);
-  DiskFileSystem files;
-  AppState state(files);
-  state.currentPath = collection;
-  MusicRecord last{};
-  CollectionStore(state.files, state, *kindOfExtension("MCS"))
-      .ReadRecord(kItems - 1, bytesOf(last));
-  MusicRecord none = last;
-  none.BarCode = "on no sleeve";
-  return {timeOne(collection, database, none, false), timeOne(collection, database, last, true)};
+  return {timeBesideDatabase(collection, database, noneOf(collection), false),
+          timeBesideDatabase(collection, database, lastOf(collection), true)};
+}
+
+Pair timeSearchBesideReading(const Sized& collection) {
+  return timeOne(collection, allTextsOf(noneOf(collection)), false, [&] {
+    readThrough(collection.path);
+    return false;
+  });
 }
 
 }  // namespace quillbox::bench

@@ -3,6 +3,7 @@
 mutants.py core|forms COUNT [SEED]. tools/mutants.sh prepares the copy of the tree it works in, which
 is the current folder."""
 
+import hashlib
 import json
 import os
 import pathlib
@@ -19,9 +20,10 @@ PROGRAMS = {"core": ["core_tests", "form_tests"], "forms": ["form_tests"]}
 FORMS = re.compile(r"src/(forms|panel|shell|platform/qt)/|/frm[^/]*$|src/main\.cpp")
 NOT_HERE = re.compile(r"windows|src/icons/|src/cli/")
 SLOW = 2  # seconds of a test
+RECORDING = 3600  # seconds of all tests of a program at the most
 # Tests of whole programs; nobody knows which lines they reach.
 OTHERS = ["ctest", "--test-dir", BUILD, "-R", "^(cli|samples|examples)$"]
-TEMPORARY = BUILD / "temporary"
+TEMPORARY = pathlib.Path("/tmp/quillbox-mutants")  # a short path, as usual
 ADDRESSES, FILE_SIZE = 16 << 30, 1 << 30  # bytes; a mistake may be that something never ends
 
 EXCHANGED = {
@@ -84,7 +86,7 @@ def all_mistakes(part):
 
 def environment(**more):
     return {**os.environ, "QT_QPA_PLATFORM": "offscreen", "DISPLAY": "", "WAYLAND_DISPLAY": "",
-            "TMPDIR": str(TEMPORARY.resolve()), **more}
+            "TMPDIR": str(TEMPORARY), **more}
 
 
 def ends_well(command, seconds, **more):
@@ -106,6 +108,14 @@ def ends_well(command, seconds, **more):
         return False
 
 
+def state_of_sources():
+    found = hashlib.sha256()
+    for folder in ("src", "tests"):
+        for path in sorted(path for path in pathlib.Path(folder).rglob("*") if path.is_file()):
+            found.update(str(path).encode() + path.read_bytes())
+    return found.hexdigest()
+
+
 def builds(target):
     return subprocess.run(["cmake", "--build", BUILD, "--target", target],
                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
@@ -119,10 +129,15 @@ class Tests:
         self.seconds = {}  # of each test
         self.reaching = {}  # file -> line -> names of tests
         listing, record = BUILD / f"{program}.json", BUILD / f"{program}.reached"
-        if not ends_well([self.program, f"--gtest_output=json:{listing}"], 1800, QUILLBOX_REACHED=str(record)):
-            sys.exit(f"{program} fails as it is.")
+        stamp = BUILD / f"{program}.stamp"
+        if not stamp.exists() or stamp.read_text() != state_of_sources():
+            command = [self.program, f"--gtest_output=json:{listing}"]
+            if not ends_well(command, RECORDING, QUILLBOX_REACHED=str(record)):
+                sys.exit(f"{program} fails as it is.")
+            stamp.write_text(state_of_sources())
+        suites = json.loads(listing.read_text())["testsuites"]
         self.files = {f"{suite['name']}.{test['name']}": pathlib.Path(test["file"])
-                      for suite in json.loads(listing.read_text())["testsuites"] for test in suite["testsuite"]}
+                      for suite in suites for test in suite["testsuite"]}
         names_of = {}  # offset -> names
         with record.open() as lines:
             for line in lines:
@@ -152,7 +167,8 @@ class Tests:
             names = set().union(*(reached[line] for line in blocks))
         else:
             names = set().union(*(reached[line] for line in blocks if line in (number, max(blocks))))
-        is_function = re.search(r"\) (const )?(noexcept )?(override )?[:{]", " ".join(lines[first - 1:number]))
+        start = " ".join(lines[first - 1:number])
+        is_function = re.search(r"\) (const )?(noexcept )?(override )?[:{]", start)
         return set(self.seconds) if "*" in names or not (blocks or is_function) else names
 
     def notice(self, path, number):
@@ -161,7 +177,8 @@ class Tests:
         quick = {name for name in names if self.seconds[name] < SLOW}
         own = {name for name in quick if self.files[name].stem.startswith(path.stem)}
         beside = {name for name in quick - own if self.files[name].parent.name == path.parent.name}
-        return any(group and not self.pass_(group) for group in (own, beside, quick - own - beside, names - quick))
+        groups = (own, beside, quick - own - beside, names - quick)
+        return any(group and not self.pass_(group) for group in groups)
 
     def pass_(self, names):
         flags = BUILD / "flags"
