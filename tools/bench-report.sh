@@ -9,16 +9,23 @@ case "$saved" in
 esac
 cd "$(dirname "$0")/.."
 . tools/setup.sh
+. tools/display.sh
 
 if [ -z "$saved" ]; then
   # shellcheck disable=SC2086 # the lists are meant to be split
   need $packages_to_build $packages_to_bench python3
   build bench
+  build bench quillbox-cli
   saved=build/release/bench/report.txt
   build/release/bench/bench >"$saved" || {
     cat "$saved" >&2
     exit 1
   }
+  if command -v tellico xdotool Xvfb openbox >/dev/null; then
+    start_display
+    echo >>"$saved"
+    tools/bench_others.py build/release >>"$saved"
+  fi
 fi
 tools/bench_table.py "$saved" docs/performance.md
 git diff --stat -- docs/performance.md

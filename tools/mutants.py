@@ -156,28 +156,30 @@ class Tests:
                 lines.setdefault(int(line), set()).update(names_of[offset])
 
     def that_reach(self, path, number):
-        """Those that may run line `number` (from 1) of a file: all of them where that cannot be said."""
+        """Those that may run line `number` (from 1) of a file. None where that cannot be said: of a
+        table, of what is computed by the compiler, of what no test runs."""
         lines = path.read_text().splitlines()
         first = number  # of the function or table that the line is in
         while first > 1 and not re.match(r"[\w~]", lines[first - 1]):
             first -= 1
         reached = self.reaching.get(str(path), {})
         blocks = [line for line in reached if first <= line <= number]
-        if any(re.match(r" +static ", line) for line in lines[first - 1:number]):
-            names = set().union(*(reached[line] for line in blocks))
-        else:
-            names = set().union(*(reached[line] for line in blocks if line in (number, max(blocks))))
-        start = " ".join(lines[first - 1:number])
-        is_function = re.search(r"\) (const )?(noexcept )?(override )?[:{]", start)
-        return set(self.seconds) if "*" in names or not (blocks or is_function) else names
+        if not any(re.match(r" +static ", line) for line in lines[first - 1:number]):
+            blocks = [line for line in blocks if line in (number, max(blocks))]
+        names = set().union(*(reached[line] for line in blocks))
+        return names if names and "*" not in names else None
 
-    def notice(self, path, number):
+    def notice(self, path, number, with_slow):
         """Runs those that reach a line: of its file first, then those beside them, slow ones last."""
-        names = self.that_reach(path, number)
+        reaching = self.that_reach(path, number)
+        names = reaching or set(self.seconds)
         quick = {name for name in names if self.seconds[name] < SLOW}
         own = {name for name in quick if self.files[name].stem.startswith(path.stem)}
         beside = {name for name in quick - own if self.files[name].parent.name == path.parent.name}
-        groups = (own, beside, quick - own - beside, names - quick)
+        slow = {}  # of each, one kind of collection has to do
+        if reaching and with_slow:
+            slow = {re.sub(r"/\w+$", "", name): name for name in reaching - quick}
+        groups = (own, beside, quick - own - beside, set(slow.values()))
         return any(group and not self.pass_(group) for group in groups)
 
     def pass_(self, names):
@@ -198,10 +200,13 @@ def main():
     print(f"seed {seed}, {len(candidates)} places in {part}", flush=True)
 
     def is_noticed(path, number):
-        for program in tests:
-            if not builds(program) or tests[program].notice(path, number):
-                return True
-        return part == "core" and (not builds("all") or not ends_well(OTHERS, 600))
+        own, *others = tests
+        if tests[own].notice(path, number, with_slow=True):
+            return True
+        if part == "core" and (not builds("all") or not ends_well(OTHERS, 600)):
+            return True
+        # What only a long walk through a form notices wants a test of its own.
+        return any(tests[program].notice(path, number, with_slow=False) for program in others)
 
     planted = noticed = 0
     for path, number, what, changed in candidates:
@@ -219,6 +224,7 @@ def main():
                 noticed += 1
             else:
                 print(f"{path}:{number}: {what}: {changed.strip()}", flush=True)
+            print(f"{noticed} of {planted}", end="\r", file=sys.stderr, flush=True)
         finally:
             path.write_text(before)
     print(f"{noticed} of {planted} noticed")

@@ -465,7 +465,7 @@ TEST_F(MediaLoaderTest, EachNameIsALineAndAStep) {
   EXPECT_TRUE(board_.others.empty());
 }
 
-TEST_F(MediaLoaderTest, TheCatalogueIsReadOnceHoweverManyFilesAreFound) {
+TEST_F(MediaLoaderTest, TheCatalogueIsReadAndWrittenInBlocks) {
   constexpr int existing = 1'000;
   constexpr int found = 2'000;
   std::vector<MediaFileRecord> records;
@@ -476,9 +476,9 @@ TEST_F(MediaLoaderTest, TheCatalogueIsReadOnceHoweverManyFilesAreFound) {
   files_.forget();
   load(names);
   EXPECT_EQ(state_.Count, existing + found);
-  EXPECT_LE(files_.countOf(FileOperation::read), existing + 1);
+  EXPECT_EQ(files_.countOf(FileOperation::read), 3) << "the header, two blocks of items";
   EXPECT_EQ(files_.countOf(FileOperation::open), 1);
-  EXPECT_EQ(files_.countOf(FileOperation::write), 2 * found) << "item and header";
+  EXPECT_EQ(files_.countOf(FileOperation::write), 2 * 3) << "three blocks, each with its header";
   EXPECT_EQ(files_.countOf(FileOperation::close), 1);
   EXPECT_EQ(text(item(existing + found).FileName), "new1999.wav");
   files_.forget();
