@@ -58,11 +58,11 @@ void addFiles(RecordFile& file, const CollectionKind& kind, const std::string& f
       continue;
     }
     record.FilePath = fromUtf8(folder);
-    record.FileSize = 0;  // never measured
+    record.FileSize = 0;  // never filled in
     record.Description = "";
     const std::int16_t count = checked16(loaded.count + 1);
     header.Count = count;
-    // The item first: a header that counts it is never without it.
+    // The item first: a header never counts an item that is not written.
     file.write(recordNumberOf(count), bytesOf(record));
     file.write(kHeaderRecordNumber, bytesOf(header));
     loaded.count = count;
@@ -108,7 +108,7 @@ LoadedFiles loadFiles(OpenFiles& files, const OpenCollection& collection,
     file.close();
   } catch (const RunTimeError& error) {
     loaded.failure = error;
-    // A header that was written in part may count the last item already.
+    // A partly written header may already count the last item.
     ignoringErrors([&] { loaded.count = CollectionStore(files, collection, kind).readCount(); });
   }
   return loaded;
