@@ -69,7 +69,7 @@ LoadFigures timeLoads(const fs::path& workFolder) {
   const std::string empty = workFolder / "Empty.WCS";
   const std::string catalogue = workFolder / "Sounds.WCS";
   makeFiles(folder);
-  peakMib([&] { makeCatalogue(empty); });  // elsewhere, so that this process stays small
+  peakMib([&] { makeCatalogue(empty); });  // in another process, so that this one stays small
   const auto fresh = [&] { fs::copy_file(empty, catalogue, fs::copy_options::overwrite_existing); };
   fresh();
   const double without = peakMib([] {});

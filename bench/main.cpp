@@ -1,6 +1,6 @@
-// Times Quillbox beside the least that the same work takes: bench [--runs N]
+// Compares Quillbox with the minimum that the same work takes: bench [--runs N]
 //
-// It is no test: a goal that is missed is printed, and only what could not be run is a failure.
+// It is not a test: a missed goal is printed, and only what could not be run is a failure.
 
 #include <array>
 #include <charconv>
@@ -46,7 +46,7 @@ std::string goalText(const std::string& goal, bool met) {
   return goal + (met ? ", met" : ", MISSED");
 }
 
-/// `format` is that of the two medians, after they were divided by `unit`.
+/// `format` is for the two medians, divided by `unit`.
 void printRatio(const char* name, const Pair& pair, const char* format, double unit,
                 double mostAllowed) {
   const double ratio = pair.quillbox / pair.peer;
@@ -77,7 +77,7 @@ void printHeader(const std::string& collection, int runs) {
 
 void printSort(const SortFigures& sort) {
   constexpr double fewestTimes = 50;
-  constexpr int fewestItemsOfTheGoal = 2'000;  // of fewer the flush to the disk takes the most
+  constexpr int fewestItemsOfTheGoal = 2'000;  // with fewer, flushing to the disk dominates
   const std::string name = "sort " + std::to_string(sort.items);
   const double times = sort.exchange.peer / sort.exchange.quillbox;
   const bool hasGoal = sort.items >= fewestItemsOfTheGoal;
@@ -111,7 +111,7 @@ void printOverviews(const OverviewFigures& overviews) {
   printRow("all items, read", formatted("%.1f ms", overviews.open.quillbox),
            formatted("%.0f ms", overviews.open.peer),
            formatted("%.3f", overviews.open.quillbox / overviews.open.peer), "none");
-  // The last item of a piece is begun within its time.
+  // The last item of a piece begins within its time.
   printRow(
       "  longest piece", formatted("%.2f ms", overviews.longestPiece), "", "",
       goalText(formatted("<= %.0f ms", mostForAPiece), overviews.longestPiece < mostForAPiece + 1));
@@ -125,7 +125,7 @@ void printOverviews(const OverviewFigures& overviews) {
   printRatio("order by a column", overviews.order, "%.1f ms", 1, 1);
 }
 
-/// Everything that is measured, in one run.
+/// All measurements of one run.
 struct Figures {
   StepTimes steps;
   ItemFigures items;
@@ -221,7 +221,7 @@ void runAll(int runs) {
   figures.loads = timeLoads(folder.path());
   const auto programs = std::filesystem::read_symlink("/proc/self/exe").parent_path();
   figures.starts = timeStarts(programs, folder.path(), full, runs);
-  // After the starts, whose memory is measured by a process that must still be small.
+  // After the starts, because memory is measured by a process that must still be small.
   figures.searches = timeSearches(folder.path(), full);
   figures.overviews = timeOverviews(folder.path(), full);
   figures.listings = timeListings(folder.path(), full);
@@ -232,7 +232,7 @@ void runAll(int runs) {
   printTable(figures);
 }
 
-/// The number behind --runs; 0 when the command line is not understood.
+/// The number after --runs; 0 when the command line is not valid.
 int runsOf(int argc, char** argv) {
   if (argc == 1) return kFewestRuns;
   if (argc != 3 || std::string_view(argv[1]) != "--runs") return 0;

@@ -9,15 +9,15 @@ namespace quillbox::bench {
 
 struct OpenDataFigures {
   Pair csv;                 ///< milliseconds, beside writing the same bytes
-  Pair json;                ///< milliseconds, likewise
+  Pair json;                ///< milliseconds, in the same way
   Pair sqlite;              ///< milliseconds, beside inserting the same rows
   double rowsASecond = 0;   ///< of a dry run of an import
-  double exportMemory = 0;  ///< MiB at the peak, above what the process has anyway, of CSV
+  double exportMemory = 0;  ///< MiB at the peak of a CSV export, on top of the process itself
   double importMemory = 0;  ///< of that dry run
   double csvMib = 0;        ///< MiB of text
 };
 
-/// Takes a full music collection out in each format, and in again.
+/// Exports a full music collection in each format, and imports it again.
 OpenDataFigures timeOpenData(const std::filesystem::path& workFolder,
                              const std::string& collection);
 

@@ -9,11 +9,11 @@ namespace quillbox::bench {
 
 struct SearchFigures {
   Pair miss;  ///< milliseconds
-  Pair hit;   ///< milliseconds, on the last item but one
+  Pair hit;   ///< milliseconds, for the last item but one
 };
 
-/// Searches a full music collection by all of its texts, opening it each time, beside the same
-/// condition as a scan of a database table of the same rows.
+/// Searches a full music collection by all of its texts, opening it each time, compared with the
+/// same condition on a database table of the same rows.
 SearchFigures timeSearches(const std::filesystem::path& workFolder, const std::string& collection);
 
 }  // namespace quillbox::bench
