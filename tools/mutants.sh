@@ -1,5 +1,5 @@
 #!/bin/sh
-# Plants small mistakes at random in a copy of src/, one at a time, and names those that no test
+# Plants small mistakes at random in a copy of src/, one at a time, and prints those that no test
 # notices: mutants.sh core|forms COUNT [SEED]. The copy, build/mutants, is of the last commit.
 set -eu
 cd "$(dirname "$0")/.."
@@ -12,6 +12,6 @@ rm -rf "$copy/src"
 mkdir -p "$copy"
 git archive HEAD | tar -x -C "$copy"
 cd "$copy"
-# Warnings are no errors here: a mistake may leave a name unused.
+# Warnings are not errors here: a mistake may leave a name unused.
 cmake --preset dev -B build -DCMAKE_COMPILE_WARNING_AS_ERROR=OFF >/dev/null
 exec python3 tools/mutants.py "$@"
