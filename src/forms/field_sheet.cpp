@@ -14,6 +14,7 @@
 #include <cassert>
 #include <utility>
 
+#include "forms/accessible_role.h"
 #include "forms/live_hint.h"
 #include "forms/qt_text.h"
 #include "platform/run_time_error.h"
@@ -31,6 +32,7 @@ QWidget* makeHeading(const HeadingRow& heading) {
   auto* line = new QFrame;
   line->setFrameShape(QFrame::HLine);
   line->setFrameShadow(QFrame::Sunken);
+  setAccessibleRole(*line, QAccessible::Separator);
   row->setContentsMargins(0, heading.row == 0 ? 0 : row->spacing(), 0, 0);
   row->addWidget(title);
   row->addWidget(line, 1);

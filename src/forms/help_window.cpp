@@ -9,6 +9,7 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "forms/accessible_role.h"
 #include "forms/controls.h"
 #include "forms/help_page.h"
 #include "forms/icons.h"
@@ -38,6 +39,7 @@ QString inWords(HelpPage::Found found, bool backward) {
 HelpWindow::HelpWindow(WindowPlaces* places) : places_(places), page_(new HelpPage) {
   setObjectName(QStringLiteral("frmHelp"));
   setWindowTitle(QStringLiteral("Quillbox Help"));
+  setAccessibleRole(*this, QAccessible::Window);
   nameControl(*page_, QStringLiteral("txtPage"), QStringLiteral("Help page"));
   auto* column = new QVBoxLayout(this);
   makeButtons();

@@ -1,5 +1,6 @@
 #include "forms/help_window.h"
 
+#include <QAccessible>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -103,6 +104,14 @@ TEST_F(HelpTest, IsCalledQuillboxHelpOnEveryPage) {
   EXPECT_EQ(window()->windowTitle(), "Quillbox Help");
   browser().setSource(browser().source().resolved(QUrl("sort.md")));
   EXPECT_EQ(window()->windowTitle(), "Quillbox Help");
+}
+
+TEST_F(HelpTest, IsAWindowToAssistiveTechnology) {
+  start();
+  choose("ContentBegin");
+  auto* spoken = QAccessible::queryAccessibleInterface(window());
+  EXPECT_EQ(spoken->role(), QAccessible::Window);
+  EXPECT_EQ(spoken->text(QAccessible::Name), "Quillbox Help");
 }
 
 TEST_F(HelpTest, GoesBackAndForward) {

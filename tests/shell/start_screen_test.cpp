@@ -297,6 +297,8 @@ TEST_F(FullStartScreen, SaysByTheKeyboardAndToAssistiveTechnologyWhatItPutsBack)
   start();
   EXPECT_EQ(button("cmdNotice_0").accessibleName(), "Put Back");
   EXPECT_EQ(button("cmdNotice_0").accessibleDescription(), "shelf.BCS lies in shelf.bak: 1 book");
+  auto* line = QAccessible::queryAccessibleInterface(button("cmdNotice_0").parentWidget());
+  EXPECT_EQ(line->role(), QAccessible::Grouping);
   EXPECT_EQ(control<ElidedLabel>("lblNotice_0").accessibleName(),
             "shelf.BCS lies in shelf.bak: 1 book");
   form().activateWindow();
