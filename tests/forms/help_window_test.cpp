@@ -143,12 +143,12 @@ TEST_F(HelpTest, IsNoFormOfItsOwn) {
   open("MCS");
   choose("MusicContents");
   choose("ExitCollection");
-  // The desktop is empty but for the help, so the start screen comes up.
+  // Apart from help the desktop is empty, so the start screen appears.
   EXPECT_EQ(formName(), "frmBegin2");
   EXPECT_EQ(helpPage(), "music.md");
 }
 
-/// The line that looks for a text on the page, worked with keys.
+/// The line for searching the page, worked with keys.
 class HelpFind : public HelpTest {
  protected:
   HelpFind() {
@@ -251,7 +251,7 @@ TEST_F(HelpFind, WithoutATextTheKeyAsksForOne) {
   EXPECT_TRUE(line().hasFocus());
 }
 
-/// Letters in other sizes.
+/// Letters of other sizes.
 using HelpZoom = HelpFind;
 
 TEST_F(HelpZoom, ItsKeysEnlargeShrinkAndReset) {

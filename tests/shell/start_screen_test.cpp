@@ -1,5 +1,5 @@
-// What the start screen shows beside its commands: recent collections, those that lie under their
-// backup's name, and the file that the command line did not open.
+// What the start screen shows besides its commands: recent collections, those under their backup's
+// name, and a file on the command line that was not opened.
 
 #include <QAccessible>
 
@@ -57,7 +57,7 @@ class FullStartScreen : public FormTest {
     QApplication::processEvents();
   }
 
-  /// The lines there are, each with its button's caption in brackets.
+  /// The lines shown, each with its button's caption in brackets.
   std::vector<std::string> notices() {
     std::vector<std::string> texts;
     for (int element = 0;; ++element) {
