@@ -56,10 +56,10 @@ void makeCollection(const std::string& path, int count,
   CollectionStore(state.files, state, kind)
       .WriteHeader(count, kind.rules.fileType, OpenMode::create);
 
-  // Not item by item through the store, which would look for a deleted slot each time.
+  // Not item by item through the store, which would scan for a deleted slot each time.
   RecordFile file(state.files, path, kind.recordLength, OpenMode::update);
   for (int item = 1; item <= count; ++item) file.write(recordNumberOf(item), bytesOf(itemAt(item)));
-  file.flush();  // nothing is left to be written back while something is timed
+  file.flush();  // nothing is left to be written while something is timed
   file.close();
   readFromDisk(path);
 }

@@ -19,17 +19,17 @@ struct Sized {
 /// Makes a music collection of `count` items with every field filled in.
 Sized makeFullCollection(const std::string& path, int count = kItems);
 
-/// Makes one of `count` items in no order, every field filled in.
+/// Creates one of `count` items in random order, with every field filled in.
 void makeMixedCollection(const std::string& path, int count);
 
 /// A full collection with every item between the first and the last deleted.
 void makeDeletedCollection(const std::string& path);
 
-/// Reads the file from front to back by bare system calls.
+/// Reads the file from beginning to end with bare system calls.
 void readThrough(const std::string& path);
 
-/// Leaves the file in the system's cache as it comes from the disk, which is how a user's file is
-/// found there: in larger pieces than record by record, or row by row, as it was written.
+/// Leaves the file in the system's cache as if read from the disk, which is how a user's file gets
+/// there: in larger pieces than when it is written by records or rows.
 void readFromDisk(const std::string& path);
 
 }  // namespace quillbox::bench

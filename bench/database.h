@@ -8,17 +8,17 @@ struct sqlite3;
 
 namespace quillbox::bench {
 
-/// A music collection as a table of a relational database, the peer of searching and sorting: a
-/// column for each field, one for each song, texts without the blanks that pad them.
+/// A music collection as a table of a relational database, the peer for searching and sorting: a
+/// column for each field, one for each song, texts without padding.
 class Database {
  public:
-  /// Makes the database file from the items of a collection.
+  /// Creates the database file from the items of a collection.
   static void make(const std::string& path, const std::string& collection);
 
   explicit Database(const std::string& path);
 
-  /// Runs a statement with text arguments and reads every column of every row it gives; returns how
-  /// many rows that were.
+  /// Runs a statement with text arguments and reads every column of its rows; returns the number of
+  /// rows.
   int run(const std::string& statement, const std::vector<std::string>& arguments = {});
 
  private:

@@ -9,7 +9,7 @@
 
 namespace quillbox::bench {
 
-/// Calls `painted` for every window when its first painting is over.
+/// Calls `painted` for every window after its first painting.
 class FirstPaint : public QObject {
  public:
   using Painted = std::function<void(QWidget& window)>;
@@ -22,7 +22,7 @@ class FirstPaint : public QObject {
     if (event->type() == QEvent::Paint && watched->isWidgetType()) {
       QWidget* window = static_cast<QWidget*>(watched)->window();
       if (window->isVisible() && std::exchange(last_, window) != window)
-        // All of a window is painted at once; the event loop comes back when that is done.
+        // A window is painted as a whole; the event loop continues when that is done.
         QTimer::singleShot(0, window, [this, window] { painted_(*window); });
     }
     return QObject::eventFilter(watched, event);

@@ -13,12 +13,12 @@ struct ItemFigures {
   Pair write;  ///< microseconds, an item in place and its header
 };
 
-/// Opens a music collection and writes an item into it, beside bare system calls that read and
-/// write the same bytes.
+/// Opens a music collection and writes an item, compared with bare system calls that read and write
+/// the same bytes.
 ItemFigures timeItems(const std::string& collection);
 
-/// A kind's export beside reading the collection and writing the same text by bare system calls, in
-/// milliseconds.
+/// A kind's export compared with reading the collection and writing the same text with bare system
+/// calls, in milliseconds.
 struct ExportFigures {
   std::string kind;
   Pair time;

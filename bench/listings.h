@@ -14,12 +14,12 @@ struct ListingFigures {
   Pair exporting;        ///< milliseconds
   double listedMib = 0;  ///< MiB of text
   double exportedMib = 0;
-  double listingMemory = 0;  ///< MiB at the peak, above what the process has anyway
+  double listingMemory = 0;  ///< MiB at the peak, on top of the process itself
   double exportMemory = 0;
 };
 
-/// The milliseconds of work that makes the file `path`, and of writing the same bytes straight to
-/// it after `before`.
+/// The milliseconds of work that creates the file `path`, and of writing the same bytes directly
+/// after `before`.
 Pair timeBesideWriting(
     const std::function<void()>& work, const std::string& path,
     const std::function<void()>& before = [] {});
@@ -27,7 +27,7 @@ Pair timeBesideWriting(
 inline constexpr int kItemsOnPaper = 2'000;
 
 /// The milliseconds of printing kItemsOnPaper items of a music collection as a PDF document, and of
-/// drawing the same lines bare, by the program bench_print_pdf in the folder `programs`.
+/// drawing the same lines directly, by the program bench_print_pdf in the folder `programs`.
 Pair timePdf(const std::filesystem::path& programs, const std::filesystem::path& workFolder,
              const std::string& collection);
 

@@ -11,7 +11,7 @@ inline constexpr int kItemsBefore = 10'000;
 
 struct LoadFigures {
   Pair time;          ///< milliseconds
-  double memory = 0;  ///< MiB that loading takes at its peak, above what the process has anyway
+  double memory = 0;  ///< MiB at the peak of loading, on top of the process itself
 };
 
 /// Loads a folder of `files` files into a catalogue of `itemsBefore`. The peer lists the folder and

@@ -1,6 +1,6 @@
-// Times Quillbox beside the least that the same work takes: bench [--runs N]
+// Compares Quillbox with the minimum that the same work takes: bench [--runs N]
 //
-// It is no test: a goal that is missed is printed, and only what could not be run is a failure.
+// It is not a test: a missed goal is printed, and only what could not be run is a failure.
 
 #include <array>
 #include <charconv>
@@ -47,7 +47,7 @@ std::string goalText(const std::string& goal, bool met) {
   return goal + (met ? ", met" : ", MISSED");
 }
 
-/// `format` is that of the two medians, after they were divided by `unit`.
+/// `format` is for the two medians, divided by `unit`.
 void printRatio(const char* name, const Pair& pair, const char* format, double unit,
                 double mostAllowed) {
   const double ratio = pair.quillbox / pair.peer;
@@ -78,7 +78,7 @@ void printHeader(const std::string& collection, int runs) {
 
 void printSort(const SortFigures& sort) {
   constexpr double fewestTimes = 50;
-  constexpr int fewestItemsOfTheGoal = 2'000;  // of fewer the flush to the disk takes the most
+  constexpr int fewestItemsOfTheGoal = 2'000;  // with fewer, flushing to the disk dominates
   const std::string name = "sort " + std::to_string(sort.items);
   const double times = sort.exchange.peer / sort.exchange.quillbox;
   const bool hasGoal = sort.items >= fewestItemsOfTheGoal;
@@ -112,7 +112,7 @@ void printOverviews(const OverviewFigures& overviews) {
   printRow("all items, read", formatted("%.1f ms", overviews.open.quillbox),
            formatted("%.0f ms", overviews.open.peer),
            formatted("%.3f", overviews.open.quillbox / overviews.open.peer), "none");
-  // The last item of a piece is begun within its time.
+  // The last item of a piece begins within its time.
   printRow(
       "  longest piece", formatted("%.2f ms", overviews.longestPiece), "", "",
       goalText(formatted("<= %.0f ms", mostForAPiece), overviews.longestPiece < mostForAPiece + 1));
@@ -126,7 +126,7 @@ void printOverviews(const OverviewFigures& overviews) {
   printRatio("order by a column", overviews.order, "%.1f ms", 1, 1);
 }
 
-/// Everything that is measured, in one run.
+/// All measurements of one run.
 struct Figures {
   StepTimes steps;
   ItemFigures items;
@@ -250,7 +250,7 @@ void runAll(int runs) {
   printGrowth(timeGrowth(folder.path()));
 }
 
-/// The number behind --runs; 0 when the command line is not understood.
+/// The number after --runs; 0 when the command line is not valid.
 int runsOf(int argc, char** argv) {
   if (argc == 1) return kFewestRuns;
   if (argc != 3 || std::string_view(argv[1]) != "--runs") return 0;

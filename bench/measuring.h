@@ -4,10 +4,10 @@
 
 namespace quillbox::bench {
 
-/// How long the work takes.
+/// The duration of the work.
 double milliseconds(const std::function<void()>& work);
 
-/// The most memory, in MiB, that a process holds that does the work and nothing else.
+/// The peak memory, in MiB, of a process that does only this work.
 double peakMib(const std::function<void()>& work);
 
 }  // namespace quillbox::bench

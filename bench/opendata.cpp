@@ -102,7 +102,7 @@ void dryRun(const Sized& collection, const std::string& csv) {
   });
 }
 
-/// A database's rows in memory, to be inserted into another one by bare calls.
+/// A database's rows in memory, to be inserted into another one directly.
 class Rows {
  public:
   explicit Rows(const std::string& path) {

@@ -10,7 +10,7 @@ namespace quillbox::bench {
 
 struct OpenDataFigures {
   Pair csv;                 ///< milliseconds, beside writing the same bytes
-  Pair json;                ///< milliseconds, likewise
+  Pair json;                ///< milliseconds, in the same way
   Pair sqlite;              ///< milliseconds, beside inserting the same rows
   Pair import;              ///< milliseconds of a dry run, beside reading the text and the items
   double exportMemory = 0;  ///< MiB at the peak, above what the process has anyway, of CSV

@@ -25,7 +25,7 @@ const CollectionKind& music() { return *kindOfExtension("MCS"); }
 
 RecordTexts texts() { return {builtInChoice, "M/d/yy"}; }
 
-/// A collection that is open, and its index.
+/// An open collection, and its index.
 struct Opened {
   explicit Opened(const Sized& sized) : items(sized.items) { collection.currentPath = sized.path; }
 
@@ -42,7 +42,7 @@ struct Opened {
   ItemIndex index{files, collection, music(), texts()};
 };
 
-/// All texts of a row, one behind the other.
+/// All texts of a row, one after another.
 std::string allTexts() {
   std::string all;
   for (const Field& field : kMusicFields)
@@ -74,8 +74,7 @@ Pair timeInTurn(const std::function<int()>& ours, const std::function<int()>& pe
   return {median(times), median(peers)};
 }
 
-/// The longest of the pieces that are to take 20 ms, where the machine's other work disturbed
-/// least.
+/// The longest of the pieces meant to take 20 ms, in the least disturbed round.
 double longestPiece(Opened& opened) {
   using Clock = std::chrono::steady_clock;
   constexpr auto budget = std::chrono::milliseconds(20);
@@ -101,7 +100,7 @@ Pair timeOpening(const Sized& collection, const std::string& database) {
   return {median(ours), filled};
 }
 
-/// Each time by a filter that has found nothing before.
+/// Each time with a filter that has found nothing before.
 Pair timeWord(const ItemIndex& index, Database& database, const std::string& word,
               const std::string& table, const std::string& match, bool agree) {
   const auto ours = [&] {

@@ -8,16 +8,16 @@
 
 namespace quillbox::bench {
 
-/// Looking at all items of a full music collection at once, in milliseconds where nothing else is
-/// said, beside a database of the same rows.
+/// Work on all items of a full music collection, in milliseconds unless noted, compared with a
+/// database of the same rows.
 struct OverviewFigures {
   Pair open;                ///< reading all items, beside filling a full-text table
-  double longestPiece = 0;  ///< of that reading, in pieces that are to take 20 ms
-  double memory = 0;        ///< MiB, of the texts and all beside them
+  double longestPiece = 0;  ///< of that reading, in pieces meant to take 20 ms
+  double memory = 0;        ///< MiB, of the texts and everything besides
   double texts = 0;         ///< MiB
   Pair firstKey;            ///< a letter, beside words that begin with it
-  Pair rareWord;            ///< a word of one album, in nothing that was found before
-  Pair missingWord;         ///< a word of none, of letters that are everywhere
+  Pair rareWord;            ///< a word of one album, searched for in all items
+  Pair missingWord;         ///< a word of none, made of frequent letters
   Pair order;               ///< by the artist, read from the file
 };
 

@@ -1,7 +1,7 @@
-// Prints the listing of a music collection as a PDF document, and beside it the same lines drawn
-// with nothing between them and the toolkit: bench_print_pdf COLLECTION COUNT
+// Prints the listing of a music collection as a PDF document, and draws the same lines directly
+// with the toolkit: bench_print_pdf COLLECTION COUNT
 //
-// Prints the two medians in milliseconds. The documents are made in the current folder.
+// Prints the two medians in milliseconds. The documents are created in the current folder.
 
 #include <QGuiApplication>
 #include <QPainter>
@@ -26,7 +26,7 @@ using namespace quillbox;
 constexpr int kRounds = 5;
 constexpr double kPitch = 10;  // points
 
-/// Keeps the pages that a listing comes to.
+/// Keeps the pages of a listing.
 class KeptPages : public Printer {
  public:
   std::vector<std::string> pages;

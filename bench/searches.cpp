@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kRounds = 31;
 
-/// What a user types who looks for exactly this record: all texts but the songs, and its flags.
+/// What a user types to find exactly this record: all texts except the songs, and its flags.
 std::vector<Entered> allTextsOf(const MusicRecord& record) {
   std::vector<Entered> inputs;
   for (const Field& field : kMusicFields) {

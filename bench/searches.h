@@ -10,7 +10,7 @@ namespace quillbox::bench {
 
 struct SearchFigures {
   Pair miss;  ///< milliseconds
-  Pair hit;   ///< milliseconds, on the last item but one
+  Pair hit;   ///< milliseconds, for the last item but one
 };
 
 /// Searches a full music collection by all of its texts, opening it each time, beside the same

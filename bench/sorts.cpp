@@ -63,7 +63,7 @@ bool exchangeWholeRecords(const Field& key, std::vector<MusicRecord>& records) {
   return exchanged;
 }
 
-/// How often each key's series repeats, from the last key to the first.
+/// The number of passes of each key's series, from the last key to the first.
 std::vector<int> repetitionsOf(const std::vector<MusicRecord>& records) {
   SortSlots slots(static_cast<int>(records.size()), sizeof(MusicRecord));
   for (int slot = 1; slot <= slots.count(); ++slot)
@@ -79,7 +79,7 @@ std::vector<int> repetitionsOf(const std::vector<MusicRecord>& records) {
   return all;
 }
 
-/// Milliseconds of the peer; of a large collection a few repetitions of each series are run.
+/// The milliseconds of the peer; for a large collection only a few passes of each series are run.
 double timePeer(std::vector<MusicRecord> records, bool whole) {
   const std::vector<int> repetitions = repetitionsOf(records);
   const auto keys = sortRulesOf(music()).keys;
@@ -132,7 +132,7 @@ SortFigures timeOne(const fs::path& folder, int count) {
 }  // namespace
 
 std::vector<SortFigures> timeSorts(const fs::path& workFolder) {
-  // One at a time in a folder of its own, so that a backup never meets another one's.
+  // One at a time in a folder of its own, so that backups do not collide.
   std::vector<SortFigures> all;
   for (const int size : kSizes) {
     const fs::path folder = workFolder / ("sort" + std::to_string(size));

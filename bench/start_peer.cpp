@@ -1,5 +1,5 @@
-// Shows an empty window and ends when it has been painted: what any program of this toolkit takes.
-// With --form the window has as many plain controls as the music editor.
+// Shows an empty window and exits when it has been painted: the minimum for any program of this
+// toolkit. With --form the window has as many plain controls as the music editor.
 
 #include <QCheckBox>
 #include <QComboBox>

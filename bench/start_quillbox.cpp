@@ -1,4 +1,4 @@
-// Starts Quillbox as its main program does and ends when the editor has been painted:
+// Starts Quillbox as its main program does and exits when the editor has been painted:
 // bench_start_quillbox [--with-box] COLLECTION
 //
 // The start-up box is answered without being shown, or with --with-box shown and pressed.
@@ -23,7 +23,7 @@ namespace {
 
 using namespace quillbox;
 
-/// The real desktop, but for a user who answers at once.
+/// The real desktop, with a user who answers at once.
 class AnsweringDesktop : public QtDesktop {
  public:
   explicit AnsweringDesktop(bool showsBoxes) : showsBoxes_(showsBoxes) {}
@@ -42,7 +42,7 @@ void pressDefaultButton(QMessageBox& box) {
   if (button != nullptr) button->click();
 }
 
-/// Ends well only when an item is shown; anything else is not the start that is to be timed.
+/// Succeeds only when an item is shown; anything else is not the start to be timed.
 void endAfter(const QWidget& window) {
   const auto* indicator = window.findChild<QLabel*>(QStringLiteral("lblIndex"));
   const bool itemShown =

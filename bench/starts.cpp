@@ -29,11 +29,11 @@ struct Process {
 
 using Command = std::vector<std::string>;
 
-/// Becomes the command. Runs between fork and exec, so it does nothing but system calls.
+/// Runs the command in this process. Between fork and exec it makes only system calls.
 [[noreturn]] void become(char* const* arguments, const char* workFolder, const char* errorFile) {
   constexpr unsigned secondsAtMost = 60;
   constexpr int cannotRun = 127;
-  ::alarm(secondsAtMost);  // a window that is never painted must not hold everything up
+  ::alarm(secondsAtMost);  // a window that is never painted must not block everything
   const int errors = ::open(errorFile, O_WRONLY | O_CREAT | O_TRUNC, 0600);
   if (errors >= 0) ::dup2(errors, STDERR_FILENO);
   if (::chdir(workFolder) == 0) ::execv(arguments[0], arguments);
@@ -89,7 +89,7 @@ class Runs {
   std::vector<double> peaks_;
 };
 
-/// The peak of a process counts from the fork on, so this one must be the smaller.
+/// The peak of a process counts from the fork, so this one must be smaller.
 void checkOwnSize(double smallestPeak) {
   struct rusage usage {};
   ::getrusage(RUSAGE_SELF, &usage);

@@ -29,7 +29,7 @@ constexpr const char* kStepPeer = "step, peer";
 constexpr const char* kSkip = "skip";
 constexpr const char* kSkipPeer = "skip, peer";
 
-/// Presses Next from the first item on until the last one is shown; returns how often that was.
+/// Presses Next from the first item until the last one is shown; returns how often.
 int walk(CollectionStore& store, MusicRecord& record) {
   int steps = 0;
   for (std::int16_t position = 1; position < kItems; ++steps) {
@@ -64,14 +64,14 @@ void runPeer(benchmark::State& run, const std::string& path) {
   constexpr off_t length = sizeof(MusicRecord);
   std::array<std::byte, sizeof(MusicRecord)> record;
   for (auto _ : run) {
-    // From item 2 on; the header stands before item 1.
+    // From item 2 on; the header is before item 1.
     for (off_t item = 2; item <= kItems; ++item)
       if (!readBare(path.c_str(), item * length, record)) run.SkipWithError("a record is missing");
     benchmark::DoNotOptimize(record.data());
   }
 }
 
-/// Keeps what every repetition took and prints nothing.
+/// Stores the duration of every repetition and prints nothing.
 class Collector : public benchmark::BenchmarkReporter {
  public:
   bool ReportContext(const Context&) override { return true; }
@@ -98,7 +98,7 @@ class Collector : public benchmark::BenchmarkReporter {
 }  // namespace
 
 StepTimes timeSteps(const std::string& fullCollection, const std::string& deletedCollection) {
-  // In random order, so that whatever else the machine does meets both sides alike.
+  // In random order, so that other work on the machine affects both sides equally.
   std::string name = "bench";
   std::string interleaved = "--benchmark_enable_random_interleaving=true";
   std::array<char*, 3> arguments = {name.data(), interleaved.data(), nullptr};

@@ -15,11 +15,11 @@ struct StepTimes {
   Pair skip;  ///< nanoseconds for one step over all deleted items
 };
 
-/// How often each side of each case is run.
+/// The number of runs of each side of each case.
 inline constexpr int kStepRepetitions = 41;
 
-/// Times Next inside this process. The peer reads the same records of the same file, each with
-/// nothing but one opening, one reading and one closing.
+/// Times Next within this process. The peer reads the same records of the same file, each with only
+/// one opening, reading and closing.
 StepTimes timeSteps(const std::string& fullCollection, const std::string& deletedCollection);
 
 }  // namespace quillbox::bench

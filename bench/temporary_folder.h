@@ -4,7 +4,7 @@
 
 namespace quillbox::bench {
 
-/// A folder of its own among the temporary files, removed with everything in it.
+/// A folder among the temporary files, removed with everything in it.
 class TemporaryFolder {
  public:
   TemporaryFolder();

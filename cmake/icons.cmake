@@ -1,5 +1,5 @@
-# Pictures of the icons for a platform where the toolkit's reader of drawings cannot be had. Debian's
-# librsvg draws them from the same files while the program is built.
+# Pictures of the icons for a platform without the toolkit's SVG reader. Debian's librsvg renders
+# them from the same files at build time.
 find_program(QUILLBOX_RSVG_CONVERT rsvg-convert REQUIRED)
 find_program(QUILLBOX_ICOTOOL icotool REQUIRED)
 
@@ -8,11 +8,11 @@ file(MAKE_DIRECTORY ${QUILLBOX_ICON_FOLDER})
 
 # 16, 24, 32, 48 and 64 points on screens of one, two and three times the usual density.
 set(QUILLBOX_ICON_SIZES 16 24 32 48 64 72 96 128 144 192)
-# What the system asks for in menus, lists and folders; the last one is kept compressed.
+# The sizes that the system uses in menus, lists and folders; the last one is stored compressed.
 set(QUILLBOX_ICO_SIZES 16 24 32 48 64)
 set(QUILLBOX_ICO_LARGEST 256)
 
-# quillbox_draw_icon(DRAWING PICTURES SIZE...): PICTURES become the files that the build makes.
+# quillbox_draw_icon(DRAWING PICTURES SIZE...): PICTURES is set to the files that the build creates.
 function(quillbox_draw_icon drawing pictures)
   get_filename_component(name ${drawing} NAME_WLE)
   set(made "")
@@ -27,7 +27,7 @@ function(quillbox_draw_icon drawing pictures)
   set(${pictures} ${made} PARENT_SCOPE)
 endfunction()
 
-# The pictures become part of the program, which finds them by the sizes.
+# The pictures are built into the program, which finds them by their sizes.
 function(quillbox_add_icon_pictures target)
   file(GLOB drawings CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/icons/*.svg)
   set(all "")
@@ -40,8 +40,8 @@ function(quillbox_add_icon_pictures target)
   target_compile_definitions(${target} PUBLIC QUILLBOX_ICON_SIZES=${sizes})
 endfunction()
 
-# quillbox_make_ico(DRAWING): NAME.ico in the folder of the icons, as the system and the installer
-# take it.
+# quillbox_make_ico(DRAWING): NAME.ico in the folder of the icons, in the form that the system and
+# the installer need.
 function(quillbox_make_ico drawing)
   get_filename_component(name ${drawing} NAME_WLE)
   set(small "")

@@ -1,5 +1,5 @@
-# Builds for Windows on Debian with its package g++-mingw-w64-x86-64-posix and runs what is built
-# under wine. The compiler's libraries and the toolkit's are files of their own, which must be found.
+# Builds for Windows on Debian with its package g++-mingw-w64-x86-64-posix and runs the results
+# under wine. The libraries of compiler and toolkit are separate files, which must be found.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 

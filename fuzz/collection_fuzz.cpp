@@ -1,4 +1,4 @@
-// Any bytes as a collection of any kind, through all that is done to one without a form.
+// Any bytes as a collection of any kind, through everything that works without a form.
 
 #include <algorithm>
 #include <optional>
@@ -28,8 +28,8 @@ constexpr int kStepsPastTheEnd = 3;
 constexpr int kMostLaps = 2;
 constexpr int kMostShown = 12;  // items; the others are only read
 
-/// What the user did with the collection: each part of it may end in a run-time error, which is
-/// shown, and the next part goes on.
+/// A user's work on the collection: each part may end in a run-time error, which is shown, and the
+/// next part follows.
 class Visit {
  public:
   explicit Visit(const CollectionInput& input) : kind_(input.kind) {
@@ -181,7 +181,7 @@ class Visit {
     if (isFoundAgain) require(item == 1, "the first item is found first");
   }
 
-  /// What a form shows of a text ends at a zero byte, and a date must begin as one.
+  /// The text on a form ends at a zero byte, and a date must begin like one.
   bool isFoundByText(const Field& field, const std::string& text) const {
     if (field.type != FieldType::text || text.empty()) return true;
     const auto& dates = searchRulesOf(kind_).dates;

@@ -1,4 +1,4 @@
-// Any bytes as comma-separated values that are brought into a collection.
+// Any bytes as comma-separated values to import into a collection.
 
 #include <vector>
 
@@ -20,14 +20,14 @@ Records recordsOf(const std::string& text, std::size_t atOnce) {
   return records;
 }
 
-/// The same records whatever the pieces they come in; written and read again they are the same.
+/// The records do not depend on the pieces they come in; written and read again they are the same.
 void readRecords(const std::string& text) {
   constexpr std::size_t all = 1'000'000;
   constexpr std::size_t some = 7;
   try {
     const Records records = recordsOf(text, all);
     require(recordsOf(text, some) == records, "pieces make no difference");
-    // The separator is told, as the first record may have none.
+    // The separator is given, because the first record may have none.
     std::string written = "sep=,\n";
     for (const auto& record : records) {
       for (std::size_t i = 0; i < record.size(); ++i) {

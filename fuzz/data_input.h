@@ -16,12 +16,12 @@ namespace quillbox::fuzz {
 
 inline constexpr const char* kFuzzedPath = "/collection";
 
-/// A small collection of that kind, an item of it deleted.
+/// A small collection of that kind, with one deleted item.
 std::string collectionToFuzz(const CollectionKind& kind);
 
-/// Brings the data into the collection by `read`. Refused, the collection must be as it was; taken,
-/// it must be whole, its export must come back as nothing, and so must the data if all its rows
-/// have numbers.
+/// Imports the data into the collection with `read`. If it is refused, the collection must be
+/// unchanged; otherwise it must be whole, importing its export must change nothing, and so must
+/// importing the data again if all its rows have numbers.
 template <typename Read>
 void bringIn(Input input, const Read& read) {
   const auto kinds = collectionKinds();

@@ -12,11 +12,11 @@
 
 namespace quillbox::fuzz {
 
-/// A printer of any page height that requires what it is told to be in order.
+/// A printer of any page height that requires correct calls.
 class FuzzedPrinter : public Printer {
  public:
   double height = 700;
-  int sheets = 0;  ///< of the document that is neither handed over nor dropped
+  int sheets = 0;  ///< of the document that is neither sent nor dropped
 
   void setFont(const std::string& /*name*/, double /*points*/) override {}
   double printableHeight() override { return height; }

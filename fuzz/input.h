@@ -11,14 +11,14 @@
 
 namespace quillbox::fuzz {
 
-/// Stops the fuzzer at an input that shows the program to be wrong.
+/// Stops the fuzzer at an input that shows an error in the program.
 inline void require(bool holds, const char* what) {
   if (holds) return;
   std::fprintf(stderr, "does not hold: %s\n", what);
   std::abort();
 }
 
-/// The bytes of an input, taken from front to back. Past its end it is zeros and empty texts.
+/// The bytes of an input, from beginning to end. Past its end are zeros and empty texts.
 class Input {
  public:
   Input(const std::uint8_t* data, std::size_t size)
@@ -33,7 +33,7 @@ class Input {
   }
   std::string_view rest() { return text(left_.size()); }
 
-  /// Up to the next line feed, which is taken, too.
+  /// Up to the next line feed, which is removed.
   std::string_view line() {
     const std::string_view taken = text(left_.find('\n'));
     text(1);

@@ -1,4 +1,4 @@
-// Any bytes as JSON that is brought into a collection.
+// Any bytes as JSON to import into a collection.
 
 #include "fuzz/data_input.h"
 #include "opendata/csv_reader.h"

@@ -13,7 +13,7 @@ using test::MemoryFiles;
 constexpr const char* kSpool = "printer.tmp";
 constexpr std::size_t kPageLength = 5520;
 constexpr int kMostLines = 100;
-constexpr int kMostPages = 500;  // asked for; what is not in the file takes its time, too
+constexpr int kMostPages = 500;  // to be printed; pages not in the file take time, too
 
 enum class Step { block, height, heading, printout, count };
 
@@ -64,7 +64,7 @@ class Printout {
     for (int line = 1; line <= count; ++line) {
       std::string& text = lines_.at(static_cast<std::size_t>(line));
       text = input_.line();
-      // A long line from few bytes: what one page cannot hold is where it can go wrong.
+      // A long line from few bytes: errors are likely where a line exceeds a page.
       if (text.starts_with('\1')) text.append(text.size() * text.size() % (2 * kPageLength), 'x');
     }
     try {
@@ -73,7 +73,7 @@ class Printout {
       for (int line = 1; line <= count; ++line)
         require(lines_.at(static_cast<std::size_t>(line)).empty(), "a line is taken once");
     } catch (const RunTimeError&) {
-      // A page of no such height.
+      // There is no page of such a height.
     }
     require(count == asked, "a block's length is left alone");
     if (files_.exists(kSpool))

@@ -29,13 +29,13 @@ Outcome sortByEveryKey(AppState& state, const CollectionKind& kind) {
   return Outcome::sorted;
 }
 
-/// Sorting leaves blank items out, and some of the others with them: what it does then is a matter
-/// of its model, not of chance.
+/// Sorting drops blank items, and some others with them: the tests of its model cover that, not
+/// random input.
 bool hasBlankItem(const std::vector<std::string>& items) {
   return std::ranges::any_of(items, [](const std::string& item) { return item.front() == '\0'; });
 }
 
-/// Nothing is new, and nothing is there twice that was not.
+/// Nothing is new, and nothing is duplicated.
 bool isPartOf(std::vector<std::string> some, std::vector<std::string> all) {
   std::ranges::sort(some);
   std::ranges::sort(all);
@@ -70,7 +70,7 @@ void sortAndRequireEveryItem(AppState& state, MemoryFiles& files, const Collecti
     require(holdsAll(backup) != holdsAll(state.currentPath), "one file is as it was");
     require(files.exists(backup) != files.exists(state.currentPath), "and the only one");
     require(state.Count == count, "the count is left alone");
-    // The user gives it its name back.
+    // The user restores its name.
     if (files.exists(backup)) files.rename(backup, state.currentPath);
     return;
   }

@@ -1,4 +1,4 @@
-// Any text through what reads texts: numbers, dates, paths and the two character sets.
+// Any text through everything that parses text: numbers, dates, paths and the two character sets.
 
 #include <array>
 #include <cmath>
@@ -61,7 +61,7 @@ void showDate(double date, std::string_view form, bool isPlainForm) {
   require(std::abs(dayAndTime(*read) - dayAndTime(date)) < half, "a date stays that date");
 }
 
-/// A day that is shown in every form, as few numbers are.
+/// A day that every form shows, as few numbers are.
 double dayOf(Input& input) {
   constexpr int firstDay = -657'434;  // of the year 100
   constexpr int days = 3'615'900;     // to the end of the year 9999
@@ -85,7 +85,7 @@ void readDates(std::span<const double> numbers, std::string_view form, bool isPl
 
 char small(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
-/// The same by another way: which beginnings of the name each beginning of the pattern matches.
+/// The same by another method: which prefixes of the name each prefix of the pattern matches.
 bool matchesByTable(std::string_view name, std::string_view pattern) {
   std::vector<char> matched(name.size() + 1);
   matched[0] = 1;
@@ -145,7 +145,7 @@ void trim(std::string_view text) {
 void readText(Input input) {
   const std::size_t form = input.byte() % (kDateForms.size() + 1);
   const std::array<double, 2> numbers = {input.real(), dayOf(input)};
-  const std::string_view other = input.line();  // a date form of its own, and a pattern
+  const std::string_view other = input.line();  // a date form, and a pattern
   const std::string_view text = input.rest();
   readNumbers(text);
   const bool isPlainForm = form < kDateForms.size();

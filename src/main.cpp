@@ -26,7 +26,7 @@ constexpr const char* kUsage =
     "  --help     print this text and end\n"
     "  --version  print the version and end\n";
 
-/// What is printed and ended with; these need no display.
+/// What is printed and exits; this needs no display.
 bool answeredOnTerminal(int argc, char** argv) {
   if (argc != 2) return false;
   const std::string_view argument = argv[1];
@@ -36,7 +36,7 @@ bool answeredOnTerminal(int argc, char** argv) {
   return false;
 }
 
-/// What stands behind the program's name and is none of the toolkit's own options.
+/// What follows the program's name, without the toolkit's own options.
 std::vector<std::string> argumentsOf(int argc, char** argv) {
 #ifdef Q_OS_WIN
   // There argv is in the user's code page, which many names do not fit into.
@@ -57,9 +57,9 @@ int main(int argc, char** argv) {
   using namespace quillbox;
   if (answeredOnTerminal(argc, argv)) return 0;
 
-  const QApplication application(argc, argv);  // takes the toolkit's own options away
+  const QApplication application(argc, argv);  // removes the toolkit's own options
   QApplication::setQuitOnLastWindowClosed(false);
-  // By this name the desktop finds the program's entry, and with it its name and icon.
+  // This name leads the desktop to the program's entry, with its name and icon.
   QGuiApplication::setDesktopFileName(QStringLiteral("org.quillbox.Quillbox"));
   QApplication::setWindowIcon(ownIcon("org.quillbox.Quillbox"));
   const ReadablePlaceholders readablePlaceholders;

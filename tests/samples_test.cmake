@@ -1,5 +1,5 @@
-# Every committed sample is what its readable source says, to the byte: a text of the same name, or
-# for media files the folder they were loaded from.
+# Every committed sample equals, to the byte, what its readable source describes: a text of the same
+# name, or for media files the folder they were loaded from.
 file(GLOB samples RELATIVE ${SAMPLES} ${SAMPLES}/*.?CS ${SAMPLES}/*.MPS)
 list(LENGTH samples count)
 if(NOT count EQUAL 9)

@@ -1,13 +1,15 @@
 #!/usr/bin/python3
-"""Works the forms of a running Quillbox over the accessibility bus and prints what a screen reader
-would miss there, a line each: accessibility_walk.py PROGRAM FOLDER
-[SAMPLE...]
+"""Works the forms of Quillbox over the accessibility bus and prints what a screen reader would
+miss, one line for each finding: accessibility_walk.py PROGRAM FOLDER [SAMPLE...]
 
-Every input must have its caption as its name, every list say what is chosen, every button do its
-work by its action, and what a command did be heard from the status line. Works on copies of the
-samples in FOLDER. Run by tools/accessibility.sh, which brings a display and a bus of its own.
+Every input must have its caption as its name, every list must show what is selected, every button
+must do its work by its action, and the result of a command must be heard from the status line.
+Works on copies of the samples in FOLDER. Run by tools/accessibility.sh, which provides a display
+and a bus.
 """
 
+import shutil
+import struct
 import subprocess
 import sys
 from pathlib import Path
@@ -15,18 +17,21 @@ from pathlib import Path
 import pyatspi
 from gi.repository import GLib
 
-from accessibility_bus import (MEDIA, Missed, Program, actions_of, cells_of, enabled, has,
+from accessibility_bus import (MEDIA, SAMPLES, Missed, Program, actions_of, cells_of, enabled, has,
                                labels_of, pause, pump, shows, text_of, walk)
 
 INPUTS = {"text", "password text", "spin button", "combo box"}
 CHOICES = {"check box", "radio button"}
 BUTTONS = {"push button", "toggle button"}
 NAMED = INPUTS | CHOICES | BUTTONS | {
-    "list", "table", "tree table", "tree", "page tab", "page tab list", "menu item", "tool bar"}
+    "list", "table", "tree table", "tree", "page tab", "page tab list", "menu item", "tool bar",
+    "progress bar", "frame"}
+WINDOWS = {"frame", "dialog", "alert"}
+MANY = 20_000  # items: listing them takes long enough for the progress board to be heard
 
 
 class Walk(Program):
-    """One start of the program, and what was found wrong in it."""
+    """One start of the program, and the findings in it."""
 
     def __init__(self, program, folder, sample=None):
         super().__init__(program, folder, sample)
@@ -37,10 +42,12 @@ class Walk(Program):
             self.found.append(what)
 
     def check(self, window):
-        """What must hold of every control, whatever form it is on."""
+        """Checks what must hold for every control of any form."""
         title = window.name
         if not title:
             self.miss("a window has no name")
+        if window.getRoleName() not in WINDOWS:
+            self.miss(f"'{title}' is a {window.getRoleName()} instead of a window")
         captions = {each.name for each in self.all({"label"}, window) if shows(each)}
         for control in self.all(NAMED, window):
             if control.getRoleName() != "menu item" and not shows(control):
@@ -60,17 +67,17 @@ class Walk(Program):
             if shows(list_) and list_.childCount and not any(
                     has(item, pyatspi.STATE_SELECTED) or has(item, pyatspi.STATE_FOCUSED)
                     for item in list_):
-                self.miss(f"'{title}': list '{list_.name}' does not say what is chosen")
+                self.miss(f"'{title}': list '{list_.name}' does not show what is selected")
 
     def check_combo(self, combo, what):
-        entries = [each.name for each in walk(combo) if each.getRoleName() == "list item"]
+        entries = [each.name for role, each in walk(combo) if role == "list item"]
         if not entries:
             self.miss(f"{what} has no entries")
         if combo.description and combo.description not in entries:
             self.miss(f"{what} says '{combo.description}', which is no entry")
 
     def answer(self, button):
-        """Answers the box on screen; it must be one that a screen reader can read."""
+        """Answers the visible box, which must be readable."""
         box = self.wait(lambda: self.window("alert", "dialog"), "there is no message box")
         self.check(box)
         if not any(label.name for label in self.all({"label"}, box)):
@@ -80,6 +87,22 @@ class Walk(Program):
         self.wait(lambda: all(self.words(each) != asked for each in self.windows()),
                   f"{button} does not close '{box.name}'")
 
+    def dialog(self, after):
+        return self.wait(lambda: self.window("dialog"), f"{after} shows no dialog")
+
+    def pick(self, path, button, after):
+        """Enters a path in the toolkit's file dialog."""
+        dialog = self.dialog(after)
+        self.type(self.wanted("text", "File", dialog), str(path))
+        self.click(button, dialog)
+        self.wait(lambda: not shows(dialog), f"{button} does not close the dialog of {after}")
+
+    def says(self, beginning, after):
+        """Waits for a status, which must also be heard."""
+        self.wait(lambda: self.status().startswith(beginning),
+                  f"the status line after {after} does not begin with '{beginning}'")
+        self.wait(lambda: self.heard("status bar", beginning), f"'{beginning}' is not heard")
+
     # ---- the forms
 
     def start(self):
@@ -87,11 +110,9 @@ class Walk(Program):
         self.answer("OK")
 
     def open(self):
-        """Opens the sample from the start screen: what the command line opens is not all kinds."""
+        """Opens the sample from the start screen; the command line cannot open every kind."""
         self.click("Open Collection", self.wait(lambda: self.one_window("Quillbox V"), "no start"))
-        dialog = self.wait(lambda: self.window("dialog"), "Open Collection asks for nothing")
-        self.type(self.wanted("text", "File", dialog), str(self.sample))
-        self.click("Open", dialog)
+        self.pick(self.sample, "Open", "Open Collection")
 
     def indicator(self):
         return next((each.name for each in self.all({"label"}) if shows(each)
@@ -108,7 +129,8 @@ class Walk(Program):
             self.miss("there is no status line")
         self.steps()
         self.status_and_mark(form)
-        self.delete(self.sample.suffix in (".MCS", MEDIA))
+        self.undo(form)
+        self.delete(self.sample.suffix in (".MCS", *MEDIA))
 
     def changes(self, button, what):
         before = self.indicator()
@@ -119,7 +141,8 @@ class Walk(Program):
     def steps(self):
         self.changes("Next", "shows no other item")
         self.changes("Previous", "shows no other item")
-        for number, button in (("3", "OK"), ("1", "Cancel"), ("1", "OK")):
+        last = self.indicator().lower().split(" of ")[-1]
+        for number, button in ((last, "OK"), ("1", "Cancel"), ("1", "OK")):
             before = self.indicator()
             self.click("GoTo")
             box = self.wait(lambda: self.window("dialog"), "GoTo asks for nothing")
@@ -135,10 +158,8 @@ class Walk(Program):
 
     def status_and_mark(self, form):
         self.click("Write")
-        self.wait(lambda: self.status().startswith("Written"),
-                  "the status line does not say what was written")
-        self.wait(lambda: self.heard("status bar", "Written"), "what was written is not heard")
-        box = next(each for each in self.all({"text"}, form) if shows(each) and enabled(each))
+        self.says("Written", "Write Data")
+        box = self.first_box(form)
         was = text_of(box)
         self.type(box, "Typed over the bus")
         mark = self.wait(lambda: self.one("label", "Item", form), "the mark is not shown")
@@ -156,8 +177,20 @@ class Walk(Program):
         self.type(self.wanted("text", "Record #", asked), "1")
         self.answer("OK")
 
+    def first_box(self, form):
+        return next(each for each in self.all({"text"}, form) if shows(each) and enabled(each))
+
+    def undo(self, form):
+        box = self.first_box(form)
+        was = text_of(box).strip()
+        self.type(box, "Written over the bus")
+        self.click("Write")
+        self.click("Undo Write")
+        self.says("Item 1 is as it was", "Undo Write")
+        self.wait(lambda: text_of(box).strip() == was, "Undo Write does not restore the text")
+
     def delete(self, speaks):
-        """`speaks`: what was done is told in a box, too."""
+        """`speaks`: boxes report the result, too."""
         button = self.one("push button", "Delete")
         if button is None:
             return  # books
@@ -172,11 +205,13 @@ class Walk(Program):
         self.answer("Yes")
         if speaks:
             self.answer("OK")
-        self.wait(lambda: self.indicator() != before or self.status(),
-                  "nothing is heard of a deletion")
+        self.wait(lambda: self.status().startswith("Item 1 deleted"), "a deletion has no status")
+        self.click("Undo Delete")
+        self.says("Item 1 is as it was", "Undo Delete")
+        self.wait(lambda: self.indicator() == before, "Undo Delete does not show the item")
 
     def other_form(self, exit_name, *items):
-        """A form in the place of the editor, or in front of it, and the way back."""
+        """A form instead of the editor, or in front of it, and the way back."""
         before = [window.name for window in self.windows()]
         self.wait(lambda: self.choose(*items), f"there is no menu item {items[0]}")
         self.wait(lambda: self.window("frame") and self.window("frame").name not in before,
@@ -195,7 +230,7 @@ class Walk(Program):
                 self.check(page)
             elif self.one("push button", "Next", page):
                 texts = [text_of(each) for each in self.all({"text"}, page)]
-                # Its own position may lie before the item shown, and an item may have no list.
+                # Its own position may be before the item, and an item may have no list.
                 self.wait(lambda: self.click("Next", page) or pause() or texts != [
                     text_of(each) for each in self.all({"text"}, page)],
                           "Next on the list page shows no other list")
@@ -238,8 +273,8 @@ class Walk(Program):
         tabs = self.wait(lambda: next(iter(self.all({"page tab list"})), None), "F9 opens no panel")
         table = self.wanted("table", "Items")
         self.wait(lambda: cells_of(table), "the panel lists nothing")
-        if not any(each.getRoleName() in ("table column header", "column header") and each.name
-                   for each in walk(table, 60)):
+        if not any(role in ("table column header", "column header") and each.name
+                   for role, each in walk(table, most=60)):
             self.miss("the columns of the panel have no names")
         if not all(cell.name for cell in cells_of(table)[:1]):
             self.miss("the first cell of the panel says nothing")
@@ -257,6 +292,91 @@ class Walk(Program):
         subprocess.run(["xdotool", "key", "F9"], check=True)
         self.wait(lambda: not self.all({"page tab list"}) or not shows(tabs), "F9 closes no panel")
 
+    def print_to_file(self):
+        """To a text file; the name is asked for before the pages are composed."""
+        self.wait(lambda: self.choose("Print List"), "there is no menu item Print List")
+        dialog = self.dialog("Print List")
+        self.check(dialog)
+        box = self.wanted("check box", "Print to file", dialog)
+        self.press(box, "Toggle")
+        self.wait(lambda: has(box, pyatspi.STATE_CHECKED), "Print to file cannot be ticked")
+        self.click("OK", dialog)
+        self.wait(lambda: not shows(dialog), "OK does not close the print dialog")
+
+    def listing(self):
+        self.print_to_file()
+        name = self.sample.name + ".txt"
+        self.pick(self.folder / name, "Save", "Print to file")
+        self.wait(self.indicator, "no editor comes after a listing")
+        self.wait(lambda: self.status().startswith("Listed"), "a listing has no status")
+        if not (self.folder / name).read_bytes():
+            self.miss("the listing is empty")
+
+    def paper(self):
+        """To a PDF document, with the questions for the pages."""
+        self.choose("Setup Printer")
+        self.click("Cancel", self.dialog("Setup Printer"))
+        self.wait(lambda: not self.window("dialog"), "Cancel does not close the printer set-up")
+        self.wait(lambda: self.choose("Print List"), "there is no menu item Print List")
+        dialog = self.dialog("Print List")
+        self.click("OK", dialog)  # the list of printers begins with the PDF document
+        self.wait(lambda: self.window("dialog") and self.one("text", "File"), "no name is asked")
+        self.pick(self.folder / "paper.pdf", "Save", "Print List")
+        for page in ("Starting Page", "Ending Page"):
+            box = self.wait(lambda page=page: self.one("text", page), f"no question '{page}'")
+            if not text_of(box):
+                self.miss(f"'{page}' offers nothing")
+            self.answer("OK")
+        self.wait(self.indicator, "no editor comes after printing")
+
+    def export(self):
+        self.wait(lambda: self.choose("Export Data"), "there is no menu item Export Data")
+        if self.sample.suffix != ".BCS":  # which have a fixed name
+            self.pick(self.folder / (self.sample.stem + ".csv"), "Save", "Export Data")
+        self.answer("OK")
+        if self.sample.suffix not in MEDIA:  # which end in an error
+            self.wait(lambda: self.status().startswith("Exported"), "an export has no status")
+
+    def load_folder(self):
+        """Loads the samples' folder, whose files the catalogue already has, and one more."""
+        files = self.folder / "media"
+        if not files.exists():
+            shutil.copytree(SAMPLES / "media", files)
+        endings = {".WCS": ".wav", ".ICS": ".mid", ".GCS": ".gif", ".MPS": ".mp3"}
+        ending = endings[self.sample.suffix]
+        another = files / f"Another{ending}"
+        another.touch()
+        self.wait(lambda: self.choose("Load"), "there is no menu item Load")
+        self.pick(another, "Open", "Load")
+        self.wait(lambda: self.status().startswith("1 added"), "loading a folder has no status")
+
+    def progress_board(self):
+        """With work long enough to be heard."""
+        self.wait(self.indicator, "there is no record indicator")
+        self.print_to_file()
+        self.pick(self.folder / "long.txt", "Save", "Print to file")
+        self.wait(lambda: self.heard("progress bar", "Progress"), "no progress is heard")
+        self.wait(lambda: self.status().startswith("Listed"), "a long listing has no status")
+
+    def empty_collection(self):
+        """The board stays after a listing of nothing."""
+        form = self.wait(lambda: self.one_window("Quillbox V"), "there is no start screen")
+        self.click("New Collection", form)
+        dialog = self.wait(lambda: self.one_window("New Collection"), "there is no dialog")
+        self.type(self.wanted("text", "Collection Name:", dialog), "Heard")
+        self.press(self.wanted("radio button", "Book", dialog), "Toggle")
+        self.click("Go", dialog)
+        self.wait(self.indicator, "Go leads to no editor")
+        self.print_to_file()
+        self.pick(self.folder / "nothing.txt", "Save", "Print to file")
+        self.answer("OK")
+        board = self.wait(lambda: self.one_window("Printing Status"), "the board does not stay")
+        self.check(board)
+        if not self.status().startswith("Nothing printed"):
+            self.miss("the board does not say that nothing was printed")
+        subprocess.run(["xdotool", "key", "alt+F4"], check=True)
+        self.wait(lambda: not shows(board), "the board cannot be closed")
+
     def about_and_help(self):
         if self.choose("About"):
             self.answer("OK")
@@ -264,7 +384,6 @@ class Walk(Program):
             window = self.wait(lambda: next((each for each in self.windows()
                                              if each.name == "Quillbox Help"), None),
                                "no help comes")
-            self.check(window)
             self.click("Find", window)
             self.check(window)
             self.click("Close", window)
@@ -285,7 +404,10 @@ class Walk(Program):
         self.wait(lambda: has(kind, pyatspi.STATE_CHECKED), "a kind cannot be chosen")
         self.click("Cancel", dialog)
         self.wait(lambda: self.one_window("Quillbox V"), "Cancel does not lead back")
-        self.click("Exit", self.one_window("Quillbox V"))
+        self.exit()
+
+    def exit(self):
+        self.click("Exit", self.wait(lambda: self.one_window("Quillbox V"), "no start screen"))
         self.wait(lambda: self.process.poll() is not None, "Exit does not end the program")
 
     def one_window(self, name):
@@ -294,51 +416,70 @@ class Walk(Program):
 
     def leave(self):
         self.wait(lambda: self.choose("Exit"), "there is no menu item Exit")
-        self.start_screen()
+        self.exit()
 
 
 def run(program, folder, sample, *steps):
-    """The findings of a walk; each step goes on from where the one before it left."""
+    """The findings of a walk; each step begins where the last one ended."""
     one = Walk(program, folder, sample)
-    name_changes = "object:property-change:accessible-name"
-    pyatspi.Registry.registerEventListener(one.tell_name, name_changes)
     at = "start"
     try:
-        for at, step in [("start", lambda one: one.start()), *steps]:
+        for at, step in [("start", Walk.start), *steps]:
             step(one)
     except Missed as missed:
         one.miss(f"{at}: {missed}")
-    except (GLib.Error, StopIteration, NotImplementedError, LookupError) as error:
+    except (GLib.Error, StopIteration, NotImplementedError, LookupError, OSError) as error:
         one.miss(f"{at}: {type(error).__name__}: {error}")
     finally:
-        pyatspi.Registry.deregisterEventListener(one.tell_name, name_changes)
         one.end()
     return [f"{one.where}: {what}" for what in one.found]
+
+
+def steps_of(sample, sorts):
+    """All of an editor; of the three other catalogues only what differs."""
+    is_media, is_books = sample.endswith(MEDIA), sample.endswith("BCS")
+    if is_media and not sample.endswith("GCS"):
+        return [("open", Walk.open), ("editor", lambda one: one.editor(False)),
+                ("folder", Walk.load_folder), ("leaving", Walk.leave)]
+    steps = [("open", Walk.open)] if is_media else []
+    steps += [("editor", lambda one: one.editor(not is_media))]
+    if not is_media and not is_books:
+        steps.append(("list page", Walk.list_pages))
+    steps += [
+        ("search", Walk.search),
+        ("sort", lambda one: one.sort(sorts and not is_books)),  # which ends the program
+        ("panel", Walk.panel),
+        ("listing", Walk.listing),
+        ("export", Walk.export),
+    ]
+    if sample.endswith("MCS"):
+        steps.append(("paper", Walk.paper))
+    if is_media:
+        steps.append(("folder", Walk.load_folder))
+    return [*steps, ("help", Walk.about_and_help), ("leaving", Walk.leave)]
+
+
+def make_long_collection(path):
+    """Books in a file, with texts of blanks."""
+    header = struct.pack("<hh8s", MANY, 1, b"1.71  ")
+    item = b" " * 150 + bytes(4) + b" " * 70
+    path.write_bytes(header.ljust(len(item), b"\0") + MANY * item)
 
 
 def main():
     program, folder, wanted = sys.argv[1], Path(sys.argv[2]), sys.argv[3:]
     editors = {
         "jazz.MCS": True, "tapes.VCS": True, "longbox.CCS": True, "disks.SCS": True,
-        "shelf.BCS": True, "pictures.GCS": False,
+        "shelf.BCS": True, "pictures.GCS": False, "sounds.WCS": False, "tunes.ICS": False,
+        "songs.MPS": False,
     }
-    found = run(program, folder, None, ("start screen", Walk.start_screen))
+    make_long_collection(folder / "long.BCS")
+    found = run(program, folder, None, ("empty collection", Walk.empty_collection),
+                ("start screen", Walk.start_screen))
+    found += run(program, folder, "long.BCS", ("progress board", Walk.progress_board))
     for sample, sorts in editors.items():
-        if wanted and sample not in wanted:
-            continue
-        is_media, is_books = sample.endswith(MEDIA), sample.endswith("BCS")
-        steps = [("open", Walk.open)] if is_media else []
-        steps += [("editor", lambda one: one.editor(not is_media))]
-        if not is_media and not is_books:
-            steps.append(("list page", Walk.list_pages))
-        steps += [
-            ("search", Walk.search),
-            ("sort", lambda one: one.sort(sorts and not is_books)),  # which ends the program
-            ("panel", Walk.panel),
-            ("help", Walk.about_and_help),
-            ("leaving", Walk.leave),
-        ]
-        found += run(program, folder, sample, *steps)
+        if not wanted or sample in wanted:
+            found += run(program, folder, sample, *steps_of(sample, sorts))
     for line in found:
         print(line)
     return 1 if found else 0

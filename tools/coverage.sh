@@ -1,6 +1,6 @@
 #!/bin/sh
-# Runs the tests of the core, counting which lines they run, and names each line of the core, headers
-# included, that no test runs. Ends in failure when there is one.
+# Runs the tests of the core, counts which lines they run, and prints each line of the core, headers
+# included, that no test runs. Fails if there is one.
 set -eu
 cd "$(dirname "$0")/.."
 . tools/setup.sh

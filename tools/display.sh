@@ -1,7 +1,7 @@
-# Sourced by what needs windows and has no display of its own.
+# Sourced by scripts that need windows and have no display of their own.
 
 # A virtual display with a window manager, for everything started from here on. It ends with the
-# script, and so does whatever process is put into $display_pids.
+# script, and so does every process in $display_pids.
 start_display() {
   display_work=$(mktemp -d)
   display_pids=
@@ -28,11 +28,11 @@ stop_display() {
   rm -rf "$display_work"
 }
 
-# The windows of that name that are on screen. None is no failure: windows come and go, and the
-# window manager may not be up yet.
+# The visible windows of that name. Finding none is no failure: windows come and go, and the window
+# manager may not have started yet.
 windows() { xdotool search --onlyvisible --name "$1" 2>/dev/null || true; }
 
-# wait_for_form NAME: closes the program's start-up box, and fails when no form of that name comes.
+# wait_for_form NAME: closes the start-up box, and fails when no form of that name appears.
 wait_for_form() {
   tries=0
   until [ -n "$(windows "$1")" ]; do

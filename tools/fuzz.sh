@@ -1,8 +1,7 @@
 #!/bin/sh
-# Fuzzes the core: tools/fuzz.sh [SECONDS [TARGET...]] runs each target that long, 20 seconds each
-# unless told, as many at a time as there are processors. What is learnt is kept in
-# build/fuzz/corpus and gone on with the next time; an input that fails is kept in
-# build/fuzz/findings and ends its target.
+# Fuzzes the core: tools/fuzz.sh [SECONDS [TARGET...]] runs each target that long, 20 seconds by
+# default, as many at a time as there are processors. The corpus is kept in build/fuzz/corpus for
+# the next run; an input that fails is kept in build/fuzz/findings and ends its target.
 set -eu
 cd "$(dirname "$0")/.."
 . tools/setup.sh
@@ -15,7 +14,7 @@ seconds=${1:-20}
 [ $# -eq 0 ] || shift
 [ $# -gt 0 ] || set -- collection csv json media_types print text
 
-# One of them: its first argument is the target, the second how many seconds.
+# One target: the first argument is its name, the second the number of seconds.
 # shellcheck disable=SC2016 # it is expanded where it runs
 run='
   learnt=build/fuzz/corpus/$1

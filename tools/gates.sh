@@ -1,5 +1,5 @@
 #!/bin/sh
-# The rules of the house that a compiler does not check. Needs a configured build/dev.
+# Checks the rules of the project that a compiler does not. Needs a configured build/dev.
 set -eu
 cd "$(dirname "$0")/.."
 failed=0

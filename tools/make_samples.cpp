@@ -1,11 +1,11 @@
-// Makes a sample collection from its readable source: make_samples SOURCE COLLECTION
+// Creates a sample collection from its readable source: make_samples SOURCE COLLECTION
 //
-// A source that is a folder is loaded as the folder loader does it, in the order of the names.
-// Otherwise:
+// If the source is a folder, its files are loaded as by the folder loader, in the order of their
+// names. Otherwise:
 //
 // The source is UTF-8: "#" starts a comment line, an empty line ends an item, "Field: value" names
-// a field of the record, and a line "- value" is the next entry of the list named last. Fields
-// left out are blank. A choice is the entry's text, or -1.
+// a field of the record, and a line "- value" is the next entry of the last list named. Fields left
+// out are blank. A choice is the entry's text, or -1.
 
 #include <algorithm>
 #include <cstdio>

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Plants small mistakes at random in a copy of src/, one at a time, and names those that no test
+# Plants small mistakes at random in a copy of src/, one at a time, and prints those that no test
 # notices: mutants.sh core|forms COUNT [SEED]. The copy, build/mutants, is of the last commit.
 set -eu
 cd "$(dirname "$0")/.."

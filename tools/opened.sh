@@ -1,7 +1,7 @@
 #!/bin/sh
 # Opens a collection as a double click does, on a virtual display, and fails when no form of that
-# name comes, or one that the desktop does not know for Quillbox's: opened.sh COLLECTION NAME.
-# XDG_CURRENT_DESKTOP says whose way it is opened in. Needs the program installed.
+# name appears, or one that the desktop does not recognise as Quillbox's: opened.sh COLLECTION NAME.
+# XDG_CURRENT_DESKTOP selects the desktop's way of opening it. Needs the program installed.
 set -eu
 . "$(dirname "$0")/display.sh"
 

@@ -1,6 +1,6 @@
 #!/bin/sh
-# Builds the program as users run it, looks at all that is installed with it, packs it for Debian in
-# build/package and, as root, installs the package, opens a collection with it and takes it away.
+# Builds the release program, checks everything installed with it, packages it for Debian in
+# build/package and, as root, installs the package, opens a collection with it and removes it.
 set -eu
 umask 022
 cd "$(dirname "$0")/.."
@@ -23,7 +23,7 @@ finish() {
 }
 trap finish EXIT
 trap 'exit 1' INT TERM
-# What the user of this machine has chosen for files must not matter.
+# The user's own file associations must not matter.
 export XDG_DATA_HOME="$work/data" XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work"
 export XDG_CURRENT_DESKTOP=
 
@@ -35,11 +35,11 @@ fail() {
 same() { [ "$2" = "$3" ] || fail "$1: \"$2\" where \"$3\" is wanted"; }
 in_metainfo() { xmllint --xpath "string($1)" packaging/$id.metainfo.xml; }
 
-# The type of a file; content-type by all there is, fast-content-type by its name alone.
+# The type of a file; content-type uses name and contents, fast-content-type only the name.
 type_of() { gio info -a "standard::$1" "$2" | sed -n 's/^ *standard::[a-z-]*: //p'; }
 
-# Each collection is known by its name, in capitals and small letters, and as far as its bytes tell
-# without it; calendars, whose names two kinds share, stay calendars.
+# Each collection is recognised by its name, in any case, and as far as possible by its contents
+# alone; calendars, which share an extension with a kind, stay calendars.
 check_types() {
   while read -r ending kind; do
     type=application/x-quillbox-$kind
@@ -71,14 +71,14 @@ END
     same "$calendar" "$(type_of content-type "$calendar")" text/calendar
   done
 }
-# Without a look at the bytes the two stay what they are everywhere else.
+# By their names alone, the two stay what they are everywhere else.
 by_name() {
   case "$1" in
   VCS | ICS) echo text/calendar ;;
   *) echo "$2" ;;
   esac
 }
-# A music collection without an item has the bytes of any kind.
+# A music collection without items has the bytes of any kind.
 by_content() {
   case "$1" in
   */type1.MCS) echo application/x-quillbox-collection ;;
@@ -87,7 +87,7 @@ by_content() {
   esac
 }
 
-# What is installed.
+# The installed files.
 DESTDIR=$work/stage cmake --install build/release --prefix /usr >/dev/null
 desktop-file-validate "$share/applications/$id.desktop"
 appstreamcli validate --no-net "$share/metainfo/$id.metainfo.xml"
@@ -104,7 +104,7 @@ zsh -n "$share/zsh/vendor-completions/_quillbox-cli"
 fish -n "$share/fish/vendor_completions.d/quillbox-cli.fish"
 
 # One icon for the program and one for each type, one list of what a double click opens, and a
-# picture for each that is shown where programs are offered.
+# picture for each place where programs are offered.
 for icon in $(xmllint --xpath '//*[local-name()="icon"]/@name' "$share/mime/packages/$id.xml" |
   sed 's/.*="\(.*\)"/\1/'); do
   [ -n "$(find "$share/icons" -name "$icon.svg")" ] || fail "There is no icon $icon."
@@ -116,7 +116,7 @@ for picture in $(xmllint --xpath '//image/text()' packaging/$id.metainfo.xml); d
   [ -f "docs/forms/${picture##*/}" ] || fail "There is no docs/forms/${picture##*/}."
 done
 
-# One version, and one date, wherever they are typed.
+# The same version and date everywhere.
 version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' build/release/CMakeCache.txt)
 date=$(in_metainfo '//release[1]/@date')
 same "The program's version" "$(build/release/quillbox --version)" "Quillbox $version"
@@ -130,7 +130,7 @@ same "CHANGELOG.md" "$(grep -m 1 '^## \[[0-9]' CHANGELOG.md)" "## [$version] - $
 same "The package's changelog" \
   "$(dpkg-parsechangelog -l packaging/debian/changelog -S Version)" "$version-1"
 
-# Types beside those that every desktop has.
+# Types besides those that every desktop has.
 cp /usr/share/mime/packages/freedesktop.org.xml "$share/mime/packages/"
 complaints=$(XDG_DATA_DIRS=$share update-mime-database "$share/mime" 2>&1)
 same "Complaints about the types" "$complaints" ""
@@ -160,7 +160,7 @@ check_types
 for type in $opened; do
   same "What opens $type" "$(xdg-mime query default "$type")" $id.desktop
 done
-# Both ways that there are: a desktop's own, and the one without any.
+# Both ways there are: a desktop's own, and the generic one.
 cp samples/jazz.MCS "$work/my jazz.MCS"
 for desktop in GNOME ''; do
   XDG_CURRENT_DESKTOP=$desktop dbus-run-session -- tools/opened.sh "$work/my jazz.MCS" \

@@ -1,6 +1,6 @@
 #!/bin/sh
 # Starts the program on a virtual display, closes its start-up box and takes a picture of what is
-# shown then: picture.sh PROGRAM COLLECTION PNG
+# then shown: picture.sh PROGRAM COLLECTION PNG
 set -eu
 . "$(dirname "$0")/display.sh"
 

@@ -41,8 +41,8 @@ need() {
   }
 }
 
-# fetch_source BINARY SOURCE VERSION: the source package that BINARY was built from, into the current
-# folder, from where BINARY itself comes from. The machine's own lists stay as they are.
+# fetch_source BINARY SOURCE VERSION: downloads the source package that BINARY was built from to the
+# current folder, from BINARY's own origin. The machine's package lists stay unchanged.
 fetch_source() {
   from=$(apt-cache policy "$1" | awk '$2 ~ "://" { split($3, part, "/"); print $2, part[1], part[2]; exit }')
   mkdir -p lists/partial
@@ -55,7 +55,7 @@ fetch_source() {
   apt-get -qq "$@" update && apt-get -qq "$@" source --download-only "$source"
 }
 
-# build PRESET [TARGET...]: sets up the preset and builds it.
+# build PRESET [TARGET...]: configures the preset and builds it.
 build() {
   preset=$1
   shift

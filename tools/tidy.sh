@@ -1,5 +1,5 @@
 #!/bin/sh
-# Runs clang-tidy over the sources with the checks of .clang-tidy. Needs a configured build/dev.
+# Runs clang-tidy on the sources with the checks of .clang-tidy. Needs a configured build/dev.
 set -eu
 cd "$(dirname "$0")/.."
 . tools/setup.sh

@@ -1,8 +1,8 @@
 #!/bin/sh
-# Works with the program as a user does, with keys on a virtual display, the same on every platform:
+# Works the program as a user does, with keys on a virtual display, the same on every platform:
 # tour.sh FOLDER COMMAND... copies the samples into FOLDER, opens each of them with COMMAND, and
-# writes, sorts, searches, lists, exports and fills a catalogue. What that writes stays in FOLDER.
-# TOUR_PICTURES names a folder for a picture of each form.
+# writes, sorts, searches, lists, exports and fills a catalogue. The resulting files stay in FOLDER.
+# TOUR_PICTURES is a folder for a picture of each form.
 set -eu
 here=$(cd "$(dirname "$0")/.." && pwd)
 . "$here/tools/display.sh"
@@ -17,8 +17,8 @@ cp -R "$here/samples/media" media
 cp media/Doorbell.wav "media/Another door.wav"
 start_display
 
-# waits WHAT COMMAND...: until the command succeeds; after a minute there is a picture of what is
-# there instead.
+# waits WHAT COMMAND...: until the command succeeds; after a minute it fails with a picture of the
+# screen.
 waits() {
   what=$1
   shift
@@ -49,7 +49,7 @@ shown() {
 }
 keys() { xdotool key --delay 30 "$@"; }
 types() { xdotool type --delay 30 "$1"; }
-# answer TITLE KEY...: a box with that title is answered and goes.
+# answer TITLE KEY...: answers a box with that title, which must then close.
 answer() {
   box=$1
   shown "$box"
@@ -57,7 +57,7 @@ answer() {
   keys "$@"
   waits "$box stays" is_gone "$box"
 }
-# choose TITLE FILE: in a dialog that asks for one.
+# choose TITLE FILE: in a dialog that asks for a file.
 choose() {
   shown "$1"
   types "$2"
@@ -88,7 +88,7 @@ end() {
   answer '^Quillbox V1\.71$' alt+F4
   wait "$started" || true
 }
-# visit FILE: as a double click does; open FILE: from the start screen.
+# visit FILE: opens it as a double click does; open FILE: from the start screen.
 visit() {
   form="Collection Manager \\($1\\)\$"
   begin "$1"
@@ -210,7 +210,7 @@ list_as_text songs.txt
 leave
 open sounds.WCS
 list_as_text sounds.txt
-# From here on the folder that was loaded is the current one.
+# From here on the loaded folder is the current one.
 grows sounds.WCS 328 load_with media/Doorbell.wav
 sort_by alt+b
 leave

@@ -1,6 +1,6 @@
 #!/bin/sh
 # Builds the toolkit's base libraries for Windows, once, from the source package that the host's own
-# were built from: windows-qt.sh FOLDER. FOLDER/install is there only when it is whole.
+# were built from: windows-qt.sh FOLDER. FOLDER/install exists only when it is complete.
 set -eu
 here=$(cd "$(dirname "$0")/.." && pwd)
 . "$here/tools/setup.sh"
@@ -21,7 +21,7 @@ if [ "$(cat source/version 2>/dev/null)" != "$version" ]; then
   echo "$version" >source/version
 fi
 
-# Nothing but windows, drawing, printing and tests; what they need besides is in the source package.
+# Only windows, drawing, printing and tests; what these need besides is in the source package.
 off=
 for feature in sql network dbus vulkan xml concurrent pkg_config \
   system_zlib system_png system_jpeg system_pcre2 system_harfbuzz system_freetype; do

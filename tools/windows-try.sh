@@ -1,6 +1,6 @@
 #!/bin/sh
-# Runs under wine what tools/windows.sh has built: every test, the program from its ZIP with the same
-# keys as on this machine, and the installer. Fails at every difference that has no reason.
+# Runs under wine what tools/windows.sh has built: every test, the program from its ZIP with the
+# same keys as on this machine, and the installer. Fails at every unexpected difference.
 set -eu
 cd "$(dirname "$0")/.."
 . tools/display.sh
@@ -9,7 +9,7 @@ work=$PWD/build/windows-try
 rm -rf "$work"
 mkdir -p "$work/home"
 
-# A Windows of its own, which asks for nothing and leaves this user's folders and menus alone.
+# A separate Windows, which asks for nothing and leaves this user's folders and menus alone.
 export HOME="$work/home" WINEPREFIX="$work/wine" WINEDEBUG=-all
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
 unset DISPLAY WAYLAND_DISPLAY
@@ -20,7 +20,7 @@ finish() {
 trap finish EXIT
 trap 'exit 1' INT TERM
 wine wineboot --init >/dev/null 2>&1
-# Those of Windows cannot be had; without a word wine takes any font that it finds.
+# The fonts of Windows are not available; without configuration wine uses any font it finds.
 for font in 'Segoe UI' Tahoma 'MS Shell Dlg' 'MS Shell Dlg 2'; do
   wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$font" /d 'DejaVu Sans' /f >/dev/null
 done
@@ -32,13 +32,13 @@ fail() {
 # same WHAT IS WANTED
 same() { [ "$2" = "$3" ] || fail "$1: \"$2\" where \"$3\" is wanted"; }
 
-# The tests, with the libraries from where they were built.
+# The tests, with the libraries from the build folders.
 compiler=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-file-name=libstdc++-6.dll)")
 WINEPATH="Z:$QUILLBOX_QT_WINDOWS/install/bin;Z:$compiler;Z:/usr/x86_64-w64-mingw32/lib" \
   QT_QPA_FONTDIR="Z:/usr/share/fonts/truetype/dejavu" ctest --preset windows-tests
 
-# The program from its ZIP, in a folder whose name is more than ASCII, beside the program here: the
-# same keys, the same short date form, the same bytes.
+# The program from its ZIP, in a folder with a name beyond ASCII, compared with the program here:
+# the same keys, the same short date form, the same bytes.
 unzip -q build/windows-package/*.zip -d "$work/unpacked"
 zip="$work/Müller & Söhne"
 mv "$work"/unpacked/* "$zip"
@@ -50,7 +50,7 @@ wineserver -k # it was started without a display, and would go on without
 mkdir "$work/pictures"
 LC_ALL=en_GB.UTF-8 XDG_RUNTIME_DIR="$work" tools/tour.sh "$work/here" "$top/build/release/quillbox"
 TOUR_PICTURES="$work/pictures" tools/tour.sh "$work/there" "$work/quillbox"
-# A catalogue says where its files are, as each system writes it.
+# A catalogue has the paths of its files, as each system writes them.
 for where in here there; do
   python3 - "$work/$where/sounds.WCS" <<'END'
 import sys
@@ -62,7 +62,7 @@ END
 done
 diff -r -x said.log "$work/here" "$work/there" || fail "The same keys wrote other bytes."
 
-# What the user has: settings and texts below AppData, and nothing beside the program.
+# The user's files: settings and texts below AppData, and nothing beside the program.
 user=$(wine cmd /c 'echo %USERPROFILE%' | tr -d '\r')
 home=$(winepath -u "$user")
 settings="$home/AppData/Local/quillbox/windows.ini"
@@ -70,7 +70,7 @@ settings="$home/AppData/Local/quillbox/windows.ini"
 grep -qF 'there\\sounds.WCS' "$settings" || fail "The settings name no collection by a path with \\."
 [ -z "$(find "$zip" -newer "$work/quillbox" -type f)" ] || fail "The program wrote beside itself."
 
-# The installer, for this user, without questions; a collection by a double click; and gone again.
+# The installer, for this user, without questions; a collection by a double click; and removal.
 installed="$home/AppData/Local/Programs/Quillbox"
 link="$home/AppData/Roaming/Microsoft/Windows/Start Menu/Programs/Quillbox.lnk"
 class() { wine reg query "HKCU\\Software\\Classes\\$1" /ve 2>/dev/null | tr -d '\r' | sed -n 's/.*REG_SZ *//p'; }
@@ -87,7 +87,7 @@ collection="$home/Documents/my jäzz.MCS"
 mkdir -p "$home/Documents"
 cp samples/jazz.MCS "$collection"
 cp samples/tapes.VCS "$installed/mine.VCS"
-# Windows looks at a user's types before the machine's; wine knows only the machine's.
+# Windows looks up a user's types before the machine's; wine has only the machine's.
 for key in .MCS 'Quillbox.music\shell\open\command'; do
   wine reg add "HKLM\\Software\\Classes\\$key" /ve /d "$(class "$key")" /f >/dev/null
 done

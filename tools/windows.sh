@@ -1,7 +1,7 @@
 #!/bin/sh
-# The whole program for Windows: builds it and its packages with Debian's cross compiler, runs every
-# test and the program itself under wine. What users get is in build/windows-package then. Where the
-# packages cannot be had there is nothing to try, which is no failure.
+# The whole program for Windows: builds it and its packages with Debian's cross compiler, and runs
+# every test and the program itself under wine. The packages for users are then in
+# build/windows-package. Without Debian's packages nothing is tried, which is no failure.
 set -eu
 cd "$(dirname "$0")/.."
 . tools/setup.sh

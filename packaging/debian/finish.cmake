@@ -1,6 +1,6 @@
-# Run on the files that are about to be packed. Debian wants the package's own changelog beside the
-# program's, both and the page of the manual compressed (by bytes that do not change from one time to
-# the next), and folders that everybody may enter, whatever the umask here.
+# Runs on the files about to be packaged. Debian wants the package's own changelog beside the
+# program's, both and the man pages compressed (always to the same bytes), and folders that
+# everybody may enter, whatever the umask.
 if(NOT CPACK_GENERATOR STREQUAL DEB)
   return()
 endif()

@@ -12,7 +12,7 @@
 namespace quillbox {
 namespace {
 
-/// A text file that takes the place of what was there.
+/// A text file that replaces whatever was there.
 class FileSink : public TextSink {
  public:
   FileSink(OpenFiles& files, const std::string& path)
@@ -32,17 +32,17 @@ void exportAs(const ExportOptions& options, const Opened& opened, const Export& 
   exportCsv(from, to, options.forSpreadsheet ? CsvFor::spreadsheets : CsvFor::programs);
 }
 
-/// What is made from a collection must never cost one.
+/// An export must never overwrite a collection.
 void refuseToReplaceCollections(FileSystem& files, const ExportOptions& options) {
   if (files.isSameFile(options.output, options.file))
     throw RunTimeError(ErrorNumber::fileAlreadyOpen, options.output);
-  // Behind links, too.
+  // Where links lead as well.
   for (const std::string& name : {options.output, fileBehind(files, options.output)})
     if (kindOfExtension(extensionOf(name)) != nullptr)
       throw DataError(name + " is the name of a collection; nothing is written there");
 }
 
-/// What a file that is too short did not hold is said.
+/// Reports what was missing from a file that is too short.
 int endOf(Console& console, const ExportOptions& options, const Export& from) {
   if (from.collection.isWhole()) return kDone;
   console.complain(options.file, "the file ends at item " + std::to_string(from.items()) + " of " +

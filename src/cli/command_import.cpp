@@ -12,7 +12,7 @@ std::string itemsOf(int number) {
   return std::to_string(number) + (number == 1 ? " item" : " items");
 }
 
-/// Tells what changes as it comes, for people or as one JSON object.
+/// Reports each change as it comes, as text or as one JSON object.
 class Plan : public ImportWatcher {
  public:
   Plan(Console& console, const ImportCommand& command, const Values& values)

@@ -22,7 +22,7 @@ struct Info {
   std::vector<BesideFile> beside;
 
   std::string version() const { return toUtf8(readable(collection.header.Version.view())); }
-  /// What the file has when it ends with its last item.
+  /// The length of a file that ends with its last item.
   std::uint64_t wantedSize() const {
     return static_cast<std::uint64_t>(collection.count + 1) * collection.recordLength;
   }

@@ -1,4 +1,4 @@
-// Commands that look after a collection: check, restore, sort, undelete.
+// Commands that maintain a collection: check, restore, sort, undelete.
 
 #include <algorithm>
 
@@ -20,7 +20,7 @@
 namespace quillbox {
 namespace {
 
-/// Says what is found, for people or as one JSON object for each file.
+/// Reports what is found, as text or as one JSON object for each file.
 class Findings {
  public:
   Findings(Console& console, std::string file, bool asJson)
@@ -74,7 +74,7 @@ int checkOne(Console& console, const std::string& file, bool asJson) {
   return findings.end(collection.count);
 }
 
-/// A line on a terminal in the place of the board.
+/// A line on a terminal instead of the board.
 class TerminalBoard : public NoBoard {
  public:
   TerminalBoard(Console& console, const std::string& file) : progress_(console.progressOf(file)) {}
@@ -86,7 +86,7 @@ class TerminalBoard : public NoBoard {
   Progress progress_;
 };
 
-/// Which of the keys are ticked; all names must be of one.
+/// Which of the keys are ticked; all names must be keys of one series.
 std::vector<bool> ticksOf(const SortRules& rules, const std::vector<std::string>& names) {
   std::vector<bool> ticked(rules.keys.size(), false);
   for (const std::string& name : names) {
@@ -112,7 +112,7 @@ std::vector<std::string> ownMediaTypes(Console& console, const CollectionKind& k
   try {
     return readMediaTypes(console.disk()).entries;
   } catch (const RunTimeError& error) {
-    // It must not stand between users and their records.
+    // It must not come between users and their records.
     console.complain(error.file(), standardText(error.number()));
     return {};
   }
@@ -150,7 +150,7 @@ int runSort(Console& console, const SortCommand& command) {
     if (collection.isOfOlderType())
       throw DataError(
           "the collection is of an older file type; Quillbox upgrades it when it opens it");
-    // All series, of books too, and then the file.
+    // All series, even for books, and then the file.
     SortRules rules = sortRulesOf(*collection.kind);
     rules.endsProgramAfter.reset();
     const std::vector<bool> ticked = ticksOf(rules, command.keys);

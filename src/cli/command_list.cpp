@@ -13,7 +13,7 @@
 namespace quillbox {
 namespace {
 
-/// What can be listed, looked for and ordered by: a value, all entries of a list, the number.
+/// What can be listed, searched and ordered by: a value, all entries of a list, the number.
 struct Listed {
   std::string name;
   std::vector<const DataColumn*> columns;  // none: the number
@@ -80,7 +80,7 @@ class ItemList {
     return heads;
   }
 
-  /// The filled entries of a list one after the other.
+  /// The filled entries of a list, one after another.
   std::string textOf(const Listed& one, std::span<const std::byte> record) const {
     std::string text;
     for (const DataColumn* column : one.columns) {
@@ -124,7 +124,7 @@ class ItemList {
     return items;
   }
 
-  /// By the last key first, so that each keeps what those behind it have put in order.
+  /// By the last key first, so that each sort keeps the order of the keys after it.
   std::vector<int> inOrder(std::vector<int> items) const {
     for (auto key = command_.sort.rbegin(); key != command_.sort.rend(); ++key) {
       std::string name = *key;

@@ -1,4 +1,4 @@
-// Commands that look at all items: loans, doubles, summary.
+// Commands that read all items: loans, doubles, summary.
 
 #include <algorithm>
 
@@ -16,8 +16,8 @@
 namespace quillbox {
 namespace {
 
-/// Does a command with each file; what it writes as JSON is an array of objects, each with its
-/// file. `run` returns the rest of the object, or prints for people and returns nothing.
+/// Runs a command on each file; its JSON output is an array of objects, each with its file. `run`
+/// returns the rest of the object, or prints text and returns nothing.
 template <typename Run>
 int withEach(Console& console, const Files& files, bool asJson, const Run& run) {
   int status = kDone;
@@ -65,7 +65,7 @@ std::string loansOf(Console& console, const Opened& opened, bool asJson) {
   return isAny ? table.aligned(console.showsColours()) : "nothing is on loan\n";
 }
 
-/// What tells an item, as people read it.
+/// The fields that identify an item, as text.
 std::string tellingText(const Opened& opened, std::span<const std::byte> record) {
   std::string text;
   for (const Field* field : tellingFields(opened.kind())) {

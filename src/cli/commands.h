@@ -8,8 +8,8 @@
 #include "opendata/beside.h"
 #include "opendata/import.h"
 
-/// The commands of the program for the command line. Each returns its exit status; what is wrong is
-/// said on standard error with the file's name.
+/// The commands of the command-line program. Each returns its exit status; errors are reported on
+/// standard error with the file's name.
 namespace quillbox {
 
 using Files = std::vector<std::string>;
@@ -27,7 +27,7 @@ int runExport(Console& console, const ExportOptions& options);
 struct ImportCommand {
   std::string file;
   std::string input;
-  std::string format;  ///< csv, json, or empty to be told by what comes
+  std::string format;  ///< csv, json, or empty to detect it
   ImportOptions options;
   bool asJson = false;
 };
@@ -54,9 +54,9 @@ int runUndelete(Console& console, const UndeleteCommand& command);
 struct ListCommand {
   std::string file;
   std::vector<std::string>
-      where;  ///< FIELD=TEXT; an item must hold each, capitals and accents aside
-  std::vector<std::string> sort;     ///< FIELD or FIELD:down, the first counts most
-  std::vector<std::string> columns;  ///< empty: the number and what tells items apart
+      where;  ///< FIELD=TEXT; an item must match each, ignoring case and accents
+  std::vector<std::string> sort;     ///< FIELD or FIELD:down, the most important first
+  std::vector<std::string> columns;  ///< empty: the number and the identifying fields
   bool withDeleted = false;
   bool asTsv = false;
   bool asJson = false;
@@ -65,12 +65,12 @@ int runList(Console& console, const ListCommand& command);
 
 int runLoans(Console& console, const Files& files, bool asJson);
 
-/// kFoundOrRefused when something is there twice.
+/// kFoundOrRefused when there are doubles.
 int runDoubles(Console& console, const Files& files, bool asJson);
 
 int runSummary(Console& console, const Files& files, bool asJson);
 
-/// The user's own media types of music, from the current folder; empty where there are none.
+/// The user's own media types of music, from the current folder; empty if there are none.
 std::vector<std::string> ownMediaTypes(Console& console, const CollectionKind& kind);
 
 }  // namespace quillbox

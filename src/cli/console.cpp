@@ -57,7 +57,7 @@ class FileSource : public ByteSource {
   std::uint64_t at_ = 0;
 };
 
-/// The start of a text that is too long for a message.
+/// The beginning of a text that is too long for a message.
 std::string shortened(std::string_view text) {
   constexpr std::size_t most = 500;
   if (text.size() <= most) return std::string(text);
@@ -83,7 +83,7 @@ void Console::Output::writeAll(std::string_view text) {
   if (text.empty()) return;
   if (::isatty(STDOUT_FILENO) != 0) {
     console_.clearProgress();
-    console_.mayShowProgress_ = false;  // what is written may end in the middle of a line
+    console_.mayShowProgress_ = false;  // the output may end in the middle of a line
   }
   writeToDescriptor(STDOUT_FILENO, text);
 }

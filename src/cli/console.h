@@ -12,21 +12,21 @@
 
 namespace quillbox {
 
-/// How a command ended, as the system is told.
+/// The exit status of a command.
 enum ExitStatus : int {
   kDone = 0,
   kFoundOrRefused = 1,  ///< something was found, or could not be done
   kWrongUse = 2,
 };
 
-/// A command that asks for what there is not: a column, a key.
+/// A command that names something that does not exist: a column, a key.
 class WrongUse : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// Standard output, input and error of the program for the command line, and the files it reads and
-/// writes beside collections.
+/// Standard output, input and error of the command-line program, and the files it reads and writes
+/// besides collections.
 class Console {
  public:
   explicit Console(OpenFiles& files);
@@ -34,27 +34,27 @@ class Console {
   OpenFiles& files() { return files_; }
   FileSystem& disk() { return files_.fileSystem(); }
 
-  /// What is asked for goes to standard output.
+  /// Requested output goes to standard output.
   TextSink& out() { return out_; }
   void print(std::string_view text) { out_.write(text); }
 
-  /// Says on standard error what is wrong with a file.
+  /// Reports an error in a file on standard error.
   void complain(const std::string& file, std::string_view why);
 
-  /// Does that with a file; what fails is said and gives kFoundOrRefused, or kWrongUse. A
-  /// collection that lies under its backup's name only is pointed to.
+  /// Makes a call for a file; a failure is reported and returns kFoundOrRefused, or kWrongUse. If
+  /// the collection exists only under its backup's name, the message says so.
   template <typename Call>
   int guarded(const std::string& file, const Call& call);
 
-  /// Writes what is left; false, and said, when standard output cannot take it.
+  /// Writes the rest; false, after reporting it, when standard output cannot be written.
   bool flush();
 
-  /// Shows how far work on a file is, on a line of its own that is gone when the next line comes,
-  /// and at the end. Empty where standard error is no terminal. Where standard output is one, too,
-  /// nothing is shown any more once something was written there.
+  /// Shows the progress of work on a file, on a line that disappears with the next line, and at the
+  /// end. Empty when standard error is no terminal. If standard output is one as well, nothing more
+  /// is shown once something was written there.
   Progress progressOf(const std::string& file);
 
-  /// True when standard output is a terminal that shows colours.
+  /// True when standard output is a terminal with colours.
   bool showsColours() const;
 
  private:
@@ -90,16 +90,16 @@ int Console::guarded(const std::string& file, const Call& call) {
   }
 }
 
-/// A file, or standard input where the name is "-".
+/// A file, or standard input for the name "-".
 std::unique_ptr<ByteSource> openSource(FileSystem& files, const std::string& name);
 
-/// Hands out what a source has, its first bytes having been looked at.
+/// Returns the bytes of a source whose first bytes have already been read.
 class PeekedSource : public ByteSource {
  public:
   explicit PeekedSource(ByteSource& source);
 
-  /// The first character that is neither a blank, a line end nor a byte-order mark; 0 when there is
-  /// none among the first bytes.
+  /// The first character other than a blank, a line end or a byte-order mark; 0 when there is none
+  /// among the first bytes.
   char firstCharacter() const;
 
   std::size_t read(std::span<char> into) override;

@@ -12,13 +12,13 @@ namespace {
 
 constexpr const char* kFile = "A collection";
 
-/// What is wrong with the command itself.
+/// Reports an error in the command itself.
 int wrongUse(Console& console, const std::string& why) {
   console.complain({}, why);
   return kWrongUse;
 }
 
-/// The commands, their options, and what was asked for.
+/// The commands, their options, and the parsed values.
 class CommandLine {
  public:
   explicit CommandLine(Console& console) : console_(console) {
@@ -54,7 +54,7 @@ class CommandLine {
   }
 
  private:
-  /// Prints what was asked for, help or the version, or says what is wrong.
+  /// Prints the requested help or version, or reports the error.
   int endWith(const CLI::ParseError& error) {
     std::ostringstream out;
     std::ostringstream ignored;
@@ -62,7 +62,7 @@ class CommandLine {
       console_.print(out.str());
       return kDone;
     }
-    // What was not understood tells more than what is missing for it.
+    // An unknown argument explains more than what is missing because of it.
     const std::vector<std::string> unknown = app_.remaining(true);
     const std::string why =
         unknown.empty() ? error.what() : "\"" + unknown.front() + "\" is unknown";
@@ -209,7 +209,7 @@ class CommandLine {
 
 int main(int argc, char** argv) {
   using namespace quillbox;
-  std::setlocale(LC_TIME, "");  // for the form of dates
+  std::setlocale(LC_TIME, "");  // for the date form
   DiskFileSystem fileSystem;
   OpenFiles files(fileSystem);
   Console console(files);

@@ -11,7 +11,7 @@
 
 namespace quillbox {
 
-/// A collection that a command reads: its file, the user's own media types, its values.
+/// A collection read by a command: its file, the user's own media types, its values.
 class Opened {
  public:
   Opened(Console& console, const std::string& path);
@@ -23,8 +23,8 @@ class Opened {
   /// The words of choices, and the form in which dates are shown and typed.
   RecordTexts texts(std::string dateForm) const;
 
-  /// Hands out all items, as records of the kind as it is now. What a file that is too short does
-  /// not hold of them is left out.
+  /// Passes on all items, as current records of the kind. Items missing from a file that is too
+  /// short are left out.
   void readItems(const std::function<void(int item, std::span<const std::byte> record)>& use) const;
 
  private:
@@ -36,7 +36,7 @@ class Opened {
 
 inline constexpr const char* kIsoDates = "yyyy-MM-dd";
 
-/// The short date form of the user's language, as date_text.h takes it.
+/// The short date form of the user's language, in the notation of date_text.h.
 std::string shortDateForm();
 
 /// Today, in days since 30 December 1899.

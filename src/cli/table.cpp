@@ -7,7 +7,7 @@
 namespace quillbox {
 namespace {
 
-/// Characters of UTF-8: bytes that do not go on with one.
+/// The number of UTF-8 characters: bytes that are not continuation bytes.
 std::size_t widthOf(const std::string& text) {
   return static_cast<std::size_t>(std::ranges::count_if(
       text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
@@ -17,7 +17,7 @@ std::size_t widthOf(const std::string& text) {
 
 std::string printable(std::string text) {
   constexpr unsigned char remove = 0x7F;
-  constexpr char firstOfC1 = '\xC2';  // then 80 to 9F
+  constexpr char firstOfC1 = '\xC2';  // followed by 80 to 9F
   for (std::size_t at = 0; at < text.size(); ++at) {
     const auto code = static_cast<unsigned char>(text[at]);
     if (code < ' ' || code == remove) text[at] = ' ';

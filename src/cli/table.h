@@ -5,8 +5,8 @@
 
 namespace quillbox {
 
-/// A table of texts (UTF-8) for a terminal, a line for each row. Characters that would steer a
-/// terminal are blanks in it.
+/// A table of texts (UTF-8) for a terminal, one line for each row. Control characters in it become
+/// blanks.
 class Table {
  public:
   struct Head {
@@ -18,13 +18,13 @@ class Table {
 
   void add(std::vector<std::string> row);
 
-  /// Columns lined up, two blanks between them; the heads bold where that is wanted.
+  /// In aligned columns with two blanks between them; the heads can be bold.
   std::string aligned(bool boldHeads) const;
 
   /// With tabs between the columns.
   std::string tabSeparated() const;
 
-  /// An array of objects, of which each has its values by the heads' names.
+  /// An array of objects, with the heads as names.
   std::string json() const;
 
  private:
@@ -32,7 +32,7 @@ class Table {
   std::vector<std::vector<std::string>> rows_;
 };
 
-/// The text with blanks for what would steer a terminal or end a line.
+/// The text with blanks for all characters that control a terminal or end a line.
 std::string printable(std::string text);
 
 }  // namespace quillbox

@@ -25,7 +25,7 @@ constexpr InputRow txtCmic(int element, const char* caption, const Field* field,
   return input("txtCmic", caption, field, place).inArray(element).labelled("lblCmic");
 }
 
-// "Villan(s)" is spelled so, and has no colon.
+// Spelled "Villan(s)", without a colon.
 constexpr InputRow kInputs[] = {
     txtCmic(0, "&Book Title:", comicField("BookTitle"), {bookTitle}),
     txtCmic(1, "&Comic Title:", comicField("ComicTitle"), {comicTitle}),
@@ -42,7 +42,7 @@ constexpr InputRow kInputs[] = {
     input("chkBoarded", "B&oarded", comicField("Boarded"), {boxes, 1, 1}),
 };
 
-// The two boxes cannot be searched for.
+// The two boxes cannot be searched by.
 constexpr auto kSearchInputs = std::span(kInputs).first(std::size(kInputs) - 2);
 constexpr HeadingRow kSearchHeadings[] = {{"Input Data To Search For", comicHeading},
                                           {"Purchase", purchaseHeading}};

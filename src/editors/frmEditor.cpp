@@ -22,7 +22,7 @@
 namespace quillbox {
 namespace {
 
-/// Nothing was ever shown that could be written.
+/// There is nothing on the form to write.
 constexpr std::string_view kNothingShown =
     "No item is shown. Choose Clear Data to start a new item.";
 
@@ -66,7 +66,7 @@ QWidget* frmEditor::makeIndicator() {
   lblIndex_->setFont(font);
   keepRoomFor(*lblIndex_, fromUtf8Text(widestRecordLabel(store_.kind())));
 
-  lblNotWritten_ = new QLabel(QStringLiteral("\u25CF not written"));  // a dot before it
+  lblNotWritten_ = new QLabel(QStringLiteral("\u25CF not written"));  // preceded by a dot
   lblNotWritten_->setObjectName(QStringLiteral("lblNotWritten"));
   lblNotWritten_->setToolTip(QString::fromUtf8(kNotWritten));
   lblNotWritten_->setAccessibleName(QStringLiteral("Item"));
@@ -108,7 +108,7 @@ void frmEditor::makeMenus() {
   }
 }
 
-/// Of what has neither button nor menu item.
+/// Commands with neither button nor menu item.
 void frmEditor::makeKeys() {
   for (const Command command : {Command::duplicate, Command::bringBack})
     onKeys(keysOf(command), [this, command] { program().run([&] { choose(command); }); });
@@ -154,7 +154,7 @@ void frmEditor::choose(Command command) {
       return Duplicate();
     case Command::bringBack:
       return BringBack();
-    case Command::mediaTypes:  // the list comes from the user's file alone
+    case Command::mediaTypes:  // the list comes only from the user's file
     case Command::editSubList:
     case Command::loadFolder:
       return;
@@ -163,7 +163,7 @@ void frmEditor::choose(Command command) {
 
 void frmEditor::open(OpenCollection opening) {
   Form_Load(opening);
-  clearStatus();  // what it tells is of the collection that was open before
+  clearStatus();  // it refers to the collection open before
   tellWhatIsMissing();
   offerKeptText();
   openKeptPanel();
@@ -192,7 +192,7 @@ void frmEditor::BTEnable(int point) {
   const bool hadFocus = previous.hasFocus() || next.hasFocus();
   previous.setEnabled(point != 1);
   next.setEnabled(point != state().Count);
-  // A user who steps to the end with the keyboard stays on the position buttons.
+  // A user who steps to the end with the keyboard stays on the stepping buttons.
   if (hadFocus && !previous.hasFocus() && !next.hasFocus())
     (previous.isEnabled() ? previous : next).setFocus();
 }
@@ -268,7 +268,7 @@ void frmEditor::cmdPrevious_Click() {
   auto lapBegin = Clock::now();
   const auto onLap = [&] {
     setControlsEnabled(false);
-    // Ten times as long as the lap took, so that a search without end costs next to nothing.
+    // Ten times the duration of the lap, so that an endless search costs next to nothing.
     const auto lap = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - lapBegin);
     const bool goOn = restBetweenLaps(10 * static_cast<int>(lap.count()));
     lapBegin = Clock::now();
@@ -290,7 +290,7 @@ void frmEditor::cmdPrevious_Click() {
   if (item) showItem(*item, record);
 }
 
-/// Only closing the window has an effect meanwhile: every control is disabled.
+/// Only closing the window has an effect meanwhile: all controls are disabled.
 bool frmEditor::restBetweenLaps(int milliseconds) {
   constexpr int shortest = 50;
   constexpr int longest = 2000;
@@ -311,7 +311,7 @@ void frmEditor::cmdGoto_Click() {
   try {
     item = wholeNumber(*answer);
   } catch (const RunTimeError&) {
-    // Not a number, or one that no position can have: to some the same as one that is no item.
+    // No valid position: some editors treat such a text like a number that is no item.
     if (rules.badTextIsAnError) throw;
   }
   if (item < 1 || item > state().Count)
@@ -375,7 +375,7 @@ void frmEditor::cmdDelete_Click() {
     report(rules.abortedTitle, "Aborted.");
     return;
   }
-  // The buffer as it was read, not what was typed since; or nothing but the marker.
+  // The buffer as it was read, not as typed since; or only the marker.
   std::vector<std::byte> record(buffer().size());
   if (rules.keepsTheRest) std::ranges::copy(buffer(), record.begin());
   setText(store_.kind().fields.front(), record, rules.marker);

@@ -32,10 +32,10 @@ class PrintEngine;
 class WrappingRow;
 struct FoundItem;
 
-/// What an editor form is made of.
+/// The parts of an editor form.
 struct EditorTables {
   const char* formName;
-  const char* indicatorName = "lblIndex";   ///< of the label that shows the record indicator
+  const char* indicatorName = "lblIndex";   ///< the label with the record indicator
   const char* indicatorText = "Record #:";  ///< before anything is shown
   std::span<const InputRow> inputs;
   std::span<const HeadingRow> headings = {};
@@ -44,23 +44,23 @@ struct EditorTables {
   const char* aboutTitle;
   const char* aboutArea;
   const char* helpPage;          ///< of the manual
-  SearchPage search;             ///< what of the inputs the search form repeats
-  const char* setupDialog = "";  ///< of the printer, where it has a name
+  SearchPage search;             ///< the inputs that the search form repeats
+  const char* setupDialog = "";  ///< the printer's dialog, if it has a name
 };
 
-/// The editor of a collection: shows one item at a time and lets the user step, jump, write, clear
-/// and delete. One form of each kind exists; it is loaded each time a collection is opened in it.
+/// The editor of a collection: shows one item at a time and has commands to step, jump, write,
+/// clear and delete. There is one form for each kind; it is loaded each time it opens a collection.
 class frmEditor : public Form {
  public:
-  /// Loads a collection, then shows the form. `opening` says what: its path and kind, and whether
-  /// it is to be made; the rest is carried over from what was open before. A run-time error leaves
-  /// the form, and what is open, as they were.
+  /// Loads a collection, then shows the form. `opening` has the path and kind, and whether the file
+  /// is to be created; the rest is kept from what was open before. A run-time error leaves the
+  /// form, and what is open, unchanged.
   void open(OpenCollection opening);
 
   void keepTyped() override;
   void setVisible(bool visible) override;
 
-  /// Leaves the form and the collection, for another one to be opened.
+  /// Leaves the form and the collection before another one is opened.
   void leave() { Undraw(); }
 
  protected:
@@ -68,64 +68,62 @@ class frmEditor : public Form {
 
   using Record = std::vector<std::byte>;
 
-  /// The engine is the one that all editors print with.
+  /// All editors share one print engine.
   frmEditor(Program& program, PrintEngine& printEngine, const CollectionKind& kind,
             const EditorTables& tables);
 
-  /// Reads or makes that collection, takes it over and shows its first item. A run-time error
-  /// leaves the form, and what is open, as they were.
+  /// Reads or creates the collection, takes it over and shows its first item. A run-time error
+  /// leaves the form, and what is open, unchanged.
   virtual void Form_Load(OpenCollection& opening) = 0;
 
   void Form_Unload() override { ExitCollection_Click(); }
   void closeWhileBusy() override { isLeaving_ = true; }
 
-  /// Does what a button or a menu item stands for.
+  /// Carries out the command of a button or a menu item.
   virtual void choose(Command command);
 
   /// Record buffer to controls, record indicator, then `BTEnable`.
   virtual void UpdateScreen();
 
-  /// Controls to record, which is the record buffer or a copy of it. A run-time error leaves both
-  /// as they were.
+  /// Controls to record: the record buffer or a copy of it. A run-time error leaves both unchanged.
   virtual void GetScreen(std::span<std::byte> record);
 
   /// Empty form, "New Record", new-item mode.
   virtual void ClearData();
 
-  /// Whether the sub-list holds anything else than that record, or anything at all when there is
-  /// none.
+  /// Whether the sub-list differs from the record or, without one, has any entries.
   virtual bool subListDiffers(const Record* /*record*/) const { return false; }
 
   /// Empties the sub-list, just before another item is shown.
   virtual void clearSubList() {}
 
-  /// The entries of the sub-list as they stand, and the same as if the user had typed them.
+  /// The entries of the sub-list, and setting them as if the user had typed them.
   virtual QStringList subList() const { return {}; }
   virtual void putBackSubList(const QStringList& /*entries*/) {}
 
-  /// What is on the form goes: text in it that is not written is kept, and the user told so, unless
-  /// the form goes with it.
+  /// The form is about to change: text not written is kept, and the user is told so, unless the
+  /// form closes as well.
   void leaveTyped(bool tells = true);
 
-  /// What is on the form by now was shown by program: nobody typed it.
+  /// The form now shows what the program has put there: nobody typed it.
   void noteShown();
 
-  /// An empty form for a new item; what was on it is written or kept.
+  /// An empty form for a new item; its former contents are written or kept.
   void startNewItem();
 
-  // What the file holds at the position by now: that record, or nothing, as for a new item.
+  // What the file now has at the position: that record, or nothing, as for a new item.
   void noteStored(std::span<const std::byte> record);
   void noteNothingStored();
 
-  /// Shows where the form holds what its item does not: the mark beside the record indicator, and a
-  /// tint. Text that stands so for a moment is kept in case the program is killed.
+  /// Shows where the form differs from its item: the mark beside the record indicator, and a tint.
+  /// Text is kept after a moment in case the program is killed.
   void updateNotWritten();
   void updateMark();
 
-  /// The form that shows the item at the moment: this one, or its second page.
+  /// The form that shows the item now: this one, or its second page.
   virtual Form& formOnScreen() { return *this; }
 
-  /// Shows a status, unless the same command has something to offer.
+  /// Shows a status, unless the same command has already offered an action there.
   void tell(const QString& text);
 
   virtual void setRecordLabel(const std::string& text);
@@ -134,7 +132,7 @@ class frmEditor : public Form {
   /// Enables Previous unless `point` is 1 and Next unless it is `Count`.
   void BTEnable(int point);
 
-  // The handlers, named after the controls of the music editor, the model of all others.
+  // The handlers, named after the controls of the music editor, which the others follow.
   void cmdNext_Click();
   void cmdPrevious_Click();
   void cmdGoto_Click();
@@ -152,37 +150,37 @@ class frmEditor : public Form {
   void PrinterSetup_Click();
   void ExportData_Click();
 
-  /// The file type in the header that New File writes.
+  /// The file type that New File writes to the header.
   virtual int newFileType() const { return store_.kind().rules.fileType; }
 
-  /// What follows the storing of a new item: a form for the next one.
+  /// What follows storing a new item: a form for the next one.
   virtual void afterNewItem() { startNewItem(); }
 
-  /// The form as it is before anything was ever shown on it; Previous and Next are disabled.
+  /// The form before anything was shown on it; Previous and Next are disabled.
   virtual void resetForm();
 
-  // What Form_Load is made of. Everything that can fail comes first, on `opening`; only then are
-  // the state and the form touched.
+  // The parts of Form_Load. Everything that can fail comes first, on `opening`; only then do the
+  // state and the form change.
 
-  /// The collection that is being opened, as this editor's kind reads and writes it.
+  /// The collection being opened, by the rules of this editor's kind.
   CollectionStore storeOf(const OpenCollection& opening);
 
-  /// Makes an empty collection with that file type.
+  /// Creates an empty collection with that file type.
   void makeFile(OpenCollection& opening, int fileType);
 
   /// Item 1; nothing when the collection is empty.
   std::optional<Record> readFirstItem(CollectionStore store, int count);
 
-  /// From now on this is the collection that is open.
+  /// From now on this collection is open.
   void takeOver(const OpenCollection& opened);
 
-  // The places where the position and the record buffer change. None of them can fail.
+  // The position and the record buffer change here. None of these can fail.
 
   void showItem(std::int16_t position, std::span<const std::byte> record);
   void showNothing();
   /// Shows item 1, or the empty collection.
   void showFirstItem(const std::optional<Record>& first);
-  /// `Count` as it has become, and what follows from it on the form.
+  /// The new `Count`, with all its effects on the form.
   void takeCount(std::int16_t count);
   void takeBuffer(std::span<const std::byte> record);
 
@@ -191,7 +189,7 @@ class frmEditor : public Form {
   /// The window's caption and icon.
   void setFileCaption(const CollectionKind& kind);
 
-  /// Shows a message under the editor's own title.
+  /// Shows a message with the editor's own title.
   void say(std::string_view text) { program().message(store_.kind().rules.messageTitle, text); }
 
   CollectionStore& store() { return store_; }
@@ -211,7 +209,7 @@ class frmEditor : public Form {
   void Undraw();
   void showSorted(std::int16_t count);
 
-  // Text that is typed and not written, in frmEditor_typed.cpp.
+  // Text that was typed and not written, in frmEditor_typed.cpp.
   KeptText typedText();
   bool holdsTyped();
   void offerBringBack(const QString& told);
@@ -225,7 +223,7 @@ class frmEditor : public Form {
     std::int16_t item;
     Record before;
     Record after;
-    bool isBegun = false;  ///< writing failed: the item may be half of each
+    bool isBegun = false;  ///< writing failed: the item may be half old, half new
   };
   void offerUndo(const QString& told, Undo undo);
   void takeBack(const QString& told, Undo undo);
@@ -252,19 +250,19 @@ class frmEditor : public Form {
   QLabel* lblNotWritten_ = nullptr;
   std::optional<Record> stored_;  // the item at the position as it is in the file; none: a new item
   bool isMarked_ = false;         // the form differs from that
-  bool isLeft_ = false;  // what is on the form is of a collection that is not open any more
-  KeptText shown_;       // what the program itself has put on the form
+  bool isLeft_ = false;           // the form shows an item of a collection that is no longer open
+  KeptText shown_;                // what the program itself put on the form
   std::optional<KeptTexts> kept_;  // of the open collection
   QTimer keepSoon_;
   std::map<Command, QPushButton*> buttons_;
-  std::unique_ptr<frmSort> sort_;  // made when they are first shown
+  std::unique_ptr<frmSort> sort_;  // created when first shown
   std::unique_ptr<frmSearch> search_;
-  /// Where a new item was being written when writing failed. It is known from a scan that nothing
-  /// may have come after: any command but Write Data and Clear Data, and opening, forget it.
+  /// Where a new item was being written when writing failed. It comes from a scan, and must be used
+  /// at once: opening, and any command other than Write Data and Clear Data, clears it.
   std::optional<std::int16_t> slot_;
-  Panel* panel_ = nullptr;  // none while it is closed
+  Panel* panel_ = nullptr;  // none while closed
   QToolButton* panelButton_ = nullptr;
-  bool isLeaving_ = false;  // the window was closed while Previous went on searching
+  bool isLeaving_ = false;  // the window was closed while Previous was searching
 };
 
 }  // namespace quillbox

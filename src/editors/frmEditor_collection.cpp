@@ -1,5 +1,4 @@
-// What an editor does with the collection as a whole: open and leave it, sort, search, print,
-// export.
+// An editor's commands for the whole collection: open and leave it, sort, search, print, export.
 
 #include <algorithm>
 
@@ -32,7 +31,7 @@ CollectionStore frmEditor::storeOf(const OpenCollection& opening) {
   return CollectionStore(state().files, opening, store_.kind());
 }
 
-/// No position is left from another collection.
+/// No position of another collection remains.
 void frmEditor::makeFile(OpenCollection& opening, int fileType) {
   storeOf(opening).WriteHeader(0, fileType, OpenMode::create);
   opening.newCollection = false;
@@ -52,7 +51,7 @@ void frmEditor::takeOver(const OpenCollection& opened) {
   slot_.reset();
 }
 
-/// Looked up unasked: where that fails nothing is said.
+/// Not asked for: if it fails, nothing is shown.
 void frmEditor::tellWhatIsMissing() {
   const int count = state().Count;
   if (state().CurRec == 0 && count < 1)
@@ -65,7 +64,7 @@ void frmEditor::tellWhatIsMissing() {
   });
 }
 
-/// A form that comes back, as after an Open that failed, is in use again.
+/// A form that is shown again, as after an Open that failed, is in use again.
 void frmEditor::setVisible(bool visible) {
   if (visible) isLeft_ = false;
   Form::setVisible(visible);
@@ -112,12 +111,12 @@ void frmEditor::SortRecords_Click() {
   sort_->open(*this);
 }
 
-/// The form as if the collection had been opened at this position: what was on it may be another
-/// item's by now. A new item stays as typed.
+/// The form as if the collection had been opened at this position: its contents may belong to
+/// another item by now. A new item stays as typed.
 void frmEditor::showSorted(std::int16_t count) {
   const bool resetsListPos = sortRulesOf(store_.kind()).resetsListPos;
   const std::int16_t position = resetsListPos && stepsByListPos() ? 1 : this->position();
-  const std::int16_t item = std::min(position, count);  // there may be fewer items than there were
+  const std::int16_t item = std::min(position, count);  // there may be fewer items now
   const bool isShown = state().CurRec >= 1;
   const auto record = isShown && item >= 1 ? std::optional(store_.ReadRecord(item)) : std::nullopt;
 
@@ -126,7 +125,7 @@ void frmEditor::showSorted(std::int16_t count) {
   if (resetsListPos) state().ListPos = 1;
   if (isShown) {
     resetForm();
-    // Ahead of the item itself, which may be a deleted one that shows nothing.
+    // Before the item itself, which may be a deleted one that shows nothing.
     if (record) setRecordLabel(recordLabel(store_.kind(), item, count));
     record ? showItem(item, *record) : showNothing();
   }
@@ -171,7 +170,7 @@ void frmEditor::PrintList_Click() {
   const std::int16_t count =
       composePages(state().files, state(), store_.kind(), pages, mode, printEngine_, board);
   if (count < 1) {
-    // The editor stays hidden and the board shown; who closes it comes to the start screen.
+    // The editor stays hidden and the board shown; closing it leads to the start screen.
     board.tell("Nothing printed: the collection is empty");
     program().message(kDefaultTitle,
                       "System Error! Print routines have FAILED! Please contact the author for a "

@@ -10,9 +10,9 @@ namespace {
 
 struct CommandRow {
   Command command;
-  const char* themeIcon = "";  ///< where themes have one
+  const char* themeIcon = "";  ///< if the theme has one
   const char* ownIcon = "";
-  const char* keys = "";  ///< none that a text box has a use for
+  const char* keys = "";  ///< none that text boxes use
   const char* toolTip = "";
 };
 

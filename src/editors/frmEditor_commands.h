@@ -6,7 +6,7 @@
 
 namespace quillbox {
 
-/// The commands that editors and their second pages have buttons, menu items and keys for.
+/// The commands for which editors and their second pages have buttons, menu items and keys.
 enum class Command {
   // buttons
   previous,
@@ -29,7 +29,7 @@ enum class Command {
   loadFolder,
   contents,
   about,
-  // keys alone
+  // only keys
   duplicate,
   bringBack,
 };
@@ -40,8 +40,7 @@ struct ButtonRow {
   const char* caption;
 };
 
-/// One item of a menu; rows of the same menu follow one another. A menu without an item is itself
-/// what is chosen.
+/// One item of a menu; rows of the same menu are adjacent. A menu without items is chosen itself.
 struct MenuRow {
   const char* menu;
   const char* menuCaption;
@@ -53,7 +52,7 @@ struct MenuRow {
 /// The icon of a command; none for most.
 QIcon iconOf(Command command);
 
-/// The keys of a command, besides the access keys of its captions; empty for most.
+/// The keys of a command, in addition to its captions' access keys; empty for most.
 QKeySequence keysOf(Command command);
 
 /// What a command does, and its keys.

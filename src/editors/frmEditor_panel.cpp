@@ -11,8 +11,8 @@
 namespace quillbox {
 namespace {
 
-/// Keeps room for a button at the right end of a menu bar. Assistive technology finds only menus in
-/// a menu bar, so the button is a child of the window and stands over that room.
+/// Keeps space for a button at the right end of a menu bar. Assistive technology finds only menus
+/// in a menu bar, so the button is a child of the window and lies over that space.
 class MenuBarRoom : public QWidget {
  public:
   explicit MenuBarRoom(QWidget& button) : button_(button) {}
@@ -48,8 +48,8 @@ void frmEditor::makePanelButton() {
   panelButton_->setToolTip(QStringLiteral("Show all items of the collection (F9)"));
   panelButton_->setCheckable(true);
   panelButton_->setAutoRaise(true);
-  panelButton_->setFocusPolicy(Qt::NoFocus);  // F9 is its key; the form's tab order stays
-  // Also when assistive technology toggles it, which is no click.
+  panelButton_->setFocusPolicy(Qt::NoFocus);  // F9 is its key; the form's tab order is unchanged
+  // Also when assistive technology toggles it, which is not a click.
   connect(panelButton_, &QToolButton::toggled, this, [this](bool on) {
     if (on != (panel_ != nullptr)) togglePanel();
   });
@@ -61,7 +61,7 @@ void frmEditor::makePanelButton() {
   });
 }
 
-/// The editor of media files has four.
+/// The editor of media files serves four kinds.
 const CollectionKind& frmEditor::openKind() {
   const CollectionKind* kind = kindOfCode(state().kindCode);
   return kind != nullptr && kind->editor == store_.kind().editor ? *kind : store_.kind();
@@ -88,7 +88,7 @@ void frmEditor::showPanel(bool shown, bool grows) {
       slot_.reset();
       if (item <= state().Count) readAndShow(item);
     });
-    // From inside the panel, which must not be deleted yet.
+    // Called from inside the panel, which must not be deleted yet.
     if (isSideOver())
       QTimer::singleShot(0, this, [this] {
         if (isSideOver()) togglePanel();
@@ -102,7 +102,7 @@ void frmEditor::showPanel(bool shown, bool grows) {
   markInPanel();
 }
 
-/// As the user has left it in this kind.
+/// In the state in which the user left it for this kind.
 void frmEditor::openKeptPanel() {
   const CollectionKind& kind = openKind();
   const PanelSettings* settings = program().panelSettings();
@@ -128,7 +128,7 @@ void frmEditor::panelTakes(int item, std::span<const std::byte> record) {
   if (panel_ != nullptr) panel_->take(item, record);
 }
 
-/// Where writing an item fails the file may hold half of it: the panel shows what it holds.
+/// If writing an item fails, the file may have half of it: the panel shows what is there.
 void frmEditor::writing(const std::optional<std::int16_t>& item,
                         const std::function<void()>& write) {
   try {

@@ -1,5 +1,5 @@
-// Text that is typed on an editor and not written: it is kept when it leaves the form, and comes
-// back when the user asks for it. What was written or deleted can be taken back, too.
+// Text typed on an editor and not written: it is kept when it leaves the form, and restored when
+// the user asks for it. Writing and deleting can be undone, too.
 
 #include <QByteArray>
 #include <QEvent>
@@ -45,7 +45,7 @@ void frmEditor::updateNotWritten() {
   if (kept_ && (isMarked_ || kept_->isOnForm())) keepSoon_.start();
 }
 
-/// The mark and the tints are mixed from the user's colours.
+/// The mark and the tints depend on the user's colours.
 void frmEditor::changeEvent(QEvent* event) {
   if (event->type() == QEvent::PaletteChange && lblNotWritten_ != nullptr) updateMark();
   Form::changeEvent(event);
@@ -77,7 +77,7 @@ void frmEditor::noteShown() {
   updateNotWritten();
 }
 
-/// An item that the list page shows differs from the one at the position, but nobody typed it.
+/// An item shown by the list page differs from the one at the position, but nobody typed it.
 bool frmEditor::holdsTyped() { return !isLeft_ && isMarked_ && !typedText().isSameText(shown_); }
 
 void frmEditor::keepTyped() {
@@ -109,7 +109,7 @@ void frmEditor::offerBringBack(const QString& told) {
                                    [this] { choose(Command::bringBack); }});
 }
 
-/// What an earlier program could not tell any more.
+/// What an earlier run of the program could not report.
 void frmEditor::offerKeptText() {
   const auto text = kept_ ? kept_->newest() : std::nullopt;
   if (!text || text->isTold) return;
@@ -146,7 +146,7 @@ void frmEditor::BringBack() {
   sheet_->focusFirst();
 }
 
-/// Where the item is by now that the text was typed on; nothing where it is gone, or never was.
+/// The present position of the text's item; nothing if it is gone or was never written.
 std::optional<std::int16_t> frmEditor::itemOf(const KeptText& text) {
   if (text.stored.isEmpty()) return std::nullopt;
   const auto isAt = [&](int item) { return asBytes(store_.ReadRecord(item)) == text.stored; };
@@ -182,7 +182,7 @@ void frmEditor::offerUndo(const QString& told, Undo undo) {
                     [this, told, undo] { takeBack(told, undo); }});
 }
 
-/// Only over what was written then. What fails can be tried again at once.
+/// Only over what was written then. If it fails, it can be tried again at once.
 void frmEditor::takeBack(const QString& told, Undo undo) {
   try {
     if (!undo.isBegun && store_.ReadRecord(undo.item) != undo.after)

@@ -36,7 +36,7 @@ void frmFamily::Form_Load(OpenCollection& opening) {
   setFileCaption(store().kind());
   if (isMissing) setRecordLabel("New File");
   if (isNew || isMissing) return;
-  // Ahead of the item itself, which may be a deleted one that shows nothing.
+  // Before the item itself, which may be a deleted one that shows nothing.
   setRecordLabel(recordLabel(store().kind(), 1, state().Count));
   showFirstItem(first);
 }
@@ -58,7 +58,7 @@ void frmFamily::UpdateScreen() {
 
 void frmFamily::GetScreen(std::span<std::byte> record) {
   frmEditor::GetScreen(record);
-  steppedTo_.reset();  // the form is written over the indicator's item
+  steppedTo_.reset();  // the form replaces the indicator's item
   if (listPage_) listPage_->GetScreen(record);
 }
 
@@ -97,7 +97,7 @@ Form& frmFamily::formOnScreen() {
   return *this;
 }
 
-/// By its number, which the indicator may not show, and by what the form calls it.
+/// By its number, which may differ from the indicator's, and by the names on the form.
 void frmFamily::nameItemOnListPage() {
   const std::string number =
       steppedTo_ ? recordLabel(store().kind(), *steppedTo_, state().Count) : recordLabelText();
@@ -108,8 +108,8 @@ bool frmFamily::subListDiffers(const Record* record) const {
   return listPage_ && listPage_->differsFrom(record);
 }
 
-/// The list page moves the second position alone, unless it is what this editor steps by: the
-/// others' indicator, buttons and position stay.
+/// The list page moves only the second position, unless this editor steps by it: in the others,
+/// indicator, buttons and position stay.
 void frmFamily::showListPosition(int item) {
   if (stepsByListPos()) return readAndShow(item);
   const auto record = store().ReadRecord(item);
@@ -119,7 +119,7 @@ void frmFamily::showListPosition(int item) {
   UpdateScreen();
   steppedTo_ = item;
   nameItemOnListPage();
-  noteShown();  // what is shown is another item than the indicator's
+  noteShown();  // the form shows another item than the indicator
 }
 
 }  // namespace quillbox

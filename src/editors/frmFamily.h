@@ -8,19 +8,19 @@
 
 namespace quillbox {
 
-/// What an editor of the video-to-book family has besides the tables of every editor.
+/// What an editor of the family from video to books has besides the common tables.
 struct FamilyTables {
   EditorTables editor;
   const ListPageTables* listPage = nullptr;  ///< none in the book editor
-  /// A deleted record leaves the screen as it is (video only).
+  /// A deleted record leaves the form unchanged (video only).
   bool hidesDeleted = false;
-  /// Clicking a caption goes to its input (software only).
+  /// Clicking a caption moves the focus to its input (software only).
   bool captionsClickable = false;
-  /// After a new item the form is cleared without starting a new one again (books only).
+  /// After a new item the form is cleared without starting another one (books only).
   bool clearsScreenOnly = false;
 };
 
-/// The editors of video, software, comics and books: one family, told once.
+/// The editors of video, software, comics and books, implemented once.
 class frmFamily : public frmEditor {
  protected:
   /// `extension` is the kind's. The tables must outlive the form.
@@ -46,7 +46,7 @@ class frmFamily : public frmEditor {
 
   const FamilyTables& family_;
   std::unique_ptr<frmListPage> listPage_;
-  /// The item that the list page put on the form, where it is another than the indicator's.
+  /// The item that the list page put on the form, if it is not the indicator's.
   std::optional<int> steppedTo_;
 };
 

@@ -19,7 +19,7 @@
 namespace quillbox {
 namespace {
 
-/// Characters that most entries have room in; longer ones scroll.
+/// The characters that fit most entries; longer ones scroll.
 constexpr int kUsualEntry = 50;
 
 }  // namespace
@@ -82,7 +82,7 @@ void frmListPage::step(int by) {
 }
 
 void frmListPage::UpdateScreen(std::span<const std::byte> record) {
-  paste_->forget();  // it belongs to the item it was pasted for
+  paste_->forget();  // it belongs to the item pasted into
   for (std::size_t entry = 0; entry < boxes_.size(); ++entry)
     boxes_[entry]->showText(shownText(record, entry));
 }
@@ -105,7 +105,7 @@ void frmListPage::GetScreen(std::span<std::byte> record) const {
 }
 
 void frmListPage::clear() {
-  paste_->forget();  // it belongs to the item it was pasted for
+  paste_->forget();  // it belongs to the item pasted into
   for (TextBox* box : boxes_) box->clear();
 }
 

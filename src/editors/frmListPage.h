@@ -16,25 +16,25 @@ class ElidedLabel;
 class ListPaste;
 class TextBox;
 
-/// What the second page of an editor is made of: the entries of one list field.
+/// The parts of an editor's second page: the entries of one list field.
 struct ListPageTables {
   const char* formName;
   const char* caption;
   const Field* field;                     ///< the list
-  const char* boxName;                    ///< of the control array of the boxes, from 0
-  const char* captionName;                ///< of that of their captions
+  const char* boxName;                    ///< the control array of the boxes, from 0
+  const char* captionName;                ///< the control array of their captions
   std::span<const char* const> captions;  ///< one for each entry
   std::span<const ButtonRow> buttons;     ///< exitCollection leaves the page
-  const char* toolTip;                    ///< of the menu item that leads here
+  const char* toolTip;                    ///< of the menu item that opens the page
   NameBoxes nameBoxes;                    ///< of the editor
 };
 
-/// The second page of an editor. It holds nothing but its boxes: the editor fills, empties and
-/// reads them. It steps through the collection by the second position, round and round, whatever
-/// item the editor itself is at.
+/// The second page of an editor. Its only contents are its boxes: the editor fills, clears and
+/// reads them. It steps through the collection by the second position, wrapping round, whatever the
+/// editor's item is.
 class frmListPage : public Form {
  public:
-  /// What the page asks of its editor.
+  /// What the page needs from its editor.
   struct Owner {
     std::function<void(int item)> showItem;  ///< reads an item into the record buffer and shows it
     std::function<void()> leave;
@@ -50,16 +50,16 @@ class frmListPage : public Form {
   /// Boxes to list field.
   void GetScreen(std::span<std::byte> record) const;
 
-  /// Whether a box holds anything else than the record, or anything at all without one.
+  /// Whether the boxes differ from the record or, without one, whether any is filled.
   bool differsFrom(const std::vector<std::byte>* record) const;
 
   void clear();
 
-  /// What the boxes hold, and the same as if the user had typed it.
+  /// The contents of the boxes, and setting them as if the user had typed them.
   QStringList entries() const;
   void setEntries(const QStringList& entries);
 
-  /// The line at the top: whose list this is.
+  /// The line at the top, which names the item of this list.
   void nameItem(const QString& text);
 
  protected:

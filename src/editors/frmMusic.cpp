@@ -37,7 +37,7 @@ enum Row {
 constexpr HeadingRow kHeadings[] = {
     {"Album", albumHeading}, {"Acquisition", buying}, {"Loan", loan}, {"Notes", notesHeading}};
 
-/// A text of this editor: shown with the blanks that pad it.
+/// A text of this editor: shown with its padding.
 constexpr InputRow text(const char* name, const char* caption, const Field* field, Place place) {
   return input(name, caption, field, place).as(Shown::padded);
 }
@@ -132,7 +132,7 @@ void frmMusic::Form_Load(OpenCollection& opening) {
 
   takeOver(opening);
   showMediaTypes(mediaTypes);
-  sheet().setInputEnabled("chkBookLoaned", true);  // the loan rule may leave it as it is
+  sheet().setInputEnabled("chkBookLoaned", true);  // the loan rule may leave it unchanged
   resetForm();
   setFileCaption(store().kind());
   if (!isNew) showFirstItem(first);
@@ -155,7 +155,7 @@ MediaTypeList frmMusic::ReadIni() {
       files.remove(std::string(kMediaTypeFileName));
     }
   } catch (const RunTimeError& error) {
-    // A list that cannot be read or deleted must not stand between the user and the collection.
+    // A list that cannot be read or deleted must not come between the user and the collection.
     program().report(error);
   }
   return list;
@@ -195,7 +195,7 @@ void frmMusic::loanenable() {
   const bool onLoan = sheet().checkBox("chkCurrLoaned").isChecked();
   for (const char* name : {"txtBorrower", "txtDateLoaned", "txtDueDate"})
     sheet().setInputEnabled(name, onLoan);
-  // Without a booklet its box is left as it is.
+  // Without a booklet its box is left unchanged.
   if (sheet().checkBox("chkHasBook").isChecked()) sheet().setInputEnabled("chkBookLoaned", onLoan);
 }
 
@@ -211,7 +211,7 @@ bool frmMusic::eventFilter(QObject* watched, QEvent* event) {
   return frmEditor::eventFilter(watched, event);
 }
 
-/// Chosen anew, so that what is shown is the list's entry.
+/// Chosen again, so that the list's entry is shown.
 void frmMusic::cmbMediaType_Focus() {
   QComboBox& media = sheet().dropDown("cmbMediaType");
   const int index = media.currentIndex();
@@ -275,7 +275,7 @@ void frmMusic::makeSongPages() {
   makePaste();
 }
 
-/// What was typed among the songs can be brought back.
+/// Typed songs can be restored.
 void frmMusic::clearSongs() {
   leaveTyped();
   ClearSongList();
@@ -288,7 +288,7 @@ Form& frmMusic::formOnScreen() {
   return *this;
 }
 
-/// What does not fit on the first page goes on on the second.
+/// What does not fit on the first page continues on the second.
 void frmMusic::makePaste() {
   std::vector<TextBox*> boxes;
   for (const auto& page : pages_)

@@ -31,15 +31,14 @@ class frmMusic : public frmEditor {
   void clearSubList() override { ClearSongList(); }
   void setRecordLabel(const std::string& text) override;
 
-  /// New File leaves the open collection marked for the upgrade of old files. The mark is wrong,
-  /// and is kept: D19 of docs/decisions.md.
+  /// New File marks the open collection for the upgrade of old files. The mark is wrong but kept:
+  /// D19 of docs/decisions.md.
   int newFileType() const override { return music_file_type::upgradable; }
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  /// The media types as they are to be offered; a corrupt file of the user's is reported and
-  /// deleted.
+  /// The media types to offer; a corrupt user file is reported and deleted.
   MediaTypeList ReadIni();
   void showMediaTypes(const MediaTypeList& list);
   void upgrade(OpenCollection& opening);
@@ -52,12 +51,12 @@ class frmMusic : public frmEditor {
   void ClearSongList();
   void CreateSongList();
   void GetSongs(std::span<std::byte> record) const;
-  std::string song(std::size_t song) const;  ///< as it stands on its page
+  std::string song(std::size_t song) const;  ///< as its page shows it
 
   void EditSongs_Click();
   void exitSongs(frmSongEdit& page);
 
-  /// The song pages, made when they are first shown; until then `songs_` stands for their boxes.
+  /// The song pages, created when first shown; until then `songs_` replaces their boxes.
   using SongPages = std::array<std::unique_ptr<frmSongEdit>, kSongs / frmSongEdit::kSongsPerPage>;
   void makeSongPages();
   void clearSongs();
@@ -65,9 +64,9 @@ class frmMusic : public frmEditor {
   void makePaste();
   void nameItemOnPages();
 
-  std::array<std::string, kSongs> songs_;  // what the song boxes were last filled with
+  std::array<std::string, kSongs> songs_;  // the last contents set in the song boxes
   SongPages pages_;
-  std::unique_ptr<ListPaste> paste_;  // into the boxes of both
+  std::unique_ptr<ListPaste> paste_;  // for the boxes of both
 };
 
 }  // namespace quillbox

@@ -22,7 +22,7 @@ namespace {
 
 constexpr int kSongWidth = static_cast<int>(musicField("Songs")->width);
 
-/// Characters that most titles have room in; longer ones scroll.
+/// The characters that fit most titles; longer ones scroll.
 constexpr int kUsualTitle = 38;
 
 constexpr const char* kFull = "This page is full: the title has no place yet.";
@@ -116,8 +116,8 @@ void frmSongEdit::Form_Unload() {
   owner_.exitSongs(*this);
 }
 
-/// Puts the title typed at the top into the first empty box of the page; a full page leaves it
-/// where it is, and says so.
+/// Moves the title typed at the top to the first empty box of the page; if the page is full, it
+/// stays, and a message says so.
 void frmSongEdit::txtSongEdit_Enter() {
   const QString title = txtSongEdit_->text();
   if (title.trimmed().isEmpty()) return;

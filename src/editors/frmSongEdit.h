@@ -17,14 +17,14 @@ class ElidedLabel;
 class TextBox;
 class WrappingRow;
 
-/// One of the two pages of an album's song list, `frmSongEdit1` and `frmSongEdit2`: twenty songs
-/// each. A page keeps nothing but its text boxes; what is typed here reaches the record buffer when
-/// the page is left and the file only with the editor's Write Data.
+/// One of the two pages of an album's song list, `frmSongEdit1` and `frmSongEdit2`, with twenty
+/// songs each. A page holds only its text boxes; what is typed here gets into the record buffer
+/// when the page is left, and into the file only with the editor's Write Data.
 class frmSongEdit : public Form {
  public:
   static constexpr std::size_t kSongsPerPage = 20;
 
-  /// What the page asks of its editor.
+  /// What the page needs from its editor.
   struct Owner {
     std::function<void()> showOtherPage;
     std::function<void()> clearSongs;
@@ -35,17 +35,17 @@ class frmSongEdit : public Form {
   /// `page` is 1 or 2.
   frmSongEdit(Program& program, int page, Owner owner);
 
-  /// `song` is 0 to 19. Texts are Windows-1252; a shown text keeps its padding.
+  /// `song` is 0 to 19. Texts are Windows-1252; a text is shown with its padding.
   void showSong(std::size_t song, std::string_view text);
   std::string song(std::size_t song) const;
 
-  /// A title that found no place, and what was said of it, is its own album's alone.
+  /// A title that did not fit, and the message about it, belong to one album only.
   void clearAddBox();
 
-  /// The line at the top: whose songs these are.
+  /// The line at the top, which names the album of these songs.
   void nameItem(const QString& text);
 
-  // For what is pasted, which may go on from page to page.
+  // For pasted lists, which may continue from page to page.
   std::span<TextBox* const> songBoxes() const { return songs_; }
   TextBox& addBox() const { return *txtSongEdit_; }
   void say(const QString& text);

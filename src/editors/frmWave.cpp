@@ -19,7 +19,7 @@ constexpr InputRow kInputs[] = {
         .labelled("Label2"),
 };
 
-// Only the name can be searched for; its caption has no access key here.
+// Only the name can be searched by; its caption has no access key here.
 constexpr InputRow kSearchInputs[] = {
     input("txtFileName", "FileName:", mediaFileField("FileName"), {fileName})};
 
@@ -58,7 +58,7 @@ constexpr EditorTables kTables = {.formName = "frmWave",
 
 }  // namespace
 
-/// All four kinds follow the same rules; the code of the open one tells them apart.
+/// All four kinds follow the same rules; the open collection's code distinguishes them.
 frmWave::frmWave(Program& program, PrintEngine& printEngine)
     : frmEditor(program, printEngine, *kindOfExtension("WCS"), kTables) {}
 
@@ -93,7 +93,7 @@ std::function<void()> frmWave::dropHandler(const std::string& path) {
   };
 }
 
-/// Cancelled or not, what is scanned is the folder where the dialog ended.
+/// Even if the dialog is cancelled, the folder it ended in is scanned.
 std::string frmWave::chooseFolder(const LoaderRow& loader) {
   FileSystem& files = state().files.fileSystem();
   if (const auto dropped = std::exchange(droppedFolder_, std::nullopt)) {
@@ -124,8 +124,8 @@ LoadedFiles frmWave::loadFolder(const std::string& folder, const std::vector<std
   return loadFiles(state().files, state(), store().kind(), folder, names, program().board());
 }
 
-/// The current item; where there is none, the first, unless nothing was added. After a failure what
-/// is typed stays.
+/// The current item or, without one, the first, unless nothing was added. After a failure, typed
+/// text stays.
 void frmWave::showLoaded(const LoadedFiles& loaded) {
   const bool isMore = loaded.count > state().Count;
   const auto showFirst = [this] { showFirstItem(readFirstItem(store(), state().Count)); };

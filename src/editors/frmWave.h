@@ -5,12 +5,12 @@
 
 namespace quillbox {
 
-/// The editor of the four catalogues of media files, which can fill themselves from a folder.
+/// The editor of the four catalogues of media files, which can be filled from a folder.
 class frmWave : public frmEditor {
  public:
   frmWave(Program& program, PrintEngine& printEngine);
 
-  /// A folder is loaded.
+  /// Loads a folder.
   std::function<void()> dropHandler(const std::string& path) override;
 
  protected:
@@ -23,7 +23,7 @@ class frmWave : public frmEditor {
   LoadedFiles loadFolder(const std::string& folder, const std::vector<std::string>& names);
   void showLoaded(const LoadedFiles& loaded);
 
-  std::optional<std::string> droppedFolder_;  // to be loaded instead of one that is asked for
+  std::optional<std::string> droppedFolder_;  // loaded without asking for a folder
 };
 
 }  // namespace quillbox

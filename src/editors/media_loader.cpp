@@ -109,7 +109,7 @@ void addFiles(RecordFile& file, const CollectionKind& kind, const std::string& f
       continue;
     }
     record.FilePath = fromUtf8(folder);
-    record.FileSize = 0;  // never measured
+    record.FileSize = 0;  // never filled in
     record.Description = "";
     items.add(record);
   }
@@ -154,7 +154,7 @@ LoadedFiles loadFiles(OpenFiles& files, const OpenCollection& collection,
     file.close();
   } catch (const RunTimeError& error) {
     loaded.failure = error;
-    // A header that was written in part may count the last item already.
+    // A partly written header may already count the last item.
     ignoringErrors([&] { loaded.count = CollectionStore(files, collection, kind).readCount(); });
   }
   return loaded;

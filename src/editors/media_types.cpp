@@ -9,10 +9,10 @@
 namespace quillbox {
 namespace {
 
-/// A valid file replaces the built-in list from here on, "Cart" included.
+/// A valid file replaces the built-in list from here on, including "Cart".
 constexpr std::size_t kBuiltInKept = 7;
 
-/// Takes one line off the front of `text`, without its line end; nothing else is trimmed.
+/// Takes one line off the front of `text`, without its line end; nothing else is removed.
 std::string_view takeLine(std::string_view& text) {
   const auto end = text.find('\n');
   std::string_view line = text.substr(0, end);
@@ -21,7 +21,7 @@ std::string_view takeLine(std::string_view& text) {
   return line;
 }
 
-/// Entries written by today's text editors are UTF-8, older ones Windows-1252.
+/// Entries written by present text editors are UTF-8, older ones Windows-1252.
 std::string entryText(std::string_view bytes) {
   return isUtf8(bytes) ? fromUtf8(bytes) : std::string(bytes);
 }

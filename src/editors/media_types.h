@@ -13,16 +13,16 @@ inline constexpr std::string_view kMediaTypeFileName = "QBX Music.ini";
 
 struct MediaTypeList {
   std::vector<std::string> entries;  ///< Windows-1252
-  bool corrupt = false;              ///< the file's first line is wrong; it may be deleted
+  bool corrupt = false;              ///< the file's first line is wrong; the file may be deleted
 };
 
 MediaTypeList builtInMediaTypes();
 
-/// The built-in list, its tail replaced by the user's entries when there is a file. The file is
-/// only read. Throws a RunTimeError when it is there and cannot be read.
+/// The built-in list, its end replaced by the user's entries if there is a file. The file is only
+/// read. Throws a RunTimeError when it exists and cannot be read.
 MediaTypeList readMediaTypes(FileSystem& files);
 
-/// The same for the file's bytes.
+/// The same from the bytes of the file.
 MediaTypeList mediaTypesFrom(std::string_view fileBytes);
 
 }  // namespace quillbox

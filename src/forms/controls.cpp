@@ -12,15 +12,15 @@
 namespace quillbox {
 namespace {
 
-/// True for a key that a caption or a menu may answer to. Control and Alt together are how some
-/// keyboards write.
+/// True for a key that can be an access key of a caption or a menu. With Control and Alt together,
+/// some keyboards type characters.
 bool isAccessKey(const QKeyEvent& key) {
   const bool isWithAlt =
       key.modifiers().testFlag(Qt::AltModifier) && !key.modifiers().testFlag(Qt::ControlModifier);
   return isWithAlt && !key.text().isEmpty() && key.text().front().isPrint();
 }
 
-/// A little of `tint` in `color`.
+/// `color` with a little of `tint`.
 QColor blended(const QColor& color, const QColor& tint) {
   constexpr double part = 0.18;
   const auto mix = [](int a, int b) { return static_cast<int>(a + part * (b - a)); };
@@ -28,8 +28,8 @@ QColor blended(const QColor& color, const QColor& tint) {
           mix(color.blue(), tint.blue())};
 }
 
-/// Keeps access keys out of an input. One that nothing answers to, as its button is disabled, would
-/// otherwise be typed into a text, or choose an entry of a list, unnoticed.
+/// Keeps access keys out of an input. One whose button is disabled would otherwise be typed into a
+/// text, or select an entry of a list, unnoticed.
 class AccessKeysPass : public QObject {
  public:
   using QObject::QObject;
@@ -37,7 +37,7 @@ class AccessKeysPass : public QObject {
   bool eventFilter(QObject* /*input*/, QEvent* event) override {
     if (event->type() != QEvent::KeyPress || !isAccessKey(static_cast<QKeyEvent&>(*event)))
       return false;
-    event->ignore();  // the window may have a use for it
+    event->ignore();  // the window may handle it
     return true;
   }
 };

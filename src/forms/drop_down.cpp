@@ -25,7 +25,7 @@ class DropDownAccessible : public QAccessibleWidget {
     return state;
   }
 
-  // The one child is the list that opens.
+  // The only child is the list that opens.
   int childCount() const override { return 1; }
   QAccessibleInterface* child(int index) const override {
     return index == 0 ? QAccessible::queryAccessibleInterface(list()->view()) : nullptr;
@@ -57,7 +57,7 @@ QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
 DropDown::DropDown(QWidget* parent) : QComboBox(parent) {
   static const bool installed = (QAccessible::installFactory(makeAccessible), true);
   Q_UNUSED(installed);
-  setFocusPolicy(Qt::StrongFocus);  // the wheel does not bring the focus either
+  setFocusPolicy(Qt::StrongFocus);  // the wheel does not move the focus here either
 }
 
 void DropDown::wheelEvent(QWheelEvent* event) {

@@ -4,9 +4,9 @@
 
 namespace quillbox {
 
-/// A drop-down list that assistive technology knows by its caption (the toolkit's own goes by the
-/// entry it shows) and whose entry it reads as the description. The wheel chooses an entry only
-/// while the list has the focus; over any other list it scrolls what the list stands on.
+/// A drop-down list whose accessible name is its caption (the toolkit's own has the entry it shows)
+/// and whose accessible description is its entry. The wheel selects an entry only while the list
+/// has the focus; otherwise it scrolls the page.
 class DropDown : public QComboBox {
  public:
   explicit DropDown(QWidget* parent = nullptr);

@@ -4,12 +4,12 @@
 
 namespace quillbox {
 
-/// One line of plain text, cut where the window has no room for it; all of it is in the tool tip
-/// then, and known to assistive technology, which is told when it changes. It never makes its
-/// window wider, and is as high when it is empty, so that nothing below it moves.
+/// One line of plain text, cut if the window is too narrow; the tool tip then has all of it, and so
+/// has assistive technology, which is notified of changes. It never makes its window wider, and is
+/// as high when it is empty, so that nothing below it moves.
 class ElidedLabel : public QLabel {
  public:
-  /// A path is best cut in its middle: it keeps its beginning and its end.
+  /// A path is best cut in the middle: its beginning and its end stay.
   explicit ElidedLabel(Qt::TextElideMode cut = Qt::ElideRight);
 
   void showText(const QString& text);

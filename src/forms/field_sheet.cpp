@@ -14,6 +14,7 @@
 #include <cassert>
 #include <utility>
 
+#include "forms/accessible_role.h"
 #include "forms/live_hint.h"
 #include "forms/qt_text.h"
 #include "platform/run_time_error.h"
@@ -31,6 +32,7 @@ QWidget* makeHeading(const HeadingRow& heading) {
   auto* line = new QFrame;
   line->setFrameShape(QFrame::HLine);
   line->setFrameShadow(QFrame::Sunken);
+  setAccessibleRole(*line, QAccessible::Separator);
   row->setContentsMargins(0, heading.row == 0 ? 0 : row->spacing(), 0, 0);
   row->addWidget(title);
   row->addWidget(line, 1);
@@ -55,7 +57,7 @@ FieldSheet::FieldSheet(std::span<const InputRow> inputs, std::span<const Heading
 void FieldSheet::place(const Input& input, QGridLayout& grid) {
   const auto& [row, column, columns] = input.row().place;
   if (QLabel* label = input.label()) {
-    // Farther from the input before it than from its own.
+    // Farther from the input on its left than from its own.
     if (column > 0) label->setIndent(fontMetrics().averageCharWidth());
     grid.addWidget(label, row, 2 * column);
   }
@@ -73,7 +75,7 @@ void FieldSheet::store(std::span<std::byte> record) {
     try {
       input->store(stored);
     } catch (const RunTimeError&) {
-      input->control().setFocus(Qt::OtherFocusReason);  // that is what the error is about
+      input->control().setFocus(Qt::OtherFocusReason);  // the error is about this input
       throw;
     }
   }
@@ -118,7 +120,7 @@ std::string FieldSheet::choiceText(const Field& field, int index) const {
   return {};
 }
 
-/// What is called only for a change that is not one of showing or clearing.
+/// A handler that is not called while the sheet itself shows or clears.
 std::function<void()> FieldSheet::byUser(std::function<void()> handler) {
   return [this, handler = std::move(handler)] {
     if (!isShowing_) handler();

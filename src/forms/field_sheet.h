@@ -20,77 +20,75 @@ namespace quillbox {
 
 class LiveHint;
 
-/// A heading over a group of inputs.
+/// A heading above a group of inputs.
 struct HeadingRow {
   const char* title;
   int row;
 };
 
-/// The captioned inputs of a form, laid out on one grid and bound to the fields of a record. The
-/// tab order is that of the table.
+/// A form's inputs and captions, laid out on one grid and bound to the fields of a record. The tab
+/// order is that of the table.
 class FieldSheet : public QWidget {
  public:
   /// The tables and the desktop must outlive the sheet.
   FieldSheet(std::span<const InputRow> inputs, std::span<const HeadingRow> headings,
              Desktop& desktop, QWidget* parent = nullptr);
 
-  /// Record to controls. A choice that its list does not hold leaves the selection as it is.
+  /// Record to controls. For a choice that is not in its list, the selection stays.
   void show(std::span<const std::byte> record);
 
-  /// Controls to record; other fields are left alone. Run-time error 6 for a number beyond its
-  /// range and 13 for a text that is no date: controls and record are as they were then.
+  /// Controls to record; other fields are unchanged. Run-time error 6 for a number outside its
+  /// range and 13 for a text that is no date; controls and record are then unchanged.
   void store(std::span<std::byte> record);
 
-  /// What stands in each input, as it would be stored, but nothing put into an empty box.
+  /// The contents of each input, as they would be stored, without filling empty boxes.
   std::vector<Entered> entered() const;
 
-  /// What each input holds, by its name, and the same as if the user had typed it.
+  /// The contents of each input by its name, and setting them as if the user had typed them.
   QMap<QString, QString> typed() const;
   void putBack(const QMap<QString, QString>& typed);
 
-  /// Tints each input that shows something else than what the record holds; without a record, than
-  /// what was left by `clear` and `clearLists`. A choice that its list does not hold is nothing
-  /// that a form could show, and makes no difference until the user chooses another. Returns
-  /// whether any input differs.
+  /// Tints each input whose contents differ from the record or, without one, from the state after
+  /// `clear` and `clearLists`. A choice that is not in its list cannot be shown, and makes no
+  /// difference until the user makes another one. Returns whether any input differs.
   bool tintDifferences(const std::vector<std::byte>* record);
 
-  /// Offers in each drop-down list what the list of that name on `other` offers.
+  /// Fills each drop-down list with the entries of the list of that name on `other`.
   void takeChoices(const FieldSheet& other);
 
-  /// The entry that the drop-down list of a field has there, in record characters; empty when it
-  /// has none.
+  /// An entry of a field's drop-down list, in record characters; empty when there is none.
   std::string choiceText(const Field& field, int index) const;
 
-  /// `changed` is called when the user, or the program other than by showing and clearing, changes
-  /// an input.
+  /// `changed` is called when the user changes an input, or the program does other than by showing
+  /// and clearing.
   void whenChanged(const std::function<void()>& changed);
 
-  /// The same for one check box, whichever way it is toggled: mouse, keys, assistive technology.
+  /// The same for one check box, however it is toggled: mouse, keys, assistive technology.
   /// `toggled` must not fail.
   void whenToggled(const char* name, std::function<void()> toggled);
 
-  /// Empties the texts and clears the boxes.
+  /// Clears the texts and the check boxes.
   void clear();
 
-  /// Sets the lists to none.
+  /// Sets the lists to no selection.
   void clearLists();
 
-  // The controls by name; the name must be in the table with that kind.
+  // The controls by name; the table must have one of that type by that name.
   QLineEdit& textBox(const char* name) const;
   QCheckBox& checkBox(const char* name) const;
   QComboBox& dropDown(const char* name) const;
 
-  /// Enables or disables an input together with its caption; the name must be in the table.
+  /// Enables or disables an input and its caption; the name must be in the table.
   void setInputEnabled(const char* name, bool enabled);
 
   /// Puts the focus on the first input.
   void focusFirst();
 
-  /// From now on the box with the focus says what will become of its text, and an empty one what is
-  /// put into it.
+  /// From now on the box with the focus shows what will become of its text, and an empty box what
+  /// it will be filled with.
   void showHints();
 
-  /// From now on clicking a caption puts the focus on its input.
+  /// From now on clicking a caption moves the focus to its input.
   void makeCaptionsClickable();
 
  protected:

@@ -16,7 +16,7 @@
 namespace quillbox {
 namespace {
 
-/// Posted when a drop was taken.
+/// Posted when a drop was accepted.
 constexpr auto kAfterDrop = QEvent::User;
 
 bool holdsOnlyFiles(const QMimeData& dragged) {
@@ -24,7 +24,7 @@ bool holdsOnlyFiles(const QMimeData& dragged) {
   return !urls.isEmpty() && std::ranges::all_of(urls, &QUrl::isLocalFile);
 }
 
-/// Never as a move: a file manager deletes what was moved.
+/// Never a move: a file manager deletes what was moved.
 Qt::DropAction actionOf(const QDropEvent& drop) {
   for (const auto action : {Qt::CopyAction, Qt::LinkAction})
     if (drop.possibleActions().testFlag(action)) return action;
@@ -64,7 +64,7 @@ void FileDrops::take(Form& form, QDropEvent& drop, bool isDropped) {
   if (!handler) return;
   drop.setDropAction(action);
   drop.accept();
-  // Once the drop is over: whoever it was dragged from must not wait for our message boxes.
+  // After the drop is over: its source must not wait for our message boxes.
   if (!isDropped) return;
   dropped_ = std::move(handler);
   QCoreApplication::postEvent(this, new QEvent(kAfterDrop));

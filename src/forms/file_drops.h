@@ -11,9 +11,9 @@ namespace quillbox {
 class Form;
 class Program;
 
-/// Takes files that are dropped anywhere on a form, on its text boxes too, and asks the form what
-/// one does. Only one at a time is taken, none while a command runs, and always as a copy: whoever
-/// it was dragged from keeps it. Anything else that is dropped goes its usual way.
+/// Handles files dropped anywhere on a form, including its text boxes, and gets the handler from
+/// the form. It accepts only one file, none while a command runs, and always as a copy: the source
+/// keeps it. Anything else that is dropped is handled as usual.
 class FileDrops : public QObject {
  public:
   explicit FileDrops(Program& program);
@@ -25,7 +25,7 @@ class FileDrops : public QObject {
   void take(Form& form, QDropEvent& drop, bool isDropped);
 
   Program& program_;
-  std::function<void()> dropped_;  // what the last drop does, once it is over
+  std::function<void()> dropped_;  // the handler for the last drop, once it is over
 };
 
 }  // namespace quillbox

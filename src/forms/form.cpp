@@ -34,7 +34,7 @@ Form::Form(Program& program, const char* name) : program_(program) {
 Form::~Form() { program_.leave(*this); }
 
 void Form::setCaption(const QString& text) {
-  // The toolkit takes "[*]" for the place of its "modified" mark; doubled it stands for itself.
+  // The toolkit reads "[*]" as the place of its "modified" mark; doubled it is shown as it is.
   setWindowTitle(QString(text).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
 }
 
@@ -51,7 +51,7 @@ void Form::layOut(QWidget* page, WrappingRow* buttons) {
 
 QWidget* Form::makeStatusLine() {
   status_ = new StatusLine([this](QPushButton& button) {
-    // Read when it is pressed: a command begins with an empty status line.
+    // Read when it is pressed: a command begins by clearing the status line.
     connect(&button, &QAbstractButton::clicked, this,
             [this] { program_.run(std::function(status_->click())); });
   });
@@ -94,8 +94,8 @@ void Form::showInsteadOf(Form& other) {
   activateWindow();
 }
 
-/// Only once: from then on the window keeps its place by itself. One that has none yet is as large
-/// as what it holds, or as the screen.
+/// Only once: from then on the window keeps its place by itself. Without a stored place it is as
+/// large as its contents, or as the screen.
 void Form::restorePlace() {
   if (std::exchange(placeIsRestored_, true)) return;
   ensurePolished();
@@ -106,26 +106,26 @@ void Form::restorePlace() {
   if (program_.windowPlaces() != nullptr) program_.windowPlaces()->restore(*this);
 }
 
-/// Room for all menus, and for all buttons in as many lines as that width needs.
+/// Wide enough for all menus, and high enough for the buttons wrapped to that width.
 QSize Form::smallestPage() const {
   const QLayout& layout = *laidOut_->layout();
   const int width = std::max(layout.minimumSize().width(), menuBar()->sizeHint().width());
   return {width, layout.totalMinimumHeightForWidth(width)};
 }
 
-/// As large as what the form holds, as far as the screen has room.
+/// As large as the form's contents, as far as the screen allows.
 QSize Form::usualSize() const {
   const QSize room = roomOnScreen();
   const QLayout& layout = *laidOut_->layout();
   QSize size = sizeHint();
   size.setWidth(std::min(size.width(), room.width()));
-  // The buttons may go on in a second line.
+  // The buttons may wrap to a second line.
   size.rheight() += layout.totalHeightForWidth(size.width()) - layout.totalSizeHint().height();
   return size.boundedTo(room);
 }
 
 void Form::setSide(QWidget* side, bool grows) {
-  QPointer<QWidget> focus = focusWidget();  // what changes its parent loses it
+  QPointer<QWidget> focus = focusWidget();  // reparenting would clear it
   const QSize before = size();
   delete std::exchange(side_, side);
   if (laidOut_ != nullptr) laidOut_->show();
@@ -142,7 +142,7 @@ void Form::setSide(QWidget* side, bool grows) {
     if (grows) growForSide();
     turnSide();
     shareRoom();
-    layout()->activate();  // no window is smaller than what it holds
+    layout()->activate();  // no window is smaller than its contents
     grown_ = size() - before;
   } else if (!grown_.isNull() && !isMaximized()) {
     layout()->activate();
@@ -151,8 +151,8 @@ void Form::setSide(QWidget* side, bool grows) {
   if (focus) focus->setFocus();
 }
 
-/// To the right, where the screen has room for both; else downwards. Either way as far as the
-/// screen goes.
+/// To the right, if the screen has space for both; otherwise downwards. Either way only as far as
+/// the screen goes.
 void Form::growForSide() {
   if (isMaximized()) return;
   const QSize wanted = side_->sizeHint();
@@ -163,7 +163,7 @@ void Form::growForSide() {
                          ? QSize(width() + wanted.width(), menuBar()->height() + wanted.height())
                          : QSize(width(), height() + wanted.height());
   resize(both.boundedTo(most).expandedTo(size()));
-  // All of it on the screen, from its title bar on.
+  // All of it on the screen, starting with its title bar.
   const QRect room = screen()->availableGeometry();
   const QPoint farthest =
       room.bottomRight() + QPoint(1, 1) - QPoint(frameGeometry().width(), frameGeometry().height());
@@ -171,7 +171,7 @@ void Form::growForSide() {
        std::max(room.top(), std::min(y(), farthest.y())));
 }
 
-/// Beside the form, below it, or on a screen that has no room for that, in its place.
+/// Beside the form, below it or, on a screen too small for that, in its place.
 void Form::turnSide() {
   if (side_ == nullptr) return;
   const QSize form = laidOut_->minimumSize();
@@ -188,7 +188,7 @@ void Form::turnSide() {
   shareRoom();
 }
 
-/// The form is as wide as it was without the widget; of a narrow window's height it has what it
+/// The form stays as wide as it was without the widget; in a narrow window it gets the height it
 /// needs, up to a little more than half.
 void Form::shareRoom() {
   const bool isBeside = split_->orientation() == Qt::Horizontal;
@@ -202,7 +202,7 @@ void Form::resizeEvent(QResizeEvent* event) {
   turnSide();
 }
 
-/// Less what its frame takes, or will take as far as the style knows.
+/// Without the window's frame, or the frame's likely size according to the style.
 QSize Form::roomOnScreen() const {
   const QSize frame = frameGeometry().size() - geometry().size();
   const int titleBar = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this);
@@ -210,8 +210,8 @@ QSize Form::roomOnScreen() const {
          QSize(frame.width(), std::max(frame.height(), titleBar));
 }
 
-/// A window manager may have moved a hidden window, and nothing tells it where the window belongs
-/// unless that is news.
+/// A window manager may have moved a hidden window, and is told of a position only if it is a new
+/// one.
 void Form::insistOnPlace() {
   QWindow& window = *windowHandle();
   const QRect place = window.geometry();
@@ -219,8 +219,8 @@ void Form::insistOnPlace() {
   window.setGeometry(place);
 }
 
-/// How wide its frame is nobody knows before a window is shown. Until then it is placed by what is
-/// inside the frames.
+/// The width of a frame is unknown until a window is shown. Until then the area inside the frames
+/// is used.
 void Form::placeAt(const Form& other) {
   if (hasFrame_)
     move(other.pos());
@@ -251,7 +251,7 @@ void Form::addMenuItem(const MenuItem& item) {
     action = menu->addAction(QString::fromUtf8(item.caption));
     action->setObjectName(QString::fromUtf8(item.name));
     action->setShortcut(item.keys);
-    action->setIcon(item.icon);  // on the bar itself it would stand for the caption
+    action->setIcon(item.icon);  // on the menu bar it would replace the caption
   }
   action->setEnabled(item.click != nullptr);
   if (item.click) onTriggered(*action, item.click);

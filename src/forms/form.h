@@ -21,8 +21,8 @@ class StatusLine;
 class WrappingRow;
 struct StatusAction;
 
-/// One item of a menu, which is made with its first item. An item without a name is the menu
-/// itself; one without a handler cannot be chosen yet.
+/// One item of a menu; the first item creates the menu. An item without a name is the menu itself;
+/// one without a handler is disabled.
 struct MenuItem {
   const char* menu;
   const char* menuCaption;
@@ -30,41 +30,41 @@ struct MenuItem {
   const char* caption;
   std::function<void()> click;
   QIcon icon = {};
-  QKeySequence keys = {};  ///< besides the access keys
+  QKeySequence keys = {};  ///< in addition to the access keys
 };
 
 /// A window of the program. Commands run inside Program::run: clicks, menu items, closing. Keys
 /// and changes of inputs call their handlers directly.
 class Form : public QMainWindow {
  public:
-  /// `name` is the form's name in the code and its object name.
+  /// `name` is the class of the form and its object name.
   Form(Program& program, const char* name);
   ~Form() override;
 
-  /// The window's caption, shown exactly: nothing in it is taken for markup or a placeholder.
+  /// The window's caption, shown exactly: nothing in it is read as markup or a placeholder.
   void setCaption(const QString& text);
 
-  /// Shows or hides the window; shown again it has the focus where it was. Its place and size are
-  /// those it had when the program was last used.
+  /// Shows or hides the window; the focus returns to where it was. Place and size are those of the
+  /// window's last use.
   void setVisible(bool visible) override;
 
-  /// What dropping that file or folder on the form does; nothing where it is refused. Any form
+  /// The handler for dropping that file or folder on the form; empty when it is refused. Any form
   /// opens a collection.
   virtual std::function<void()> dropHandler(const std::string& path);
 
-  /// Shows the form where `other` stands and hides `other`.
+  /// Shows the form in the place of `other` and hides `other`.
   void showInsteadOf(Form& other);
 
-  /// Tells in the status line what a command did; the next command takes it away. Nothing on a form
-  /// without a status line.
+  /// Shows the result of a command in the status line until the next command. Does nothing on a
+  /// form without a status line.
   void showStatus(const QString& text);
   void showStatus(const QString& text, StatusAction action);
   void clearStatus();
 
-  /// Whether the status line offers something that can be done.
+  /// Whether the status line has a button.
   bool offersAction() const;
 
-  /// The program ends in the middle of a command: what only the form holds is to be kept.
+  /// The program ends during a command: what only the form holds is saved.
   virtual void keepTyped() {}
 
  protected:
@@ -72,45 +72,45 @@ class Form : public QMainWindow {
   AppState& state() { return program_.state(); }
   Desktop& desktop() { return program_.desktop(); }
 
-  /// What closing the window means; hides it.
+  /// Called when the window is closed; hides it.
   virtual void Form_Unload() = 0;
 
-  /// The window was closed in the middle of a command; it stays.
+  /// The window was closed during a command; it stays open.
   virtual void closeWhileBusy() {}
 
-  /// Lays the form out from the top down: a page, which scrolls in a window that is too small for
-  /// it, a row of buttons and a status line.
+  /// Lays the form out from top to bottom: a page, which scrolls if the window is too small, a row
+  /// of buttons and a status line.
   void layOut(QWidget* page, WrappingRow* buttons);
 
-  /// Shows a widget beside what is laid out or, in a window that is too narrow for both, below it;
-  /// none: shows that alone again, and deletes the widget. `grows`: the window takes the room that
-  /// the widget needs from the screen, and gives it back.
+  /// Shows a widget beside the form's layout or, in a window too narrow for both, below it; nullptr
+  /// removes and deletes the widget. `grows`: the window grows by the space that the widget needs,
+  /// as far as the screen allows, and shrinks again.
   void setSide(QWidget* side, bool grows);
   QWidget* side() const { return side_; }
 
-  /// Whether it has the form's place, as the screen has no room for both.
+  /// Whether it replaces the form, because the screen is too small for both.
   bool isSideOver() const { return side_ != nullptr && laidOut_->isHidden(); }
 
-  /// The form's status line, for a form that is laid out in another way.
+  /// The form's status line, for a form with another layout.
   QWidget* makeStatusLine();
 
   void addMenuItem(const MenuItem& item);
 
-  /// The page of the manual that F1 and the form's help item open; "index.md" before it is set.
+  /// The manual page that F1 and the form's help item open; "index.md" until it is set.
   void setHelpPage(const char* page) { helpPage_ = page; }
   void showHelp();
 
-  /// Runs `handler` inside Program::run when the user clicks or chooses, not when the program sets
-  /// the control.
+  /// Runs `handler` inside Program::run when the user clicks or chooses, not when the program
+  /// changes the control.
   void onClick(QAbstractButton& button, std::function<void()> handler);
   void onTriggered(QAction& action, std::function<void()> handler);
 
-  /// Calls `handler` directly, not inside Program::run, when the user presses the keys, wherever on
-  /// the form the focus is.
+  /// Calls `handler` directly, not inside Program::run, when the user presses the keys anywhere on
+  /// the form.
   void onKeys(const QKeySequence& keys, const std::function<void()>& handler);
 
-  /// From now on Escape closes the window, wherever in it the focus is, and Enter clicks `onEnter`
-  /// if there is one. A button that has the focus keeps Enter for itself.
+  /// From now on Escape anywhere in the window closes it, and Enter clicks `onEnter` if it is
+  /// given. A button that has the focus handles Enter itself.
   void actAsDialog(QAbstractButton* onEnter);
 
   void closeEvent(QCloseEvent* event) override;
@@ -131,15 +131,15 @@ class Form : public QMainWindow {
   Program& program_;
   StatusLine* status_ = nullptr;
   QWidget* laidOut_ = nullptr;  // the page, the buttons and the status line
-  QSplitter* split_ = nullptr;  // made when there is first a widget beside it
+  QSplitter* split_ = nullptr;  // created with the first widget beside it
   QWidget* side_ = nullptr;
-  QSize grown_{0, 0};  // what the window has grown by for the widget
+  QSize grown_{0, 0};  // by how much the window grew for the widget
   const char* helpPage_ = "index.md";
   bool placeIsRestored_ = false;
-  bool hasFrame_ = false;  // it was shown
+  bool hasFrame_ = false;  // it has been shown
   bool isDialog_ = false;
   QAbstractButton* onEnter_ = nullptr;
-  QPointer<QWidget> focusWhenHidden_;  // hiding a window moves its focus on
+  QPointer<QWidget> focusWhenHidden_;  // hiding a window moves its focus
 };
 
 }  // namespace quillbox

@@ -16,11 +16,11 @@ namespace quillbox {
 namespace {
 
 constexpr qreal kZoomStep = 1.15;
-constexpr int kFarthestZoom = 8;  // steps either way
+constexpr int kFarthestZoom = 8;  // steps in either direction
 
 QUrl addressOf(const QString& page) { return QUrl(QStringLiteral("qrc:/docs/manual/") + page); }
 
-/// Room between paragraphs and in tables, of which a page's text says nothing.
+/// Spacing between paragraphs and in tables, which a page's text does not define.
 void setLayoutOf(QTextDocument& page) {
   const qreal line = QFontMetricsF(page.defaultFont()).height();
   for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
@@ -45,7 +45,7 @@ void setLayoutOf(QTextDocument& page) {
   }
 }
 
-/// The picture of that name in a folder of its own, where the program has one.
+/// The picture of that name in the folder for dark palettes, if there is one.
 QUrl inDark(const QUrl& picture) {
   const QString name = picture.fileName();
   QUrl dark = picture;
@@ -57,7 +57,7 @@ QUrl inDark(const QUrl& picture) {
 
 HelpPage::HelpPage() : usualSize_(QFontInfo(font()).pointSizeF()), shownDark_(isDark()) {
   setOpenExternalLinks(true);
-  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // what pictures are fitted beside
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // so that the width for pictures is constant
   document()->setDocumentMargin(fontMetrics().averageCharWidth() * 2);
   connect(this, &QTextBrowser::sourceChanged, this, &HelpPage::layOut);
 }
@@ -70,7 +70,7 @@ bool HelpPage::isDark() const {
   return palette().color(QPalette::Base).lightness() < palette().color(QPalette::Text).lightness();
 }
 
-/// Pictures no wider than the window, so that only text below them needs scrolling.
+/// Pictures are at most as wide as the window, so that only text below them needs scrolling.
 QVariant HelpPage::loadResource(int type, const QUrl& name) {
   if (type != QTextDocument::ImageResource) return QTextBrowser::loadResource(type, name);
   const QUrl address = source().resolved(name);
@@ -88,11 +88,11 @@ void HelpPage::setZoom(int zoom) {
   const QTextCursor top = cursorForPosition(viewport()->rect().topLeft());
   setFont(letters);
   layOut();
-  // What was at the top stays there.
+  // The top line stays the same.
   verticalScrollBar()->setValue(verticalScrollBar()->value() + cursorRect(top).top());
 }
 
-/// The same page with the other pictures, where it stood.
+/// The same page with the other pictures, at the same place.
 void HelpPage::changeEvent(QEvent* event) {
   QTextBrowser::changeEvent(event);
   if (event->type() != QEvent::PaletteChange || isDark() == shownDark_) return;

@@ -5,9 +5,8 @@
 
 namespace quillbox {
 
-/// A page of docs/manual as the help window shows it: with room between paragraphs and in tables,
-/// with letters in the size that was chosen, and with pictures that are no wider than the window
-/// and taken in the colours in use.
+/// A page of docs/manual in the help window: with spacing between paragraphs and in tables, letters
+/// in the chosen size, and pictures in the present colours, no wider than the window.
 class HelpPage : public QTextBrowser {
  public:
   HelpPage();
@@ -15,16 +14,16 @@ class HelpPage : public QTextBrowser {
   /// Shows a page by its file name.
   void open(const QString& page);
 
-  // Letters a step larger or smaller, or as at first. The size stays from page to page.
+  // Makes the letters a step larger or smaller, or resets them. The size outlasts the page.
   void enlarge() { setZoom(zoom_ + 1); }
   void shrink() { setZoom(zoom_ - 1); }
   void resetZoom() { setZoom(0); }
 
   enum class Found { here, fromTheOtherEnd, nowhere };
 
-  /// Selects the next place of that text from the selection on, or the one before; a text that is
-  /// still being typed may stay where it is. Goes round at the end of the page. What is found
-  /// nowhere leaves the selection.
+  /// Selects the next or previous occurrence of the text; while it is still being typed, the
+  /// selection may stay where it is. Wraps round at the end of the page. If nothing is found, the
+  /// selection is unchanged.
   enum class From { next, previous, here };
   Found search(const QString& text, From from);
 
@@ -38,8 +37,8 @@ class HelpPage : public QTextBrowser {
   void layOut();
   bool isDark() const;
 
-  qreal usualSize_;  // of letters, in points
-  int zoom_ = 0;     // steps
+  qreal usualSize_;  // the font size, in points
+  int zoom_ = 0;     // in steps
   bool shownDark_;
 };
 

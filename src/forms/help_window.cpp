@@ -9,6 +9,7 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "forms/accessible_role.h"
 #include "forms/controls.h"
 #include "forms/help_page.h"
 #include "forms/icons.h"
@@ -17,8 +18,8 @@
 namespace quillbox {
 namespace {
 
-constexpr int kPageWidth = 100;  // characters
-constexpr int kPageHeight = 40;  // lines
+constexpr int kPageWidth = 100;  // in characters
+constexpr int kPageHeight = 40;  // in lines
 
 QString inWords(HelpPage::Found found, bool backward) {
   switch (found) {
@@ -38,6 +39,7 @@ QString inWords(HelpPage::Found found, bool backward) {
 HelpWindow::HelpWindow(WindowPlaces* places) : places_(places), page_(new HelpPage) {
   setObjectName(QStringLiteral("frmHelp"));
   setWindowTitle(QStringLiteral("Quillbox Help"));
+  setAccessibleRole(*this, QAccessible::Window);
   nameControl(*page_, QStringLiteral("txtPage"), QStringLiteral("Help page"));
   auto* column = new QVBoxLayout(this);
   makeButtons();
@@ -110,7 +112,7 @@ void HelpWindow::addKeys() {
   add(QKeySequence(Qt::CTRL | Qt::Key_F), this, &HelpWindow::openFindLine);
   add(QKeySequence(Qt::Key_F3), this, &HelpWindow::findNext);
   add(QKeySequence(Qt::SHIFT | Qt::Key_F3), this, &HelpWindow::findPrevious);
-  // Plus is on a key with Shift, or on none of its own: "=" is the same key on many keyboards.
+  // Plus is on a key with Shift, or has a key of its own; "=" is the same key on many keyboards.
   add(QKeySequence(Qt::CTRL | Qt::Key_Plus), page_, &HelpPage::enlarge);
   add(QKeySequence(Qt::CTRL | Qt::Key_Equal), page_, &HelpPage::enlarge);
   add(QKeySequence(Qt::CTRL | Qt::Key_Minus), page_, &HelpPage::shrink);
@@ -118,7 +120,7 @@ void HelpWindow::addKeys() {
 }
 
 void HelpWindow::open(const QString& page) {
-  show();  // ahead of the page, whose pictures take the width that the window has
+  show();  // before the page, whose pictures depend on the window's width
   page_->open(page);
   raise();
   activateWindow();
@@ -140,7 +142,7 @@ void HelpWindow::findNext() { look(HelpPage::From::next); }
 void HelpWindow::findPrevious() { look(HelpPage::From::previous); }
 void HelpWindow::findTyped() { look(HelpPage::From::here); }
 
-/// Without a text to look for the line asks for one.
+/// Without a text to search for, the line asks for one.
 void HelpWindow::look(HelpPage::From from) {
   const QString text = txtFind_->text();
   if (text.isEmpty()) {

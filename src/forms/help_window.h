@@ -12,8 +12,8 @@ namespace quillbox {
 
 class WindowPlaces;
 
-/// The manual in a window of its own, which stays open beside the forms. It is none of them: with
-/// nothing but help on screen the desktop counts as empty.
+/// The manual in a window of its own, which stays open beside the forms. It is not a form: with
+/// only help on screen the desktop counts as empty.
 class HelpWindow : public QWidget {
  public:
   /// The places, if any, must outlive the window.
@@ -31,7 +31,7 @@ class HelpWindow : public QWidget {
   void makeFindLine();
   void addKeys();
 
-  // The line that looks for a text on the page; hidden at first.
+  // The line for searching the page; initially hidden.
   void openFindLine();
   void closeFindLine();
   void findNext();

@@ -23,8 +23,8 @@ constexpr KindIcon kKindIcons[] = {
     {"ICS", "kind-midi"},     {"GCS", "kind-graphic"}, {"MPS", "kind-mp3"},
 };
 
-/// An icon that is read when it is first drawn: most are on menus that may never be opened, and
-/// looking through the theme and reading the drawing of each would hold up the first window.
+/// An icon that is read when it is first drawn: most are in menus that may never be opened, and
+/// finding and reading all of them would delay the first window.
 class LateIcon : public QIconEngine {
  public:
   explicit LateIcon(std::function<QIcon()> read) : read_(std::move(read)) {}
@@ -59,7 +59,7 @@ class LateIcon : public QIconEngine {
 };
 
 #ifdef QUILLBOX_ICON_SIZES
-/// Pictures of each drawing, made when the program was built; sizes in points of the screen.
+/// Pictures of a drawing, created at build time; sizes in screen points.
 QIcon read(const char* ownName) {
   QIcon icon;
   for (const int size : {QUILLBOX_ICON_SIZES})

@@ -18,7 +18,7 @@
 namespace quillbox {
 namespace {
 
-/// Characters the box of a number or a date takes: room for the longest and a remark behind it.
+/// The characters that fit into the box of a number or date: the longest one and a remark.
 constexpr int kNumberBoxLength = 50;
 
 class TextInput : public Input {
@@ -66,7 +66,7 @@ class TextInput : public Input {
     const QString stored = record == nullptr ? QString() : shownText(*record);
     if (withoutTrailingBlanks(box_.text()) == withoutTrailingBlanks(stored)) return false;
     if (record == nullptr || field().type == FieldType::text) return true;
-    // Another way to write the same number or date.
+    // Another spelling of the same number or date.
     Record entered = *record;
     try {
       storeText(textToStore(), entered);
@@ -83,7 +83,7 @@ class TextInput : public Input {
   }
 
  private:
-  /// Most people look up before they are this near the end of a field.
+  /// Most people look up only this near the end of a field.
   static constexpr qsizetype kFewLeft = 5;
 
   QString textHint(const QString& text) const {
@@ -96,7 +96,7 @@ class TextInput : public Input {
                      : QStringLiteral("%1 characters left").arg(left);
   }
 
-  /// For more than a number, or none: the first thing that a number cannot hold.
+  /// For a text that is no number, or continues after it: the first character that does not fit.
   QString numberHint(const QString& text) const {
     Record record(field().offset + field().width);
     try {
@@ -126,7 +126,7 @@ class TextInput : public Input {
     return row().shown == Shown::signedNumber ? signedAmount(amount) : plainAmount(amount);
   }
 
-  /// What the box holds, or what stands for it when it is empty.
+  /// The contents of the box, or the value for an empty box.
   std::string textToStore() const {
     if (!box_.text().isEmpty()) return toRecordText(box_.text());
     if (row().whenEmpty == WhenEmpty::today) return fromUtf8(desktop_.todayText());
@@ -146,7 +146,7 @@ class TextInput : public Input {
 
   TextBox& box_;
   Desktop& desktop_;
-  std::string stored_;  // last; what stands for an empty box is asked for once
+  std::string stored_;  // the last one; the value for an empty box is requested only once
 };
 
 class CheckInput : public Input {
@@ -174,7 +174,7 @@ class CheckInput : public Input {
   QCheckBox& box_;
 };
 
-/// A choice that the list does not hold leaves its selection as it is.
+/// For a choice that is not in the list, the selection stays.
 class ListInput : public Input {
  public:
   ListInput(const InputRow& row, DropDown& list) : Input(row, list), list_(list) {
@@ -216,7 +216,7 @@ class ListInput : public Input {
   std::int16_t chosen() const { return checked16(list_.currentIndex()); }
 
   DropDown& list_;
-  int resting_ = -1;  // the entry that nobody chose since the list was shown or cleared
+  int resting_ = -1;  // selected, but not by the user since the list was shown or cleared
 };
 
 }  // namespace

@@ -18,21 +18,21 @@ class QWidget;
 
 namespace quillbox {
 
-/// How a text box shows what its field holds.
+/// How a text box shows its field.
 enum class Shown {
-  plain,         ///< a text without its trailing blanks; a number or a date in its text form
-  padded,        ///< a text with its trailing blanks
+  plain,         ///< a text without trailing blanks; a number or a date as text
+  padded,        ///< a text with trailing blanks
   signedNumber,  ///< an amount with a blank before it when it is not negative
 };
 
-/// What is put into a box that is empty when it is stored.
+/// What an empty box is filled with when it is stored.
 enum class WhenEmpty {
   staysEmpty,
-  today,        ///< today's date as the platform's short date text
+  today,        ///< today's date in the platform's short form
   newYear1980,  ///< "1/1/80"
 };
 
-/// Where an input stands: a row, and the first and the number of the sheet's columns it takes.
+/// The place of an input: a row, and the first and the number of the sheet's columns.
 struct Place {
   int row;
   int column = 0;
@@ -41,15 +41,15 @@ struct Place {
   static constexpr int kFullWidth = 3;
 };
 
-/// One captioned input of a form and the field it shows: a flag in a check box, a choice in a
-/// drop-down list, all else in a text box. Rows are made by `input` and what may follow it.
+/// One input of a form with its caption and field: a check box for a flag, a drop-down list for a
+/// choice, otherwise a text box. Rows are made by `input` and the calls that can follow it.
 struct InputRow {
-  const char* name;     ///< of the control, or of its control array
+  const char* name;     ///< of the control, or its control array
   const char* caption;  ///< "&" marks the access key
   const Field* field;
   Place place;
-  int element = kNoElement;         ///< of the control array
-  const char* labelName = nullptr;  ///< of the label, where it has one; an array as the control
+  int element = kNoElement;         ///< in the control array
+  const char* labelName = nullptr;  ///< of the label, if it has one; an array like the control
   Shown shown = Shown::plain;
   WhenEmpty whenEmpty = WhenEmpty::staysEmpty;
 
@@ -63,8 +63,8 @@ constexpr InputRow input(const char* name, const char* caption, const Field* fie
   return {.name = name, .caption = caption, .field = field, .place = place};
 }
 
-/// The control of a row, which moves texts, ticks and choices between itself and a record. A record
-/// that is not there (nullptr) is that of a new item.
+/// The control of a row, which transfers texts, ticks and choices between itself and a record. No
+/// record (nullptr) means a new item.
 class Input {
  public:
   using Record = std::vector<std::byte>;
@@ -78,43 +78,41 @@ class Input {
 
   const InputRow& row() const { return row_; }
   QWidget& control() const { return control_; }
-  QLabel* label() const { return label_; }  ///< none for a check box, which carries its own
+  QLabel* label() const { return label_; }  ///< nullptr for a check box, which has its own text
 
   /// Together with its label.
   void setEnabled(bool enabled);
 
   virtual void show(std::span<const std::byte> record) = 0;
 
-  /// What the control holds, or what stands for an empty box; the box itself stays empty until
+  /// The contents of the control, or the value for an empty box; the box itself stays empty until
   /// `showFilled`. Run-time error 6 or 13 for what its field cannot hold.
   virtual void store(std::span<std::byte> record) = 0;
 
-  /// Puts into an empty box what was stored for it.
+  /// Fills an empty box with what was stored for it.
   virtual void showFilled() {}
 
   virtual Entered entered() const = 0;
 
-  /// What Write Data will make of the text that stands in the box, where that is not what stands
-  /// there; or how much room is left near the end of its field.
+  /// What Write Data will store for the text in the box, if that differs from the text; or how much
+  /// space is left near the end of its field.
   virtual QString hint() const { return {}; }
 
-  /// What is put into an empty box, to be shown in it.
+  /// What an empty box will be filled with, shown in it as a placeholder.
   virtual QString placeholder() const { return {}; }
 
-  /// What the control holds, as a text that `putBack` understands: a tick is "1", a choice its
-  /// number.
+  /// The contents of the control as a text for `putBack`: a tick is "1", a choice its number.
   virtual QString typed() const = 0;
 
-  /// As if the user had typed it. A choice that the list does not hold leaves the selection as it
-  /// is.
+  /// As if the user had typed it. For a choice that is not in the list, the selection stays.
   virtual void putBack(const QString& typed) = 0;
 
   virtual bool differs(const Record* record) const = 0;
 
-  /// Empties a text and unticks a box; a list keeps its choice, which is now nobody's.
+  /// Clears a text and unticks a box; a list keeps its entry, which is no longer the user's choice.
   virtual void clear() = 0;
 
-  /// Sets a list to none.
+  /// Sets a list to no selection.
   virtual void clearList() {}
 
   virtual void whenChanged(std::function<void()> changed) = 0;

@@ -17,7 +17,7 @@ namespace {
 
 constexpr qsizetype kMostTexts = 10;
 
-/// More than any program of ours has written.
+/// More than the program ever writes.
 constexpr qint64 kLargestFile = 4 << 20;
 
 constexpr QFileDevice::Permissions kOwnerOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
@@ -54,7 +54,7 @@ KeptText fromJson(const QJsonObject& object) {
   return text;
 }
 
-/// The same for every way to write the path.
+/// The same for all spellings of a path.
 QString fullPath(const std::string& collection) {
   const QFileInfo file(fromPath(collection));
   return file.exists() ? file.canonicalFilePath() : file.absoluteFilePath();
@@ -134,7 +134,7 @@ void KeptTexts::read() {
     if (text.isObject()) add(fromJson(text.toObject()));
 }
 
-/// The text on the form is the last one: so the next program finds it as the newest.
+/// The text on the form is written last, so that the next run finds it as the newest.
 void KeptTexts::write() const {
   if (file_.isEmpty()) return;
   QJsonArray texts;

@@ -31,7 +31,7 @@ void replaceText(TextBox& box, const QString& text) {
   box.home(false);  // ends the edit, and shows a long text from its beginning
 }
 
-/// As the box itself undoes, where it can: what was typed before stays to be undone, too.
+/// With the box's own undo if possible, so that earlier typing can be undone, too.
 void restoreText(TextBox& box, const QString& before) {
   while (box.isUndoAvailable() && box.text() != before) box.undo();
   if (box.text() != before) box.showPadded(before);
@@ -42,7 +42,7 @@ QString lines(std::size_t count) {
   return count == 1 ? QStringLiteral("1 line") : QStringLiteral("%1 lines").arg(count);
 }
 
-/// What found no place comes first: the line may be cut at its end.
+/// What did not fit comes first: the line may be cut at its end.
 QString inWords(std::size_t pasted, std::size_t elsewhere, std::size_t left, const QString& next) {
   QString said = lines(pasted) + QStringLiteral(" pasted");
   if (left > 0)
@@ -92,7 +92,7 @@ bool ListPaste::keyPressed(const Source& source, const QKeyEvent& event) {
     return true;
   }
   if (!event.matches(QKeySequence::Paste)) return false;
-  // The one key for what is selected elsewhere.
+  // The key that pastes the primary selection.
   const bool fromSelection = event.key() == Qt::Key_Insert &&
                              event.modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
   const auto mode = fromSelection ? QClipboard::Selection : QClipboard::Clipboard;
@@ -102,12 +102,12 @@ bool ListPaste::keyPressed(const Source& source, const QKeyEvent& event) {
 bool ListPaste::dropped(const Source& source, QDropEvent& drop) {
   const QMimeData* data = drop.mimeData();
   if (data->hasUrls() || !paste(source, data->text())) return false;
-  drop.setDropAction(Qt::CopyAction);  // it stays where it came from
+  drop.setDropAction(Qt::CopyAction);  // it stays at its source
   drop.accept();
   return true;
 }
 
-/// The box's own menu, with our paste and undo in the place of its own.
+/// The box's own menu, with Paste and Undo replaced by ours.
 bool ListPaste::menuAsked(const Source& source, const QContextMenuEvent& asked) {
   TextBox* box = source.box;
   QMenu* menu = box->createStandardContextMenu();
@@ -118,7 +118,7 @@ bool ListPaste::menuAsked(const Source& source, const QContextMenuEvent& asked) 
       connect(action, &QAction::triggered, this, handler);
     }
   };
-  // By the toolkit's own texts, whatever the language: the actions have no names.
+  // Found by the toolkit's texts in any language: the actions have no names.
   replace(QLineEdit::tr("&Paste"), [this, source] {
     if (!paste(source, QApplication::clipboard()->text())) source.box->paste();
   });
@@ -128,7 +128,7 @@ bool ListPaste::menuAsked(const Source& source, const QContextMenuEvent& asked) 
   return true;
 }
 
-/// Whether the text was one for the list.
+/// Returns whether the text was handled as a list.
 bool ListPaste::paste(const Source& source, const QString& text) {
   const std::string given = toUtf8Text(text);
   if (!hasLineBreaks(given)) return false;
@@ -165,12 +165,12 @@ void ListPaste::fill(const Source& source, const std::vector<QString>& titles) {
   say_(*source.box, inWords(last_.size(), elsewhere, left, left > 0 ? *title : QString()));
 }
 
-/// While the box pasted into is as it was left, its next undo is that of the paste.
+/// As long as the box pasted into is unchanged, its next undo is that of the paste.
 bool ListPaste::canUndo(const TextBox& box) const {
   return !last_.empty() && &box == pastedInto_ && box.text() == leftThere_;
 }
 
-/// What was changed since stays.
+/// Boxes changed since then are left alone.
 void ListPaste::undo() {
   for (const auto& [box, before, after] : std::exchange(last_, {}))
     if (box->text() == after) restoreText(*box, before);

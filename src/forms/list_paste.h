@@ -15,23 +15,23 @@ namespace quillbox {
 
 class TextBox;
 
-/// Pasting a text of several lines into one of the boxes of a list puts its titles (track_list.h)
-/// into the empty boxes from that one on, by whatever way a text is pasted: keys, context menu,
-/// middle button, dropping. A box that holds something is never overwritten, but for the one pasted
-/// into when all its text is selected. One undo in that box takes all of it back. A text of one
-/// line is pasted as ever, without its line break.
+/// Pasting a text of several lines into a box of a list puts its titles (track_list.h) into the
+/// empty boxes from that one on, however it is pasted: by keys, context menu, middle button or
+/// dropping. A filled box is never overwritten, except the one pasted into when all its text is
+/// selected. One undo in that box removes all of them. A text of one line is pasted as usual,
+/// without its line break.
 class ListPaste : public QObject {
  public:
-  /// Told what became of a text that was pasted into a box; an empty text when it was taken back.
+  /// Called with the result of pasting into a box; the text is empty when it was undone.
   using Say = std::function<void(TextBox& into, const QString& text)>;
 
-  /// The boxes, in their order, must outlive this.
+  /// The boxes, in their order, must outlive this object.
   ListPaste(std::vector<TextBox*> entries, Say say);
 
-  /// The same for a box beside the list, which stays as it is: the entries are filled from `first`.
+  /// The same for a box beside the list, which stays as it is: it fills the entries from `first`.
   void alsoIn(TextBox& box, std::size_t first);
 
-  /// What was pasted can no longer be taken back: the boxes show something else.
+  /// The paste can no longer be undone: the boxes show something else.
   void forget() { last_.clear(); }
 
  protected:
@@ -40,7 +40,7 @@ class ListPaste : public QObject {
  private:
   struct Source {
     TextBox* box;
-    std::size_t first;  // where its titles go
+    std::size_t first;  // where its titles begin
   };
   struct Filled {
     TextBox* box;
@@ -61,7 +61,7 @@ class ListPaste : public QObject {
   Say say_;
   std::vector<Filled> last_;  // by the last paste
   TextBox* pastedInto_ = nullptr;
-  QString leftThere_;  // the text of that box right after
+  QString leftThere_;  // the text of that box just after it
 };
 
 }  // namespace quillbox

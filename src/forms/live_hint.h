@@ -6,8 +6,8 @@ class QLineEdit;
 
 namespace quillbox {
 
-/// What will become of the text in a box, shown below the box while it has the focus and something
-/// is to be said. It lies over the form, so that nothing moves, and lets the mouse through.
+/// What will become of the text in a box, shown below the box while it has the focus. It overlays
+/// the form, so nothing moves, and lets the mouse through.
 class LiveHint : public QLabel {
  public:
   explicit LiveHint(QWidget& sheet);

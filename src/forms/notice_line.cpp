@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 
+#include "forms/accessible_role.h"
 #include "forms/controls.h"
 #include "forms/elided_label.h"
 #include "forms/qt_text.h"
@@ -14,6 +15,7 @@ NoticeLine::NoticeLine(int element)
       button_(makeButton(controlName("cmdNotice", element), QStringLiteral("OK"))) {
   label_->setObjectName(controlName("lblNotice", element));
   setFrameShape(QFrame::StyledPanel);
+  setAccessibleRole(*this, QAccessible::Grouping);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   auto* row = new QHBoxLayout(this);
   const int margin = row->spacing();

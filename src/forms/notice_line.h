@@ -10,24 +10,24 @@ namespace quillbox {
 
 class ElidedLabel;
 
-/// What a form says unasked, and what can be done about it.
+/// A message that a form shows unasked, and an action for it.
 struct Notice {
-  std::string text;         ///< may hold names of files, in the platform's bytes
-  std::string button = {};  ///< its caption; none: there is nothing to press
+  std::string text;         ///< may contain file names, in the platform's bytes
+  std::string button = {};  ///< its caption; empty: no button
   std::function<void()> press = {};
 };
 
 /// A line that shows a notice, with its button.
 class NoticeLine : public QFrame {
  public:
-  /// `element` tells the lines of a form apart.
+  /// `element` distinguishes the lines of a form.
   explicit NoticeLine(int element);
 
   void show(const Notice& notice);
 
   QPushButton& button() { return *button_; }
 
-  /// What the button does by now.
+  /// The present handler of the button.
   std::function<void()> press() const { return press_; }
 
  private:

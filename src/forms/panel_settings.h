@@ -8,18 +8,18 @@ namespace quillbox {
 
 struct CollectionKind;
 
-/// How the user wants the panel of each kind, kept in a settings file. Whatever cannot be read
-/// there is as if never kept; what cannot be written is forgotten at the program's end.
+/// The user's settings for the panel of each kind, kept in a settings file. What cannot be read
+/// counts as not set; what cannot be written lasts until the program ends.
 class PanelSettings {
  public:
-  /// The file, and the folder it is in, need not exist. It may hold other settings, too.
+  /// The file and its folder need not exist. The file may contain other settings.
   explicit PanelSettings(const QString& settingsFile);
 
-  /// Whether the panel is open beside the form; not before the user opens it.
+  /// Whether the panel is open beside the form; false until the user opens it.
   bool isOpen(const CollectionKind& kind) const;
   void setOpen(const CollectionKind& kind, bool open);
 
-  /// The names of the columns that the list shows; empty before the user chooses any.
+  /// The names of the columns in the list; empty until the user chooses some.
   QStringList columns(const CollectionKind& kind) const;
   void setColumns(const CollectionKind& kind, const QStringList& names);
 

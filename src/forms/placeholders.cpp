@@ -8,12 +8,12 @@
 namespace quillbox {
 namespace {
 
-/// What the Web Content Accessibility Guidelines ask of large letters, and of all others. Where a
-/// colour has less than the first, one with the second takes its place.
+/// The contrast that the Web Content Accessibility Guidelines require for large letters, and for
+/// all others. A colour with less than the first is replaced by one with the second.
 constexpr double kLowest = 3;
 constexpr double kReadable = 4.5;
 
-// Relative luminance and contrast as these guidelines define them.
+// Relative luminance and contrast as defined there.
 
 double luminance(const QColor& color) {
   const auto linear = [](double part) {
@@ -28,14 +28,14 @@ double contrast(const QColor& one, const QColor& other) {
   return (lighter + 0.05) / (darker + 0.05);
 }
 
-/// That share of one colour over another.
+/// One colour at that opacity over another.
 QColor mixed(const QColor& front, const QColor& back, float share) {
   const auto part = [share](float one, float other) { return share * one + (1 - share) * other; };
   return QColor::fromRgbF(part(front.redF(), back.redF()), part(front.greenF(), back.greenF()),
                           part(front.blueF(), back.blueF()));
 }
 
-/// As near to the ground as can be read, so that nobody takes it for what was typed.
+/// As close to the background as is readable, so that it does not look typed.
 QColor readable(const QColor& text, const QColor& ground) {
   constexpr int steps = 10;
   for (int step = steps / 2; step < steps; ++step) {
@@ -63,7 +63,7 @@ ReadablePlaceholders::ReadablePlaceholders() {
   QCoreApplication::instance()->installEventFilter(this);
 }
 
-/// A palette that is readable is left to the desktop.
+/// A readable palette is left to the desktop.
 void ReadablePlaceholders::adjust() {
   const QPalette now = QApplication::palette();
   const QPalette readable = withReadablePlaceholders(now);

@@ -5,14 +5,14 @@
 
 namespace quillbox {
 
-/// That palette with texts in empty boxes that can be read; the same one where they can. A palette
-/// that names no colour for them has the toolkit's, which is made for light ones.
+/// The palette with readable placeholder texts; unchanged if they already are. A palette without a
+/// colour for them uses the toolkit's, which is made for light palettes.
 QPalette withReadablePlaceholders(QPalette palette);
 
-/// Keeps the application's palette such a one, whatever the user changes it to.
+/// Applies this to the application's palette, and again whenever the palette changes.
 class ReadablePlaceholders : public QObject {
  public:
-  /// The application must be there, and outlive this.
+  /// The application must exist, and outlive this object.
   ReadablePlaceholders();
 
  protected:

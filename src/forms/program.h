@@ -26,7 +26,7 @@ class RecentCollections;
 class SheetPrinter;
 class WindowPlaces;
 
-/// What the start-up part of the program does for the forms below it.
+/// What the start-up code does for the forms.
 class Shell {
  public:
   virtual ~Shell() = default;
@@ -35,10 +35,10 @@ class Shell {
   /// Asks for a collection and shows its editor.
   virtual void FileOpen() = 0;
 
-  /// True for a collection that is there: a file that Open would open.
+  /// True for an existing collection, a file that Open would accept.
   virtual bool opens(const std::string& path) = 0;
 
-  /// Opens such a file as Open does, instead of what is on screen.
+  /// Opens such a file as Open does, replacing what is on screen.
   virtual void open(const std::string& path) = 0;
 
   /// Asks for the name of a file to write; empty when the user cancels.
@@ -46,7 +46,7 @@ class Shell {
 
   virtual void showNewCollection() = 0;
 
-  /// The one progress board.
+  /// The progress board.
   virtual Board& board() = 0;
 };
 
@@ -66,49 +66,48 @@ class Program {
   void setShell(Shell& shell) { shell_ = &shell; }
   Board& board() { return shell_->board(); }
 
-  /// The one help window, made on first use.
+  /// The help window, created on first use.
   HelpWindow& help();
 
-  /// Where the windows stood when the program was last used; none: nothing is kept. Must outlive
-  /// the forms.
+  /// The positions of windows when last used; nullptr: not kept. Must outlive the forms.
   WindowPlaces* windowPlaces() const { return windowPlaces_; }
   void setWindowPlaces(WindowPlaces& places) { windowPlaces_ = &places; }
 
-  /// Where texts that were typed and not written are kept; empty: nowhere but in memory.
+  /// The folder for texts typed and not written; empty: kept only in memory.
   const QString& typedFolder() const { return typedFolder_; }
   void setTypedFolder(const QString& folder) { typedFolder_ = folder; }
 
-  /// The collections that were opened last; none: nothing is kept. Must outlive the forms.
+  /// The collections opened last; nullptr: not kept. Must outlive the forms.
   RecentCollections* recents() const { return recents_; }
   void setRecents(RecentCollections& recents) { recents_ = &recents; }
 
-  /// How the user wants the panels; none: nothing is kept. Must outlive the forms.
+  /// The user's settings for panels; nullptr: not kept. Must outlive the forms.
   PanelSettings* panelSettings() const { return panelSettings_; }
   void setPanelSettings(PanelSettings& settings) { panelSettings_ = &settings; }
 
-  /// What drawings are printed with; none: they are not printed. Must outlive the forms.
+  /// The printer for drawings; nullptr: they cannot be printed. Must outlive the forms.
   SheetPrinter* sheetPrinter() const { return sheetPrinter_; }
   void setSheetPrinter(SheetPrinter& printer) { sheetPrinter_ = &printer; }
 
   /// Runs the handler of a user's action. A run-time error ends the handler: the forms it hid come
-  /// back and the error is shown. When no form is left on screen the start screen is shown.
+  /// back and the error is shown. When no form is left on screen, the start screen is shown.
   ///
-  /// One handler at a time: while one runs no other begins, wherever it comes from. A screen reader
-  /// presses buttons in the middle of a sort, which holds back only keys and the mouse.
+  /// Only one handler at a time: while one runs, no other starts, whatever triggers it. A screen
+  /// reader can press buttons during a sort, which blocks only keys and the mouse.
   void run(const std::function<void()>& handler);
   bool isRunning() const { return isRunning_; }
 
   /// Shows a message with an OK button.
   void message(std::string_view title, std::string_view text, MessageIcon icon = MessageIcon::none);
 
-  /// Shows a run-time error and goes on.
+  /// Shows a run-time error and continues.
   void report(const RunTimeError& error);
 
-  /// Ends the program in the ordinary way: files closed, nothing asked.
+  /// Ends the program in the ordinary way: files are closed, nothing is asked.
   void end();
   bool isEnding() const { return ending_; }
 
-  /// The one form of that class, made on first use.
+  /// The only form of that class, created on first use.
   template <typename SomeForm>
   SomeForm& form() {
     auto& form = single_[typeid(SomeForm)];
@@ -118,7 +117,7 @@ class Program {
 
   void hideForms();
 
-  // Forms enter and leave the list of their own accord.
+  // Forms add and remove themselves.
   void enter(Form& form) { forms_.push_back(&form); }
   void leave(Form& form) { std::erase(forms_, &form); }
 

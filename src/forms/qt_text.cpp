@@ -24,7 +24,7 @@ QString fromUtf8Text(std::string_view utf8) { return QString::fromUtf8(bytesOfTe
 std::string toUtf8Text(const QString& text) { return text.toStdString(); }
 
 #ifdef Q_OS_WIN
-// The toolkit would take the paths' bytes for the user's code page.
+// The toolkit would read the bytes of paths in the user's code page.
 QString fromPath(std::string_view path) { return fromUtf8Text(path); }
 
 std::string toPath(const QString& text) { return toUtf8Text(text); }

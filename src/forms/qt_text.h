@@ -6,8 +6,8 @@
 
 #include "text/padding.h"
 
-/// Converts texts between the core and the windowing platform for forms and panel: record texts
-/// nowhere else. platform/qt, kept_texts.cpp and recent_collections.cpp convert paths themselves.
+/// Converts texts for forms and panel; record texts are converted nowhere else. platform/qt,
+/// kept_texts.cpp and recent_collections.cpp convert paths themselves.
 namespace quillbox {
 
 /// Record texts: Windows-1252 bytes in the core.
@@ -21,14 +21,14 @@ std::string toUtf8Text(const QString& text);
 /// Paths: the platform's own bytes in the core.
 QString fromPath(std::string_view path);
 std::string toPath(const QString& text);
-/// A path that the windowing platform made, with the separators that people know from the system.
-/// What somebody typed is left as it is: that is `toPath`.
+/// A path from the windowing platform, with the system's usual separators. A typed path is not
+/// changed: that is `toPath`.
 std::string toNativePath(const QString& path);
 
 /// A control's caption without the "&" that marks its access key.
 QString withoutAccessKey(QString caption);
 
-/// Blanks at the end, which no field keeps as such, do not count.
+/// Blanks at the end do not count, because no field stores them as such.
 QStringView withoutTrailingBlanks(QStringView text);
 
 }  // namespace quillbox

@@ -12,8 +12,8 @@
 namespace quillbox {
 namespace {
 
-/// What a path holds but letters and digits that is readable in the file as it is. Everything else
-/// is written as "%" and two digits, so that any bytes come back.
+/// Characters of a path besides letters and digits that are written as they are. All others are
+/// written as "%" and two digits, so that any bytes can be read back.
 constexpr const char* kPlainInPaths = "/\\: ";
 
 QString keyOf(std::size_t index) { return QStringLiteral("Recent/%1").arg(index + 1); }
@@ -84,7 +84,7 @@ void RecentCollections::remove(const std::string& path) {
   keep(recents);
 }
 
-/// Nothing is written where nothing changes: opening the same collection again costs no time.
+/// Written only if something changes: opening the same collection again costs no time.
 void RecentCollections::keep(const std::vector<RecentCollection>& recents) {
   for (std::size_t index = 0; index < kMost; ++index) {
     const QString key = keyOf(index);

@@ -13,18 +13,18 @@
 namespace quillbox {
 namespace {
 
-constexpr int kNarrowest = 32;  // average characters
+constexpr int kNarrowest = 32;  // in average characters
 constexpr int kUsualWidth = 64;
 constexpr int kFewestRows = 1;
 
 constexpr int kIsThereRole = Qt::UserRole;
 
-/// Draws what is gone as disabled. It stays enabled, as it can be taken off the list.
+/// Draws missing collections as disabled. They stay enabled, so they can be removed.
 class RowDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
 
-  /// As wide as the list: what is longer is cut in its middle.
+  /// As wide as the list: longer texts are cut in the middle.
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     const int air = option.fontMetrics.height() / 2;
     return {1, QStyledItemDelegate::sizeHint(option, index).height() + air};
@@ -49,7 +49,7 @@ QListWidgetItem* makeItem(const RecentList::Row& row) {
   auto* item = new QListWidgetItem(iconOf(kind), name + QLatin1Char('\n') + about);
   item->setData(Qt::AccessibleTextRole, QString(name + QStringLiteral(", ") + about));
   item->setData(kIsThereRole, row.isThere);
-  item->setToolTip(fromPath(path).toHtmlEscaped());  // a tip may be markup, a path is none
+  item->setToolTip(fromPath(path).toHtmlEscaped());  // a tool tip may be markup, a path is not
   return item;
 }
 

@@ -10,7 +10,7 @@
 namespace quillbox {
 
 /// The recent collections to choose from: an icon, the name, and below it kind, count and folder.
-/// Those that are gone look disabled and say so.
+/// Missing ones look disabled and have a remark.
 class RecentList : public QListWidget {
  public:
   struct Row {
@@ -22,20 +22,20 @@ class RecentList : public QListWidget {
 
   RecentList();
 
-  /// The current row stays on its collection or, if that is not among them, where it was. At first
-  /// it is the first one that is there. Returns whether they are others than before.
+  /// The current row stays on its collection or, if that is not in the list, at its position.
+  /// Initially it is the first collection that exists. Returns whether the rows have changed.
   bool show(const std::vector<Row>& rows);
 
-  /// Of the current row; empty when there is none.
+  /// In the current row; empty when there is none.
   std::string currentPath() const;
 
-  /// One click, or Enter, on a collection that is there.
+  /// Called after one click, or Enter, on a collection that exists.
   std::function<void(const std::string& path)> whenChosen;
 
-  /// The Delete key on any.
+  /// Called after the Delete key on any row.
   std::function<void(const std::string& path)> whenRemoved;
 
-  /// As high as its rows, and no higher.
+  /// As high as its rows.
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 

@@ -11,7 +11,7 @@ namespace {
 constexpr int kFewestLines = 4;
 constexpr int kFewestColumns = 30;
 
-/// Average characters, beyond which a box is no easier to read.
+/// In average characters; wider boxes are not easier to read.
 constexpr int kWidest = 160;
 
 }  // namespace
@@ -22,10 +22,10 @@ ScrollingPage::ScrollingPage(QWidget* page) {
   column->setContentsMargins(0, 0, 0, 0);
   auto* row = new QHBoxLayout;
   row->addWidget(page, 1);
-  row->addStretch(0);  // beside it what a wide window has left
+  row->addStretch(0);  // takes the rest of a wide window
   page->setMaximumWidth(kWidest * fontMetrics().averageCharWidth());
   column->addLayout(row);
-  column->addStretch(1);  // the page stays at the top of a window that is higher
+  column->addStretch(1);  // the page stays at the top of a higher window
   setWidget(holder);
   setWidgetResizable(true);
   setFrameShape(QFrame::NoFrame);
@@ -49,7 +49,7 @@ void ScrollingPage::resizeEvent(QResizeEvent* event) {
   keepInView(window()->focusWidget());
 }
 
-/// All of it; where it is larger than the view, from its beginning. What begins near the left stays
+/// All of it or, if it is larger than the view, its beginning. What begins near the left stays
 /// beside its caption.
 void ScrollingPage::keepInView(const QWidget* focus) {
   if (focus == nullptr || !widget()->isAncestorOf(focus)) return;

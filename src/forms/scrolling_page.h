@@ -4,7 +4,7 @@
 
 namespace quillbox {
 
-/// The inputs of a form. Where the window has no room for all of them they scroll, and the one with
+/// The inputs of a form. If the window is too small for all of them, they scroll, and the one with
 /// the focus is always in view.
 class ScrollingPage : public QScrollArea {
  public:

@@ -55,7 +55,7 @@ void StatusLine::show(const QString& text, StatusAction action) {
   show(text);
   if (button_ == nullptr) {
     button_ = makeButton({}, {});
-    // A click leaves the focus where it was: the button goes as soon as it was pressed.
+    // A click leaves the focus where it was: the button disappears once it is pressed.
     button_->setFocusPolicy(Qt::TabFocus);
     layout()->addWidget(button_);
     whenMade_(*button_);

@@ -10,7 +10,7 @@ class QPushButton;
 
 namespace quillbox {
 
-/// What can be done about a status.
+/// An action offered with a status.
 struct StatusAction {
   const char* name;  ///< of the button
   const char* caption;
@@ -18,35 +18,34 @@ struct StatusAction {
   std::function<void()> click;
 };
 
-/// The text of a status line, which assistive technology knows as a status and is told of when it
-/// changes.
+/// The text of a status line; assistive technology sees a status bar and is notified of changes.
 class StatusText : public ElidedLabel {
  public:
   StatusText();
 };
 
-/// One line below a form's buttons that tells what the last command did. It always keeps its room,
+/// One line below a form's buttons for the result of the last command. It always keeps its space,
 /// so that nothing moves.
 class StatusLine : public QWidget {
  public:
-  /// `whenMade` is told of the button when there is first something to do.
+  /// `whenMade` is called with the button when it is created.
   explicit StatusLine(std::function<void(QPushButton&)> whenMade);
 
   void show(const QString& text);
 
-  /// With a button that does what there is to do.
+  /// With a button for the action.
   void show(const QString& text, StatusAction action);
 
-  /// Nothing is told any more.
+  /// Clears the line.
   void clear();
 
-  /// What a click on the button does now.
+  /// The present handler of the button.
   const std::function<void()>& click() const { return click_; }
 
  private:
   std::function<void(QPushButton&)> whenMade_;
   StatusText* text_;
-  QPushButton* button_ = nullptr;  // made when there is first something to do
+  QPushButton* button_ = nullptr;  // created with the first action
   std::function<void()> click_;
 };
 

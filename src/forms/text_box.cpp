@@ -33,8 +33,8 @@ void TextBox::showText(const QString& text) {
 void TextBox::showPadded(const QString& text) {
   padding_ = 0;
   shown_ = text.left(width_);
-  // The padding takes no room away from what is typed before it goes. The toolkit forgets all edits
-  // when this changes, so it is set now for good.
+  // The padding does not count against the width before it is removed. Changing this limit discards
+  // all edits, so it is set once.
   setMaxLength(width_ + trailingBlanks(shown_));
   setText(shown_);
   padding_ = trailingBlanks(shown_);
@@ -42,15 +42,15 @@ void TextBox::showPadded(const QString& text) {
   setCursorPosition(0);
 }
 
-/// After an edit: what is left of the padding stands at the end of the text, and what was typed may
-/// be longer than the field. Both are cut by further edits, so that undoing leads back to what was
+/// After an edit: the rest of the padding is at the end of the text, and the typed text may be
+/// longer than the field. Both are cut by further edits, so that undoing leads back to what was
 /// shown.
 void TextBox::settle() {
   if (isSettling_) return;
   const QScopedValueRollback settling(isSettling_, true);
-  if (isRedoAvailable()) {  // an undo or a redo, which may have stopped between an edit and its cut
+  if (isRedoAvailable()) {  // an undo or a redo, which may be between an edit and its cut
     stepOn();
-    // Where the first edit is undone stands what was shown, whatever the edits between did.
+    // Undoing the first edit leads to what was shown, whatever the edits between did.
     if (!isUndoAvailable() && !shown_.isEmpty() && text() != shown_) showPadded(QString(shown_));
   } else {
     const int padding = std::exchange(padding_, 0);
@@ -67,7 +67,7 @@ void TextBox::settle() {
   stayBeforePadding();
 }
 
-/// Whether a text may stand in the box.
+/// Whether the text is allowed to stay in the box.
 bool TextBox::isSettled(const QString& text) const {
   return text == shown_ || (text.size() <= width_ && text != unsettled_);
 }
@@ -79,11 +79,11 @@ void TextBox::cut(qsizetype from, qsizetype length) {
   setCursorPosition(std::min(caret, static_cast<int>(text().size())));
 }
 
-/// Goes on in the direction of an undo or a redo until the text may stand.
+/// Repeats an undo or a redo until the text is allowed to stay.
 void TextBox::stepOn() {
   if (isSettled(text())) return;
   undo();
-  // Where that leads back it was a redo, but for a cut that has left nothing of its edit.
+  // If that returns to the same text, it was a redo, unless a cut has removed all of its edit.
   if (text() != before_ || isUndoKey_) return;
   redo();
   redo();
@@ -97,7 +97,7 @@ void TextBox::keyPressEvent(QKeyEvent* event) {
   QLineEdit::keyPressEvent(event);
 }
 
-/// A text set by program is taken as it is, padding and all.
+/// A text set by the program is left unchanged, with its padding.
 void TextBox::noteTextSet() {
   if (!isSettling_ && text() != shown_ && text() != before_) takeAsItIs();
 }

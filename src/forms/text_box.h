@@ -4,16 +4,15 @@
 
 namespace quillbox {
 
-/// A text box of a fixed-width field. A text shown with the blanks that pad it on disk never costs
-/// the user a character: the caret and the selection stay before the padding, and the padding goes
-/// with the first edit, and comes back when that is undone. A box that was only visited keeps what
-/// it held.
+/// A text box of a fixed-width field. The padding of a text never costs the user a character: the
+/// caret and the selection stay before it, the first edit removes it, and undoing that restores it.
+/// A box that was only visited keeps its contents.
 class TextBox : public QLineEdit {
  public:
-  /// Takes at most `width` characters.
+  /// Accepts at most `width` characters.
   explicit TextBox(int width, QWidget* parent = nullptr);
 
-  /// Shows `text` from its beginning, however long it is.
+  /// Shows `text` from its beginning, whatever its length.
   void showText(const QString& text);
 
   /// The same; blanks at its end are padding.
@@ -33,10 +32,10 @@ class TextBox : public QLineEdit {
   void noteTextSet();
 
   int width_;
-  int padding_ = 0;    // blanks at the end of the text that are not the user's
+  int padding_ = 0;    // blanks at the end of the text that are padding
   QString shown_;      // with its padding
   QString before_;     // the last edit
-  QString unsettled_;  // what stood here for a moment between an edit and the cut of it
+  QString unsettled_;  // a text between an edit and its cut
   bool isSettling_ = false;
   bool isUndoKey_ = false;
 };

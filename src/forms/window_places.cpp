@@ -13,7 +13,7 @@
 namespace quillbox {
 namespace {
 
-/// Farther out, or larger, is no window's place: the settings file is damaged.
+/// Beyond this, a position or size is invalid: the settings file is damaged.
 constexpr int kFarthest = 32'767;
 
 QString maximizedKey(const QWidget& window) {
@@ -43,7 +43,7 @@ std::optional<QRect> placeOf(const QString& text) {
   return QRect(left, top, width, height);
 }
 
-/// That place, moved and cut as little as makes all of it visible, title bar included.
+/// The place, moved and cut as little as possible to be all visible, title bar included.
 QRect onScreen(QRect place, const QWidget& window) {
   const QScreen* screen = QGuiApplication::screenAt(place.center());
   if (screen == nullptr) screen = QGuiApplication::primaryScreen();

@@ -7,18 +7,18 @@ class QWidget;
 
 namespace quillbox {
 
-/// Where windows stood and how large they were, without their frames, when they were last hidden,
-/// by their object names, kept in a settings file. Whatever cannot be read, or is damaged, is as if
-/// never kept; what cannot be written is forgotten at the program's end.
+/// The positions and sizes of windows, without their frames, when they were last hidden, by their
+/// object names, kept in a settings file. What is damaged or cannot be read counts as not set; what
+/// cannot be written lasts until the program ends.
 class WindowPlaces {
  public:
-  /// The file, and the folder it is in, need not exist.
+  /// The file and its folder need not exist.
   explicit WindowPlaces(const QString& settingsFile);
 
   /// The user's own settings file.
   static QString userFile();
 
-  /// Moves the window to its place; without one it is left where it is.
+  /// Moves the window to its place, if one is stored.
   void restore(QWidget& window) const;
 
   void remember(const QWidget& window);

@@ -26,7 +26,7 @@ QLayoutItem* WrappingRow::takeAt(int index) {
   return item;
 }
 
-/// Between an item and the one to its left.
+/// The gap between an item and the one on its left.
 int WrappingRow::gapBefore(std::size_t item) const {
   return std::ranges::count(gaps_, item) > 0 ? 3 * spacing() : spacing();
 }

@@ -7,8 +7,8 @@ class QWidget;
 
 namespace quillbox {
 
-/// A row of buttons that goes on in further lines when the window is too narrow for it. What leads
-/// the row stands at the left, the rest at the right.
+/// A row of buttons that wraps if the window is too narrow. The leading widget is on the left, the
+/// rest on the right.
 class WrappingRow : public QLayout {
  public:
   WrappingRow() = default;
@@ -16,10 +16,10 @@ class WrappingRow : public QLayout {
   WrappingRow& operator=(const WrappingRow&) = delete;
   ~WrappingRow() override;
 
-  /// The widget that leads the row; the first to be added.
+  /// The leading widget; the first to be added.
   void addLead(QWidget* lead);
 
-  /// From here on another group of buttons, a little apart from the one before.
+  /// Starts another group of buttons, a little apart from the one before.
   void addGap() { gaps_.push_back(items_.size()); }
 
   void addItem(QLayoutItem* item) override { items_.push_back(item); }
@@ -36,7 +36,7 @@ class WrappingRow : public QLayout {
   void setGeometry(const QRect& place) override;
 
  private:
-  /// Neighbours, from one item up to another, and what they take.
+  /// Adjacent items, from one index up to another, and the space they take.
   struct Line {
     std::size_t begin = 0;
     std::size_t end = 0;

@@ -8,12 +8,12 @@
 
 namespace quillbox {
 
-/// What may lie beside a collection.
+/// Files that may be beside a collection.
 enum class BesideKind {
-  sortBackup,     ///< while a sort runs, and after one that was cut off
-  upgradeBackup,  ///< music of the older type, as it was
+  sortBackup,     ///< during a sort, and after one that was interrupted
+  upgradeBackup,  ///< music of the older type, before its upgrade
   earlier,        ///< what an import has replaced
-  unfinished,     ///< what an import that was cut off has left
+  unfinished,     ///< left by an import that was interrupted
 };
 
 struct BesideFile {
@@ -21,10 +21,10 @@ struct BesideFile {
   std::string path;
 };
 
-/// What lies beside a collection, whether or not there is one under its own name.
+/// The files beside a collection, whether or not the collection itself exists.
 std::vector<BesideFile> filesBeside(FileSystem& files, const std::string& path);
 
-/// What such a file is, in words.
+/// A description of such a file.
 std::string_view besideText(BesideKind kind);
 
 }  // namespace quillbox

@@ -26,7 +26,7 @@ std::string textTrouble(std::string_view text) {
                                           : "characters behind a zero byte, which nothing shows";
 }
 
-/// What is wrong with a value; empty when nothing is.
+/// What is wrong with a value; empty if nothing is.
 std::string troubleOf(const Values& values, const DataColumn& column,
                       std::span<const std::byte> record) {
   const Field& field = *column.field;

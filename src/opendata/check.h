@@ -8,16 +8,16 @@
 
 namespace quillbox {
 
-/// Takes what is wrong with an item; with the file itself where the item is 0.
+/// Called for each problem with an item; `item` is 0 for a problem with the file itself.
 using Finding = std::function<void(int item, const std::string& what)>;
 
-/// Looks for everything that can be wrong with the file of a collection: its size against its
-/// count, and what lies beside it.
+/// Checks everything that can be wrong with the file of a collection: its size against its count,
+/// and the files beside it.
 void checkFile(FileSystem& files, const CollectionFile& collection, const Finding& finding);
 
-/// Looks for everything that can be wrong with an item: texts with control characters or with
-/// something behind a zero byte, flags other than 0 and 1, places beyond their lists, dates that
-/// are none, sizes that are no number. A deleted item is not looked at.
+/// Checks everything that can be wrong with an item: texts with control characters or with
+/// something after a zero byte, flags other than 0 and 1, choices outside their lists, invalid
+/// dates, sizes that are not numbers. Deleted items are not checked.
 void checkItem(const CollectionKind& kind, const Values& values, int item,
                std::span<const std::byte> record, const Finding& finding);
 

@@ -112,11 +112,11 @@ ItemReader::ItemReader(FileSystem& files, const CollectionFile& collection)
 
 std::span<const std::byte> ItemReader::read(int item) {
   if (item < firstOfBlock_ || item >= endOfBlock_) {
-    // Many at a time only where they are read one after the other.
+    // Many at a time only when they are read in sequence.
     const int most = static_cast<int>(kRecordBlockBytes / recordLength_);
     const int items = item == endOfBlock_ || item == 1 ? std::clamp(last_ - item + 1, 1, most) : 1;
     block_.resize(static_cast<std::size_t>(items) * recordLength_);
-    endOfBlock_ = firstOfBlock_ = 0;  // until the read is done
+    endOfBlock_ = firstOfBlock_ = 0;  // until the read has succeeded
     std::size_t there = file_->readAt(static_cast<std::uint64_t>(item) * recordLength_, block_);
     for (; there < block_.size(); ++there) block_[there] = blank_[there % recordLength_];
     firstOfBlock_ = item;

@@ -14,66 +14,66 @@
 
 namespace quillbox {
 
-/// A collection as its file says, without a program that has it open.
+/// A collection as its file describes it, without a program that has it open.
 struct CollectionFile {
-  std::string path;  ///< as it was asked for
+  std::string path;  ///< as passed in
   const CollectionKind* kind;
   HeaderRecord header;
-  int count;                      ///< items; none when the header counts less than none
+  int count;                      ///< items; 0 when the header has less
   std::size_t recordLength;       ///< bytes; shorter in music of the older type
-  std::span<const Field> fields;  ///< of its records
+  std::span<const Field> fields;  ///< the fields of its records
   std::uint64_t size;             ///< bytes of the file
 
-  /// True of music that is upgraded when it is opened: its records are read, but never written.
+  /// True for music that is upgraded when it is opened: its records are read, but never written.
   bool isOfOlderType() const { return recordLength != kind->recordLength; }
 
-  /// The items of which the file holds at least a byte.
+  /// The number of items of which at least a byte is in the file.
   int itemsThere() const;
 
-  /// True when the file holds all of its items, but for the last, which it may lack altogether: a
-  /// program that was ended between writing the header and the item leaves it so.
+  /// True when all items are in the file, except perhaps the last, which may be missing completely:
+  /// a program that was ended between writing the header and the item leaves it so.
   bool isWhole() const;
 
-  /// True when nothing lies behind the last item, either: a file that tells by its length alone
-  /// that it is of this kind.
+  /// True when, in addition, nothing follows the last item: the length alone shows that the file is
+  /// of this kind.
   bool endsExactly() const;
 };
 
-/// The word for a kind in open data and in commands: "music", "books".
+/// The name of a kind in open data and commands: "music", "books".
 std::string_view kindName(const CollectionKind& kind);
 
-/// The kind that the end of a path tells, capitals or small letters; a DataError when it is none.
+/// The kind for the end of a path, in any case; a DataError when there is none.
 const CollectionKind& kindOfPath(std::string_view path);
 
-/// Looks a collection up. A DataError for what is none, or too old for its items to be read; a
-/// RunTimeError for what cannot be read.
+/// Reads a collection's header and size. A DataError for a file that is no collection, or too old
+/// for its items to be read; a RunTimeError when reading fails.
 CollectionFile readCollectionFile(FileSystem& files, const std::string& path);
 
-/// The same for a kind that is known, whatever the file is called.
+/// The same for a known kind, whatever the file's name.
 CollectionFile readCollectionFile(FileSystem& files, const std::string& path,
                                   const CollectionKind& kind);
 
-/// The bytes of an open file. Found at once where it is one of those that are likely.
+/// The length of an open file; fast if it is one of `likely`.
 std::uint64_t sizeOf(File& file, std::span<const std::uint64_t> likely = {});
 
-/// True when a new item may take the place: the kind does so, and the place is a deleted one.
+/// True for a deleted item whose place a new item may take by its kind's rules.
 bool isFreePlace(const CollectionKind& kind, std::span<const std::byte> record);
 
-/// Reads items in any order; quick when they follow one another. The file stays open.
+/// Reads items in any order; fast in sequence. The file stays open.
 class ItemReader {
  public:
   ItemReader(FileSystem& files, const CollectionFile& collection);
 
-  /// An item from 1 on, valid until the next call. What lies past the end of the file is blank.
+  /// An item, counted from 1, valid until the next call. What is past the end of the file is blank.
   std::span<const std::byte> read(int item);
 
-  /// The same as a record of the kind as it is now: what the older type has not is blank.
+  /// The same as a current record of the kind: fields that the older type lacks are blank.
   std::span<const std::byte> readFull(int item);
 
  private:
   std::unique_ptr<File> file_;
   std::size_t recordLength_;
-  int last_;  // items there are
+  int last_;  // the number of items
   std::vector<std::byte> blank_;
   std::vector<std::byte> full_;
   std::vector<std::byte> block_;

@@ -21,7 +21,7 @@ bool isLineEnd(char c) { return c == '\n' || c == '\r'; }
 }  // namespace
 
 void CsvReader::readMore() {
-  // What was handed out goes; what is left moves to the front.
+  // What was returned is dropped; the rest moves to the front.
   if (at_ > 0) {
     std::memmove(buffer_.data(), buffer_.data() + at_, filled_ - at_);
     filled_ -= at_;
@@ -29,7 +29,7 @@ void CsvReader::readMore() {
   }
   if (filled_ > kLongestRecord) throw DataError("a record that does not end");
   buffer_.resize(std::max(buffer_.size(), std::min(2 * filled_, kLongestRecord) + kChunk));
-  // All of it, however little comes at once: the record is looked at from its beginning again.
+  // All of it, however little arrives at once: the record is parsed again from its beginning.
   while (filled_ < buffer_.size() && !atEnd_) {
     const std::size_t read = source_.read(std::span(buffer_).subspan(filled_));
     filled_ += read;
@@ -89,7 +89,7 @@ bool CsvReader::next(std::vector<std::string_view>& fields) {
   }
 }
 
-/// Looks for the fields of the record at `at_`, without a change.
+/// Finds the fields of the record at `at_`, changing nothing.
 CsvReader::Found CsvReader::scan() {
   pieces_.clear();
   std::size_t at = at_;
@@ -102,7 +102,7 @@ CsvReader::Found CsvReader::scan() {
       while (at < filled_ && buffer_[at] != separator_ && !isLineEnd(buffer_[at])) ++at;
       pieces_.push_back({begin, at, false});
     }
-    // Whether a line feed follows a carriage return must be seen, too.
+    // Needed to see whether a line feed follows a carriage return.
     if (at + 1 >= filled_ && !atEnd_) return Found::moreNeeded;
     if (at < filled_ && buffer_[at] == separator_) {
       ++at;
@@ -114,7 +114,7 @@ CsvReader::Found CsvReader::scan() {
   }
 }
 
-/// Takes a field in quotes; false when its end is not at hand.
+/// Parses a field in quotes; false when its end has not been read yet.
 bool CsvReader::scanQuoted(std::size_t& at) {
   const std::size_t begin = at + 1;
   bool hasQuotes = false;
@@ -139,7 +139,7 @@ bool CsvReader::scanQuoted(std::size_t& at) {
   return true;
 }
 
-/// The text, its doubled quotes made single where they stand.
+/// The text, with doubled quotes reduced to single ones in place.
 std::string_view CsvReader::textOf(const Piece& piece) {
   char* const begin = buffer_.data() + piece.begin;
   const char* const end = buffer_.data() + piece.end;
@@ -147,7 +147,7 @@ std::string_view CsvReader::textOf(const Piece& piece) {
   char* out = begin;
   for (const char* in = begin; in != end; ++in) {
     *out++ = *in;
-    if (*in == '"') ++in;  // the second of two
+    if (*in == '"') ++in;  // the second of a pair
   }
   return {begin, out};
 }
@@ -167,7 +167,7 @@ class CsvRows {
  private:
   void readHeader() {
     for (std::string_view name : fields_) {
-      // A guarded header says that the texts below are guarded, too.
+      // A guarded header means that the texts below are guarded as well.
       if (name.starts_with('\'')) {
         areGuarded_ = true;
         name.remove_prefix(1);

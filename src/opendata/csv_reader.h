@@ -10,19 +10,19 @@
 
 namespace quillbox {
 
-/// Reads records of comma-separated values after RFC 4180 and as spreadsheets write them: a
-/// byte-order mark, a first line "sep=;", semicolons or tabs for commas (what the first record has
-/// most of), line ends of any kind, also within quotes, which stay as they are. Empty lines are no
-/// records. Memory is that of one record.
+/// Reads comma-separated values as in RFC 4180 and as spreadsheets write them: with a byte-order
+/// mark, a first line "sep=;", semicolons or tabs for commas (whichever is most frequent in the
+/// first record), line ends of any kind, even within quotes, where they are kept. Empty lines are
+/// skipped. Only one record is in memory.
 class CsvReader {
  public:
   explicit CsvReader(ByteSource& source) : source_(source) {}
 
   /// The next record; false at the end. The texts are valid until the next call. A DataError for
-  /// quotes that do not end, or that end in the middle of a field, and for UTF-16.
+  /// quotes that are never closed, or closed in the middle of a field, and for UTF-16.
   bool next(std::vector<std::string_view>& fields);
 
-  /// The number of the record read last, the first being 1, as a spreadsheet counts rows.
+  /// The number of the record read last, counted from 1 as spreadsheets count rows.
   int record() const { return record_; }
 
   char separator() const { return separator_; }
@@ -46,7 +46,7 @@ class CsvReader {
   ByteSource& source_;
   std::string buffer_;
   std::size_t filled_ = 0;
-  std::size_t at_ = 0;  // of what was not handed out yet
+  std::size_t at_ = 0;  // the part not returned yet
   std::size_t next_ = 0;
   bool atEnd_ = false;
   bool begun_ = false;
@@ -55,8 +55,8 @@ class CsvReader {
   std::vector<Piece> pieces_;
 };
 
-/// Reads a CSV file with a header of column names and hands over its rows. A DataError for a header
-/// with an unknown column, with one twice or without any, and for a row with more or fewer fields.
+/// Reads a CSV file with a header of column names and passes on its rows. A DataError for a header
+/// with an unknown or repeated column or with none, and for a row with another number of fields.
 void readCsv(ByteSource& source, const Values& values, RowSink& sink);
 
 }  // namespace quillbox

@@ -10,8 +10,8 @@ namespace {
 
 constexpr char kGuard = '\'';
 
-/// Not 0 in the places of separators of any dialect, so that a file is read the same whatever a
-/// reader takes for its separator.
+/// Not 0 at the separators of any dialect, so that the file reads the same whatever separator a
+/// reader assumes.
 scan::Block isSeparator(const scan::Block& block) {
   return scan::is(block, ',') | scan::is(block, ';');
 }

@@ -5,27 +5,27 @@
 
 namespace quillbox {
 
-/// Who a CSV file is written for.
+/// The reader a CSV file is written for.
 enum class CsvFor {
   programs,     ///< RFC 4180, each text as it is
-  spreadsheets  ///< texts that a spreadsheet would take for a formula have an apostrophe before
-                ///< them
+  spreadsheets  ///< texts that a spreadsheet would take for a formula get an apostrophe
+                ///< at the front
 };
 
-/// Adds a field, in quotes where it needs them. For spreadsheets, too, numbers stay numbers: only
-/// texts are guarded, by whoever calls.
+/// Adds a field, in quotes if it needs them. For spreadsheets, too, numbers stay numbers: the
+/// caller guards only texts.
 void appendCsvField(std::string& line, std::string_view text);
 
-/// Writes a stored text, padding and all, as that field, to a place that has room for its width and
-/// two quotes. Returns the end of the field; nullptr for a text that asks for more care: for
-/// anything beyond ASCII, control characters (NULs of the padding, too) and quotes.
+/// Writes a stored, padded text as that field, to a buffer with room for its width and two quotes.
+/// Returns the end of the field; nullptr for a text that needs more care: with anything beyond
+/// ASCII, control characters (even NULs of the padding) or quotes.
 char* writePlainCsvField(char* to, std::string_view stored);
 
-/// True of a text that gets an apostrophe for spreadsheets: it begins with =, +, -, @, a tab or a
+/// True for a text that gets an apostrophe for spreadsheets: it begins with =, +, -, @, a tab or a
 /// line end, or with apostrophes before one of them.
 bool needsGuard(std::string_view text);
 
-/// The text without the apostrophe that guards it; any other text as it is.
+/// The text without its guarding apostrophe; any other text unchanged.
 std::string_view withoutGuard(std::string_view text);
 
 }  // namespace quillbox

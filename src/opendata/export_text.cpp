@@ -14,10 +14,10 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 
-/// Room for the quotes of a text.
+/// Space for the quotes of a text.
 constexpr std::size_t kQuotes = 2;
 
-/// A stored text by one of the functions that know the plain ones; false when it is none.
+/// Writes a stored text with one of the functions for plain texts; false when it is not plain.
 template <typename Write>
 bool addPlain(SinkBuffer& to, const DataColumn& column, std::span<const std::byte> record,
               const Write& write) {
@@ -33,7 +33,7 @@ class CsvExport {
       : from_(from), csv_(to), guards_(reader == CsvFor::spreadsheets) {}
 
   void run() {
-    // The apostrophe in the header tells a reader that there may be some below.
+    // The apostrophe in the header tells a reader that there may be more below.
     if (guards_) csv_ += '\'';
     csv_ += kItemColumn;
     for (const DataColumn& column : from_.values.columns()) (csv_ += ',') += column.name;
@@ -141,14 +141,14 @@ class JsonExport {
     addString(text_);
   }
 
-  /// Numbers are numbers, flags of 0 and 1 are true and false, and no choice is null.
+  /// Numbers stay numbers, flags of 0 and 1 become true and false, no choice becomes null.
   void addValue(const DataColumn& column, std::span<const std::byte> record) {
     const Field& field = *column.field;
     if (field.type == FieldType::text) return addText(column, record);
     text_.clear();
     from_.values.append(text_, column, record);
     switch (field.type) {
-      case FieldType::text:  // seen to above
+      case FieldType::text:  // handled above
       case FieldType::date:
         return addString(text_);
       case FieldType::flag:

@@ -8,15 +8,15 @@
 
 namespace quillbox {
 
-/// What is exported, and from where.
+/// What is exported.
 struct Export {
   FileSystem& files;
   const CollectionFile& collection;
   const Values& values;
   Progress progress = {};
 
-  /// How many items are exported: those that there are. What a whole collection lacks of its last
-  /// item is blank.
+  /// The number of items to export: those in the file. If the last item of a whole collection is
+  /// missing, it is blank.
   int items() const { return collection.isWhole() ? collection.count : collection.itemsThere(); }
 
   void tell(int done) const {
@@ -24,12 +24,12 @@ struct Export {
   }
 };
 
-/// Writes every value of every item, deleted ones included, as CSV (RFC 4180, UTF-8): a header of
+/// Writes every value of every item, even deleted ones, as CSV (RFC 4180, UTF-8): a header of
 /// column names, a row for each item. Memory does not depend on the size of the collection.
 void exportCsv(const Export& from, TextSink& to, CsvFor reader);
 
-/// The same as one JSON object with kind, version and items, a line for each item. A list ends with
-/// its last entry that is not empty. docs/quillbox-collection.schema.json describes it.
+/// The same as one JSON object with kind, version and items, one line for each item. Empty entries
+/// at the end of a list are left out. docs/quillbox-collection.schema.json describes it.
 void exportJson(const Export& from, TextSink& to);
 
 }  // namespace quillbox

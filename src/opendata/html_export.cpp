@@ -14,10 +14,10 @@
 namespace quillbox {
 namespace {
 
-constexpr std::size_t kMostBars = 12;  // of a grouping; the rest is one bar
+constexpr std::size_t kMostBars = 12;  // in a grouping; the rest becomes one bar
 constexpr std::size_t kAtOnce = 32'768;
 
-/// A bar as it is drawn.
+/// A bar ready to be drawn.
 struct DrawnBar {
   std::string label;  // UTF-8
   int items;
@@ -48,7 +48,7 @@ class HtmlExport {
     html_.clear();
   }
 
-  /// What the items come to, and which columns hold anything.
+  /// The totals, and which columns have any values.
   void lookAtAll() {
     std::vector<const Column*> empty;
     for (const Column& column : columnsOf(kind_)) empty.push_back(&column);
@@ -89,7 +89,7 @@ class HtmlExport {
     html_ += "</p>\n";
   }
 
-  /// Where a row is a block each cell says what it is.
+  /// Where a row becomes a block, each cell shows its column's name.
   void addNamesForNarrowScreens() {
     html_ += "@media (max-width: 45rem) {\n";
     for (std::size_t i = 0; i < columns_.size(); ++i)
@@ -157,7 +157,7 @@ class HtmlExport {
     html_ += "</svg>\n";
   }
 
-  /// As much of a label as there is room for.
+  /// As much of a label as fits.
   static std::string shortened(const std::string& label) {
     constexpr std::size_t room = 21;
     std::size_t characters = 0;
@@ -192,7 +192,7 @@ class HtmlExport {
     html_ += "</tbody>\n</table></div>\n";
   }
 
-  /// Dates that are typed freely are texts here.
+  /// Dates that are typed freely count as texts here.
   static bool isNumber(const Column& column) {
     return column.isNumeric() && column.field->type != FieldType::text;
   }
@@ -218,7 +218,7 @@ class HtmlExport {
     html_ += "</td>";
   }
 
-  /// A number to order by.
+  /// A number to sort by.
   static std::string valueOf(const Field& field, std::span<const std::byte> record) {
     switch (field.type) {
       case FieldType::money:

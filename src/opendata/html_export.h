@@ -7,9 +7,9 @@
 
 namespace quillbox {
 
-/// Writes a page of the collection, deleted items aside: what it comes to as bars, and a table of
-/// its items to filter and order. One file of HTML without outside parts, to look at, light or
-/// dark, also on a telephone, and to print. Every text is escaped. `title` is UTF-8.
+/// Writes a page of the collection without deleted items: its totals as bars, and a table of its
+/// items that can be filtered and sorted. One HTML file without external parts, for screens, light
+/// or dark, for phones, and for printing. All texts are escaped. `title` is UTF-8.
 void exportHtml(const Export& from, const std::string& title, const RecordTexts& texts,
                 TextSink& to);
 

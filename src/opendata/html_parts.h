@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-/// What is the same on every page of a collection.
+/// The parts that every page has in common.
 namespace quillbox::html {
 
 inline constexpr std::string_view style = R"css(

@@ -37,7 +37,7 @@ Import::Import(FileSystem& files, const CollectionFile& collection, const Values
   reader_.emplace(files, collection);
 }
 
-/// Looked for when the first new row comes.
+/// Checked when the first new row comes.
 bool Import::isAnyFree() {
   for (int item = 1; item <= collection_.count; ++item)
     if (isFreePlace(*collection_.kind, reader_->read(item))) return true;
@@ -78,7 +78,7 @@ void Import::row(const Row& row) {
   writeItem(*item, record_);
 }
 
-/// The item that the row's number is of; nothing for a new one.
+/// The item with the row's number; nothing for a new one.
 std::optional<int> Import::itemOf(const Row& row) {
   const std::string_view text = row.number ? withoutBlanksAround(*row.number) : std::string_view();
   if (text.empty()) return std::nullopt;
@@ -122,8 +122,8 @@ void Import::checkDeleted(const Row& row) const {
                     " says");
 }
 
-/// A row that may find a deleted place waits until all rows are known, as one of them may change
-/// what lies there.
+/// A row that may take a deleted place waits until all rows are known, because one of them may
+/// change that place.
 void Import::add(std::vector<std::byte> record) {
   if (!mayHold_) mayHold_ = !options_.makesNew && isAnyFree();
   if (*mayHold_) {
@@ -159,7 +159,7 @@ void Import::placeHeldRows() {
   held_.clear();
 }
 
-/// Makes the new file ready before the first change.
+/// Prepares the new file before the first change.
 void Import::begin() {
   if (hasBegun_) return;
   hasBegun_ = true;
@@ -172,7 +172,7 @@ void Import::begin() {
   if (options_.dryRun) return;
   if (options_.makesNew) return target_.beginEmpty();
   target_.beginWithCopy();
-  // What the file lacks of its last item is blank; a gap would be zeros.
+  // The missing part of the last item is blank; a gap would be zeros.
   if (collection_.count > collection_.itemsThere()) {
     const std::vector<std::byte> blank = blankRecord(*collection_.kind);
     writeItem(collection_.count, blank);
@@ -184,7 +184,7 @@ void Import::writeItem(int item, std::span<const std::byte> record) {
   target_.write(static_cast<std::uint64_t>(item) * collection_.recordLength, record);
 }
 
-/// As writing items in the editor does.
+/// As the editor does when it writes items.
 void Import::writeHeader() {
   const EditingRules& rules = collection_.kind->rules;
   const bool isAdded = count_ > collection_.count;
@@ -195,7 +195,7 @@ void Import::writeHeader() {
 
 ImportResult Import::finish() {
   if (result_.wrong == 0) placeHeldRows();
-  if (options_.makesNew && !hasBegun_) begin();  // a collection without items is one, too
+  if (options_.makesNew && !hasBegun_) begin();  // a collection without items is valid
   if (result_.wrong > 0 || !target_.hasBegun()) return result_;
   writeHeader();
   result_.keptAs = target_.finish();

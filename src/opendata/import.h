@@ -12,21 +12,21 @@
 namespace quillbox {
 
 struct ImportOptions {
-  bool makesNew = false;  ///< a collection that is not there yet; every row is a new item
-  bool dryRun = false;    ///< tell what would change, write nothing
+  bool makesNew = false;  ///< a collection that does not exist yet; every row is a new item
+  bool dryRun = false;    ///< report what would change, write nothing
   StoreRules store;
 };
 
-/// Hears what an import does, or would do.
+/// Receives what an import does, or would do.
 class ImportWatcher {
  public:
   virtual ~ImportWatcher() = default;
   virtual void changed(int item, const DataColumn& column, const std::string& before,
                        const std::string& after) = 0;
   virtual void added(int item, std::span<const std::byte> record) = 0;
-  /// Something in the data is wrong, so that nothing will be written.
+  /// An error in the data, so that nothing will be written.
   virtual void wrong(const std::string& place, const std::string& why) = 0;
-  /// So many rows were read.
+  /// The number of rows read so far.
   virtual void read(int /*rows*/) {}
 };
 
@@ -35,26 +35,26 @@ struct ImportResult {
   int changed = 0;  ///< items
   int added = 0;
   int wrong = 0;
-  std::string keptAs;  ///< where the earlier collection is; empty when nothing took its place
+  std::string keptAs;  ///< the path of the earlier collection; empty when nothing was replaced
 };
 
-/// The rows of open data on their way into a collection. Rows with a number change the values of
-/// that item which they name and which say something else; rows without one are new items, which
-/// go into deleted places first where the kind does so, and then to the end. What rows do not
-/// change keeps its bytes, and rows that change nothing write nothing.
+/// Imports rows of open data into a collection. A row with a number changes the values that it
+/// names in that item, where they differ; a row without one is a new item, which takes a deleted
+/// place if the kind does so, and otherwise goes to the end. What rows do not change keeps its
+/// bytes, and if no row changes anything, nothing is written.
 ///
-/// Everything is written to a new file, which takes the collection's place in finish(), and only
-/// when no row was wrong. The collection is open for reading until then.
+/// Everything is written to a new file, which replaces the collection in finish(), and only if no
+/// row had an error. The collection is open for reading until then.
 class Import : public RowSink {
  public:
   Import(FileSystem& files, const CollectionFile& collection, const Values& values,
          const ImportOptions& options, ImportWatcher& watcher);
 
-  /// A DataError when so much is wrong that there is no use in going on, and when the collection
-  /// cannot be written to.
+  /// A DataError when there are too many errors to continue, and when the collection cannot be
+  /// written.
   void row(const Row& row) override;
 
-  /// Call it once, after the last row.
+  /// Called once, after the last row.
   ImportResult finish();
 
  private:
@@ -77,17 +77,17 @@ class Import : public RowSink {
   std::optional<ItemReader> reader_;
   Replacement target_;
   const std::vector<std::byte> empty_;
-  std::vector<std::byte> record_;  // of the row at hand
-  std::vector<bool> seen_;         // items that a row had the number of
+  std::vector<std::byte> record_;  // of the current row
+  std::vector<bool> seen_;         // items whose number a row had
   std::vector<bool> changed_;
-  std::vector<std::vector<std::byte>> held_;  // new rows that may find a deleted place
-  std::optional<bool> mayHold_;               // unknown until there is one
+  std::vector<std::vector<std::byte>> held_;  // new rows that may take a deleted place
+  std::optional<bool> mayHold_;               // unknown until the first new row
   bool hasBegun_ = false;
   int count_;
   ImportResult result_;
 };
 
-/// A collection of a kind that is to be made: no items, no file yet.
+/// A collection of a kind that is to be created: no items, no file yet.
 CollectionFile collectionToMake(const std::string& path);
 
 }  // namespace quillbox

@@ -10,7 +10,7 @@
 namespace quillbox {
 namespace {
 
-/// The bytes of a source one after the other.
+/// The bytes of a source, one at a time.
 class SourceBytes {
  public:
   explicit SourceBytes(ByteSource& source) : source_(source), buffer_(kChunk) {}
@@ -32,7 +32,7 @@ class SourceBytes {
   std::size_t filled_ = 0;
 };
 
-/// What the parser reads from.
+/// The parser's input.
 class SourceIterator {
  public:
   using iterator_category = std::input_iterator_tag;
@@ -58,7 +58,7 @@ class SourceIterator {
   SourceBytes* bytes_ = nullptr;
 };
 
-/// Where in the document the parser is.
+/// The parser's position in the document.
 enum class Level { outside, collection, items, item, list };
 
 class Handler : public nlohmann::json_sax<nlohmann::json> {
@@ -134,7 +134,7 @@ class Handler : public nlohmann::json_sax<nlohmann::json> {
   }
   bool end_array() override {
     if (level_ == Level::list) {
-      // What the list does not reach is empty.
+      // Entries past the end of the list are empty.
       while (entry_ < columnsNamed(key_).size()) addEntry("");
       level_ = Level::item;
     } else {

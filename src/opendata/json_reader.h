@@ -5,9 +5,9 @@
 
 namespace quillbox {
 
-/// Reads a collection as JSON, as exportJson writes it, and hands over its items, one at a time. A
-/// list that is shorter than its field ends in empty entries. A DataError for what is no JSON, no
-/// collection, of another kind, or has an unknown name or one twice.
+/// Reads a collection as JSON, in the form of exportJson, and passes on its items one at a time.
+/// Entries past the end of a list are empty. A DataError for text that is not JSON or no
+/// collection, for one of another kind, and for an unknown or repeated name.
 void readJson(ByteSource& source, const CollectionKind& kind, const Values& values, RowSink& sink);
 
 }  // namespace quillbox

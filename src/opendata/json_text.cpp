@@ -8,7 +8,7 @@
 namespace quillbox {
 namespace {
 
-/// In UTF-8 the control characters 80 to 9F are this byte and their own number.
+/// In UTF-8, the control characters 80 to 9F are this byte and then their number.
 constexpr unsigned char kFirstOfC1 = 0xC2;
 
 constexpr std::array<bool, 256> kIsEscaped = [] {

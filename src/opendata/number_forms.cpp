@@ -86,7 +86,7 @@ std::string isoDate(double days) {
   if (text.empty()) return shortestReal(days);
   const auto blank = text.find(' ');
   if (blank == std::string::npos) return text;
-  // 9:05 and 9:05:30 get their zeros.
+  // 9:05 and 9:05:30 get a leading zero.
   std::string time = text.substr(blank + 1);
   if (time.find(':') == 1) time.insert(0, 1, '0');
   if (std::ranges::count(time, ':') == 1) time += ":00";

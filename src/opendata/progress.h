@@ -4,8 +4,8 @@
 
 namespace quillbox {
 
-/// Hears how far work on the items of a collection is; a total of 0 is work of unknown length. It
-/// is told after every item, and shows only what an eye can follow. Empty where nobody looks.
+/// Receives the progress of work on items; a total of 0 is work of unknown length. It is called
+/// after every item, and shows only what the eye can follow. Empty when nothing is to be shown.
 using Progress = std::function<void(int done, int total)>;
 
 }  // namespace quillbox

@@ -11,7 +11,7 @@
 namespace quillbox {
 namespace {
 
-/// Tells contents apart: each word of the bytes changes the sum, and so does its place.
+/// A checksum: it depends on each word of the bytes and on the word's position.
 class Sum {
  public:
   void add(std::span<const std::byte> bytes) {
@@ -68,7 +68,7 @@ void Replacement::beginEmpty() {
   out_ = files_.make(fresh_, {});
 }
 
-/// The sum of what the file holds now, which is copied as well where that is wanted.
+/// The checksum of the file's present contents, which are also copied if `copy` is given.
 std::uint64_t Replacement::sumOfFile(File* copy) {
   const auto in = files_.open(file_, OpenMode::read);
   std::vector<std::byte> block(kRecordBlockBytes);
@@ -95,7 +95,7 @@ std::string Replacement::finish() {
     throw DataError("another program has changed the collection meanwhile; it was left alone");
   files_.exchange(fresh_, file_);
   isDone_ = true;
-  // From here on the new version is the file, and the earlier one has the new one's name.
+  // From here on, the file is the new version, and the earlier version has the temporary name.
   try {
     if (files_.exists(earlierName(file_))) files_.remove(earlierName(file_));
     files_.rename(fresh_, earlierName(file_));

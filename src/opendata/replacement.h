@@ -9,9 +9,9 @@
 
 namespace quillbox {
 
-/// A new version of a file, written beside it under a name of its own, that takes the file's name
-/// only when it is whole and on the disk. The earlier version is kept under the file's name with
-/// "~" behind it, one of them. Until finish() has succeeded the file is as it was.
+/// A new version of a file, written beside it under a temporary name. It gets the file's name only
+/// once it is complete and on the disk. One earlier version is kept, under the file's name with "~"
+/// appended. Until finish() has succeeded, the file is unchanged.
 ///
 /// A link stays: the file that it leads to is replaced.
 class Replacement {
@@ -20,13 +20,13 @@ class Replacement {
   Replacement(const Replacement&) = delete;
   Replacement& operator=(const Replacement&) = delete;
 
-  /// Deletes the new version unless it has taken the file's place.
+  /// Deletes the new version unless it has replaced the file.
   ~Replacement();
 
-  /// Begins with all that the file holds. Run-time error 58 when a new version lies there already.
+  /// Begins with a copy of the file. Run-time error 58 when there is a new version already.
   void beginWithCopy();
 
-  /// Begins with nothing, where there is no file yet.
+  /// Begins empty, where there is no file yet.
   void beginEmpty();
 
   bool hasBegun() const { return out_ != nullptr; }
@@ -35,28 +35,28 @@ class Replacement {
     out_->writeAt(offset, bytes);
   }
 
-  /// Puts the new version into the file's place. Returns the name of the earlier version; empty
-  /// where there was none. A DataError, and nothing is changed, when the file is no longer the one
-  /// that was copied; run-time error 58 when there is a file by now where there was none. When only
-  /// keeping the earlier version under its name fails, the error has a note that says so.
+  /// Replaces the file with the new version. Returns the name of the earlier version, empty if
+  /// there was none. A DataError, with nothing changed, when the file is no longer the one that was
+  /// copied; run-time error 58 when a file has appeared where there was none. If only keeping the
+  /// earlier version under its name fails, the error has a note about it.
   std::string finish();
 
  private:
   std::uint64_t sumOfFile(File* copy);
 
   FileSystem& files_;
-  std::string file_;  // behind the links
+  std::string file_;  // where the links lead
   std::string fresh_;
   std::unique_ptr<File> out_;
   bool replaces_ = false;
   bool isDone_ = false;
-  std::uint64_t sum_ = 0;  // of what was copied
+  std::uint64_t sum_ = 0;  // of the copied contents
 };
 
-/// The name that the earlier version of a file is kept under.
+/// The name under which the earlier version of a file is kept.
 std::string earlierName(const std::string& file);
 
-/// The name of a new version that is being written.
+/// The name of a new version while it is being written.
 std::string unfinishedName(const std::string& file);
 
 }  // namespace quillbox

@@ -10,7 +10,7 @@
 namespace quillbox {
 namespace {
 
-/// The backup as a collection; a DataError when it is not a whole one.
+/// The backup as a collection; a DataError when it is not whole.
 CollectionFile wholeBackup(FileSystem& files, const CollectionKind& kind, const std::string& path) {
   const CollectionFile backup = readCollectionFile(files, path, kind);
   if (!backup.endsExactly())
@@ -40,7 +40,7 @@ CollectionFile chosenBackup(FileSystem& files, const std::string& path,
   return whole.front();
 }
 
-/// Gives what was there the first name that is free.
+/// Gives the former file the first free name.
 std::string keep(FileSystem& files, const std::string& from, const std::string& file) {
   for (int number = 1;; ++number) {
     std::string name = earlierName(file);
@@ -68,7 +68,7 @@ Restored restoreCollection(FileSystem& files, const std::string& path,
     files.rename(backup.path, file);
     return restored;
   }
-  // The backup may be all there is on the disk of what it holds.
+  // The backup may be the only durable copy of what it holds.
   files.open(backup.path, OpenMode::read)->flush();
   files.exchange(backup.path, file);
   restored.keptAs = keep(files, backup.path, file);

@@ -10,16 +10,16 @@ namespace quillbox {
 
 struct Restored {
   std::string from;         ///< the backup's name
-  int count;                ///< items in it
-  std::string keptAs = {};  ///< where the collection is that was there; empty when none was
+  int count;                ///< its number of items
+  std::string keptAs = {};  ///< the path of the former collection; empty when there was none
 };
 
-/// Puts a collection back from the backup of a sort or an upgrade. The backup must be a whole
-/// collection of the kind that the path tells. What has the collection's name is kept: it gets that
-/// name with "~" behind it, or "~2" and so on where that is taken.
+/// Restores a collection from the backup of a sort or an upgrade. The backup must be a whole
+/// collection of the kind in the path. A file with the collection's name is kept: it gets that name
+/// with "~" appended, or "~2" and so on if that is taken.
 ///
-/// A DataError when there is no backup, when none of them is whole, and when there are two and
-/// `which` does not say which is meant. Until the backup has the name nothing is changed.
+/// A DataError when there is no backup, when none is whole, and when there are two and `which` does
+/// not choose one. Nothing is changed until the backup has the name.
 Restored restoreCollection(FileSystem& files, const std::string& path,
                            std::optional<BesideKind> which = {});
 

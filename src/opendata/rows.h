@@ -14,19 +14,19 @@ inline constexpr std::string_view kItemColumn = "Item";
 
 struct Cell {
   const DataColumn* column;
-  std::string_view text;  ///< UTF-8, as Values has it
+  std::string_view text;  ///< UTF-8, in the form of Values
 };
 
-/// An item as it comes in; valid only while it is handed over.
+/// One item of the input; valid only during the call.
 struct Row {
-  std::string place;                       ///< where it stood: "row 12"
-  std::optional<std::string_view> number;  ///< of the item; none, or empty, for a new one
-  std::optional<bool> isDeleted = {};      ///< what the data says of that
-  std::vector<Cell> cells;                 ///< what is not named stays
-  bool decimalComma = false;               ///< amounts may be written with one
+  std::string place;                       ///< its place in the input: "row 12"
+  std::optional<std::string_view> number;  ///< the item's number; none, or empty, for a new one
+  std::optional<bool> isDeleted = {};      ///< as the data has it
+  std::vector<Cell> cells;                 ///< values not named are unchanged
+  bool decimalComma = false;               ///< amounts may have a decimal comma
 };
 
-/// Takes rows in their order.
+/// Receives rows in order.
 class RowSink {
  public:
   virtual ~RowSink() = default;

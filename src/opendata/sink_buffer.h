@@ -8,7 +8,7 @@
 
 namespace quillbox {
 
-/// Gathers the small pieces of a text and hands them to a sink many at a time.
+/// Collects small pieces of text and passes many at a time to a sink.
 class SinkBuffer {
  public:
   explicit SinkBuffer(TextSink& to) : to_(to), buffer_(kAtOnce) {}
@@ -27,15 +27,15 @@ class SinkBuffer {
     return *this;
   }
 
-  /// The place behind the text, where so many characters may be written. What is written counts
-  /// once endAt() has been told its end; until then nothing else may be added.
+  /// The place after the text, with room for so many characters. What is written there counts once
+  /// endAt() has been called with its end; until then nothing else may be added.
   char* roomFor(std::size_t characters) {
     if (characters > buffer_.size() - filled_) makeRoom(characters);
     return buffer_.data() + filled_;
   }
   void endAt(const char* end) { filled_ = static_cast<std::size_t>(end - buffer_.data()); }
 
-  /// Hands over what is left.
+  /// Passes on the rest.
   void flush() {
     to_.write({buffer_.data(), filled_});
     filled_ = 0;

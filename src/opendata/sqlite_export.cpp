@@ -47,7 +47,7 @@ class Database {
                                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
     database_.reset(opened);
     check(result);
-    // Nobody sees the file before it is whole.
+    // No one sees the file before it is complete.
     run("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; PRAGMA locking_mode = EXCLUSIVE");
   }
 
@@ -119,7 +119,7 @@ class SqliteExport {
     return text;
   }
 
-  /// Without a type where a value may be a word or a number.
+  /// Without a type where a value can be a word or a number.
   static std::string_view typeOf(FieldType type) {
     switch (type) {
       case FieldType::text:
@@ -211,7 +211,7 @@ class SqliteExport {
       bindText(statement, at, text);
   }
 
-  /// The text must stay until the statement was run.
+  /// The text must stay valid until the statement has run.
   void bindText(sqlite3_stmt* statement, int at, std::string_view text) {
     database_.check(sqlite3_bind_text(statement, at, text.empty() ? "" : text.data(),
                                       static_cast<int>(text.size()), SQLITE_STATIC));
@@ -219,7 +219,7 @@ class SqliteExport {
 
   const Export& from_;
   Database database_;
-  std::vector<std::string> texts_;  // of each column, while a statement needs them
+  std::vector<std::string> texts_;  // for each column, while a statement needs them
   std::unique_ptr<sqlite3_stmt, Finalize> items_;
   std::unique_ptr<sqlite3_stmt, Finalize> entries_;
 };
@@ -230,7 +230,7 @@ void exportSqlite(const Export& from, const std::string& name) {
   FileSystem& files = from.files;
   const std::string path = fileBehind(files, name);
   const bool isThere = files.exists(path);
-  // A device or a pipe would be gone, and cannot be a database.
+  // A device or a pipe would be replaced, and cannot be a database.
   if (isThere && !std::filesystem::is_regular_file(path))
     throw RunTimeError(ErrorNumber::pathFileAccess, name);
   const std::string fresh = unfinishedName(path);

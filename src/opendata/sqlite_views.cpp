@@ -13,7 +13,7 @@ constexpr std::string_view kUnit = " / 10000.0";
 
 std::string quoted(std::string_view name) { return "\"" + std::string(name) + "\""; }
 
-/// A view with the items' fields as people read them.
+/// A view of the items' fields in readable form.
 std::string catalogueOf(const CollectionKind& kind) {
   std::string text = "CREATE VIEW catalogue AS SELECT item";
   for (const Field& field : kind.fields) {

@@ -6,8 +6,8 @@
 
 namespace quillbox {
 
-/// The statements that make the views of a kind's database: the catalogue without deleted items
-/// and with amounts in units, who has what (music), and what items come to by each grouping.
+/// The statements that create the views of a kind's database: the catalogue without deleted items
+/// and with amounts in units, the loans (music), and totals by each grouping.
 std::string viewsOf(const CollectionKind& kind);
 
 }  // namespace quillbox

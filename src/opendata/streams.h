@@ -6,17 +6,17 @@
 
 namespace quillbox {
 
-/// Where bytes come from, once and in order.
+/// A source of bytes, read once and in order.
 class ByteSource {
  public:
   virtual ~ByteSource() = default;
 
-  /// Fills `into` as far as bytes are at hand; 0 only at the end. A RunTimeError when reading
+  /// Fills `into` as far as bytes are available; 0 only at the end. A RunTimeError when reading
   /// fails.
   virtual std::size_t read(std::span<char> into) = 0;
 };
 
-/// Where text goes, in order.
+/// A destination for text, written in order.
 class TextSink {
  public:
   virtual ~TextSink() = default;

@@ -4,22 +4,22 @@
 #include <cstring>
 #include <string_view>
 
-/// Looks for characters of some sort, sixteen at a time: most texts hold none that needs care, and
-/// every one of them is asked.
+/// Searches for classes of characters, sixteen at a time: most texts contain none that needs care,
+/// but every text must be checked.
 namespace quillbox::scan {
 
-/// Sixteen characters, which the compiler treats as one value where the machine can.
+/// Sixteen characters, which the compiler handles as one value where the machine can.
 using Block = unsigned char __attribute__((vector_size(16)));
 
-/// Not 0 in the places that are that character.
+/// Not 0 at the places of that character.
 inline Block is(const Block& block, char character) {
   return Block(block == static_cast<unsigned char>(character));
 }
 
-/// Not 0 in the places of control characters below the blank.
+/// Not 0 at the places of control characters below the blank.
 inline Block isControl(const Block& block) { return Block(block < ' '); }
 
-/// Not 0 in the places beyond ASCII.
+/// Not 0 at the places beyond ASCII.
 inline Block isBeyondAscii(const Block& block) { return Block(block > 0x7F); }
 
 /// Whether any place is not 0.
@@ -29,8 +29,8 @@ inline bool any(const Block& found) {
   return (halves[0] | halves[1]) != 0;
 }
 
-/// Calls `look` with the characters of a text, sixteen at a time. Some may be looked at twice;
-/// those that a short text lacks are "0".
+/// Calls `look` with the characters of a text, sixteen at a time. Some may be passed twice; a short
+/// text is filled up with "0".
 template <typename Look>
 void eachBlock(std::string_view text, const Look& look) {
   Block block = Block{} + static_cast<unsigned char>('0');
@@ -47,9 +47,9 @@ void eachBlock(std::string_view text, const Look& look) {
   look(block);
 }
 
-/// The same for a text that stands in front of the padding of its field (`text` is where `padded`
-/// begins), and copies it to a place that has room for all of `padded`. Some of the padding may be
-/// looked at and copied, too.
+/// The same for a text before the padding of its field (`text` is where `padded` begins), copying
+/// it to a buffer with room for all of `padded`. Some of the padding may be passed and copied as
+/// well.
 template <typename Look>
 void copyBlocks(char* to, std::string_view text, std::string_view padded, const Look& look) {
   Block block = Block{} + static_cast<unsigned char>('0');

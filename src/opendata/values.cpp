@@ -12,12 +12,12 @@
 namespace quillbox {
 namespace {
 
-/// What the editor of videos makes of an empty date: 1 January 1980.
+/// The video editor's value for an empty date: 1 January 1980.
 constexpr double kNoDate = 29221;
 
 constexpr std::int16_t kNoChoice = -1;
 
-/// Bytes that are kept for nobody.
+/// Bytes that are reserved.
 bool isReserved(const Field& field) { return field.name == "Reserved"; }
 
 bool sameInCapitals(std::string_view a, std::string_view b) {
@@ -51,7 +51,7 @@ bool storeText(const DataColumn& column, std::span<std::byte> record, std::strin
   return true;
 }
 
-/// Stores a value where it is another one.
+/// Stores a value if it differs.
 template <typename Value, typename Stored, typename Set>
 bool storeValue(Value value, Stored stored, const Set& set) {
   if (value == stored) return false;
@@ -155,8 +155,8 @@ void Values::appendChoice(std::string& text, const Field& field, std::int16_t pl
     text += std::to_string(place);
 }
 
-/// A word stands for its place only where it leads back there: a list of the user's own may hold
-/// one twice, or one that reads as a number.
+/// A word stands for its index only if it leads back to it: a user's list may contain a word twice,
+/// or one that reads as a number.
 std::vector<std::string> Values::textsOfChoice(const Field& field) const {
   std::vector<std::string> texts;
   for (const std::string& word : wordsOf(field)) {

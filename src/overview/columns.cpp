@@ -14,7 +14,7 @@ using enum ColumnKind;
 
 constexpr bool kAtFirst = true;
 
-// The names are spelled as the forms spell them.
+// The names are those on the forms.
 constexpr Column kMusic[] = {
     {"Artist", musicField("Artist"), text, kAtFirst},
     {"Album", musicField("Album"), text, kAtFirst},
@@ -76,7 +76,7 @@ constexpr Column kComics[] = {
     {"Notes", comicField("Notes"), list},
 };
 
-// What is reserved in a book is shown nowhere.
+// The reserved field of a book is never shown.
 constexpr Column kBooks[] = {
     {"Author", bookField("Author"), text, kAtFirst},
     {"Title", bookField("Title"), text, kAtFirst},

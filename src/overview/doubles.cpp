@@ -17,7 +17,7 @@ constexpr const Field* kVideo[] = {videoField("Label")};
 constexpr const Field* kSoftware[] = {softwareField("DiskLabel")};
 constexpr const Field* kComics[] = {comicField("BookTitle"), comicField("ComicTitle")};
 constexpr const Field* kBooks[] = {bookField("Author"), bookField("Title")};
-// Whatever its folder: files are moved, and the loader knows them by their names, too.
+// Without the folder: files are moved, and the loader also knows them by name.
 constexpr const Field* kMediaFiles[] = {mediaFileField("FileName")};
 
 struct TellingRow {
@@ -36,11 +36,11 @@ constexpr std::string_view kArticleWithApostrophe = "l";
 
 bool isWordCharacter(char c) { return isSmallLetter(c) || isDigit(c); }
 
-/// A run of letters and digits, and what stands around it.
+/// A run of letters and digits, and what is around it.
 struct Word {
   std::string_view text;
   bool followsComma;
-  bool hasApostrophe;  ///< behind it
+  bool hasApostrophe;  ///< after it
 };
 
 std::vector<Word> wordsOf(std::string_view folded) {
@@ -68,7 +68,7 @@ bool isArticle(const Word& word, bool isLast) {
          (!isLast || word.followsComma);
 }
 
-/// Two numbers beside each other stay two.
+/// Two adjacent numbers remain two.
 void appendWord(std::string& text, std::string_view word) {
   if (!text.empty() && isDigit(text.back()) && isDigit(word.front())) text += ' ';
   text += word;

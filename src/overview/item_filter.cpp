@@ -7,7 +7,7 @@
 namespace quillbox {
 namespace {
 
-/// Whether every item that meets `narrow` meets `wide`, too.
+/// Whether every item that matches `narrow` matches `wide` as well.
 bool isNarrower(const std::vector<std::string>& narrow, const std::vector<std::string>& wide) {
   return std::ranges::all_of(wide, [&](const std::string& word) {
     return std::ranges::any_of(
@@ -15,7 +15,7 @@ bool isNarrower(const std::vector<std::string>& narrow, const std::vector<std::s
   });
 }
 
-/// Looks for the word by its character `rarest`, which is found fastest where it is rare.
+/// Searches for the word by its character at `rarest`, which is fastest where that is rare.
 bool contains(std::string_view text, std::string_view word, std::size_t rarest) {
   if (text.size() < word.size()) return false;
   const char* at = text.data() + rarest;
@@ -85,7 +85,7 @@ std::vector<ItemFilter::Needle> ItemFilter::needles() const {
     const auto rarest = std::ranges::min_element(word, {}, frequency);
     needles.push_back({word, static_cast<std::size_t>(rarest - word.begin())});
   }
-  // What is likely to be missing first.
+  // What is most likely to be missing comes first.
   std::ranges::sort(needles, {},
                     [&](const Needle& needle) { return frequency(needle.word[needle.rarest]); });
   return needles;

@@ -10,46 +10,46 @@
 
 namespace quillbox {
 
-/// The items of an index that are wanted: every word that was typed occurs somewhere in the item,
-/// capitals and accents aside, be it in the middle of a word. Without words every item is wanted.
+/// The items of an index that match: every word typed occurs somewhere in the item, even inside a
+/// word; case and accents are ignored. Without words every item matches.
 class ItemFilter {
  public:
   /// The index must outlive the filter.
   explicit ItemFilter(const ItemIndex& index) : index_(index) {}
 
-  /// Looks for the words of `text` (Windows-1252) from now on. Where they ask for more than the
-  /// words before, only the items that met those are looked at.
+  /// Searches for the words of `text` (Windows-1252) from now on. If they are stricter than the
+  /// words before, only the items found so far are searched.
   void setWords(std::string_view text);
 
-  /// Whether deleted items may be wanted, too; they are not at first.
+  /// Whether deleted items can match; initially they cannot.
   void showDeleted(bool shown);
 
-  /// Only these items (in rising order) may be wanted from now on, or every one again: what a bar
-  /// of a summary stands for.
+  /// Only these items (in rising order) can match from now on, or all of them again: the items
+  /// behind a bar of a summary.
   void setOnly(std::optional<std::vector<int>> items);
 
-  /// The index has read on: looks at what is new.
+  /// The index has read more items: checks the new ones.
   void readOn();
 
   /// The index has taken an item.
   void take(int item);
 
-  /// The index has started anew, or has fewer items: looks at everything again.
+  /// The index has started again, or has fewer items: checks everything again.
   void start();
 
-  /// The items that are wanted, of those that were read, in rising order.
+  /// The matching items among those read, in rising order.
   const std::vector<int>& items() const { return items_; }
 
   bool isWanted(int item) const;
 
-  /// Whether anything is left out but deleted items.
+  /// Whether anything besides deleted items is left out.
   bool isActive() const { return !words_.empty() || only_.has_value(); }
 
-  /// Where the words occur in a text that is shown: bytes of it, to be drawn bold.
+  /// Where the words occur in a displayed text: the bytes to be drawn bold.
   std::vector<TextRange> matchesIn(std::string_view text) const { return wordRanges(text, words_); }
 
  private:
-  /// A word and the place in it of its rarest character, by which it is looked for.
+  /// A word and the position of its rarest character, which is searched for.
   struct Needle {
     std::string_view word;
     std::size_t rarest;
@@ -63,7 +63,7 @@ class ItemFilter {
   std::vector<std::string> words_;
   std::optional<std::vector<int>> only_;
   bool showsDeleted_ = false;
-  int looked_ = 0;  // the items 1 to this one were looked at
+  int looked_ = 0;  // items 1 to this one have been checked
   std::vector<int> items_;
 };
 

@@ -13,7 +13,7 @@ namespace {
 constexpr char kBetweenTexts = ' ';  // never part of a word
 constexpr std::size_t kLongest = UINT16_MAX;
 
-/// Frequencies are counted in every so manyth item: they need only be about right.
+/// Frequencies are counted in one of so many items: a rough figure is enough.
 constexpr std::size_t kCountedStep = 8;
 
 }  // namespace

@@ -12,9 +12,9 @@
 namespace quillbox {
 namespace {
 
-/// A whole number that is less than another's exactly where `number` is.
+/// Maps numbers to whole numbers in the same order.
 std::int64_t ordered(double number) {
-  const auto bits = std::bit_cast<std::int64_t>(number + 0.0);  // 0 has no sign then
+  const auto bits = std::bit_cast<std::int64_t>(number + 0.0);  // makes 0 unsigned
   return bits < 0 ? bits ^ INT64_MAX : bits;
 }
 

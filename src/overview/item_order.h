@@ -11,24 +11,24 @@ namespace quillbox {
 
 enum class Direction { up, down };
 
-/// The order of all items by a column. It is handed the items, by an ItemReading or one by one, and
-/// keeps a key of each; the file is never touched.
+/// The order of all items by a column. It is given the items, by an ItemReading or one by one, and
+/// keeps a key for each; it never touches the file.
 class ItemOrder {
  public:
   ItemOrder(const Column& column, RecordTexts texts);
 
   const Column& column() const { return column_; }
 
-  /// Takes an item, again if it was taken before. Every item must be taken before `order` is
-  /// called, in whatever order.
+  /// Adds an item, or replaces it. Every item must have been added before `order` is called, in any
+  /// order.
   void take(int item, std::span<const std::byte> record);
 
-  /// There are only so many items now.
+  /// Keeps only the items up to `count`.
   void cutTo(int count);
 
-  /// The items in order. Numbers and dates go by value and texts in natural order; a text where
-  /// dates are is behind every date. Items that are the same keep their order, up and down. Items
-  /// with nothing in the column are last, up and down.
+  /// The items in order: numbers and dates by value, texts in natural order, a text in a date
+  /// column after every date. Equal items keep their order in both directions. Items without a
+  /// value are last in both directions.
   std::vector<int> order(Direction direction) const;
 
  private:

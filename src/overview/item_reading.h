@@ -15,33 +15,33 @@ namespace quillbox {
 enum class ReadState {
   unfinished,  ///< call `readOn` again
   done,        ///< every item was read
-  failed,      ///< `failure` says why; another `readOn` tries again from there
+  failed,      ///< `failure` has the cause; another `readOn` tries again from there
 };
 
-/// Reads all items of a collection once, from the first to the last, in pieces as short as whoever
-/// calls wants them. Between two pieces the file is closed, and anything may happen to it: an item
-/// is what it is when its piece comes.
+/// Reads all items of a collection once, from first to last, in pieces as short as the caller
+/// wants. The file is closed between two pieces, and anything may happen to it: an item is returned
+/// as it is when its piece is read.
 class ItemReading {
  public:
-  /// Handed the items 1, 2, 3 ... in this order; the record is valid during the call. It must not
+  /// Called with items 1, 2, 3 ... in this order; the record is valid during the call. Must not
   /// fail.
   using Use = std::function<void(int item, std::span<const std::byte> record)>;
 
-  /// Asked after each item whether the piece has been long enough.
+  /// Called after each item; true ends the piece.
   using Stop = std::function<bool()>;
 
-  /// The collection is looked at with each piece, for its path alone, and must outlive this.
+  /// The collection is used by each piece, only for its path, and must outlive this object.
   ItemReading(OpenFiles& files, const OpenCollection& collection, const CollectionKind& kind);
 
-  /// Begins at item 1 of `count`, without touching the file. A negative count is none.
+  /// Begins at item 1 of `count`, without touching the file. A negative count is 0.
   void start(int count);
 
-  /// There are more items now, or fewer; those that were read stay so.
+  /// There are more items now, or fewer; those already read stay read.
   void setCount(int count);
 
-  /// Hands out the items from the first that was not read on, at least one if there is one. Never
-  /// throws a RunTimeError: a file that is gone, cannot be read, or does not hold an item is a
-  /// state. As everywhere, a last item of which the file holds nothing is blank.
+  /// Passes on the items from the first unread one, at least one if there is one. Never throws a
+  /// RunTimeError: a file that is missing, cannot be read, or does not hold an item is a state. As
+  /// everywhere, a last item that is not in the file at all is blank.
   ReadState readOn(const Use& use, const Stop& stop);
 
   ReadState state() const;
@@ -50,11 +50,11 @@ class ItemReading {
   int count() const { return count_; }
   int readItems() const { return read_; }
 
-  /// The count in the file's header at the last piece, 0 before; not `count` where another program
-  /// has added items or put another file there.
+  /// The count in the file's header at the last piece, 0 before; it differs from `count` if another
+  /// program has added items or replaced the file.
   int countInFile() const { return countInFile_; }
 
-  /// Takes the first item that was not read for read.
+  /// Marks the first unread item as read.
   void skip();
 
  private:
@@ -70,7 +70,7 @@ class ItemReading {
   std::optional<RunTimeError> failure_;
 };
 
-/// Reads all items of a collection in one go; throws the RunTimeError that ended it.
+/// Reads all items of a collection at once; throws the RunTimeError that ended it.
 void readAllItems(OpenFiles& files, const OpenCollection& collection, const CollectionKind& kind,
                   int count, const ItemReading::Use& use);
 

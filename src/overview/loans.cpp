@@ -44,7 +44,7 @@ void Loans::take(int item, std::span<const std::byte> record) {
             .since = text(musicField("DateLoaned"), record),
             .due = text(musicField("DueDate"), record)};
   loan.day = dateIn(loan.due, dateForm_);
-  // Without a booklet its box is only what was left there.
+  // Without a booklet its box holds only what was left there.
   loan.withBooklet =
       isTicked(musicField("HasBook"), record) && isTicked(musicField("BookLoaned"), record);
   loans_.emplace(item, std::move(loan));

@@ -11,7 +11,7 @@
 
 namespace quillbox {
 
-/// An item on loan: its box is ticked. Texts are Windows-1252, without the blanks that pad them.
+/// An item on loan: its box is ticked. Texts are Windows-1252 without padding.
 struct Loan {
   int item;
   std::string artist;
@@ -19,37 +19,37 @@ struct Loan {
   std::string borrower;
   std::string since;               ///< as typed
   std::string due;                 ///< as typed
-  std::optional<double> day = {};  ///< the due date, where the text is one
-  bool withBooklet = false;        ///< it has one, and that is on loan, too
+  std::optional<double> day = {};  ///< the due date, if the text is one
+  bool withBooklet = false;        ///< it has a booklet, which is also on loan
 
-  /// Due before that day, in days since 30 December 1899; on the day itself it is not. A loan whose
-  /// due date is none never is.
+  /// True when due before that day, in days since 30 December 1899; on the day itself it is not
+  /// overdue. A loan without a valid due date never is.
   bool isOverdue(double today) const;
 };
 
-/// What one person has.
+/// The loans of one person.
 struct BorrowerLoans {
   std::string name;         ///< as in the first of the items; may be empty
-  std::vector<Loan> loans;  ///< what is due first comes first, what has no due date last
+  std::vector<Loan> loans;  ///< by due date; those without one last
 };
 
-/// Who has what. Deleted items are not looked at; only music has loans.
+/// Who has borrowed what. Deleted items are ignored; only music has loans.
 class Loans {
  public:
   static bool hasLoans(const CollectionKind& kind);
 
   Loans(const CollectionKind& kind, std::string dateForm);
 
-  /// Takes an item, again if it was taken before.
+  /// Adds an item, or replaces it.
   void take(int item, std::span<const std::byte> record);
 
-  /// There are only so many items now.
+  /// Keeps only the items up to `count`.
   void cutTo(int count);
 
-  /// All loans, in the order of their items.
+  /// All loans, in item order.
   std::vector<Loan> all() const;
 
-  /// By borrower, in natural order, capitals and accents aside; nobody named comes last.
+  /// By borrower, in natural order, ignoring case and accents; an empty name comes last.
   std::vector<BorrowerLoans> byBorrower() const;
 
  private:

@@ -18,7 +18,7 @@ std::string_view text(const Field* field, std::span<const std::byte> record) {
   return readable(textOf(*field, record));
 }
 
-/// Whether the text may be another than the file system's: cut, or with a character lost.
+/// Whether the text may differ from the file system's: cut, or with a character lost.
 bool isDoubtful(const Field* field, std::span<const std::byte> record) {
   const std::string_view held = text(field, record);
   return held.size() == field->width || held.find('?') != std::string_view::npos;

@@ -11,39 +11,39 @@
 
 namespace quillbox {
 
-/// Where the file of an item of a media-file kind lies: a full path in the platform's bytes.
-/// Nothing where the item does not say: without a name, or with a folder that is no full path.
+/// The path of a media-file item: a full path in the platform's bytes. Nothing if the item lacks a
+/// name, or its folder is no full path.
 std::optional<std::string> mediaFilePath(std::span<const std::byte> record);
 
 enum class MediaFileIs {
   there,
   gone,
-  unknown,  ///< the item does not say where it lies, or it cannot be asked for
+  unknown,  ///< the item has no path, or the file system cannot tell
 };
 
-/// Looks for the file of an item. A file that is not there is unknown where name or folder fill
-/// their field or have a "?": they may have been cut, or have lost a character that records cannot
-/// hold. Never throws a RunTimeError.
+/// Looks for the file of an item. A missing file is unknown if the name or the folder fills its
+/// field or has a "?": it may have been cut, or have lost a character that records cannot hold.
+/// Never throws a RunTimeError.
 MediaFileIs lookForMediaFile(FileSystem& files, std::span<const std::byte> record);
 
-/// The items whose files are not there any more. An ItemReading that hands the items over can stop
-/// after each one: a folder far away may take its time. Deleted items are not looked at.
+/// The items whose files no longer exist. An ItemReading that passes the items can stop after each
+/// one, because a network folder may be slow. Deleted items are ignored.
 class MissingFiles {
  public:
   static bool hasFiles(const CollectionKind& kind);
 
   MissingFiles(FileSystem& files, const CollectionKind& kind) : files_(files), kind_(kind) {}
 
-  /// Takes an item, again if it was taken before.
+  /// Adds an item, or replaces it.
   void take(int item, std::span<const std::byte> record);
 
-  /// There are only so many items now.
+  /// Keeps only the items up to `count`.
   void cutTo(int count);
 
-  /// Those that are gone, in order.
+  /// The items whose files are gone, in order.
   std::vector<int> gone() const;
 
-  /// How many there are of which nothing can be said.
+  /// The number of items whose files are unknown.
   int unknown() const;
 
  private:

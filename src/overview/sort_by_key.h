@@ -6,9 +6,8 @@
 
 namespace quillbox {
 
-/// Puts `rows` in the order of their keys; rows with the same key stay as they were. Each key is
-/// made once: one that is costly is made as often as there are rows, not as often as two are
-/// compared.
+/// Sorts `rows` by their keys; rows with equal keys keep their order. Each key is computed only
+/// once, however often it is compared.
 template <typename Row, typename KeyOf>
 void sortByKey(std::vector<Row>& rows, const KeyOf& keyOf) {
   using Key = decltype(keyOf(rows.front()));

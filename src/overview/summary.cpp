@@ -54,7 +54,7 @@ constexpr SummaryRow kRows[] = {
     {EditorForm::wave, kMediaFiles},
 };
 
-/// The first number of four digits that can be a year: of a date in another form than the system's.
+/// The first number of four digits that can be a year, for dates not in the system's form.
 std::optional<int> yearWithin(std::string_view text) {
   constexpr std::size_t digitsOfYear = 4;
   constexpr int first = 1000;
@@ -78,7 +78,7 @@ std::optional<int> yearIn(const Field& field, std::span<const std::byte> record,
   return yearWithin(text);
 }
 
-/// A name that only begins with a point has none.
+/// A name that only begins with a point has no ending.
 std::string endingOf(std::string_view name) {
   const std::size_t point = name.rfind(kBeforeEnding);
   if (point == std::string_view::npos || point == 0) return {};

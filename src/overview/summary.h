@@ -18,11 +18,11 @@ namespace quillbox {
 struct Grouping {
   enum class By {
     entry,   ///< the word of a choice
-    text,    ///< capitals and accents aside
-    year,    ///< of a date, also one that is typed freely
-    ending,  ///< of a file's name, in capitals: "JPG"
+    text,    ///< ignoring case and accents
+    year,    ///< of a date, even one that is typed freely
+    ending,  ///< of a file name, in capitals: "JPG"
   };
-  std::string_view name;  ///< "Media Type"; of years "Year of Acquisition"
+  std::string_view name;  ///< "Media Type"; for years "Year of Acquisition"
   const Field* field;
   By by;
 };
@@ -30,17 +30,17 @@ struct Grouping {
 /// The groupings of a kind.
 std::span<const Grouping> groupingsOf(const CollectionKind& kind);
 
-/// What a kind's items cost and are worth now; nullptr in kinds that have no prices.
+/// The fields for what an item cost and what it is worth now; nullptr for kinds without prices.
 struct PriceFields {
   const Field* cost = nullptr;
   const Field* worth = nullptr;
 };
 PriceFields priceFieldsOf(const CollectionKind& kind);
 
-/// The price in ten-thousandths, of whole ones too.
+/// The price in ten-thousandths, even when it is stored in whole units.
 std::int64_t priceOf(const Field& field, std::span<const std::byte> record);
 
-/// Items, and what they come to.
+/// A number of items, and their total prices.
 struct Totals {
   int items = 0;
   AmountSum cost;
@@ -49,14 +49,14 @@ struct Totals {
 
 /// Items that have the same value in a grouping.
 struct Bar {
-  std::string label;  ///< Windows-1252, as it was seen first; "(none)" for no value
-  std::string value;  ///< what `valueOf` says of each of them; empty for no value
+  std::string label;  ///< Windows-1252, in its first spelling; "(none)" for no value
+  std::string value;  ///< the result of `valueOf` for each of them; empty for no value
   Totals totals;
-  std::vector<int> items;  ///< in rising order: what ItemFilter::setOnly wants
+  std::vector<int> items;  ///< in rising order, for ItemFilter::setOnly
 };
 
-/// One grouping: years in order, all else with most items first and, of as many, in natural order;
-/// those without a value last.
+/// One grouping: years in order, everything else by number of items and then in natural order;
+/// items without a value last.
 struct BarGroup {
   const Grouping* grouping;
   std::vector<Bar> bars;
@@ -68,21 +68,21 @@ struct SummaryFigures {
   std::vector<BarGroup> groups;  ///< in the order of `groupingsOf`
 };
 
-/// How many, what they cost, what they are worth: of all items and by each grouping. Deleted items
-/// are counted apart and no more.
+/// How many items, what they cost and what they are worth: in total and by each grouping. Deleted
+/// items are only counted, separately.
 class Summary {
  public:
   Summary(const CollectionKind& kind, RecordTexts texts);
 
-  /// Takes an item, again if it was taken before.
+  /// Adds an item, or replaces it.
   void take(int item, std::span<const std::byte> record);
 
-  /// There are only so many items now.
+  /// Keeps only the items up to `count`.
   void cutTo(int count);
 
   SummaryFigures figures() const;
 
-  /// The value of an item in a grouping: a bar's filter is that the item has the bar's.
+  /// The value of an item in a grouping: a bar shows the items with its value.
   std::string valueOf(const Grouping& grouping, std::span<const std::byte> record) const;
 
  private:
@@ -93,13 +93,13 @@ class Summary {
     bool isDeleted = false;
     std::int64_t cost = 0;
     std::int64_t worth = 0;
-    std::array<std::uint32_t, kMostGroupings> values{};  // in values_
+    std::array<std::uint32_t, kMostGroupings> values{};  // indexes into values_
   };
 
-  /// The values of a grouping that were seen, by their number.
+  /// The values found in a grouping, by their number.
   struct Values {
     std::map<std::string, std::uint32_t> numbers;
-    std::vector<std::string> labels;  // as they were seen first
+    std::vector<std::string> labels;  // in their first spelling
   };
 
   std::string labelOf(const Grouping& grouping, std::span<const std::byte> record) const;
@@ -107,7 +107,7 @@ class Summary {
 
   const CollectionKind& kind_;
   RecordTexts texts_;
-  std::vector<Values> values_;  // of each grouping
+  std::vector<Values> values_;  // for each grouping
   std::vector<Taken> taken_;
 };
 

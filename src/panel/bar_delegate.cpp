@@ -5,7 +5,7 @@
 
 namespace quillbox {
 
-/// The edge has the colour of texts, so that the bar stands out whatever the other colours are.
+/// The edge has the text colour, so the bar is visible whatever the other colours are.
 void BarDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                         const QModelIndex& index) const {
   QStyledItemDelegate::paint(painter, option, index);

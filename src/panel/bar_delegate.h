@@ -4,8 +4,7 @@
 
 namespace quillbox {
 
-/// Draws a bar in its cell, in the palette's colours: as long as the part of the cell that the
-/// model says.
+/// Draws a bar in its cell, in the palette's colours; the model gives its part of the cell's width.
 class BarDelegate : public QStyledItemDelegate {
  public:
   /// The role of that part: a number from 0 to 1.

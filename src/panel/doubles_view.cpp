@@ -16,10 +16,10 @@ namespace {
 constexpr std::size_t kMoreColumns = 2;
 constexpr const char* kKeys = "Ctrl+Shift+D";
 
-/// Between the texts of an item; no column shows one.
+/// Between the texts of an item; no column contains it.
 constexpr char kBetween = '\0';
 
-/// The telling fields of a kind, and what tells of an item besides.
+/// The telling fields of a kind, and other columns that help to tell its items apart.
 std::vector<const Column*> columnsToShow(const CollectionKind& kind) {
   std::vector<const Column*> shown;
   for (const Field* field : tellingFields(kind)) shown.push_back(columnOf(kind, *field));
@@ -54,7 +54,7 @@ DoublesView::DoublesView(const CollectionKind& kind, RecordTexts texts, PanelOwn
       owner_(std::move(owner)),
       shown_(columnsToShow(kind)) {
   doubles_.emplace(kind_);
-  // No access key: it would take one of the form's away.
+  // No access key: it would conflict with the form's.
   next_ = makeButton(QStringLiteral("cmdNextDouble"), QStringLiteral("Next Double"));
   explain(*next_, QStringLiteral("Show the next item that is there more than once"),
           QString::fromLatin1(kKeys));
@@ -143,7 +143,7 @@ int DoublesView::itemOf(const GroupedCell& cell) const {
 
 void DoublesView::choose(const GroupedCell& cell) { owner_.show(itemOf(cell)); }
 
-/// From the row that the user is on, and after the last one again from the first.
+/// From the current row, and from the first again after the last.
 void DoublesView::showNext() {
   GroupedCell at = current();
   const auto behindLast = static_cast<int>(groups_.size());

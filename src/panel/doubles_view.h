@@ -10,7 +10,7 @@ class QPushButton;
 
 namespace quillbox {
 
-/// Items that are there more than once, in groups to step through.
+/// Items that occur more than once, in groups to step through.
 class DoublesView : public GroupedView {
  public:
   DoublesView(const CollectionKind& kind, RecordTexts texts, PanelOwner owner);
@@ -33,11 +33,11 @@ class DoublesView : public GroupedView {
   const CollectionKind& kind_;
   RecordTexts recordTexts_;
   PanelOwner owner_;
-  std::vector<const Column*> shown_;  // the columns behind the number
+  std::vector<const Column*> shown_;  // the columns after the number
   QPushButton* next_;
   std::optional<Doubles> doubles_;
-  std::vector<std::string> texts_;        // of each item what the columns show
-  std::vector<std::vector<int>> groups_;  // that are shown
+  std::vector<std::string> texts_;        // for each item, the contents of its columns
+  std::vector<std::vector<int>> groups_;  // as shown
 };
 
 }  // namespace quillbox

@@ -7,26 +7,25 @@
 
 namespace quillbox {
 
-/// A cell of rows that stand in groups, all counted from 0.
+/// A cell of grouped rows, all counted from 0.
 struct GroupedCell {
   int group;
-  int row;  ///< within its group; less than 0: the heading of the group
+  int row;  ///< within its group; negative: the heading of the group
   int column = 0;
 
   bool isHeading() const { return row < 0; }
 };
 
-/// Rows in groups, one below the other, each group below its heading. It knows how many there are
-/// and no more: what a cell shows is asked for when it is shown, so that it does not matter how
-/// many there are.
+/// Rows in groups, one group below another, each under its heading. It holds only how many there
+/// are: the contents of a cell are requested when it is shown, so their number does not matter.
 class GroupedRows : public QAbstractTableModel {
  public:
   using Data = std::function<QVariant(const GroupedCell& cell, int role)>;
 
-  /// `data` must hold for as long as rows are shown.
+  /// `data` must be valid for as long as rows are shown.
   GroupedRows(QStringList headers, Data data);
 
-  /// So many rows in each group from now on.
+  /// Sets the number of rows in each group.
   void show(std::vector<int> sizes);
 
   const std::vector<int>& sizes() const { return sizes_; }
@@ -43,7 +42,7 @@ class GroupedRows : public QAbstractTableModel {
   QStringList headers_;
   Data data_;
   std::vector<int> sizes_;
-  std::vector<int> headings_;  // the row of each
+  std::vector<int> headings_;  // the row of each heading
   int rows_ = 0;
 };
 

@@ -41,7 +41,7 @@ void ChoosingTree::keyPressEvent(QKeyEvent* event) {
   if (!event->isAutoRepeat() && whenChosen) whenChosen(currentIndex());
 }
 
-/// A heading has the room of all columns.
+/// A heading takes the width of all columns.
 void ChoosingTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                            const QModelIndex& index) const {
   if (!isHeading || !isHeading(index)) return QTreeView::drawRow(painter, option, index);
@@ -83,8 +83,8 @@ GroupedView::GroupedView(const Words& words) : columns_(words.columns) {
   page_->addWidget(empty_, 1);
 }
 
-/// A window that is hidden as it goes lays its rows out once more, when nobody can say what they
-/// are.
+/// A window that is hidden during destruction lays out its rows again, when their contents are
+/// gone.
 GroupedView::~GroupedView() { rows_->show({}); }
 
 void GroupedView::widen(int column, int width) {
@@ -110,7 +110,7 @@ QVariant GroupedView::dataOf(const GroupedCell& cell, int role) const {
   return moreOf(cell, role);
 }
 
-/// The rows go at once: the numbers of items that they stand for mean others from now on.
+/// The rows are removed at once: from now on their numbers mean other items.
 void GroupedView::start() {
   rows_->show({});
   marked_ = 0;
@@ -138,7 +138,7 @@ void GroupedView::refresh() {
   const int scrolled = tree_->verticalScrollBar()->value();
   const bool hadFocus = tree_->hasFocus();
   const bool wasSelected = tree_->selectionModel()->hasSelection();
-  rows_->show({});  // what they were made of goes
+  rows_->show({});  // their contents are about to go
   Shown shown = gather();
   line_->showText(shown.line);
   tree_->setVisible(!shown.sizes.empty());
@@ -177,7 +177,7 @@ void GroupedView::mark(int item) {
   if (!isStale_) showMarked();
 }
 
-/// The row of another item than the form's is not marked, but stays the place to go on from.
+/// The row of an item not on the form is not marked, but remains the place to continue from.
 void GroupedView::showMarked() {
   const GroupedCell at = current();
   const bool isOnItem = at.group >= 0 && itemOf(at) != 0;

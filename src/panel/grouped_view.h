@@ -17,7 +17,7 @@ namespace quillbox {
 
 class ElidedLabel;
 
-/// Rows that tell of one click, or of Enter, on them; some are headings.
+/// Rows that report a click or Enter on them; some are headings.
 class ChoosingTree : public QTreeView {
  public:
   ChoosingTree();
@@ -31,8 +31,8 @@ class ChoosingTree : public QTreeView {
   void keyPressEvent(QKeyEvent* event) override;
 };
 
-/// A view that shows rows in groups: a line that sums up, and the rows below it. The row the user
-/// is on and what is scrolled to stay so while items change. While nobody looks it does nothing.
+/// A view with grouped rows: a line with a summary, and the rows below it. The current row and the
+/// scroll position stay the same while items change. An invisible view does nothing.
 class GroupedView : public PanelView {
  public:
   void start() final;
@@ -42,45 +42,45 @@ class GroupedView : public PanelView {
  protected:
   struct ViewColumn {
     QString name;
-    int characters;  ///< that it has room for at first
+    int characters;  ///< its initial width
     bool isNumber = false;
   };
 
   struct Words {
-    QString treeName;  ///< of the control
-    QString caption;   ///< that it is known by
-    QString empty;     ///< shown instead where there is nothing
+    QString treeName;  ///< the object name
+    QString caption;   ///< the accessible name
+    QString empty;     ///< shown instead when there are no rows
     std::vector<ViewColumn> columns;
   };
   explicit GroupedView(const Words& words);
   ~GroupedView() override;
 
-  /// What the rows are made of, gathered anew.
+  /// The contents of the rows, computed anew.
   struct Shown {
     QString line;  ///< above the tree
     std::vector<int> sizes;
     bool isEmpty;
   };
 
-  /// Nothing that was taken counts any more.
+  /// Discards everything taken so far.
   virtual void forget() = 0;
 
-  /// Makes rows of what was taken; they hold until it is called again.
+  /// Computes the rows from what was taken; they are valid until the next call.
   virtual Shown gather() = 0;
 
-  /// What a cell shows; of a heading only the first column, which has the room of all.
+  /// The text of a cell; a heading has only the first column, which takes the width of all.
   virtual QString textOf(const GroupedCell& cell) const = 0;
 
-  /// Whatever else is said of a cell, as models say it.
+  /// Anything else about a cell, by the model's roles.
   virtual QVariant moreOf(const GroupedCell& cell, int role) const;
 
-  /// By which a row, or a group, is found again after a change.
+  /// Identifies a row, or a group, after a change.
   virtual std::string idOf(const GroupedCell& cell) const = 0;
 
-  /// The item that a row stands for; 0: none.
+  /// The item of a row; 0: none.
   virtual int itemOf(const GroupedCell& cell) const;
 
-  /// A row, never a heading, was clicked.
+  /// A row, not a heading, was clicked.
   virtual void choose(const GroupedCell& cell) = 0;
 
   void showEvent(QShowEvent* event) override;
@@ -89,10 +89,10 @@ class GroupedView : public PanelView {
   const GroupedRows& rows() const { return *rows_; }
   QVBoxLayout& page() { return *page_; }
 
-  /// Makes a column that is narrower so wide; its heading always has room.
+  /// Widens a column to at least this width; its heading always fits.
   void widen(int column, int width);
 
-  /// The row that the user is on; a heading without a group where there is none.
+  /// The current row; a heading without a group when there is none.
   GroupedCell current() const;
   void setCurrent(const GroupedCell& cell);
 
@@ -110,7 +110,7 @@ class GroupedView : public PanelView {
   ChoosingTree* tree_;
   bool isStale_ = false;
   int marked_ = 0;
-  bool markIsDue_ = false;  // it came while rows were not what they should be
+  bool markIsDue_ = false;  // it was requested while the rows were out of date
 };
 
 /// "1 item", "2 items".

@@ -79,7 +79,7 @@ void ItemList::take(int item, std::span<const std::byte> record) {
   index_.take(item, record);
   filter_.take(item);
   if (isAdded) orderReading_.setCount(index_.count());
-  // What the order has not come to yet is handed to it when it does.
+  // An item that the order has not reached yet is passed to it later.
   if (order_ && item <= orderReading_.readItems()) order_->take(item, record);
   items_->take(item, record);
   if (isAdded) orderIsRead_ = false;
@@ -113,8 +113,8 @@ void ItemList::readOrder(const ItemReading::Stop& stop) {
   showRows();
 }
 
-/// A click on a header orders by its column, a second one the other way round; the numbers are the
-/// order of the file itself.
+/// A click on a header sorts by its column, a second click reverses the order; the number column is
+/// the order of the file.
 void ItemList::orderBy(int section) {
   QHeaderView& header = *table_->horizontalHeader();
   if (section == ItemTable::kNumberColumn) {
@@ -135,7 +135,7 @@ void ItemList::orderBy(int section) {
   owner_.moreToRead();
 }
 
-/// The items that are wanted, in their order; as in the file until the order is known.
+/// The matching items in their order; as in the file until the order is known.
 void ItemList::showRows() {
   std::vector<int> shown = filter_.items();
   if (order_ && orderIsRead_) {
@@ -158,13 +158,13 @@ void ItemList::mark(int item) {
   if (failure()) tryAgain();
 }
 
-/// What keeps items from being shown, or from being ordered.
+/// What prevents items from being shown or sorted.
 const std::optional<RunTimeError>& ItemList::failure() const {
   if (index_.failure()) return index_.failure();
   return order_ && orderReading_.failure() ? orderReading_.failure() : items_->failure();
 }
 
-/// Whatever kept items from being read may be over by now.
+/// What prevented items from being read may be over now.
 void ItemList::tryAgain() {
   items_->forgetRecords();
   triesAgain_ = true;
@@ -255,7 +255,7 @@ bool ItemList::tableKey(int key, Qt::KeyboardModifiers modifiers) {
   return false;
 }
 
-/// In the order in which they are shown.
+/// In the order shown.
 std::vector<int> ItemList::selectedItems() const {
   std::vector<int> rows;
   for (const QModelIndex& chosen : table_->selectionModel()->selectedRows())
@@ -271,7 +271,7 @@ void ItemList::copySelected() {
   owner_.run([&] { QApplication::clipboard()->setText(items_->asText(chosen)); });
 }
 
-/// How many there are, what the selected ones come to, and what keeps the rest from being shown.
+/// The number of items, the totals of the selected ones, and why the rest is not shown.
 void ItemList::tell() {
   const int all = index_.count() - index_.deletedItems();
   QString text;

@@ -24,8 +24,8 @@ class ElidedLabel;
 class PanelSettings;
 class StatusText;
 
-/// All items of a collection as a table: found as the user types, ordered by a column, chosen by a
-/// click or Enter. It reads the file in pieces and only when it is asked to.
+/// All items of a collection as a table: filtered while the user types, sorted by a column, chosen
+/// by a click or Enter. It reads the file in pieces and only when requested.
 class ItemList : public QWidget {
  public:
   struct Collection {
@@ -36,38 +36,38 @@ class ItemList : public QWidget {
   };
 
   struct Owner {
-    std::function<void(int item)> show;                      ///< exactly as Go To
-    std::function<void(std::function<void()> command)> run;  ///< where what fails is told
-    std::function<void()> leave;                             ///< the focus goes back to the form
-    std::function<void()> moreToRead;                        ///< `readOn` has something to do again
+    std::function<void(int item)> show;                      ///< exactly like Go To
+    std::function<void(std::function<void()> command)> run;  ///< reports failures
+    std::function<void()> leave;                             ///< returns the focus to the form
+    std::function<void()> moreToRead;                        ///< `readOn` has more to do
   };
 
-  /// Without settings the columns are those shown at first.
+  /// Without settings the columns are the initial ones.
   ItemList(Collection collection, Owner owner, PanelSettings* settings);
   ~ItemList() override;
 
-  /// Another collection, or one that was sorted: reads it anew.
+  /// For another collection, or one that was sorted: reads it again.
   void start(int count);
 
-  /// Items were added behind the last, or there are fewer now.
+  /// Items were added at the end, or there are fewer now.
   void setCount(int count);
 
-  /// The item was written: this is what the file holds.
+  /// The item was written: `record` is what the file has now.
   void take(int item, std::span<const std::byte> record);
 
-  /// The form shows this item now; 0: none of them.
+  /// The form now shows this item; 0: none of them.
   void mark(int item);
 
-  /// Reads on until `stop` says so; true while there is more to read.
+  /// Continues reading until `stop` returns true; returns whether there is more to read.
   bool readOn(const ItemReading::Stop& stop);
 
-  /// Shows these items alone, or all again.
+  /// Shows only these items, or all again.
   void showOnly(const std::vector<int>& items, const QString& what);
   void showAll();
 
   void focusFind();
 
-  /// Shows the item of the next row on the form, after the last the first.
+  /// Shows the next row's item on the form; after the last row the first one.
   void showNext();
 
  protected:
@@ -100,12 +100,12 @@ class ItemList : public QWidget {
   PanelSettings* settings_;
   ItemIndex index_;
   ItemFilter filter_;
-  std::unique_ptr<ItemOrder> order_;  // none: as in the file
+  std::unique_ptr<ItemOrder> order_;  // none: file order
   ItemReading orderReading_;
   bool orderIsRead_ = false;
   Direction direction_ = Direction::up;
   int marked_ = 0;
-  bool triesAgain_ = false;  // what could not be read before
+  bool triesAgain_ = false;  // items could not be read before
 
   ItemTable* items_;
   QLineEdit* txtFind_ = nullptr;

@@ -1,4 +1,4 @@
-// What the list of all items is made of: the line items are found by, the table, its columns.
+// The parts of the list of all items: the line for finding items, the table, its columns.
 
 #include <QApplication>
 #include <QCheckBox>
@@ -21,7 +21,7 @@
 namespace quillbox {
 namespace {
 
-/// Average characters.
+/// In average characters.
 constexpr int kWidestNumber = 7;
 constexpr int kUsualText = 24;
 constexpr int kUsualNumber = 12;
@@ -62,7 +62,7 @@ QWidget* ItemList::makeFindLine() {
   return line;
 }
 
-/// What a view of the panel has chosen, and the way back to all items.
+/// What a view of the panel has selected, and a button to return to all items.
 QWidget* ItemList::makeOnlyLine() {
   onlyLine_ = new QWidget;
   auto* row = new QHBoxLayout(onlyLine_);
@@ -104,7 +104,7 @@ void ItemList::makeTable() {
   connect(&header, &QWidget::customContextMenuRequested, this,
           [this, &header](const QPoint& at) { columnMenu_->popup(header.mapToGlobal(at)); });
   connect(table_, &QAbstractItemView::clicked, this, [this](const QModelIndex& clicked) {
-    // With Control or Shift held rows are selected, not shown.
+    // With Control or Shift held, rows are selected, not shown.
     if (QApplication::keyboardModifiers() == Qt::NoModifier) showRow(clicked.row());
   });
   connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
@@ -142,7 +142,7 @@ void ItemList::chooseColumn(const Column& column, bool shown) {
     const bool wasShown = std::ranges::find(now, &each) != now.end();
     if (&each == &column ? shown : wasShown) names << fromUtf8Text(each.name);
   }
-  if (names.isEmpty()) return;  // a list of numbers alone helps nobody
+  if (names.isEmpty()) return;  // a list of numbers alone is useless
   if (settings_ != nullptr) settings_->setColumns(collection_.kind, names);
   std::vector<const Column*> chosen;
   for (const Column& each : columnsOf(collection_.kind))
@@ -152,7 +152,7 @@ void ItemList::chooseColumn(const Column& column, bool shown) {
   showRows();
 }
 
-/// The columns to choose from, and all that can be done to the order with the mouse alone.
+/// The columns to choose from, and keyboard access to the sorting that the mouse offers.
 void ItemList::fillMenu() {
   columnMenu_->clear();
   const auto shown = items_->columns();

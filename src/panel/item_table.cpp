@@ -13,7 +13,7 @@ namespace {
 /// More than any screen shows.
 constexpr std::size_t kMostRecords = 1'000;
 
-/// What a spreadsheet would take for the end of a cell.
+/// Without the characters that a spreadsheet takes for the end of a cell.
 QString asCell(QString text) {
   for (QChar& character : text)
     if (character == QLatin1Char('\t') || character == QLatin1Char('\n') ||
@@ -30,7 +30,7 @@ ItemTable::ItemTable(CollectionStore store, RecordTexts texts, Source source)
 void ItemTable::setItems(std::vector<int> items) {
   failure_.reset();
   if (items == items_) {
-    // The same items, but perhaps other words in bold.
+    // The same items, but perhaps with other words in bold.
     if (!items_.empty()) Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
     return;
   }

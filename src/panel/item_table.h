@@ -15,14 +15,14 @@
 
 namespace quillbox {
 
-/// The items that a list shows, in its order, with the columns that the user has chosen. What is
-/// shown is read from the file when it is shown, and kept for as long as it may be shown again.
+/// The items of the list, in its order, with the columns that the user has chosen. A row's contents
+/// are read from the file when it is shown, and kept while it may be shown again.
 class ItemTable : public QAbstractTableModel {
  public:
   /// The first column is the item's number.
   static constexpr int kNumberColumn = 0;
 
-  /// What the list knows of its items.
+  /// Where the items' contents come from.
   struct Source {
     std::function<bool(int item)> isDeleted;
     std::function<std::vector<TextRange>(std::string_view text)> matches;
@@ -33,33 +33,33 @@ class ItemTable : public QAbstractTableModel {
   /// Shows these items, in this order.
   void setItems(std::vector<int> items);
 
-  /// The same, where only items were added at the end.
+  /// The same when items were only added at the end.
   void appendItems(const std::vector<int>& items);
 
   void setColumns(std::vector<const Column*> columns);
   const std::vector<const Column*>& columns() const { return columns_; }
 
-  /// Nothing that was read counts any more.
+  /// Discards everything read so far.
   void forgetRecords();
 
-  /// The item was written: this is what the file holds.
+  /// The item was written: `record` is what the file has now.
   void take(int item, std::span<const std::byte> record);
 
   int itemAt(int row) const { return items_.at(static_cast<std::size_t>(row)); }
 
-  /// The row of an item; -1 where it is not among them.
+  /// The row of an item; -1 when it is not shown.
   int rowOf(int item) const;
 
-  /// Why something could not be shown the last time.
+  /// Why something could not be shown last time.
   const std::optional<RunTimeError>& failure() const { return failure_; }
 
-  /// Where the words that are looked for occur in the text of a cell.
+  /// Where the words searched for occur in the text of a cell.
   std::vector<TextRange> matchesIn(const QModelIndex& cell) const;
 
-  /// All that the columns show of these items, as lines with a tab between cells, header first.
+  /// The columns of these items as text: lines with tabs between cells, the header first.
   QString asText(const std::vector<int>& items);
 
-  /// What these items cost and are worth, in words; empty of a kind without prices.
+  /// What these items cost and are worth, in words; empty for a kind without prices.
   QString sumsOf(const std::vector<int>& items);
 
   int rowCount(const QModelIndex& parent = {}) const override;

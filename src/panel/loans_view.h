@@ -8,10 +8,10 @@
 
 namespace quillbox {
 
-/// Who has what, since when and until when; what is overdue has a colour of its own, and says so.
+/// Who has borrowed what, since when and until when; overdue loans have a colour and a word for it.
 class LoansView : public GroupedView {
  public:
-  /// For a kind that has loans. Today's date and the form of dates are the desktop's.
+  /// For a kind that has loans. Today's date and the date form come from the desktop.
   LoansView(const CollectionKind& kind, Desktop& desktop, PanelOwner owner);
 
   void take(int item, std::span<const std::byte> record) override;
@@ -35,11 +35,11 @@ class LoansView : public GroupedView {
   Desktop& desktop_;
   PanelOwner owner_;
   std::optional<Loans> loans_;
-  std::vector<BorrowerLoans> borrowers_;  // that are shown
+  std::vector<BorrowerLoans> borrowers_;  // as shown
   std::optional<double> today_;
 };
 
-/// For what is overdue: readable on the ground of lists, be it light or dark.
+/// The colour of overdue loans: readable in a list with a light or a dark palette.
 QColor overdueColor(const QPalette& palette);
 
 }  // namespace quillbox

@@ -9,7 +9,7 @@
 namespace quillbox {
 namespace {
 
-/// A character of a text is one byte of a record.
+/// Each character of a text is one byte of a record.
 QList<QTextLayout::FormatRange> boldRanges(const std::vector<TextRange>& matches) {
   QList<QTextLayout::FormatRange> ranges;
   for (const auto& [start, length] : matches) {
@@ -42,7 +42,7 @@ void MatchDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const QRect room = cell.rect.adjusted(margin, 0, -margin, 0);
   QFont bold = cell.font;
   bold.setBold(true);
-  // Bold letters are the wider ones: what is left of the text has room however much of it is bold.
+  // Bold letters are wider: the cut text fits however much of it is bold.
   QTextLayout layout(QFontMetrics(bold).elidedText(text, Qt::ElideRight, room.width()), cell.font);
   QTextOption lines(cell.displayAlignment);
   lines.setWrapMode(QTextOption::NoWrap);

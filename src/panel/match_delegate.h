@@ -6,7 +6,7 @@ namespace quillbox {
 
 class ItemTable;
 
-/// Draws the cells of an ItemTable, with what is looked for in bold.
+/// Draws the cells of an ItemTable, with the words searched for in bold.
 class MatchDelegate : public QStyledItemDelegate {
  public:
   explicit MatchDelegate(const ItemTable& table, QObject* parent);

@@ -36,7 +36,7 @@ void MissingView::cutTo(int count) {
   paths_.resize(std::min(paths_.size(), static_cast<std::size_t>(std::max(count, 0))));
 }
 
-/// All of them are one group.
+/// All of them form one group.
 GroupedView::Shown MissingView::gather() {
   gone_ = missing_->gone();
   const int count = static_cast<int>(gone_.size());

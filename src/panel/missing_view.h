@@ -10,7 +10,7 @@
 
 namespace quillbox {
 
-/// The items of a media-file kind whose files are not there any more.
+/// The items of a media-file kind whose files no longer exist.
 class MissingView : public GroupedView {
  public:
   MissingView(FileSystem& files, const CollectionKind& kind, PanelOwner owner);
@@ -31,8 +31,8 @@ class MissingView : public GroupedView {
   const CollectionKind& kind_;
   PanelOwner owner_;
   std::optional<MissingFiles> missing_;
-  std::vector<std::string> paths_;  // of each item
-  std::vector<int> gone_;           // that are shown
+  std::vector<std::string> paths_;  // for each item
+  std::vector<int> gone_;           // as shown
 };
 
 }  // namespace quillbox

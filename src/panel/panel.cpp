@@ -15,13 +15,13 @@
 namespace quillbox {
 namespace {
 
-/// Milliseconds that a piece of reading takes: no key waits longer.
+/// The milliseconds that a piece of reading takes: no key waits longer.
 constexpr int kPiece = 10;
 
-/// A command that runs is looked after this often until it is over.
+/// How often to check whether a running command is over.
 constexpr int kWait = 50;
 
-/// Average characters, and rows of the list.
+/// In average characters, and rows of the list.
 constexpr int kUsualWidth = 80;
 constexpr int kUsualRows = 20;
 
@@ -84,7 +84,7 @@ void Panel::take(int item, std::span<const std::byte> record) {
   list_->take(item, record);
   for (View& each : views_) {
     if (item > each.reading.count()) each.reading.setCount(item);
-    // What was not read yet comes with the rest.
+    // What has not been read yet comes later.
     if (item <= each.reading.readItems()) each.view->take(item, record);
     each.isShown = false;
   }
@@ -132,7 +132,7 @@ void Panel::readSoon() {
   if (isVisible() && !timer_.isActive()) timer_.start(0);
 }
 
-/// Never in the middle of a command, which may have the file half written.
+/// Never during a command, which may have half written the file.
 void Panel::readOn() {
   if (program_.isRunning()) return timer_.start(kWait);
   QElapsedTimer clock;
@@ -144,7 +144,7 @@ void Panel::readOn() {
   if (hasMore) timer_.start(0);
 }
 
-/// True while there is more to read.
+/// Returns whether there is more to read.
 bool Panel::readView(View& view, const ItemReading::Stop& stop) {
   if (view.reading.state() == ReadState::unfinished)
     view.reading.readOn(

@@ -13,45 +13,45 @@
 
 namespace quillbox {
 
-/// What the panel of an editor shows, and what it asks of it.
+/// What an editor's panel shows, and what it needs from the editor.
 struct PanelSource {
   const CollectionKind& kind;
   RecordTexts texts;
-  std::function<void(int item)> show;  ///< exactly as Go To
-  std::function<void()> leave;         ///< the focus goes back to the form
+  std::function<void(int item)> show;  ///< exactly like Go To
+  std::function<void()> leave;         ///< returns the focus to the form
 };
 
-/// The panel beside the form of an editor: all items of its collection in a list, and views that
-/// make something of them. It reads the file in short pieces while nothing else is to be done, and
-/// never writes.
+/// The panel beside an editor's form: all items of its collection in a list, and views that
+/// evaluate them. It reads the file in short pieces while nothing else is to be done, and never
+/// writes.
 class Panel : public QTabWidget {
  public:
   Panel(Program& program, PanelSource source);
 
   const CollectionKind& kind() const { return source_.kind; }
 
-  /// Another collection, or one that was sorted: everything is read anew.
+  /// For another collection, or one that was sorted: everything is read again.
   void start(int count);
 
-  /// Items were added behind the last, or there are fewer now.
+  /// Items were added at the end, or there are fewer now.
   void setCount(int count);
 
-  /// The item was written: this is what the file holds.
+  /// The item was written: `record` is what the file has now.
   void take(int item, std::span<const std::byte> record);
 
-  /// The form shows this item now; 0: none, or a new one.
+  /// The form now shows this item; 0: none, or a new one.
   void mark(int item);
 
-  /// The focus goes to the line that items are found by.
+  /// Puts the focus on the line for finding items.
   void focusFind();
 
   /// Shows the next item of the list on the form.
   void showNext();
 
-  /// Room for the columns that tell items apart, and for as many rows as a glance takes in.
+  /// Wide enough for the columns that identify items, and high enough for a useful number of rows.
   QSize sizeHint() const override;
 
-  /// Room for all tabs.
+  /// Wide enough for all tabs.
   QSize minimumSizeHint() const override;
 
  protected:
@@ -59,12 +59,12 @@ class Panel : public QTabWidget {
   void hideEvent(QHideEvent* event) override;
 
  private:
-  /// A view is read to when it is first looked at.
+  /// A view gets its items once it has been opened.
   struct View {
     PanelView* view;
     ItemReading reading;
     bool isWanted = false;
-    bool isShown = false;  ///< what was taken
+    bool isShown = false;  ///< the items read so far
   };
 
   void addView(PanelView* view, const QString& caption);

@@ -9,34 +9,34 @@
 
 namespace quillbox {
 
-/// What a view of the panel asks of it; a view calls these as they are.
+/// What a view needs from the panel; it calls these directly.
 struct PanelOwner {
-  /// Shows the item on the form, exactly as Go To does, inside Program::run.
+  /// Shows the item on the form, exactly like Go To, inside Program::run.
   std::function<void(int item)> show;
 
-  /// Lets the list show these items alone (in rising order); `what` says which they are.
+  /// Makes the list show only these items (in rising order); `what` describes them.
   std::function<void(const std::vector<int>& items, const QString& what)> showOnly;
 };
 
-/// A view of the panel: a tab that makes something of all items of a collection. It is handed every
-/// item when it is first looked at, and from then on each item that changes. It only reads.
+/// A view of the panel: a tab that evaluates all items of a collection. It gets every item once it
+/// is first opened, and from then on each item that changes. It only reads.
 class PanelView : public QWidget {
  public:
   using QWidget::QWidget;
 
-  /// Nothing is known: of another collection, or of one that was sorted.
+  /// Discards everything: for another collection, or one that was sorted.
   virtual void start() = 0;
 
-  /// Takes an item, again if it was taken before. Nothing of it need be shown before `showTaken`.
+  /// Adds an item, or replaces it. It need not be shown before `showTaken`.
   virtual void take(int item, std::span<const std::byte> record) = 0;
 
-  /// There are only so many items now.
+  /// Keeps only the items up to `count`.
   virtual void cutTo(int count) = 0;
 
-  /// Shows what was taken: when all was read, and after every change from then on.
+  /// Shows the items taken: when all have been read, and after every change from then on.
   virtual void showTaken() = 0;
 
-  /// The form shows this item now; 0: none, or a new one.
+  /// The form now shows this item; 0: none, or a new one.
   virtual void mark(int /*item*/) {}
 };
 

@@ -21,11 +21,11 @@
 namespace quillbox {
 namespace {
 
-/// Larger pictures are not decoded: a small file can claim to be of any size.
+/// Larger pictures are not decoded: a small file can claim to have any size.
 constexpr qint64 kMostPixels = 100'000'000;
-constexpr int kMostMemory = 512;  // MiB of one decoded picture
+constexpr int kMostMemory = 512;  // in MiB, for one decoded picture
 
-/// A picture is read for windows up to this size, in pixels.
+/// Pictures are decoded for windows up to this size, in pixels.
 constexpr QSize kRoom(1600, 1200);
 
 constexpr int kFewestCharacters = 20;
@@ -76,7 +76,7 @@ PreviewView::PreviewView(Program& program, const CollectionKind& kind)
   lblSays_ = new ElidedLabel;
   lblSays_->setObjectName(QStringLiteral("lblSays"));
   column->addWidget(lblSays_);
-  // No access key: it would take one of the form's away.
+  // No access key: it would conflict with the form's.
   open_ = makeButton(QStringLiteral("cmdOpenMediaFile"), QStringLiteral("Open"));
   open_->setToolTip(QStringLiteral("Open the file in the program for such files"));
   connect(open_, &QPushButton::clicked, this, [this] { program_.run([this] { openFile(); }); });
@@ -86,7 +86,7 @@ PreviewView::PreviewView(Program& program, const CollectionKind& kind)
   showLook({});
 }
 
-PreviewView::~PreviewView() { reading_.clear(); }  // what still reads is waited for
+PreviewView::~PreviewView() { reading_.clear(); }  // the pool waits for the running read
 
 void PreviewView::start() { mark(0); }
 
@@ -106,7 +106,7 @@ void PreviewView::showEvent(QShowEvent* event) {
   look();
 }
 
-/// Nobody waits for what nobody sees.
+/// Nothing is read while the view is invisible.
 void PreviewView::look() {
   if (!isVisible() || std::exchange(isLookedAt_, true)) return;
   const int nth = ++looks_;
@@ -120,7 +120,7 @@ void PreviewView::look() {
     return;
   }
   lblFile_->showText(fromPath(path_));
-  reading_.clear();  // what nobody waits for any more
+  reading_.clear();  // no longer needed
   reading_.start([path = fromPath(path_), nth, view = QPointer(this)] {
     const FileLook found = lookAtFile(path, kRoom);
     QMetaObject::invokeMethod(

@@ -18,19 +18,19 @@ namespace quillbox {
 
 class ElidedLabel;
 
-/// What a look at a media file has found.
+/// The result of examining a media file.
 struct FileLook {
-  QImage picture;  ///< null where the file is no picture that can be shown
-  QString says;    ///< what there is to say of the file
+  QImage picture;  ///< null if the file is no picture that can be shown
+  QString says;    ///< a description of the file
   bool isThere = false;
 };
 
-/// Looks at a file: a picture no larger than `room`, or how long a sound plays. Any file is
-/// harmless, be it huge or broken.
+/// Examines a file: a picture no larger than `room`, or the length of a sound. Any file is
+/// harmless, however large or damaged.
 FileLook lookAtFile(const QString& path, QSize room);
 
-/// The file of the item that the form shows: its picture, or the length of its sound. Files are
-/// read beside the event loop, so that a large one or a slow disk holds nothing up.
+/// The file of the item on the form: its picture, or the length of its sound. Files are read in
+/// another thread, so a large one or a slow disk delays nothing.
 class PreviewView : public PanelView {
  public:
   PreviewView(Program& program, const CollectionKind& kind);
@@ -56,8 +56,8 @@ class PreviewView : public PanelView {
   CollectionStore store_;
   int item_ = 0;
   bool isLookedAt_ = false;
-  std::string path_;  // empty: the item does not say where its file lies
-  int looks_ = 0;     // only the last one is shown
+  std::string path_;  // empty: the item has no path
+  int looks_ = 0;     // only the last result is shown
   QImage picture_;
   QLabel* lblPicture_;
   ElidedLabel* lblFile_;

@@ -14,17 +14,17 @@ namespace {
 
 using Length = std::optional<qint64>;
 
-// No sound file is larger; sizes up to here can be multiplied without a second thought.
+// No sound file is larger; sizes up to here can be multiplied without overflow.
 constexpr qint64 kLargestFile = qint64{1} << 40;
 
-/// What the file holds of these bytes.
+/// Those of these bytes that are in the file.
 QByteArray bytesAt(QIODevice& file, qint64 place, qint64 count) {
   const qint64 held = std::min(count, file.size() - place);
   if (place < 0 || held <= 0 || !file.seek(place)) return {};
   return file.read(held);
 }
 
-/// A number behind the end of `bytes` is 0.
+/// Past the end of `bytes` the number is 0.
 template <typename Number>
 Number numberAt(QByteArrayView bytes, qint64 place, Number (*read)(const void*)) {
   constexpr auto size = static_cast<qint64>(sizeof(Number));
@@ -66,7 +66,7 @@ Length waveLength(QIODevice& file) {
       bytesPerSecond = little32(bytesAt(file, place, kByteRate + 4), kByteRate);
     if (standsAt(head, 0, "data") && !sound) sound = std::min(size, file.size() - place);
     if (bytesPerSecond > 0 && sound) return *sound * 1000 / bytesPerSecond;
-    place += size + size % 2;  // chunks begin at even places
+    place += size + size % 2;  // chunks begin at even offsets
   }
   return std::nullopt;
 }
@@ -75,7 +75,7 @@ Length waveLength(QIODevice& file) {
 
 /// The header of a frame.
 struct Frame {
-  bool isMpeg1;  ///< else the half or quarter sampling rates of MPEG 2 and 2.5
+  bool isMpeg1;  ///< otherwise the half or quarter sampling rates of MPEG 2 and 2.5
   bool isMono;
   bool hasChecksum;
   bool isPadded;
@@ -98,9 +98,9 @@ constexpr int kKilobits[2][16] = {
     {0, 32, 40, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320, 0},
 };
 constexpr int kHertz[] = {44100, 48000, 32000, 0};
-// Behind tags, other things may stand before the first frame; beyond this it is no such file.
+// After tags, other data may precede the first frame; further on than this it is no such file.
 constexpr qint64 kFarthestFrame = 64 * 1024;
-constexpr qint64 kFrameRoom = 2048;  // the longest frame, and the header of the next
+constexpr qint64 kFrameRoom = 2048;  // the longest frame, and the next one's header
 
 std::optional<Frame> frameAt(QByteArrayView bytes, qint64 place) {
   const quint32 header = big32(bytes, place);
@@ -120,7 +120,7 @@ std::optional<Frame> frameAt(QByteArrayView bytes, qint64 place) {
                .hertz = hertz};
 }
 
-/// Behind the ID3v2 tags that the file begins with.
+/// The offset after the ID3v2 tags at the beginning of the file.
 qint64 behindTags(QIODevice& file) {
   constexpr qint64 kHead = 10;
   constexpr int kMostTags = 8;
@@ -136,10 +136,10 @@ qint64 behindTags(QIODevice& file) {
   return place;
 }
 
-/// Before the ID3v1 and APE tags that the file ends with.
+/// The offset of the ID3v1 and APE tags at the end of the file.
 qint64 beforeTags(QIODevice& file) {
   constexpr qint64 kId3 = 128;
-  constexpr qint64 kApeFooter = 32;  // as long as the header that there may be
+  constexpr qint64 kApeFooter = 32;  // as long as the optional header
   constexpr quint32 kHasHeader = 0x80000000;
   qint64 end = file.size();
   if (standsAt(bytesAt(file, end - kId3, 3), 0, "TAG")) end -= kId3;
@@ -149,13 +149,12 @@ qint64 beforeTags(QIODevice& file) {
   return end;
 }
 
-/// How many frames follow, where the first frame, at the beginning of `bytes`, says so; 0: not
-/// said.
+/// The number of frames, if the first frame, at the beginning of `bytes`, has it; 0: unknown.
 quint32 toldFrames(QByteArrayView bytes, const Frame& frame) {
   constexpr qint64 kHeader = 4;
   constexpr qint64 kVbri = kHeader + 32;
   const qint64 sideInformation = frame.isMono ? (frame.isMpeg1 ? 17 : 9) : frame.isMpeg1 ? 32 : 17;
-  // Encoders do not agree whether the checksum counts.
+  // Encoders differ on whether the checksum counts.
   for (const qint64 checksum : {0, frame.hasChecksum ? 2 : 0}) {
     const qint64 place = kHeader + sideInformation + checksum;
     if (standsAt(bytes, place, "Xing") || standsAt(bytes, place, "Info"))
@@ -176,7 +175,7 @@ Length layer3Length(QIODevice& file) {
     if (!next || !next->mayFollow(*frame)) continue;
     const qint64 sound = end - start - place;
     const qint64 frames = toldFrames(QByteArrayView(held).sliced(place), *frame);
-    // More than the file has room for is damage: then its size tells.
+    // More than fit into the file means damage: then its size decides.
     if (frames > 0 && frames <= sound / frame->fewestBytes())
       return frames * frame->samples() * 1000 / frame->hertz;
     return sound * 8 / frame->kilobits;
@@ -186,18 +185,18 @@ Length layer3Length(QIODevice& file) {
 
 // Standard MIDI ------------------------------------------------------------------------------
 
-// Far larger than any; no event takes less than two bytes of it, so their number has its limit.
+// Far larger than any real file; each event takes at least two bytes, so their number is limited.
 constexpr qint64 kLargestMidi = 4 * 1024 * 1024;
-// Months at any sensible tempo; times the slowest tempo, of 24 bits, it is still a number.
+// Months at any sensible tempo; multiplied by the slowest tempo, of 24 bits, it does not overflow.
 constexpr qint64 kLastTick = qint64{1} << 38;
 constexpr qint64 kUsualTempo = 500'000;
 
 struct TempoChange {
   qint64 tick;
-  qint64 microseconds;  ///< of a quarter note
+  qint64 microseconds;  ///< per quarter note
 };
 
-/// The bytes of a track, one after the other. Behind its end it gives zeros and is broken.
+/// The bytes of a track, one at a time. Past its end it returns zeros and is broken.
 class TrackBytes {
  public:
   explicit TrackBytes(QByteArrayView bytes) : bytes_(bytes) {}
@@ -212,7 +211,7 @@ class TrackBytes {
   }
   void skip(qint64 count) { place_ += count; }
 
-  /// A number of up to four bytes, seven bits in each.
+  /// A number of up to four bytes with seven bits each.
   qint64 takeNumber() {
     qint64 number = 0;
     for (int i = 0; i < 4; ++i) {
@@ -235,7 +234,7 @@ Length lastTick(TrackBytes track, std::vector<TempoChange>& tempos) {
   constexpr int kTempo = 0x51;
   constexpr int kEndOfTrack = 0x2F;
   qint64 tick = 0;
-  int running = 0;  // the status of events that come without one
+  int running = 0;  // the status for events without their own
   while (!track.isAtEnd()) {
     tick += track.takeNumber();
     const int status = track.peek() < 0x80 ? running : track.take();
@@ -263,10 +262,10 @@ Length lastTick(TrackBytes track, std::vector<TempoChange>& tempos) {
   return tick;
 }
 
-/// Of so many ticks, each a part of a quarter note, whose length changes; never behind the last.
+/// Of a number of ticks, each a fraction of a quarter note, whose length changes meanwhile.
 qint64 measuredLength(qint64 ticks, qint64 ticksPerQuarter, std::vector<TempoChange> tempos) {
   std::ranges::stable_sort(tempos, std::less(), &TempoChange::tick);
-  qint64 played = 0;  // in microseconds, times the ticks of a quarter note
+  qint64 played = 0;  // in microseconds, times the ticks per quarter note
   TempoChange now{0, kUsualTempo};
   for (const TempoChange& change : tempos) {
     played += (change.tick - now.tick) * now.microseconds;
@@ -276,7 +275,7 @@ qint64 measuredLength(qint64 ticks, qint64 ticksPerQuarter, std::vector<TempoCha
   return played / (ticksPerQuarter * 1000);
 }
 
-/// Of so many ticks, each a part of a film frame.
+/// Of a number of ticks, each a fraction of a film frame.
 Length filmLength(qint64 ticks, int framesPerSecond, int ticksPerFrame) {
   if (ticksPerFrame == 0) return std::nullopt;
   switch (framesPerSecond) {
@@ -284,7 +283,7 @@ Length filmLength(qint64 ticks, int framesPerSecond, int ticksPerFrame) {
     case 25:
     case 30:
       return ticks * 1000 / (framesPerSecond * ticksPerFrame);
-    case 29:  // stands for 30000 frames in 1001 seconds
+    case 29:  // means 30000 frames in 1001 seconds
       return ticks * 1001 / (30 * ticksPerFrame);
     default:
       return std::nullopt;
@@ -326,7 +325,7 @@ std::optional<qint64> soundLength(QIODevice& file) {
   if (!file.isReadable() || file.isSequential() || file.size() > kLargestFile) return std::nullopt;
   const QByteArray head = bytesAt(file, 0, 12);
   if (standsAt(head, 0, "MThd")) return midiLength(file);
-  // Films, too, are RIFF files; the frames in them are not for layer3Length to find.
+  // Video files can be RIFF, too; layer3Length must not find the frames in them.
   if (standsAt(head, 0, "RIFF")) return standsAt(head, 8, "WAVE") ? waveLength(file) : Length();
   return layer3Length(file);
 }

@@ -14,10 +14,10 @@ constexpr int kTitleFont = 16;
 constexpr double kLine = 14;
 constexpr double kHeadingLine = 30;
 constexpr double kTitleLine = 24;
-constexpr double kFoot = 20;  // at the end of each sheet
+constexpr double kFoot = 20;  // at the bottom of each sheet
 constexpr double kBetween = 6;
 
-// Parts of a line's width.
+// As parts of a line's width.
 constexpr double kLabelPart = 0.34;
 constexpr double kNumberPart = 0.13;
 
@@ -85,7 +85,7 @@ double SummarySheets::wholeHeight() const {
   return height;
 }
 
-/// A heading stays with its first bar.
+/// A heading stays on the sheet of its first bar.
 int SummarySheets::layOut(QSizeF sheet) {
   sheet_ = sheet;
   int at = 0;
@@ -125,7 +125,7 @@ void SummarySheets::draw(QPainter& painter, const Line& line) const {
   if (line.kind == Kind::title || line.kind == Kind::text)
     return drawText(painter, {0, line.top, width, height}, Qt::AlignLeft | Qt::AlignVCenter,
                     line.label);
-  // What is above a heading keeps it apart from the bars before.
+  // The space above a heading separates it from the bars before.
   const QRectF row(0, line.top + height - kLine, width, kLine);
   drawText(painter, {0, row.top(), width * kLabelPart - kBetween, kLine},
            Qt::AlignLeft | Qt::AlignVCenter, line.label);

@@ -11,19 +11,18 @@ class QPainter;
 
 namespace quillbox {
 
-/// A summary as it is printed: a title, the totals, and the bars of each grouping with their
-/// numbers beside them.
+/// A printed summary: a title, the totals, and the bars of each grouping with their numbers.
 class SummarySheets : public Sheets {
  public:
-  /// Of the bars of a grouping only the first `mostBars` are drawn, and how many more there are is
-  /// said.
+  /// Only the first `mostBars` bars of a grouping are drawn, followed by the number of further
+  /// ones.
   SummarySheets(const SummaryFigures& figures, bool hasPrices, const QString& title,
                 const QString& totals, std::size_t mostBars);
 
   int layOut(QSizeF sheet) override;
   void draw(QPainter& painter, int sheet) override;
 
-  /// How high a sheet must be that all of it is on one.
+  /// The height of a sheet that holds all of it.
   double wholeHeight() const;
 
  private:
@@ -31,8 +30,8 @@ class SummarySheets : public Sheets {
   struct Line {
     Kind kind;
     QString label;
-    double part = 0;        ///< of the width for bars
-    QStringList numbers{};  ///< beside the bar, or what they are
+    double part = 0;        ///< of the full width of a bar
+    QStringList numbers{};  ///< beside the bar, or their headings
     int sheet = 0;
     double top = 0;
   };

@@ -29,10 +29,10 @@ enum SummaryColumn { kLabel, kBar, kItems, kCost, kWorth };
 
 constexpr std::size_t kAllBars = std::numeric_limits<std::size_t>::max();
 
-/// Of a picture: it would be too high for anything that shows pictures.
+/// For a picture, which would otherwise be too high for most programs.
 constexpr std::size_t kBarsOfAPicture = 50;
 
-constexpr double kMargin = 36;  // points
+constexpr double kMargin = 36;  // in points
 
 constexpr const char* kFilter = "PDF Documents and PNG Pictures (*.pdf, *.png)|*.pdf;*.png";
 
@@ -62,7 +62,7 @@ QByteArray asPdf(SummarySheets sheets, const QString& title) {
 }
 
 QByteArray asPng(SummarySheets sheets) {
-  constexpr double scale = 2;  // pixels a point
+  constexpr double scale = 2;  // pixels per point
   constexpr double width = 520;
   const QSizeF size(width, sheets.wholeHeight());
   QImage image((scale * (size + QSizeF(2 * kMargin, 2 * kMargin))).toSize(), QImage::Format_RGB32);
@@ -84,8 +84,8 @@ bool isPicture(const std::string& path) {
   return extensionOf(path) == "PNG" && path.size() > 3 && path[path.size() - 4] == '.';
 }
 
-/// Without an ending that tells what to write it is a document, whose name ends as theirs do. The
-/// user was not asked about a file of that name, so none is written over.
+/// Without a known ending it becomes a document, with the ending of one. The user was not asked
+/// about a file of that name, so none is overwritten.
 std::string withKnownEnding(const std::string& path, FileSystem& files) {
   const bool isDocument =
       extensionOf(path) == "PDF" && path.size() > 3 && path[path.size() - 4] == '.';
@@ -112,7 +112,7 @@ SummaryView::SummaryView(const CollectionKind& kind, RecordTexts texts, Program&
   tree().setItemDelegateForColumn(kBar, new BarDelegate(&tree()));
   tree().header()->setSectionResizeMode(kBar, QHeaderView::Stretch);
   tree().header()->setMinimumSectionSize(4 * fontMetrics().averageCharWidth());
-  // No access keys: they would take some of the form's away.
+  // No access keys: they would conflict with the form's.
   auto* row = new WrappingRow;
   if (program_.sheetPrinter() != nullptr) {
     print_ = addButton("cmdPrintSummary", "Print Summary", "Print these bars and numbers",
@@ -168,7 +168,7 @@ GroupedView::Shown SummaryView::gather() {
   return {totalsText(), std::move(sizes), figures_.totals.items == 0};
 }
 
-/// No number below is longer than that of all items.
+/// No number below is longer than the one for all items.
 void SummaryView::widenNumbers() {
   const auto widenTo = [this](int column, const QString& text) {
     widen(column, fontMetrics().horizontalAdvance(text + QStringLiteral("00")));
@@ -215,7 +215,7 @@ QString SummaryView::textOf(const GroupedCell& cell) const {
   return {};
 }
 
-/// What the bar says is told in words, too: its part of all items.
+/// The bar's value in words: its share of all items.
 QVariant SummaryView::moreOf(const GroupedCell& cell, int role) const {
   if (cell.isHeading() || cell.column != kBar) return {};
   const double items = barAt(cell).totals.items;
@@ -248,7 +248,7 @@ void SummaryView::printSheets() {
                                        nameWithEnding(program_.state().currentPath, "pdf"));
 }
 
-/// Everything is drawn before anything of the file is touched.
+/// Everything is drawn before the file is touched.
 void SummaryView::save() {
   AppState& state = program_.state();
   const auto chosen =

@@ -13,11 +13,11 @@ namespace quillbox {
 
 class SummarySheets;
 
-/// How many items there are, what they cost and are worth: all of them, and as bars for each
-/// grouping of the kind. It can be printed, and saved as a document or a picture.
+/// How many items there are, what they cost and are worth: in total, and as bars for each grouping
+/// of the kind. It can be printed, and saved as a document or a picture.
 class SummaryView : public GroupedView {
  public:
-  /// What is printed is called like the program's open collection, which is never written over.
+  /// A printout has the name of the program's open collection, which is never overwritten.
   SummaryView(const CollectionKind& kind, RecordTexts texts, Program& program, PanelOwner owner);
 
   void take(int item, std::span<const std::byte> record) override;
@@ -49,8 +49,8 @@ class SummaryView : public GroupedView {
   Program& program_;
   PanelOwner owner_;
   std::optional<Summary> summary_;
-  SummaryFigures figures_;  // that are shown
-  std::vector<int> most_;   // items of the longest bar of each grouping
+  SummaryFigures figures_;  // as shown
+  std::vector<int> most_;   // the number of items in the longest bar of each grouping
   QPushButton* print_ = nullptr;
   QPushButton* save_ = nullptr;
 };

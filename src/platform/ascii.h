@@ -1,7 +1,7 @@
 #pragma once
 
 /// The letters and digits of ASCII, whatever the system's language. Paths, patterns and date forms
-/// know no others.
+/// use no others.
 namespace quillbox {
 
 constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }

@@ -4,8 +4,8 @@
 
 namespace quillbox {
 
-/// The one progress board: a caption, lines of text printed below one another, and how far work of
-/// a known length is. While it works, window events are let through but no input.
+/// The progress board: a caption, lines of text below one another, and the progress of work whose
+/// length is known. While the work runs, window events are handled but input is not.
 class Board {
  public:
   virtual ~Board() = default;
@@ -15,19 +15,19 @@ class Board {
   virtual void clear() = 0;
 
   /// Prints a line (UTF-8). However many lines are printed, the board is repainted only as often as
-  /// an eye can follow; the last line is always shown in the end.
+  /// the eye can follow; the last line is always shown in the end.
   virtual void print(const std::string& line) = 0;
 
   /// `done` of `total` steps are done; a total of 0 is work of unknown length.
   virtual void progress(int done, int total) = 0;
 
-  /// What came of the work, for as long as the board stays open after it.
+  /// The result of the work, for as long as the board stays open after it.
   virtual void tell(const std::string& /*status*/) {}
 
   virtual void close() = 0;
 };
 
-/// Keeps the board open for as long as the work lasts, however it ends.
+/// Keeps the board open for as long as the work lasts, however the work ends.
 class OpenBoard {
  public:
   OpenBoard(Board& board, const std::string& caption) : board_(board) { board_.open(caption); }
@@ -39,7 +39,7 @@ class OpenBoard {
   Board& board_;
 };
 
-/// A board that nobody looks at.
+/// A board that shows nothing.
 class NoBoard : public Board {
  public:
   void open(const std::string& /*caption*/) override {}

@@ -6,8 +6,8 @@
 
 namespace quillbox {
 
-/// `value` as the 16-bit number that counts and positions are kept in; run-time error 6 when it
-/// does not fit.
+/// `value` as a 16-bit number, the type of counts and positions; run-time error 6 when it does not
+/// fit.
 constexpr std::int16_t checked16(int value) {
   if (value < INT16_MIN || value > INT16_MAX) throw RunTimeError(ErrorNumber::overflow);
   return static_cast<std::int16_t>(value);

@@ -15,7 +15,7 @@
 namespace quillbox {
 namespace {
 
-/// A missing file in a folder that exists is another error than a missing folder.
+/// A missing file in an existing folder is a different error from a missing folder.
 RunTimeError openError(int error, const std::string& path) {
   if (error == ENOENT) {
     std::error_code ignored;
@@ -26,8 +26,8 @@ RunTimeError openError(int error, const std::string& path) {
   return errorFromErrno(error, path);
 }
 
-/// Makes the name of a new file last. Not every folder can be opened or flushed; where it cannot,
-/// the name is as safe as the file system makes it.
+/// Makes the name of a new file durable. Not every folder can be opened or flushed; where it
+/// cannot, the name is as safe as the file system makes it.
 void flushFolderOf(const std::string& path) {
   const auto folder = std::filesystem::path(path).parent_path();
   const int descriptor =
@@ -37,7 +37,7 @@ void flushFolderOf(const std::string& path) {
   ::close(descriptor);
 }
 
-/// What stat or lstat answered.
+/// Evaluates what stat or lstat returned.
 bool isThere(int answer, const std::string& path) {
   if (answer == 0) return true;
   if (errno == ENOENT || errno == ENOTDIR) return false;
@@ -103,7 +103,7 @@ class DiskFile : public File {
   bool mayBeNew_;
 };
 
-// Not blocking, so that a pipe under a collection's name is an error and not a wait for ever.
+// Not blocking, so that a pipe under a collection's name is an error instead of waiting for ever.
 constexpr int kCommonFlags = O_CLOEXEC | O_NONBLOCK;
 
 constexpr mode_t kAnybody = 0666;  // less the user's mask
@@ -153,7 +153,7 @@ std::optional<std::string> DiskFileSystem::linkTarget(const std::string& path) {
   std::error_code error;
   const auto target = std::filesystem::read_symlink(path, error);
   if (!error) return (std::filesystem::path(path).parent_path() / target).string();
-  // EINVAL is what anything else than a link answers.
+  // EINVAL is the error for anything that is not a link.
   if (error.value() == EINVAL || error.value() == ENOENT || error.value() == ENOTDIR) return {};
   throw errorFromErrno(error.value(), path);
 }
@@ -170,7 +170,7 @@ void DiskFileSystem::remove(const std::string& path) {
 void DiskFileSystem::rename(const std::string& from, const std::string& to) {
   const auto result = [](int answer) { return answer == 0 ? 0 : errno; };
   int error = result(::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE));
-  if (error == EINVAL || error == ENOSYS) {  // a file system without that way of renaming
+  if (error == EINVAL || error == ENOSYS) {  // a file system that cannot rename this way
     struct stat status {};
     if (isThere(::lstat(to.c_str(), &status), to))
       throw RunTimeError(ErrorNumber::fileAlreadyExists, to);
@@ -191,7 +191,7 @@ void DiskFileSystem::exchange(const std::string& one, const std::string& other) 
     return flushFolderOf(other);
   const int error = errno;
   if (error != EINVAL && error != ENOSYS) throw openError(error, exists(one) ? other : one);
-  FileSystem::exchange(one, other);  // a file system without that way of renaming
+  FileSystem::exchange(one, other);  // a file system that cannot exchange names
   flushFolderOf(other);
 }
 

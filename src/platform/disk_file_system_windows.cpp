@@ -16,7 +16,7 @@
 namespace quillbox {
 namespace {
 
-/// Paths are UTF-8 everywhere else. Nothing for bytes that are none: no file has such a name.
+/// Paths are UTF-8 everywhere else. Nothing for bytes that are not UTF-8: no file has such a name.
 std::optional<std::wstring> systemName(const std::string& path) {
   if (path.empty()) return std::wstring();
   const int bytes = static_cast<int>(path.size());
@@ -34,8 +34,7 @@ std::wstring neededSystemName(const std::string& path) {
   return *std::move(name);
 }
 
-/// A name of the system's that is no proper Unicode gets a replacement character, and leads
-/// nowhere.
+/// A system name that is not valid Unicode gets a replacement character, and then leads nowhere.
 std::string fromSystem(std::wstring_view name) {
   if (name.empty()) return {};
   const int length = static_cast<int>(name.size());
@@ -46,8 +45,8 @@ std::string fromSystem(std::wstring_view name) {
   return path;
 }
 
-/// What the system fills a buffer with, however long it is; `call` returns the length that it has
-/// or, when the buffer is too short, at least the buffer's.
+/// What the system writes into a buffer, of any length; `call` returns the length written or, when
+/// the buffer is too short, at least the buffer's length.
 template <typename Call>
 std::optional<std::string> textOfSystem(const Call& call) {
   std::wstring text(MAX_PATH, L'\0');
@@ -78,10 +77,10 @@ class Handle {
   HANDLE handle_;
 };
 
-/// As on other platforms an open file can be opened again, renamed and deleted.
+/// As on other platforms, an open file can be opened again, renamed and deleted.
 constexpr DWORD kSharedWithAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-/// Opens whatever the name leads to, links followed, only to ask about it.
+/// Opens whatever the name leads to, following links, only to query it.
 Handle openToAsk(const std::wstring& name) {
   return Handle(::CreateFileW(name.c_str(), FILE_READ_ATTRIBUTES, kSharedWithAll, nullptr,
                               OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
@@ -93,26 +92,26 @@ std::optional<BY_HANDLE_FILE_INFORMATION> informationOf(const Handle& file) {
   return information;
 }
 
-/// The error of a name that leads nowhere.
+/// True for the errors of a name that leads nowhere.
 bool meansNothingThere(DWORD error) {
   return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND ||
          error == ERROR_DIRECTORY || error == ERROR_INVALID_NAME;
 }
 
-/// What a symbolic link holds, followed by its texts; the offsets count from there.
+/// The head of a symbolic link's data. Its texts follow; the offsets count from there.
 struct LinkHead {
   ULONG tag;
   USHORT length;
   USHORT reserved;
-  USHORT systemOffset;  ///< where it leads in the system's own words
+  USHORT systemOffset;  ///< the target as the system writes it
   USHORT systemLength;  ///< in bytes
-  USHORT shownOffset;   ///< and in those of whoever made it
+  USHORT shownOffset;   ///< the target as it is displayed
   USHORT shownLength;
   ULONG flags;
 };
 static_assert(sizeof(LinkHead) == 20);
 
-/// Who may do what with a file; empty on a file system that does not know.
+/// Who may do what with a file; empty on a file system without permissions.
 std::vector<std::byte> accessListOf(const std::string& path) {
   const std::wstring name = neededSystemName(path);
   const auto read = [&](std::vector<std::byte>& list, DWORD& size) {
@@ -130,7 +129,7 @@ std::vector<std::byte> accessListOf(const std::string& path) {
   return list;
 }
 
-/// The attributes of a file that another one takes over.
+/// The attributes of a file that another file takes over.
 DWORD attributesLike(const std::string& path) {
   constexpr DWORD kept = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
                          FILE_ATTRIBUTE_ENCRYPTED;
@@ -144,7 +143,7 @@ bool isFolder(const std::wstring& name) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
-/// The system calls a folder in a file's place a file that may not be touched.
+/// For a folder where a file is expected, the system reports that access is denied.
 RunTimeError fileError(DWORD error, const std::wstring& name, const std::string& path) {
   if (error == ERROR_ACCESS_DENIED && isFolder(name))
     return RunTimeError(ErrorNumber::pathFileAccess, path);
@@ -193,7 +192,7 @@ class DiskFile : public File {
   }
 
   void flush() override {
-    // The file system's journal keeps the name of a new file with the rest of what is known of it.
+    // The file system's journal saves the name of a new file with its other metadata.
     if (mayBeWritten_ && ::FlushFileBuffers(handle_.get()) == 0)
       throw errorFromWindows(::GetLastError(), path_);
   }
@@ -210,14 +209,14 @@ class DiskFile : public File {
     return place;
   }
 
-  /// As many bytes as one call takes.
+  /// As many bytes as one call accepts.
   template <typename Bytes>
   static DWORD sizeOf(const Bytes& bytes) {
     constexpr std::size_t most = 1U << 30U;
     return static_cast<DWORD>(std::min(bytes.size(), most));
   }
 
-  /// What may not be done with an open file is no question of permissions: it was opened for less.
+  /// What an open file refuses is not a question of permissions: it was opened for less.
   RunTimeError transferError(DWORD error) const {
     if (error == ERROR_ACCESS_DENIED) return RunTimeError(ErrorNumber::pathFileAccess, path_);
     return errorFromWindows(error, path_);
@@ -254,7 +253,7 @@ std::unique_ptr<File> DiskFileSystem::open(const std::string& path, OpenMode mod
   // Reading from a pipe or a console under a collection's name could wait for ever.
   if (::GetFileType(file.get()) != FILE_TYPE_DISK)
     throw RunTimeError(ErrorNumber::pathFileAccess, path);
-  // Asking for a new file in its place would be refused for one that is hidden.
+  // Asking for a new file in its place would be refused for a hidden one.
   if (mode == OpenMode::replace && ::SetEndOfFile(file.get()) == 0)
     throw errorFromWindows(::GetLastError(), path);
   return std::make_unique<DiskFile>(std::move(file), path, mode != OpenMode::read);
@@ -270,7 +269,7 @@ std::unique_ptr<File> DiskFileSystem::make(const std::string& path, const std::s
     if (!list.empty()) access.lpSecurityDescriptor = list.data();
     attributes = attributesLike(like);
   }
-  // A link of that name is not followed: it is in the way.
+  // A link of that name is not followed: the name is taken.
   Handle file(::CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE, kSharedWithAll, &access,
                             CREATE_NEW, attributes | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
   if (!file.isOpen()) {
@@ -312,7 +311,7 @@ std::optional<std::string> DiskFileSystem::linkTarget(const std::string& path) {
     return {};
   std::memcpy(&head, bytes.data(), sizeof head);
   if (head.tag != IO_REPARSE_TAG_SYMLINK) return {};
-  // Made by hand, it may lack the words that are shown.
+  // A link made by hand may lack the text that is displayed.
   const bool isShown = head.shownLength > 0;
   const std::size_t at = sizeof head + (isShown ? head.shownOffset : head.systemOffset);
   const std::size_t size = isShown ? head.shownLength : head.systemLength;
@@ -329,7 +328,7 @@ bool DiskFileSystem::isSameFile(const std::string& a, const std::string& b) {
   const auto nameOfA = systemName(a);
   const auto nameOfB = systemName(b);
   if (!nameOfA || !nameOfB) return false;
-  // Both are held open meanwhile: the number of a file that is gone may be another's.
+  // Both stay open meanwhile: the number of a file that is gone may be given to another.
   const Handle fileA = openToAsk(*nameOfA);
   const Handle fileB = openToAsk(*nameOfB);
   const auto ofA = informationOf(fileA);
@@ -371,14 +370,14 @@ void DiskFileSystem::setCurrentFolder(const std::string& folder) {
     throw folderError(name ? ::GetLastError() : ERROR_INVALID_NAME, folder);
 }
 
-/// The system takes ".." by the text, too, before it looks for links.
+/// The system, too, resolves ".." in the text before it follows links.
 std::string DiskFileSystem::resolvedFolder(const std::string& folder) {
   const auto name = systemName(folder);
   if (!name || !isFolder(*name)) throw RunTimeError(ErrorNumber::pathNotFound, folder);
   auto full = textOfSystem([&](DWORD size, wchar_t* into) {
     return ::GetFullPathNameW(name->c_str(), size, into, nullptr);
   });
-  // A separator at the end stays there; it belongs to the root of a drive alone.
+  // A separator at the end is kept only after the root of a drive.
   constexpr std::size_t root = 3;
   if (full && full->size() > root && full->back() == '\\') full->pop_back();
   return full ? *full : folder;
@@ -407,7 +406,7 @@ std::vector<FolderEntry> DiskFileSystem::list(const std::string& folder) {
   while (error == ERROR_SUCCESS) {
     const std::string name = fromSystem(entry.cFileName);
     DWORD attributes = entry.dwFileAttributes;
-    if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {  // a link: what does it lead to?
+    if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {  // a link: what is its target?
       const auto target = informationOf(openToAsk(neededSystemName(joinPath(folder, name))));
       attributes = target ? target->dwFileAttributes : FILE_ATTRIBUTE_DEVICE;
     }

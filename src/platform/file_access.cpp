@@ -11,10 +11,10 @@
 namespace quillbox {
 namespace {
 
-/// The attribute that lists more users and groups than a file's mode can.
+/// The attribute with an access list, for more users and groups than a file's mode covers.
 constexpr const char* kAccessList = "system.posix_acl_access";
 
-/// What `read` fills a buffer with, however long it is; nothing when it fails.
+/// What `read` writes into a buffer, of any length; nothing when it fails.
 template <typename Read>
 std::optional<std::string> textOf(const Read& read) {
   std::string text;
@@ -40,10 +40,10 @@ bool setAttribute(int descriptor, const char* name, const std::string& value) {
   return ::fsetxattr(descriptor, name, value.data(), value.size(), 0) == 0;
 }
 
-/// The error of an attribute that is not there, or of a file system without any.
+/// The error of a missing attribute, or of a file system without attributes.
 bool meansNone(int error) { return error == ENODATA || error == ENOTSUP || error == ENOSYS; }
 
-/// Attributes are told apart by names that follow one another, each with a zero byte at its end.
+/// Copies the attributes; their names come one after another, each ended by a zero byte.
 void takeAttributesOf(const std::string& like, int descriptor) {
   const auto names =
       textOf([&](char* into, std::size_t size) { return ::listxattr(like.c_str(), into, size); });
@@ -55,15 +55,15 @@ void takeAttributesOf(const std::string& like, int descriptor) {
   }
 }
 
-/// True when both files have the same list, or none; a new file may have got one from its folder.
+/// True when both have the same access list, or none; a new file may inherit one from its folder.
 bool takesAccessListOf(const std::string& like, int descriptor, bool hasOwner) {
   const auto list = attributeOf(like, kAccessList);
   if (list) return hasOwner && setAttribute(descriptor, kAccessList, *list);
   return meansNone(errno) && (::fremovexattr(descriptor, kAccessList) == 0 || meansNone(errno));
 }
 
-/// The permissions of a file that has another owner now, and maybe another group: who was its owner
-/// may be any of the others by now, and so may who was of its group.
+/// The permissions of a file whose owner, and perhaps group, has changed: the former owner may now
+/// be any other user, and so may the members of the former group.
 mode_t withoutOwner(mode_t mode, bool hasGroup) {
   const mode_t owner = mode >> 6U & 07U;
   const mode_t group = mode >> 3U & owner;

@@ -11,16 +11,16 @@
 namespace quillbox {
 namespace {
 
-/// As many links as a system follows.
+/// The number of links that a system follows.
 constexpr std::size_t kMostLinks = 40;
 
-/// The folder is empty where the path has none.
+/// The folder is empty when the path has none.
 struct Place {
   std::string folder;
   std::string name;
 };
 
-/// Taken apart as the platform does it, as these are its own names.
+/// Split as the platform does it, because these are its own names.
 Place placeOf(const std::string& path) {
   const auto last = path.find_last_of(kPlatformPaths.separators);
   if (last == std::string::npos) return {"", path};
@@ -31,8 +31,8 @@ bool holdsDotDot(const std::string& folder) {
   return std::string("/").append(folder).find("/../") != std::string::npos;
 }
 
-/// The path and each name that its links lead through, last the one that is no link. Links that
-/// lead round and round are the error that opening them would be.
+/// The path and each name its links lead through; the last one is no link. A cycle of links gives
+/// the same error as opening it.
 std::vector<std::string> namesBehind(FileSystem& files, const std::string& path) {
   std::vector<std::string> names = {path};
   while (const auto target = files.linkTarget(names.back())) {
@@ -42,7 +42,7 @@ std::vector<std::string> namesBehind(FileSystem& files, const std::string& path)
   return names;
 }
 
-/// Whether both are the same name in the same folder, on a disk that may not tell capitals apart.
+/// Whether both are the same name in the same folder, on a disk that may ignore case.
 bool isSameName(FileSystem& files, const std::string& a, const std::string& b) {
   const Place placeA = placeOf(a);
   const Place placeB = placeOf(b);
@@ -65,13 +65,13 @@ class Move {
       const bool inTheWay = error.number() == ErrorNumber::fileAlreadyExists;
       if (!inTheWay || old_ == OldBackup::stopsTheWork || leadsThrough(backup)) throw;
     }
-    // The old backup may be all there is on the disk of what the file holds.
+    // The old backup may be the only durable copy of what the file holds.
     files_.open(file(), OpenMode::read)->flush();
     files_.remove(backup);
     files_.rename(file(), backup);
   }
 
-  /// False when the file lies on another file system.
+  /// False when the file is on another file system.
   bool reaches(const std::string& backup) {
     try {
       to(backup);
@@ -79,7 +79,7 @@ class Move {
     } catch (const RunTimeError& error) {
       if (error.number() != ErrorNumber::differentDrive) throw;
     }
-    // Renaming within one file system would have said so.
+    // Within one file system, renaming would have reported it.
     if (old_ == OldBackup::stopsTheWork && (files_.linkTarget(backup) || files_.exists(backup)))
       throw RunTimeError(ErrorNumber::fileAlreadyExists, backup);
     return false;

@@ -14,8 +14,8 @@ namespace quillbox {
 enum class OpenMode {
   read,    ///< reading only; the file must exist
   update,  ///< reading and writing; the file must exist
-  create,  ///< reading and writing; made empty when it does not exist
-  replace  ///< writing; made empty, whatever was there before
+  create,  ///< reading and writing; created empty when it does not exist
+  replace  ///< writing; emptied, whatever it held before
 };
 
 /// An open file. Every operation that fails throws a RunTimeError with the file's path.
@@ -23,18 +23,18 @@ class File {
  public:
   virtual ~File() = default;
 
-  /// Reads into all of `into` from byte `offset` on; returns the number of bytes that were there,
-  /// which is less than asked only at the end of the file.
+  /// Reads into all of `into`, from byte `offset` on; returns the number of bytes read, which is
+  /// less than `into` holds only at the end of the file.
   virtual std::size_t readAt(std::uint64_t offset, std::span<std::byte> into) = 0;
 
   /// Writes all of `from`; a gap before `offset` reads as zeros.
   virtual void writeAt(std::uint64_t offset, std::span<const std::byte> from) = 0;
 
-  /// Returns when what was written, and the name of a file just made, will survive a power cut.
+  /// Returns once what was written, and the name of a new file, will survive a power cut.
   virtual void flush() = 0;
 
-  /// Closes the file; called once, by whoever wants to hear of a failure. Destroying an open file
-  /// closes it in silence.
+  /// Closes the file and reports a failure; called at most once. The destructor closes an open file
+  /// and ignores failures.
   virtual void close() = 0;
 };
 
@@ -44,7 +44,7 @@ struct FolderEntry {
   bool isPlainFile = false;  ///< not a folder, a pipe or a device
 };
 
-/// The file operations that can fail, so that a test can fail each of them. Paths are the
+/// The file operations that can fail, so that a test can make each of them fail. Paths are the
 /// platform's own bytes.
 class FileSystem {
  public:
@@ -52,17 +52,17 @@ class FileSystem {
 
   virtual std::unique_ptr<File> open(const std::string& path, OpenMode mode) = 0;
 
-  /// Makes a file for reading and writing. Run-time error 58 when the name is taken, by a link that
-  /// leads nowhere, too. Unless `like` is empty, the file gets that file's permissions, and its
-  /// owner and extended attributes where the system lets it; at no moment can anybody read it who
-  /// cannot read that one.
+  /// Creates a file for reading and writing. Run-time error 58 when the name is taken, even by a
+  /// link that leads nowhere. Unless `like` is empty, the file gets that file's permissions, and
+  /// its owner and extended attributes where the system permits it; at no time can anybody read it
+  /// who cannot read that file.
   virtual std::unique_ptr<File> make(const std::string& path, const std::string& like) = 0;
 
-  /// True when the name leads to something, whatever it is.
+  /// True when the name leads to anything at all.
   virtual bool exists(const std::string& path) = 0;
 
-  /// Where a symbolic link says that it leads, as a path from where `path` is taken from; nothing
-  /// when the name is no link. Nothing need be there.
+  /// The target of a symbolic link as it is written, relative to where `path` is; nothing when the
+  /// name is no link. There need be nothing at the target.
   virtual std::optional<std::string> linkTarget(const std::string& path) = 0;
 
   /// True when both names lead to the same file; false when either leads nowhere.
@@ -71,27 +71,26 @@ class FileSystem {
   /// Deletes a file (never a folder), or a link itself; it must exist.
   virtual void remove(const std::string& path) = 0;
 
-  /// Renames within one file system; a link is renamed itself. Never copies and never overwrites:
-  /// a `to` that is taken is run-time error 58 with `to` as its file, a missing folder 76 with
-  /// `to`, another file system 74. Where the folder is another one, the new name will survive a
-  /// power cut.
+  /// Renames within one file system; a link itself is renamed. Never copies and never overwrites:
+  /// run-time error 58 with `to` as its file when `to` exists, 76 with `to` for a missing folder,
+  /// 74 for another file system. When the folder changes, the new name will survive a power cut.
   virtual void rename(const std::string& from, const std::string& to) = 0;
 
-  /// Gives each of two files of one folder the other's name; both must exist. Where the system can,
-  /// at no moment is either name without a file, and the names will survive a power cut. Elsewhere
-  /// it is three renames by way of a spare name, and one that fails is taken back.
+  /// Exchanges the names of two files in one folder; both must exist. Where the system can, neither
+  /// name is ever without a file, and the names will survive a power cut. Elsewhere it takes three
+  /// renames through a spare name, and undoes them when one fails.
   virtual void exchange(const std::string& one, const std::string& other);
 
   virtual std::string currentFolder() = 0;
   virtual void setCurrentFolder(const std::string& folder) = 0;
 
-  /// The full path of a folder as the system finds it, links and ".." followed one after the other.
+  /// The full path of a folder as the system resolves it: links and ".." in their order.
   virtual std::string resolvedFolder(const std::string& folder) = 0;
 
-  /// The folder the program itself lies in.
+  /// The folder the program is in.
   virtual std::string programFolder() = 0;
 
-  /// What a folder holds, hidden entries included, in the order it gives them.
+  /// The entries of a folder, hidden ones included, in the order the system lists them.
   virtual std::vector<FolderEntry> list(const std::string& folder) = 0;
 };
 

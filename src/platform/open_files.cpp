@@ -16,7 +16,7 @@ int OpenFiles::make(int number, const std::string& path, const std::string& like
   return number;
 }
 
-/// The number, with nothing open under it any more.
+/// The number, after closing what was open under it.
 int OpenFiles::freed(int number) {
   if (number != file_number::fresh) {
     close(number);
@@ -28,7 +28,7 @@ int OpenFiles::freed(int number) {
 }
 
 void OpenFiles::close(int number) {
-  // Out of the table first: a file that fails to close is closed all the same.
+  // Removed from the table first: a file that fails to close is closed all the same.
   const auto file = std::exchange(table_.at(static_cast<std::size_t>(number)), nullptr);
   if (file) file->close();
 }

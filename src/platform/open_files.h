@@ -8,27 +8,27 @@
 
 namespace quillbox {
 
-/// File numbers with a role of their own; fresh numbers are given out below them.
+/// File numbers with a role of their own; fresh numbers are below them.
 namespace file_number {
-inline constexpr int fresh = 0;  ///< stands for "the lowest free number"
+inline constexpr int fresh = 0;  ///< means "the lowest free number"
 inline constexpr int exportFile = 253;
 inline constexpr int spool = 254;
 inline constexpr int collection = 255;
 }  // namespace file_number
 
-/// The table of open file numbers, 1 to 255. "Close every open file" closes what it holds.
+/// The table of open file numbers, 1 to 255. "Close every open file" closes what is in it.
 class OpenFiles {
  public:
   explicit OpenFiles(FileSystem& files) : files_(files) {}
 
   FileSystem& fileSystem() { return files_; }
 
-  /// Opens `path` under `number`, or under the lowest free number; returns the number. Opening a
-  /// number that is open closes the old file first.
+  /// Opens `path` under `number`, or under the lowest free number; returns the number. If the
+  /// number is open, its old file is closed first.
   int open(int number, const std::string& path, OpenMode mode);
 
-  /// Makes `path` as FileSystem::make does and opens it under `number`, or under the lowest free
-  /// one; returns the number.
+  /// Creates `path` as FileSystem::make does and opens it under `number`, or under the lowest free
+  /// number; returns the number.
   int make(int number, const std::string& path, const std::string& like);
 
   bool isOpen(int number) const { return slot(number) != nullptr; }
@@ -36,10 +36,10 @@ class OpenFiles {
   /// The file open under `number`, which must be open.
   File& file(int number) { return *slot(number); }
 
-  /// Closes the number and reports a failure; a number that is not open is no error.
+  /// Closes the number and reports a failure; closing a number that is not open is no error.
   void close(int number);
 
-  /// Closes everything, in silence.
+  /// Closes everything and ignores failures.
   void closeAll();
 
  private:

@@ -23,10 +23,10 @@ bool areAlike(std::string_view a, std::string_view b) {
                     [](char one, char other) { return asciiCapital(one) == asciiCapital(other); });
 }
 
-/// What the names of a path are counted from.
+/// What a path is relative to.
 struct Root {
   std::string_view place;  ///< a drive or a share; empty for the current one
-  bool isRooted = false;   ///< from the root folder on, not from the current one
+  bool isRooted = false;   ///< from the root folder, not the current one
   std::string_view below;  ///< the rest of the path
 };
 
@@ -94,7 +94,7 @@ std::string nameWithEnding(std::string_view path, std::string_view ending) {
 bool matchesPattern(std::string_view name, std::string_view pattern) {
   std::size_t at = 0;
   std::size_t in = 0;
-  std::size_t star = std::string_view::npos;  // the last "*" met, and where its run ends now
+  std::size_t star = std::string_view::npos;  // the last "*" so far, and where its run ends
   std::size_t runEnd = 0;
   while (at < name.size()) {
     if (in < pattern.size() && pattern[in] == '*') {
@@ -157,7 +157,7 @@ std::string fullPath(std::string_view path, std::string_view currentFolder,
   std::string full(root.place);
   if (root.isRooted) full += separator;
   for (const std::string_view name : names) full.append(name).push_back(separator);
-  // What was written as a folder stays one.
+  // A path written as a folder remains one.
   const std::string_view last = root.below.substr(root.below.find_last_of(rules.separators) + 1);
   const bool isFolder = names.empty() || last.empty() || last == "." || last == "..";
   if (!isFolder) full.pop_back();

@@ -7,8 +7,8 @@ namespace quillbox {
 
 /// How a platform writes a path.
 struct PathRules {
-  std::string_view separators;  ///< what parts names; the first one joins them
-  bool hasDrives;               ///< "C:" and "\\server\share" tell where a path begins
+  std::string_view separators;  ///< separate names; the first one joins them
+  bool hasDrives;               ///< a path may begin with "C:" or "\\server\share"
 };
 inline constexpr PathRules kUnixPaths = {"/", false};
 inline constexpr PathRules kWindowsPaths = {"\\/", true};
@@ -25,33 +25,33 @@ std::string_view fileNameOf(std::string_view path);
 /// and that of a drive keep their separator.
 std::string_view folderOf(std::string_view path);
 
-/// The file name of what is made from `path`: its own without its last ending, and `ending`
-/// instead. Empty when nothing stands before that ending.
+/// The name of a file made from `path`: the file name with its last ending replaced by `ending`.
+/// Empty when nothing precedes that ending.
 std::string nameWithEnding(std::string_view path, std::string_view ending);
 
-/// Whether a file name matches a pattern of "*" (any run) and "?" (any one character), capitals and
-/// small letters alike.
+/// Whether a file name matches a pattern of "*" (any run) and "?" (any one character); case is
+/// ignored.
 bool matchesPattern(std::string_view name, std::string_view pattern);
 
-/// The last three characters of `path` in capitals: what tells a collection's kind. No dot is
-/// needed; a shorter path gives all of itself.
+/// The last three characters of `path` in capitals, which identify a collection's kind. No dot is
+/// needed; a shorter path is returned whole.
 std::string extensionOf(std::string_view path);
 
-/// The name a collection is kept under while it is rewritten: `path` up to and including its first
-/// "." (one in a folder's name counts), then `ending`. A path without "." gives `ending` alone, a
-/// file in the current folder.
+/// The name a collection has while it is rewritten: `path` up to and including its first "." (one
+/// in a folder's name counts), then `ending`. A path without "." gives `ending` alone, a file in
+/// the current folder.
 std::string backupPath(std::string_view path, std::string_view ending);
 
 /// `folder` and `name` with one separator between them, so an empty folder is the root folder.
 std::string joinPath(std::string_view folder, std::string_view name,
                      const PathRules& rules = kPlatformPaths);
 
-/// True when `path` names a drive or starts at the root folder; where there are drives, both.
+/// True when `path` begins at the root folder and, where there are drives, names one.
 bool isFullPath(std::string_view path, const PathRules& rules = kPlatformPaths);
 
-/// `path` below `currentFolder`, with "." and ".." resolved. A path on another drive than the
-/// current folder's, but not from its root folder on, stays below the folder that the system
-/// remembers for that drive.
+/// `path` relative to `currentFolder`, with "." and ".." resolved. A path with another drive than
+/// the current folder's and no root stays relative to the folder that the system remembers for that
+/// drive.
 std::string fullPath(std::string_view path, std::string_view currentFolder,
                      const PathRules& rules = kPlatformPaths);
 

@@ -6,7 +6,7 @@
 
 namespace quillbox {
 
-/// The platform's run-time errors that Quillbox can meet, by the number users see.
+/// The run-time errors that Quillbox can meet, by the number users see.
 enum class ErrorNumber : int {
   overflow = 6,
   typeMismatch = 13,
@@ -22,8 +22,8 @@ enum class ErrorNumber : int {
   pathNotFound = 76,
 };
 
-/// An operation that could not be done. Thrown by the core, turned into its message box in one
-/// place (Program::run), and otherwise swallowed only where errors are ignored on purpose.
+/// An operation that failed. The core throws it, and one place (Program::run) turns it into a
+/// message box; elsewhere it is caught only where errors are ignored on purpose.
 class RunTimeError : public std::exception {
  public:
   /// `file` is the path the operation worked on; empty when no file is involved.
@@ -36,10 +36,10 @@ class RunTimeError : public std::exception {
   /// below it the file if there is one.
   const std::string& message() const { return message_; }
 
-  /// What was added to the message, one paragraph after the other.
+  /// What was added to the message, one paragraph after another.
   const std::string& notes() const { return notes_; }
 
-  /// Adds a paragraph to the message: what the user must know besides the error itself.
+  /// Adds a paragraph to the message: what the user must know besides the error.
   void addNote(std::string_view note);
 
   const char* what() const noexcept override { return message_.c_str(); }
@@ -51,24 +51,24 @@ class RunTimeError : public std::exception {
   std::string notes_;
 };
 
-/// The text that belongs to an error's number: "File not found".
+/// The text for an error's number, such as "File not found".
 const char* standardText(ErrorNumber number);
 
 /// The run-time error for a failed system call.
 RunTimeError errorFromErrno(int error, const std::string& file);
 
-/// Makes a call whose run-time errors are ignored on purpose; it ends where it fails.
+/// Makes a call whose run-time errors are ignored on purpose; the first one ends the call.
 template <typename Call>
 void ignoringErrors(const Call& call) {
   try {
     call();
   } catch (const RunTimeError&) {
-    // What the call is for goes on without it.
+    // What follows the call does not depend on it.
   }
 }
 
-/// Unwinds to the end of the running handler, where the program is ended at once: files closed,
-/// nothing saved, nothing asked. Never caught anywhere else.
+/// Unwinds to the end of the running handler, where the program ends at once: files are closed,
+/// nothing is saved, nothing is asked. Only Program::run catches it.
 struct ProgramEnd {};
 
 /// Ends the program at once.

@@ -15,14 +15,14 @@ TextWriter::TextWriter(OpenFiles& files, const std::string& path, int number)
     : files_(files), number_(files.open(number, path, OpenMode::replace)), buffer_(kBufferBytes) {}
 
 TextWriter::~TextWriter() {
-  // Whoever wants to hear of a failure calls close().
+  // Callers that need to know of a failure call close().
   if (closed_) return;
   ignoringErrors([this] { writeBuffer(); });
   ignoringErrors([this] { files_.close(number_); });
 }
 
-/// Returns what is left of the text, which the buffer has room for. Only whole buffers are written,
-/// so that the system never gets a part of one of its pages.
+/// Returns the rest of the text, which fits into the buffer. Only whole buffers are written, so
+/// that the system always gets whole pages.
 std::string_view TextWriter::writeFullBuffers(std::string_view text) {
   while (text.size() > buffer_.size() - filled_) {
     const std::size_t taken = text.copy(buffer_.data() + filled_, buffer_.size() - filled_);

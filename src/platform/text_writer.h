@@ -9,8 +9,8 @@
 
 namespace quillbox {
 
-/// A text file that is written from front to back and replaces what was there before. Whoever ends
-/// without close() has had a failure: what is in the file then is unfinished.
+/// A text file that is written from beginning to end and replaces what was there before. If close()
+/// was not called or failed, the contents of the file are incomplete.
 class TextWriter {
  public:
   TextWriter(OpenFiles& files, const std::string& path, int number);
@@ -23,7 +23,7 @@ class TextWriter {
     filled_ += text.copy(buffer_.data() + filled_, text.size());
   }
 
-  /// Writes what is left and closes the file.
+  /// Writes the rest and closes the file.
   void close();
 
  private:

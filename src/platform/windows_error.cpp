@@ -6,7 +6,7 @@
 namespace quillbox {
 namespace {
 
-constexpr DWORD kQuotaExceeded = 1295;  // ERROR_DISK_QUOTA_EXCEEDED, which not every header has
+constexpr DWORD kQuotaExceeded = 1295;  // ERROR_DISK_QUOTA_EXCEEDED, which some headers lack
 
 ErrorNumber numberFromWindows(DWORD error) {
   switch (error) {

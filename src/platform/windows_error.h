@@ -6,7 +6,7 @@
 
 namespace quillbox {
 
-/// The run-time error for a failed call of Windows; `error` is what GetLastError() gave.
+/// The run-time error for a failed call of Windows; `error` is the result of GetLastError().
 RunTimeError errorFromWindows(unsigned long error, const std::string& file);
 
 }  // namespace quillbox

@@ -11,14 +11,14 @@
 namespace quillbox {
 namespace {
 
-/// What becomes of an item.
+/// What is written for an item.
 enum class ExportedAs { linePerEntry, nothing, number };
 
 struct ExportRules {
   EditorForm editor;
   ExportedAs items = ExportedAs::linePerEntry;
-  std::span<const Field* const> fields = {};  ///< at the start of each line
-  const Field* list = nullptr;                ///< its entries end the lines
+  std::span<const Field* const> fields = {};  ///< at the beginning of each line
+  const Field* list = nullptr;                ///< its entries are at the end of the lines
 };
 
 constexpr const Field* kMusicStart[] = {musicField("Artist"), musicField("Album")};
@@ -36,7 +36,7 @@ constexpr ExportRules kRules[] = {
 };
 
 /// An entry is filled unless it begins with a zero byte; one of blanks is an empty field. Returns
-/// how many are.
+/// the number of filled entries.
 int writeEntries(TextWriter& file, const ExportRules& rules, std::span<const std::byte> record) {
   std::string start = "\"";
   for (const Field* field : rules.fields)

@@ -12,7 +12,7 @@
 namespace quillbox {
 namespace {
 
-constexpr int kLineLength = 60;  // characters; a longer line is cut by the window
+constexpr int kLineLength = 60;  // characters; the window cuts longer lines
 constexpr int kMillisecondsBetweenRepaints = 33;
 
 }  // namespace
@@ -25,7 +25,7 @@ frmRecDisp::frmRecDisp(Program& program) : Form(program, "frmRecDisp") {
   text_->setObjectName(QStringLiteral("lblLines"));
   text_->setTextFormat(Qt::PlainText);
   text_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-  // The text must not widen the window: a long path is cut, not followed.
+  // The text must not widen the window: a long path is cut.
   text_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   text_->setFixedHeight(fontMetrics().lineSpacing() * static_cast<int>(lines_.size()));
   page->setMinimumWidth(fontMetrics().averageCharWidth() * kLineLength);
@@ -43,7 +43,7 @@ frmRecDisp::frmRecDisp(Program& program) : Form(program, "frmRecDisp") {
 
 void frmRecDisp::Form_Load() { setCaption(QStringLiteral("Printing Status...")); }
 
-/// Whatever is done with the board first loads it.
+/// Any use of the board loads it first.
 void frmRecDisp::load() {
   if (!std::exchange(isLoaded_, true)) Form_Load();
 }
@@ -68,7 +68,7 @@ void frmRecDisp::setBoardCaption(const std::string& caption) {
 
 void frmRecDisp::clear() { printed_ = 0; }
 
-/// Most lines are never seen: they are made into what the window shows only when it is painted.
+/// Most lines are never seen: they are converted only when the window is painted.
 void frmRecDisp::print(const std::string& line) {
   lines_.at(printed_++ % lines_.size()) = line;
   repaintIfDue();

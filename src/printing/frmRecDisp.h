@@ -41,13 +41,13 @@ class frmRecDisp : public Form, public Board {
 
   QLabel* text_;
   QProgressBar* bar_;
-  std::array<std::string, 12> lines_;  // the last ones, as many as fit, over and over
+  std::array<std::string, 12> lines_;  // the last lines, in a ring
   bool isLoaded_ = false;
-  std::size_t printed_ = 0;  // since the board was cleared
+  std::size_t printed_ = 0;  // since the board was last cleared
   int done_ = 0;
   int total_ = 0;
   QElapsedTimer sinceRepaint_;
-  QTimer last_;  // shows what was printed last, as soon as the work lets it
+  QTimer last_;  // shows the last line as soon as the work allows it
 };
 
 }  // namespace quillbox

@@ -24,7 +24,7 @@ constexpr std::size_t kSeparatorWidth = 70;
 
 const char* yesOrNo(int flag) { return flag == 1 ? "Yes" : "No"; }
 
-/// Makes `line` a label as a line begins with it; the value starts in column 21.
+/// Puts a label at the beginning of `line`; the value starts in column 21.
 std::string& startLine(std::string& line, std::string_view label) {
   line.assign(label.substr(0, kLabelWidth)).resize(kLabelWidth, ' ');
   return line.append(": ");
@@ -35,7 +35,7 @@ std::string startOfLine(std::string_view label) {
   return startLine(start, label);
 }
 
-/// The lines of one block, in order. They are filled in place, as there may be millions.
+/// The lines of one block, in order. They are filled in place, because there may be millions.
 class Block {
  public:
   explicit Block(PrintLines& lines) : lines_(lines) {}

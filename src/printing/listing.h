@@ -18,20 +18,20 @@ using ListingTexts = RecordTexts;
 
 struct ListingRules;
 
-/// How the items of a kind are listed: a block of lines for each.
+/// How the items of a kind are listed: one block of lines for each.
 class Listing {
  public:
   Listing(const CollectionKind& kind, ListingTexts texts);
 
-  /// The heading of every page, up to the page's number.
+  /// The heading of every page, before the page number.
   std::string pageHeading() const;
 
-  /// The first line of a text file; nothing for a media-file code that there is none for. The code
-  /// is 0 for other kinds.
+  /// The first line of a text file; nothing for a media-file code without one. The code is 0 for
+  /// other kinds.
   std::optional<std::string> fileHeading(int mediaCode) const;
 
-  /// Puts the block of item `item` of `count` into the lines 1 on; returns how many those are. An
-  /// item with the marker that listings of the kind know is one line.
+  /// Writes the block of item `item` of `count` to lines 1 and following; returns the number of
+  /// lines. An item with the deleted marker that the kind's listings know is one line.
   std::int16_t block(std::span<const std::byte> record, int item, int count,
                      PrintLines& lines) const;
 
@@ -45,9 +45,8 @@ class Listing {
   std::vector<std::string> entryStarts_;  // of the lines of a group
 };
 
-/// Begins a printout, gives the engine a block for each item of the open collection and returns the
-/// number of pages.
-/// An item that cannot be read is blank; whatever else fails is left out.
+/// Begins a printout, passes the engine a block for each item of the open collection and returns
+/// the number of pages. An item that cannot be read is blank; other failures are ignored.
 std::int16_t composePages(OpenFiles& files, const OpenCollection& collection,
                           const CollectionKind& kind, const Listing& listing, std::int16_t mode,
                           PrintEngine& engine, Board& board);

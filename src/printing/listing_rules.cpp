@@ -5,7 +5,7 @@
 namespace quillbox {
 namespace {
 
-// The labels are spelled as people have them on paper, "Aquisition" included.
+// The labels are spelled as in existing listings, including "Aquisition".
 constexpr ListingLine kMusicLines[] = {
     {"Artist", musicField("Artist")},
     {"Album Title", musicField("Album")},
@@ -52,7 +52,7 @@ constexpr ListingLine kComicLines[] = {
     {"First Appearance", comicField("FirstApp")},
     {"Bagged", comicField("Bagged")},
     {"Boarded", comicField("Boarded")},
-    {"Notes", nullptr},  // stands above the notes, and when there are none
+    {"Notes", nullptr},  // above the notes, even when there are none
 };
 
 constexpr ListingLine kBookLines[] = {
@@ -84,7 +84,7 @@ constexpr ListingRules kRules[] = {
      .lines = kMusicLines,
      .group = {"Song List", "Song ", musicField("Songs")},
      .showsLoan = true},
-    // Text files of videos have always been headed as music.
+    // Text files of videos have always had the heading for music.
     {.editor = EditorForm::video,
      .deletedMarker = "DELETED",
      .pageHeading = " - Video Collection Printout Page #",
@@ -97,7 +97,7 @@ constexpr ListingRules kRules[] = {
      .fileHeadings = kSoftwareHeading,
      .lines = kSoftwareLines,
      .group = {"Program List", "Program ", softwareField("Programs")}},
-    // The music editor's marker, so that a deleted comic is listed in full. Two blanks in "Note  ".
+    // The music editor's marker, so a deleted comic is listed in full. "Note  " has two blanks.
     {.editor = EditorForm::comics,
      .deletedMarker = "DETELED",
      .pageHeading = " - Comic Collection Printout Page #",

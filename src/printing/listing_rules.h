@@ -7,15 +7,15 @@
 
 namespace quillbox {
 
-/// A line of a block: a label and the value of a field, or none.
+/// A line of a block: a label and the value of a field, or no value.
 struct ListingLine {
   std::string_view label;
   const Field* field;
 };
 
-/// The entries of a list field that are filled, each a line of its own.
+/// The filled entries of a list field, each on a line of its own.
 struct ListingGroup {
-  std::string_view heading;  ///< a line above them, where there is one and any entry is filled
+  std::string_view heading;  ///< a line above them, if given and any entry is filled
   std::string_view label;    ///< of an entry, before its number
   const Field* field = nullptr;
 };
@@ -23,9 +23,9 @@ struct ListingGroup {
 /// How the collections of an editor are listed.
 struct ListingRules {
   EditorForm editor;
-  std::string_view deletedMarker;  ///< the one that is looked for, not always the editor's own
+  std::string_view deletedMarker;  ///< the marker checked for, not always the editor's own
   std::string_view pageHeading;
-  std::span<const std::string_view> fileHeadings;  ///< of the media-file codes from 1, or the only
+  std::span<const std::string_view> fileHeadings;  ///< by media-file code from 1, or the only one
   std::span<const ListingLine> lines;
   ListingGroup group = {};
   bool showsLoan = false;

@@ -31,7 +31,7 @@ std::string_view textOfPage(std::span<const std::byte> record) {
   return {reinterpret_cast<const char*>(record.data()), record.size()};
 }
 
-/// What is printed while it lives is handed over as a whole, or not at all.
+/// What is printed during its lifetime is sent as a whole, or not at all.
 class Document {
  public:
   explicit Document(Printer& printer) : printer_(printer) {}
@@ -55,7 +55,7 @@ class Document {
   bool ended_ = false;
 };
 
-/// To the nearest whole number, an exact half to the even one.
+/// Rounded to the nearest whole number, an exact half to the even one.
 std::int16_t rounded(double value) {
   constexpr double largest = INT16_MAX;
   if (!(std::abs(value) <= largest)) throw RunTimeError(ErrorNumber::overflow);
@@ -84,13 +84,13 @@ void PrintEngine::OpenPrinter(std::int16_t& mode) {
     const auto dot = fileName_.find('.');
     if (dot != std::string::npos) fileName_.replace(dot + 1, std::string::npos, "txt");
     mode = print_mode::textFile;
-    // Before a name was ever chosen the collection's is offered, and not taken unless it is chosen.
+    // Until a name has been chosen, the collection's is offered; it is used only if chosen.
     const std::string offered =
         fileName_.empty() ? nameWithEnding(state_.currentPath, "txt") : fileName_;
     const FileDialog dialog{"Print to FileName", "Text File (*.txt)|*.txt", offered};
     if (const auto chosen = desktop_.saveDialog(dialog)) fileName_ = *chosen;
   } catch (const RunTimeError&) {
-    // No printer is no reason not to compose the pages.
+    // Without a printer, the pages are still composed.
   }
 }
 
@@ -114,14 +114,14 @@ void PrintEngine::PrintData(PrintLines& lines, std::int16_t& count, std::int16_t
   writePage();
 }
 
-/// The spool file stays open from block to block; the program's end, or leaving the collection, may
+/// The spool file stays open between blocks; ending the program, or leaving the collection, may
 /// have closed it.
 void PrintEngine::openSpool() {
   if (spool_ && state_.files.isOpen(file_number::spool)) return;
   const OpenMode mode = holdsOldPages_ ? OpenMode::replace : OpenMode::create;
   spool_.emplace(state_.files, kSpoolName, kPageLength, mode, file_number::spool);
   holdsOldPages_ = false;
-  isChanged_ = true;  // it may be a new file
+  isChanged_ = true;  // the file may be new
 }
 
 void PrintEngine::writePages() {
@@ -130,7 +130,7 @@ void PrintEngine::writePages() {
   pages_.writeTo(*spool_);
 }
 
-/// Writes the pages that are left. Whatever fails, the file is closed.
+/// Writes the remaining pages. Even if that fails, the file is closed.
 void PrintEngine::closeSpool() {
   try {
     writePages();
@@ -143,7 +143,7 @@ void PrintEngine::closeSpool() {
 }
 
 void PrintEngine::reset(PrintLines& lines) {
-  // All that cannot fail comes first: what may be refused must not take the next heading away.
+  // What cannot fail comes first: a failure below must not affect the next heading.
   pages_.clear();
   now_.page = 0;
   setPageText({});
@@ -178,7 +178,7 @@ void PrintEngine::addBlock(PrintLines& lines, std::int16_t count, std::int16_t m
     addLines(lines, count);
     now_.lineCount = now_.linesOnPage;
   } else {
-    // The next page counts as holding what this one held before the block: `now_.lineCount` stays.
+    // The next page starts with this one's count before the block: `now_.lineCount` stays.
     addLines(lines, count);
     startNextPage(lines, mode);
   }
@@ -196,7 +196,7 @@ void PrintEngine::addLine(std::string& line) {
   if (line.empty()) return;
   isChanged_ = true;
   if (isUnwritten(now_.pageText)) now_.pageText.clear();
-  // Only a heading, or a line that was cut off, ends in blanks; this runs for millions of lines.
+  // Only a heading, or a line that was cut, ends in blanks; this runs for millions of lines.
   if (now_.pageText.ends_with(' '))
     now_.pageText.resize(withoutTrailingBlanks(now_.pageText).size());
   now_.pageText.append(kIndent).append(line).append(kLineEnd);
@@ -218,7 +218,7 @@ void PrintEngine::startNextPage(const PrintLines& lines, std::int16_t mode) {
                                            : std::string(kIndent).append(heading(lines)));
 }
 
-/// A page that has been put among the pages as it stands is not put there again.
+/// A page that has not changed since it was added is not added again.
 void PrintEngine::writePage() {
   if (!isChanged_) return;
   if (!pages_.hasRoomFor(now_.page)) writePages();
@@ -269,7 +269,7 @@ void PrintEngine::printRange(std::int16_t pages) {
   RecordFile spool(state_.files, kSpoolName, kPageLength, OpenMode::create, file_number::spool);
   board_.open("Printing to Printer...");
   Document document(desktop_.printer());
-  // The page is counted from the first of all, the total from the first that is printed.
+  // The page number counts from page 1, the total from the first page printed.
   const int total = *last == pages ? pages : *last - *first + 1;
   std::string buffer(kPageLength, ' ');
   for (int page = *first; page <= *last; ++page) {
@@ -280,7 +280,7 @@ void PrintEngine::printRange(std::int16_t pages) {
     const std::size_t there =
         page < 1 ? 0 : spool.readRecords(page, std::as_writable_bytes(std::span(buffer)));
     const auto text = withoutBlanksAround(std::string_view(buffer).substr(0, there));
-    if (text.size() == kPageLength) continue;  // a page that was cut off is not printed
+    if (text.size() == kPageLength) continue;  // a page that was cut is not printed
     document.printSheet(toUtf8(text));
   }
   spool.close();

@@ -16,19 +16,19 @@ namespace quillbox {
 /// `CurRec` while the form holds a new item that is not in the file yet.
 inline constexpr std::int16_t kNewItem = -1;
 
-/// What is open, and where in it the user is. It changes last: what opens, searches, sorts, lists
-/// or loads works on copies, and an editor takes the result over when nothing can fail any more.
+/// What is open, and the user's position in it. It changes last: all work is done on copies, and an
+/// editor stores the result when nothing can fail any more.
 struct OpenCollection {
   std::string currentPath;     ///< full path, in the platform's bytes
-  std::int16_t kindCode = 0;   ///< of the open collection; tells the media-file kinds apart
-  bool newCollection = false;  ///< tells an editor to make its file
+  std::int16_t kindCode = 0;   ///< identifies the media-file kinds
+  bool newCollection = false;  ///< the editor must create its file
 
   std::int16_t Count = 0;    ///< items, deleted ones included
-  std::int16_t CurRec = 0;   ///< item shown; 0: nothing, kNewItem: a new item
-  std::int16_t ListPos = 0;  ///< the second position, from which list pages step
+  std::int16_t CurRec = 0;   ///< the item on the form; 0: nothing, kNewItem: a new item
+  std::int16_t ListPos = 0;  ///< the second position, which list pages step from
 
-  // The record buffers, one of each kind: the last item shown, or the form as last stored. Zero
-  // bytes at first. They outlive their collection.
+  // The record buffers, one for each kind: the item read last, or the form as last stored.
+  // Initially zero bytes. They outlive their collection.
   MusicRecord music{};
   VideoRecord video{};
   SoftwareRecord software{};
@@ -37,12 +37,12 @@ struct OpenCollection {
   MediaFileRecord mediaFile{};
 };
 
-/// The application-wide state: one set, shared by all forms, for as long as the program runs.
+/// The state of the application: one object, shared by all forms, for as long as the program runs.
 struct AppState : OpenCollection {
   explicit AppState(FileSystem& fileSystem) : files(fileSystem) {}
 
   OpenFiles files;
-  std::string dataFolder;  ///< where new collections are made; empty is the root folder
+  std::string dataFolder;  ///< where new collections are created; empty is the root folder
 };
 
 }  // namespace quillbox

@@ -18,7 +18,7 @@ struct BookRecord {
   WholeNumber Genre;
   WholeNumber MediaType;
   FixedText<50> Notes;
-  FixedText<20> Reserved;  // never shown, set or cleared: carried over from the last record read
+  FixedText<20> Reserved;  // never shown, set or cleared: kept from the last record read
 };
 static_assert(sizeof(BookRecord) == 224 && alignof(BookRecord) == 1);
 static_assert(std::is_trivially_copyable_v<BookRecord>);

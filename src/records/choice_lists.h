@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-/// The drop-down lists. Records store the 0-based place of an entry, so the order is part of the
+/// The drop-down lists. Records store the 0-based index of an entry, so the order is part of the
 /// file format.
 namespace quillbox::choices {
 
@@ -12,7 +12,7 @@ inline constexpr auto musicGenre = std::to_array<std::string_view>(
      "Folk", "Hard Rock", "Heavy Metal", "Oldies", "Parody", "Popular/Top 40", "Rap", "Rock",
      "Soundtrack"});
 
-/// The list before the user's own file replaces its tail.
+/// The list before the user's own file replaces its end.
 inline constexpr auto musicMediaType = std::to_array<std::string_view>(
     {"Compact Disc", "Cassette Tape", "Digital Audio Tape", "Record Album", "8-Track", "4-Track",
      "Reel To Reel Tape", "Cart"});
@@ -27,7 +27,7 @@ inline constexpr auto softwareMediaType = std::to_array<std::string_view>(
 inline constexpr auto bookGenre = std::to_array<std::string_view>(
     {"Fantasy", "Horror", "Periodical", "Reference", "Romance", "Science Fiction"});
 
-/// "Brail" is spelled so.
+/// Spelled "Brail".
 inline constexpr auto bookMediaType =
     std::to_array<std::string_view>({"Audio Books", "Brail", "Hardcover", "Paperback"});
 

@@ -22,7 +22,7 @@ struct ComicRecord {
   FixedText<50> FirstApp;
   Money PurPrice;
   Money CurrPrice;
-  FixedText<20> AquireDate;  // as typed; only video keeps a date as a date
+  FixedText<20> AquireDate;  // as typed; only video stores a date as a number
   FixedText<50> Publisher;
 };
 static_assert(sizeof(ComicRecord) == 640 && alignof(ComicRecord) == 1);

@@ -7,7 +7,7 @@
 
 namespace quillbox {
 
-/// What the user put into the input of a field.
+/// What the user entered for a field.
 struct Entered {
   const Field* field;
   std::string text = {};   ///< of a text box, in the record's characters

@@ -26,7 +26,7 @@ struct Field {
   std::size_t count = 1;                           ///< entries, stored back to back
   std::span<const std::string_view> choices = {};  ///< the built-in list of a choice
 
-  /// The same field of the same kind of record, wherever its descriptor stands.
+  /// The same field of the same kind of record, wherever its descriptor is.
   friend constexpr bool operator==(const Field& one, const Field& other) {
     return one.name == other.name && one.type == other.type && one.offset == other.offset &&
            one.width == other.width && one.count == other.count;
@@ -54,17 +54,17 @@ double realOf(const Field& field, std::span<const std::byte> record);
 void setReal(const Field& field, std::span<std::byte> record, double value);
 
 /// Makes `record` the blank record: blanks in texts, zeros elsewhere. (A record of zero bytes is
-/// another thing: what a buffer holds before anything was read.)
+/// different: it is what a buffer holds before anything was read.)
 void fillBlank(std::span<const Field> fields, std::span<std::byte> record);
 
-/// The field of that name, at compile time; a name that is not in the table does not compile.
+/// The field of that name, at compile time; an unknown name does not compile.
 consteval const Field& fieldNamed(std::span<const Field> fields, std::string_view name) {
   for (const Field& field : fields)
     if (field.name == name) return field;
   throw "no field of that name";
 }
 
-/// True when the fields follow one another with no gap and make up exactly `length` bytes.
+/// True when the fields follow one another without gaps and make up exactly `length` bytes.
 consteval bool coversRecord(std::span<const Field> fields, std::size_t length) {
   std::size_t end = 0;
   for (const Field& field : fields) {

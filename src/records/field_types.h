@@ -9,11 +9,11 @@
 #include <string_view>
 #include <type_traits>
 
-/// The types that records are made of. Each has alignment 1 and is its own disk layout, on any
-/// host, so that a record struct is the bytes of the file.
+/// The types that records are made of. Each has alignment 1 and the same layout in memory and on
+/// disk, on any host, so that a record struct is the bytes of the file.
 namespace quillbox {
 
-/// N single-byte characters (Windows-1252), cut at the width, padded on the right with blanks.
+/// N single-byte characters (Windows-1252), cut to the width and padded with blanks on the right.
 template <std::size_t N>
 class FixedText {
  public:
@@ -36,7 +36,7 @@ class FixedText {
 
 namespace detail {
 
-/// An integer kept as little-endian bytes.
+/// An integer stored as little-endian bytes.
 template <typename Value, typename Bits = std::make_unsigned_t<Value>>
 class LittleEndian {
  public:

@@ -12,23 +12,23 @@
 namespace quillbox {
 namespace {
 
-// "Of" is capital in music only; media files say "None" where the others count from 0.
+// "Of" has a capital in music only; media files show "None" where the others count from 0.
 constexpr LabelWords kMusicLabel = {"Record #:", " Of", "Record #: 0", "New Record"};
 constexpr LabelWords kLabel = {"Record #", " of", "Record #: 0", "New Record"};
 constexpr LabelWords kMediaLabel = {"Record #:", " of", "Record #:None", "Record #:None"};
 
 constexpr std::string_view kMusicTitle = "QBX - Music Manager";
 
-// The music editor's own spelling of the marker; files made with it must go on being understood.
+// The music editor's own spelling of the marker; files made with it must stay readable.
 constexpr DeleteRules kMusicDelete = {.marker = "DETELED",
                                       .keepsTheRest = true,
                                       .readsBack = true,
                                       .questionTitle = kMusicTitle,
                                       .abortedTitle = kMusicTitle,
                                       .deletedTitle = kMusicTitle};
-// The music editor's title is shared; nothing but the question is said.
+// The music editor's title is shared; there is no message besides the question.
 constexpr DeleteRules kDelete = {.marker = "DELETED", .questionTitle = kMusicTitle};
-// Three titles, each spelled its own way.
+// Three titles, each with its own spelling.
 constexpr DeleteRules kMediaDelete = {.marker = "DELETED",
                                       .keepsTheRest = true,
                                       .readsBack = true,
@@ -115,7 +115,7 @@ constexpr std::array<CollectionKind, 9> kKinds = {{
      .fields = kSoftwareFields,
      .buffer = bufferIn<&OpenCollection::software>,
      .rules = kFamilyRules},
-    // Two blanks in the book editor's first caption.
+    // The book editor's first caption has two blanks.
     {.code = 5,
      .extension = "BCS",
      .editor = EditorForm::books,

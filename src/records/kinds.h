@@ -17,7 +17,7 @@ namespace quillbox {
 enum class EditorForm { music, video, software, comics, books, wave };
 inline constexpr std::size_t kEditorForms = 6;
 
-/// The row of an editor in a table that has one for each of them, in their order.
+/// The row for an editor in a table that has one row for each, in their order.
 template <const auto& rows>
 constexpr const auto& rowOf(EditorForm editor) {
   constexpr auto isComplete = [] {
@@ -29,25 +29,25 @@ constexpr const auto& rowOf(EditorForm editor) {
   return rows[static_cast<std::size_t>(editor)];
 }
 
-// The words of windows below are shown by forms alone. They stand here all the same, so that what
-// tells a kind from another is one row.
+// Only forms show the window texts below. They are here so that one row holds everything that
+// differs between kinds.
 
-/// What an editor's window is called, its kind in the new-collection dialog, and its items.
+/// The texts of an editor's window, its kind's option in the new-collection dialog, its items.
 struct WindowWords {
   std::string_view option;         ///< of the new-collection dialog
   std::string_view captionPrefix;  ///< the caption is this, the file name and ")"
   std::string_view designCaption;  ///< the caption before a collection is open
-  std::string_view item;           ///< what one item is called: "book"
-  std::string_view items;          ///< and several
+  std::string_view item;           ///< one item: "book"
+  std::string_view items;          ///< several items
 };
 
-/// How an editor moves from item to item.
+/// How an editor steps from item to item.
 enum class Stepping {
-  skipsDeleted,  ///< deleted items are stepped over; Previous wraps round below item 1
+  skipsDeleted,  ///< deleted items are skipped; Previous wraps round below item 1
   plain,         ///< one up, one down
 };
 
-/// The words that a kind's record label is put together from: "Record #: 5 Of 12".
+/// The parts of a kind's record label: "Record #: 5 Of 12".
 struct LabelWords {
   std::string_view before;  ///< before the position
   std::string_view of;      ///< before the count
@@ -55,28 +55,27 @@ struct LabelWords {
   std::string_view fresh;   ///< the whole label while a new item is typed
 };
 
-/// What Delete writes and says. Nothing is said where a title is empty.
+/// What Delete writes and shows. Where a title is empty, no message is shown.
 struct DeleteRules {
-  std::string_view marker;         ///< goes into the first text field
-  bool keepsTheRest = false;       ///< otherwise every other byte becomes zero
-  bool readsBack = false;          ///< and ends the program when the marker is not there
-  std::string_view questionTitle;  ///< also of "Deletion failure!"
+  std::string_view marker;         ///< written to the first text field
+  bool keepsTheRest = false;       ///< otherwise all other bytes become zero
+  bool readsBack = false;          ///< and ends the program if the marker is missing
+  std::string_view questionTitle;  ///< also for "Deletion failure!"
   std::string_view abortedTitle = {};
   std::string_view deletedTitle = {};
 };
 
-/// What Go To makes of an answer that is no item.
+/// How Go To treats an answer that is no item.
 struct GoToRules {
-  std::string_view invalidTitle;  ///< of "Invalid input?!"
-  bool badTextIsAnError = false;  ///< what is no 16-bit number is a run-time error, not a message
+  std::string_view invalidTitle;  ///< for "Invalid input?!"
+  bool badTextIsAnError = false;  ///< no 16-bit number: a run-time error, not a message
 };
 
-/// How the editor of a kind works; music, the video-to-book family and media files each have
-/// theirs.
+/// How the editor of a kind works; music, the four from video to books, and media files differ.
 struct EditingRules {
-  std::string_view messageTitle;  ///< of the editor's messages that have no title of their own
-  std::int16_t fileType = 1;      ///< in the headers of item writes
-  bool itemWritesRewriteTheHeader = false;  ///< in place too, not only when an item is added
+  std::string_view messageTitle;  ///< for the editor's messages without a title of their own
+  std::int16_t fileType = 1;      ///< written to the header with an item
+  bool itemWritesRewriteTheHeader = false;  ///< also in place, not only when an item is added
   LabelWords label;
   Stepping stepping = Stepping::plain;
   bool reusesDeletedSlots = false;  ///< a new item goes into the first deleted slot
@@ -87,15 +86,15 @@ struct EditingRules {
 /// One kind of collection: a row of the table of the nine kinds.
 struct CollectionKind {
   std::int16_t code;           ///< kind code, 1 to 9
-  std::int16_t mediaCode = 0;  ///< of the media-file kinds, 1 to 4
+  std::int16_t mediaCode = 0;  ///< 1 to 4 for the media-file kinds
   std::string_view extension;  ///< in capitals, without the dot
   EditorForm editor;
   WindowWords words;
   bool opensFromCommandLine = true;
   std::size_t recordLength;       ///< bytes
-  std::span<const Field> fields;  ///< of its record; the first one carries the deleted marker
+  std::span<const Field> fields;  ///< the record's fields; the first one has the deleted marker
   std::span<std::byte> (*buffer)(OpenCollection& collection);        ///< its record buffer
-  std::int16_t OpenCollection::*position = &OpenCollection::CurRec;  ///< what the editor steps by
+  std::int16_t OpenCollection::*position = &OpenCollection::CurRec;  ///< stepped by in the editor
   EditingRules rules;
 };
 
@@ -114,16 +113,16 @@ int mediaCodeOf(int kindCode);
 /// The blank record of a kind.
 std::vector<std::byte> blankRecord(const CollectionKind& kind);
 
-/// Whether the first text of a record is the deleted marker of its kind, blanks behind it aside.
+/// Whether the first text of a record is its kind's deleted marker, without trailing blanks.
 bool isDeleted(const CollectionKind& kind, std::span<const std::byte> record);
 
-/// So many items of a kind, in words: "55 books".
+/// A number of items of a kind in words: "55 books".
 std::string itemsText(const CollectionKind& kind, int count);
 
 /// The record label of an item of a collection.
 std::string recordLabel(const CollectionKind& kind, int position, int count);
 
-/// As long as the indicator of that kind can become.
+/// The longest text of that kind's indicator.
 std::string widestRecordLabel(const CollectionKind& kind);
 
 }  // namespace quillbox

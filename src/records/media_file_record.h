@@ -11,7 +11,7 @@ namespace quillbox {
 
 /// One file on disk: 328 bytes in a .WCS, .ICS, .GCS or .MPS file. See docs/file-format.md.
 struct MediaFileRecord {
-  FixedText<64> FileName;   // without its folder; also carries the deleted marker
+  FixedText<64> FileName;   // without the folder; also has the deleted marker
   FixedText<128> FilePath;  // the folder
   Real FileSize;            // bytes; never shown, and 0 in records made by the loader
   FixedText<128> Description;

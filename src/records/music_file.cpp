@@ -13,7 +13,7 @@ namespace quillbox {
 
 namespace {
 
-/// Where a link has the name, the file that it leads to is made.
+/// If the name is a link, the file that it leads to is created.
 void makeMusicFile(OpenFiles& files, const std::string& path) {
   HeaderRecord header;
   header.Count = 0;
@@ -49,9 +49,9 @@ void upgradeMusicFile(OpenFiles& files, OpenCollection& opening) {
   fillBlank(kMusicFields, bytesOf(blank));
   const auto blankOld = bytesOf(std::as_const(blank)).first(kMusicRecordType4Length);
   MusicRecord buffer = opening.music;
-  // Up to Count, not Count + 1: the item in the last record has never been carried over.
+  // Up to Count, not Count + 1: the last item has never been carried over.
   for (int number = recordNumberOf(1); number <= header.Count; ++number) {
-    const WholeNumber mediaType = buffer.MediaType;  // not among what is copied
+    const WholeNumber mediaType = buffer.MediaType;  // not one of the copied fields
     from.read(number, bytesOf(buffer).first(kMusicRecordType4Length), blankOld);
     buffer.MediaType = mediaType;
     buffer.Genre = -1;

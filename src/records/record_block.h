@@ -8,22 +8,22 @@
 
 namespace quillbox {
 
-/// Records that follow one another, gathered to be written in one piece: writing each on its own
-/// takes twice as long, and so does reading them later, as the system keeps them in small pieces.
+/// Consecutive records, collected to be written at once: writing each on its own takes twice as
+/// long, and so does reading them later, because the system then stores them in small pieces.
 class RecordBlock {
  public:
   explicit RecordBlock(std::size_t recordLength) : recordLength_(recordLength) {}
 
   bool isEmpty() const { return bytes_.empty(); }
 
-  /// False when it is time to write the block.
+  /// False when the block must be written first.
   bool hasRoomFor(int recordNumber) const;
 
-  /// Takes a whole record. Unless the block is empty, it is the one behind the last, or the last
-  /// again, which it replaces.
+  /// Adds a whole record. Unless the block is empty, it must follow the last record, or be the same
+  /// one, which it replaces.
   void put(int recordNumber, std::span<const std::byte> record);
 
-  /// Writes the records and empties the block; when writing fails the block stays as it is.
+  /// Writes the records and empties the block; if writing fails, the block is unchanged.
   void writeTo(RecordFile& file);
 
   void clear() { bytes_.clear(); }

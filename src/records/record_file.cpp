@@ -23,7 +23,7 @@ RecordFile::RecordFile(OpenFiles& files, std::string path, std::size_t recordLen
       number_(files.make(number, path_, like.file)) {}
 
 RecordFile::~RecordFile() {
-  // Once it is closed the number may be another file's. Whoever wants to hear of a failure calls
+  // Once closed, the number may belong to another file. Callers that need to know of a failure call
   // close().
   if (!closed_) ignoringErrors([this] { close(); });
 }
@@ -74,7 +74,7 @@ void makeRecordFile(OpenFiles& files, const std::string& path, std::size_t recor
     fill(file);
     file.close();
   } catch (const RunTimeError&) {
-    // The failure that led here is the one to report.
+    // The first failure is the one to report.
     if (made) ignoringErrors([&] { files.fileSystem().remove(path); });
     throw;
   }

@@ -9,11 +9,11 @@
 
 namespace quillbox {
 
-/// What many records are read or written at a time, in whole records: large enough that the calls
-/// cost nothing, small enough to stay in the processor's cache.
+/// The bytes read or written at a time, in whole records: large enough that the calls cost nothing,
+/// small enough to fit into the processor's cache.
 inline constexpr std::size_t kRecordBlockBytes = 262'144;
 
-/// A file is to be made, as FileSystem::make does it.
+/// The file is to be created, as FileSystem::make does.
 struct MadeLike {
   std::string file;  ///< empty: like any new file
 };
@@ -29,12 +29,12 @@ class RecordFile {
   RecordFile& operator=(const RecordFile&) = delete;
   ~RecordFile();
 
-  /// Fills `into`, which may be shorter than a record. What lies past the end of the file is taken
-  /// from the same place of `blank`, which is as long as `into`, or is zeros when it is empty.
+  /// Fills `into`, which may be shorter than a record. What is past the end of the file comes from
+  /// the same place in `blank`, which is as long as `into`, or is zeros when `blank` is empty.
   void read(int recordNumber, std::span<std::byte> into, std::span<const std::byte> blank = {});
 
-  /// Reads into all of `into`, which may span many records; returns the number of bytes that were
-  /// there, less than asked only at the end of the file.
+  /// Reads into all of `into`, which may cover many records; returns the number of bytes read,
+  /// fewer than that only at the end of the file.
   std::size_t readRecords(int firstRecordNumber, std::span<std::byte> into);
 
   /// Run-time error 63: the file is shorter than it should be.
@@ -42,16 +42,16 @@ class RecordFile {
 
   std::size_t recordLength() const { return recordLength_; }
 
-  /// Writes `from` to the start of a record and leaves the rest of it alone.
+  /// Writes `from` to the start of a record and leaves the rest unchanged.
   void write(int recordNumber, std::span<const std::byte> from);
 
-  /// Writes whole records that follow one another.
+  /// Writes consecutive whole records.
   void writeRecords(int firstRecordNumber, std::span<const std::byte> from);
 
-  /// Returns when what was written will survive a power cut.
+  /// Returns once what was written will survive a power cut.
   void flush() { files_.file(number_).flush(); }
 
-  /// Closes the file and reports a failure. Nothing else may be called after that.
+  /// Closes the file and reports a failure. No other call may follow.
   void close();
 
  private:
@@ -64,8 +64,8 @@ class RecordFile {
   bool closed_ = false;
 };
 
-/// Makes a file, has `fill` write all of it, and closes it. One that could not be written is
-/// deleted again: half a file under a collection's name would pass for the collection.
+/// Creates a file, lets `fill` write all of it, and closes it. If that fails, the file is deleted:
+/// half a file under a collection's name would pass for the collection.
 void makeRecordFile(OpenFiles& files, const std::string& path, std::size_t recordLength,
                     const MadeLike& like, int number,
                     const std::function<void(RecordFile& file)>& fill);

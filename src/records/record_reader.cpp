@@ -35,7 +35,7 @@ void RecordReader::readBlock() {
   const std::size_t records =
       std::min(left, std::max<std::size_t>(kRecordBlockBytes / recordLength_, 1));
   block_.resize(records * recordLength_);
-  there_ = 0;  // until the read is done
+  there_ = 0;  // until the read has succeeded
   there_ = file_.readRecords(firstOfBlock_, block_);
 }
 

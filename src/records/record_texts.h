@@ -7,15 +7,15 @@
 
 namespace quillbox {
 
-/// Texts that a record itself does not hold.
+/// Texts the record itself does not hold.
 struct RecordTexts {
-  /// The entry of a choice's list, in record characters; empty when the list has none there.
+  /// The entry of a choice's list, in record characters; empty when the list has no such entry.
   std::function<std::string(const Field& field, int index)> choice;
 
-  std::string dateForm;  ///< the system's short date form, as date_text.h wants it
+  std::string dateForm;  ///< the system's short date form, see date_text.h
 };
 
-/// The entry of the list that is built in, empty when it has none there.
+/// The entry of the built-in list, empty when it has no such entry.
 std::string builtInChoice(const Field& field, int index);
 
 }  // namespace quillbox

@@ -15,14 +15,14 @@ bool endsAt(File& file, std::uint64_t end) {
   return file.readAt(end - 1, byte) == 1 && file.readAt(end, byte) == 0;
 }
 
-/// The items of a whole collection of that kind; nothing when it is none.
+/// The number of items in a complete collection of that kind; nothing when it is not one.
 std::optional<std::int16_t> countIn(File& file, const CollectionKind& kind) {
   HeaderRecord header;
   if (file.readAt(0, bytesOf(header)) < sizeof header) return std::nullopt;
   const std::int16_t count = header.Count;
   if (count < 0) return std::nullopt;
   const auto recordsEnd = [&](int records) {
-    // Before the first item is written the header stands alone.
+    // Before the first item is written, the file is the header alone.
     const std::size_t end = static_cast<std::size_t>(records) * kind.recordLength;
     return endsAt(file, end) || (records == kHeaderRecordNumber && endsAt(file, sizeof header));
   };

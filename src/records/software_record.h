@@ -16,7 +16,7 @@ struct SoftwareRecord {
   WholeNumber Commercial;
   WholeNumber Shareware;
   WholeNumber MediaType;
-  WholeNumber PurPrice;  // whole units, unlike every other kind's prices
+  WholeNumber PurPrice;  // in whole units, unlike the prices of all other kinds
   WholeNumber CurrPrice;
   std::array<FixedText<50>, 10> Programs;
   FixedText<50> Notes;

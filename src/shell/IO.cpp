@@ -22,7 +22,7 @@ bool listsNothing(FileSystem& files, const std::string& folder) {
   }
 }
 
-/// Every folder on the way to the current collection holds something.
+/// True when no folder on the path of the current collection is empty.
 bool pathIsWhole(AppState& state) {
   const std::string& path = state.currentPath;
   for (auto at = path.find_last_of(kSeparators); at != std::string::npos;

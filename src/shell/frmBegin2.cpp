@@ -23,7 +23,7 @@
 namespace quillbox {
 namespace {
 
-/// The toolbar's images: the theme's name of each, and the program's own.
+/// The toolbar's images: each one's name in the theme, and the program's own.
 struct Image {
   const char* themeIcon;
   const char* ownIcon;
@@ -43,11 +43,11 @@ const ToolRow kTools[] = {
     {"X", "Exit", imgBegin[2], QKeySequence::Quit},
 };
 
-// Lines of text, the height of the picture.
+// The height of the picture in lines of text.
 constexpr int kPictureLines = 5;
 constexpr int kSmallPictureLines = 3;
 
-// Average characters.
+// In average characters.
 constexpr int kNarrowestPage = 40;
 constexpr int kWidestPage = 96;
 
@@ -71,7 +71,7 @@ void frmBegin2::makeToolbar() {
   tbrBegin->setMovable(false);
   tbrBegin->setContextMenuPolicy(Qt::PreventContextMenu);
   tbrBegin->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-  // The toolkit's own button for what does not fit has no name by itself.
+  // The toolkit's button for what does not fit has no name of its own.
   if (auto* more = tbrBegin->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button")))
     more->setAccessibleName(QStringLiteral("More"));
   for (const ToolRow& tool : kTools) {
@@ -95,7 +95,7 @@ void frmBegin2::makeMenus() {
   item("AboutBegin", "&About", icon("help-about", "about"), [this] { AboutBegin_Click(); });
 }
 
-/// In a wide window the page keeps a readable width and stands in the middle.
+/// In a wide window the page has a readable width and is centred.
 void frmBegin2::makePage() {
   page_ = new QWidget;
   auto* sides = new QHBoxLayout(page_);
@@ -135,7 +135,7 @@ QWidget* frmBegin2::makeBrand() {
   return brand_;
 }
 
-/// Large and in the middle, or small and above what else there is.
+/// Large and centred, or small and above the rest.
 void frmBegin2::layOutBrand(bool isAlone) {
   isAlone_ = isAlone;
   static_cast<QBoxLayout*>(brand_->layout())
@@ -175,7 +175,7 @@ void frmBegin2::setVisible(bool visible) {
   Form::setVisible(visible);
 }
 
-/// Who comes back from another program may have moved a collection there.
+/// While another program was active, a collection may have moved.
 void frmBegin2::changeEvent(QEvent* event) {
   Form::changeEvent(event);
   const bool isBack = event->type() == QEvent::ActivationChange && isActiveWindow();
@@ -191,7 +191,7 @@ void frmBegin2::refresh() {
   fitWindow();
 }
 
-/// Returns whether they are others than before.
+/// Returns whether they have changed.
 bool frmBegin2::showNotices(const std::vector<Notice>& shown) {
   while (noticeLines_.size() < shown.size()) {
     auto* line = new NoticeLine(static_cast<int>(noticeLines_.size()));
@@ -215,7 +215,7 @@ bool frmBegin2::showNotices(const std::vector<Notice>& shown) {
   return std::exchange(said_, texts) != texts;
 }
 
-/// Returns whether they are others than before.
+/// Returns whether they have changed.
 bool frmBegin2::showRecents() {
   if (program().recents() == nullptr) return false;
   std::vector<RecentList::Row> rows;
@@ -233,13 +233,13 @@ bool frmBegin2::showRecents() {
   return isOther;
 }
 
-/// However small the window is made, all texts stay whole. At first it is as large as what it
-/// holds, or as the screen.
+/// However small the window becomes, all texts stay whole. Initially it is as large as its
+/// contents, or as the screen.
 void frmBegin2::fitWindow() {
   const int narrowest = fontMetrics().averageCharWidth() * kNarrowestPage;
   const auto height = [&](bool withBrand) {
     brand_->setVisible(withBrand);
-    // From the inside out: nothing is to be told by what was on the page before.
+    // From the inside out: nothing may depend on earlier contents of the page.
     for (QWidget* part : {brand_, recents_, middle_})
       if (part != nullptr) part->updateGeometry();
     QLayout* layout = page_->layout();
@@ -256,7 +256,7 @@ void frmBegin2::fitWindow() {
   showBrandIfItFits();
 }
 
-/// What is only nice to look at makes room first.
+/// Decoration makes room first.
 void frmBegin2::showBrandIfItFits() {
   const int needed = brand_->layout()->heightForWidth(middle_->width()) + column_->spacing();
   brand_->setVisible(isAlone_ || page_->height() >= page_->minimumHeight() + needed);
@@ -267,7 +267,7 @@ void frmBegin2::resizeEvent(QResizeEvent* event) {
   showBrandIfItFits();
 }
 
-/// The collection may be gone since the list was shown; opening it then would make it anew.
+/// The collection may be gone since the list was shown; opening would create it again.
 void frmBegin2::openRecent(const std::string& path) {
   if (program().shell().opens(path))
     program().shell().open(path);
@@ -287,7 +287,7 @@ void frmBegin2::tbrBegin_ButtonClick(std::string_view key) {
   }
   if (key == "O") {
     program().shell().FileOpen();
-    if (isVisible()) refresh();  // what was asked for in vain is known now
+    if (isVisible()) refresh();  // what could not be opened is now known
   }
   if (key == "X") Form_Unload();
 }

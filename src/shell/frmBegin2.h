@@ -16,16 +16,16 @@ namespace quillbox {
 
 class RecentList;
 
-/// The start screen: make a collection, open one, or leave. Below the program's name stand what
-/// there is to say and the collections that were opened last, if any.
+/// The start screen: create a collection, open one, or exit. Below the program's name are the
+/// notices and the collections opened last, if any.
 class frmBegin2 : public Form {
  public:
   explicit frmBegin2(Program& program);
 
-  /// What there is to say by now; set by the start-up module.
+  /// The current notices; set by the start-up module.
   std::function<std::vector<Notice>()> notices;
 
-  /// Shown, it has looked which collections are there.
+  /// Before it is shown, it checks which collections exist.
   void setVisible(bool visible) override;
 
  protected:
@@ -50,7 +50,7 @@ class frmBegin2 : public Form {
   void openRecent(const std::string& path);
   void takeOffList(const std::string& path);
 
-  /// The toolbar's buttons are told apart by their keys: "N", "O" and "X".
+  /// The toolbar's buttons are identified by their keys: "N", "O" and "X".
   void tbrBegin_ButtonClick(std::string_view key);
 
   void AboutBegin_Click();
@@ -60,15 +60,15 @@ class frmBegin2 : public Form {
   QLabel* line_ = nullptr;
   QWidget* brand_ = nullptr;
   QWidget* page_ = nullptr;
-  QWidget* middle_ = nullptr;  // of the page: all there is
+  QWidget* middle_ = nullptr;  // of the page: everything on it
   QVBoxLayout* column_ = nullptr;
-  std::vector<NoticeLine*> noticeLines_;  // made when there is something to say
-  std::vector<std::string> said_;         // on them
-  QWidget* recents_ = nullptr;  // the list with its caption and button; made when it is needed
+  std::vector<NoticeLine*> noticeLines_;  // created when there is something to report
+  std::vector<std::string> said_;         // the texts on them
+  QWidget* recents_ = nullptr;  // the list with its caption and button; created when needed
   RecentList* list_ = nullptr;
   QPushButton* takeOff_ = nullptr;
-  QWidget* lastTool_ = nullptr;  // what the Tab key leads on from to the notices
-  bool isAlone_ = true;          // nothing stands below the brand
+  QWidget* lastTool_ = nullptr;  // where Tab leaves for the notices
+  bool isAlone_ = true;          // nothing is below the brand
   bool isFitted_ = false;
 };
 

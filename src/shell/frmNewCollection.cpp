@@ -19,7 +19,7 @@
 namespace quillbox {
 namespace {
 
-/// A font of the old days; where there is none of that name, the one that all else is written in.
+/// An old font; without it, the font of everything else.
 QFont optionFont(QFont font) {
   font.setFamilies({QStringLiteral("MS Sans Serif"), font.family()});
   return font;
@@ -101,7 +101,7 @@ const CollectionKind* frmNewCollection::selectedKind() const {
   return nullptr;
 }
 
-/// The name is taken as typed.
+/// The name is used as typed.
 std::string frmNewCollection::pathOf(const std::string& name, const CollectionKind* kind) {
   const std::string path = joinPath(state().dataFolder, name);
   return kind == nullptr ? path : std::string(path).append(".").append(kind->extension);

@@ -18,7 +18,7 @@ class frmNewCollection : public Form {
  public:
   explicit frmNewCollection(Program& program);
 
-  /// Draws the kinds and shows the dialog.
+  /// Lists the kinds and shows the dialog.
   void showWithOptions();
 
   /// Opens the editor of a kind on a new collection at that path; set by the start-up module.
@@ -36,7 +36,7 @@ class frmNewCollection : public Form {
   const CollectionKind* selectedKind() const;
 
   QLineEdit* txtColName_;
-  ElidedLabel* lblPath_;  // what Go will make, or what it lacks
+  ElidedLabel* lblPath_;  // what Go will create, or what is missing
   QVBoxLayout* options_;
   std::vector<QRadioButton*> optQBX_;  // one for each kind, in the table's order
 };

@@ -53,11 +53,11 @@ void modQBX1::Main(std::span<const std::string> arguments) {
     showStartScreen();
     return;
   }
-  // The data folder stays empty then: a collection made later goes to the root folder.
+  // The data folder stays empty then: a collection created later goes to the root folder.
   openIn(*kind, fullPathOnDisk(files, path));
 }
 
-/// The record buffers and the second position are carried over from what was open before.
+/// The record buffers and the second position are kept from the last collection.
 void modQBX1::openIn(const CollectionKind& kind, std::string path, bool isNew) {
   OpenCollection opening = program_.state();
   opening.currentPath = std::move(path);
@@ -83,8 +83,8 @@ std::string modQBX1::SaveAs() {
   return chosen;
 }
 
-/// A collection that cannot be opened changes nothing: the form that asked comes back with what it
-/// had open.
+/// A collection that cannot be opened changes nothing: the calling form returns with what it had
+/// open.
 void modQBX1::FileOpen() {
   const std::string path = IO::chooseCollection(
       program_, [this](const std::string& missing) { notices_.missing(missing); });
@@ -116,7 +116,7 @@ void modQBX1::showNewCollection() {
   dialog.showWithOptions();
 }
 
-/// A collection that cannot be made leaves nothing to come back to but the start screen.
+/// After a collection that cannot be created, there is only the start screen to return to.
 void modQBX1::openNew(const CollectionKind& kind, const std::string& path) {
   try {
     openIn(kind, path, true);

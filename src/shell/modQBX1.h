@@ -14,13 +14,13 @@
 
 namespace quillbox {
 
-/// The start-up module: starts the program and brings up its forms.
+/// The start-up module: starts the program and shows its forms.
 class modQBX1 : public Shell {
  public:
   explicit modQBX1(Program& program);
 
-  /// Shows the start-up box, then opens the collection that the command line names or shows the
-  /// start screen. `arguments` are joined by one blank to make the collection's path.
+  /// Shows the start-up box, then opens the collection on the command line or shows the start
+  /// screen. `arguments` are joined by one blank to form the collection's path.
   void Main(std::span<const std::string> arguments);
 
   void showStartScreen() override;
@@ -40,8 +40,8 @@ class modQBX1 : public Shell {
   frmRecDisp board_;
   PrintEngine printEngine_;
   StartNotices notices_;
-  frmEditor* editor_ = nullptr;  // that has a collection open, until the start screen comes
-  std::array<std::unique_ptr<frmEditor>, kEditorForms> editors_;  // made on first use
+  frmEditor* editor_ = nullptr;  // the one with a collection open, until the start screen appears
+  std::array<std::unique_ptr<frmEditor>, kEditorForms> editors_;  // created on first use
 };
 
 }  // namespace quillbox

@@ -10,7 +10,7 @@
 namespace quillbox {
 namespace {
 
-/// More than a screen has room for would hide the commands.
+/// More would not leave room for the commands.
 constexpr std::size_t kMostLost = 2;
 constexpr std::size_t kMostMissed = 8;
 
@@ -18,7 +18,7 @@ std::string named(std::string_view path) { return std::string(fileNameOf(path));
 
 const CollectionKind* kindOf(std::string_view path) { return kindOfExtension(extensionOf(path)); }
 
-/// The backup's name, with its folder where that is another one.
+/// The backup's name, with its folder if that is a different one.
 std::string backupName(const LostCollection& lost) {
   return folderOf(lost.backup) == folderOf(lost.path) ? named(lost.backup) : lost.backup;
 }
@@ -51,7 +51,7 @@ void StartNotices::missing(const std::string& path) {
 std::vector<Notice> StartNotices::all() {
   std::vector<Notice> notices;
   if (about_) notices.push_back(*about_);
-  // An access key leads to the first of them alone.
+  // Only the first one has an access key.
   for (const char* button = "&Put Back"; const LostCollection& each : lost()) {
     notices.push_back(offerOf(each, button));
     button = "Put Back";
@@ -59,7 +59,7 @@ std::vector<Notice> StartNotices::all() {
   return notices;
 }
 
-/// A backup may fit several known collections of the same name: it is of the one opened last.
+/// A backup may fit several known collections of the same name: it belongs to the one opened last.
 std::vector<LostCollection> StartNotices::lost() {
   std::vector<std::string> known;
   if (const RecentCollections* recents = program_.recents())

@@ -11,22 +11,22 @@
 
 namespace quillbox {
 
-/// What the start screen says unasked: which file the command line named in vain, and which known
-/// collections lie under their backup's name alone. Nothing of it must be answered.
+/// The start screen's notices: a file on the command line that was not found, and known collections
+/// that exist only under their backup's name. None of them requires an answer.
 class StartNotices {
  public:
   explicit StartNotices(Program& program) : program_(program) {}
 
-  /// The command line named that file, and it was not opened.
+  /// That file was on the command line and was not opened.
   void notOpened(const std::string& path);
 
-  /// A file was asked for that is not there. From now on its collection is known.
+  /// A file that does not exist was requested. Its collection counts as known from now on.
   void missing(const std::string& path);
 
-  /// Another collection was opened: what was said of a file is over.
+  /// Another collection was opened: the notice about a file is obsolete.
   void opened() { about_.reset(); }
 
-  /// What to say by now, most important first.
+  /// The current notices, the most important first.
   std::vector<Notice> all();
 
  private:
@@ -35,7 +35,7 @@ class StartNotices {
 
   Program& program_;
   std::optional<Notice> about_;      // a single file
-  std::vector<std::string> missed_;  // full paths of collections that were asked for in vain
+  std::vector<std::string> missed_;  // full paths of collections that were requested and not found
 };
 
 }  // namespace quillbox

@@ -16,11 +16,11 @@
 namespace quillbox {
 namespace {
 
-/// Characters across the inputs, so that a lone one has room for a name and the window for its
+/// Characters across the inputs, so that a single input has room for a name and the window for its
 /// caption.
 constexpr int kSheetWidth = 60;
 
-/// An input that can be used only while two boxes are ticked, which may be the same.
+/// An input enabled only while both boxes are ticked; they may be the same box.
 struct EnabledBy {
   const char* input;
   const char* box;
@@ -33,10 +33,10 @@ struct EnabledBy {
 struct SearchForm {
   EditorForm editor;
   const char* name;
-  const char* caption = nullptr;  ///< none: by media-file kind
+  const char* caption = nullptr;  ///< none: the caption depends on the media-file kind
   const char* beginName;
   const char* beginCaption = "&Begin Search";
-  void (frmSearch::*begin)();  ///< under its name in this form
+  void (frmSearch::*begin)();  ///< under its name on this form
   const char* exitName = "cmdExit";
   const char* exitCaption = "E&xit Window";
   std::span<const EnabledBy> enabling = {};
@@ -44,7 +44,7 @@ struct SearchForm {
 
 namespace {
 
-// Unlike the editor, the search form looks at both boxes whichever was clicked.
+// Unlike the editor, the search form checks both boxes, whichever was clicked.
 constexpr EnabledBy kLoan[] = {
     {.input = "txtBorrower", .box = "chkCurrLoaned"},
     {.input = "txtDateLoaned", .box = "chkCurrLoaned"},

@@ -21,11 +21,11 @@ struct SortForm {
   EditorForm editor;
   const char* name;
   const char* caption = "Sorting Options";
-  const char* boxName = "";  ///< of the control array of the boxes
+  const char* boxName = "";  ///< the name of the boxes' control array
   const char* hint = "Sorts by what is ticked; the first counts most.";
   const char* beginName;
   const char* beginCaption;
-  void (frmSort::*begin)();  ///< under its name in this form
+  void (frmSort::*begin)();  ///< under its name on this form
   const char* exitName = "cmdExit";
   const char* exitCaption;
 };
@@ -82,7 +82,7 @@ constexpr SortForm kForms[] = {
 
 const SortForm& formOf(const CollectionKind& kind) { return rowOf<kForms>(kind.editor); }
 
-/// Shows the pointer that asks for patience: most sorts have no progress to show.
+/// Shows the busy pointer: most sorts have no progress to show.
 class WaitCursor {
  public:
   WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
@@ -146,7 +146,7 @@ void frmSort::cmdBeginSort_Click() {
     finishSort(state().files, state(), kind_);
     owner_.sorted(count);
   } catch (const RunTimeError& error) {
-    // Where the items are now is not what the forms know.
+    // The items may be in other places than the forms assume.
     program().report(error);
     endProgram();
   }

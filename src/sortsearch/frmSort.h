@@ -12,14 +12,14 @@ class QPushButton;
 namespace quillbox {
 
 /// The sort form of an editor: a box for each key, and a button that sorts. It is hidden, never
-/// unloaded, so that the boxes stay as they are.
+/// unloaded, so the boxes keep their values.
 class frmSort : public Form {
  public:
-  /// What the form asks of its editor.
+  /// What the form needs from its editor.
   struct Owner {
-    /// Shows itself, now that the items have other places and are `count`.
+    /// Shows the editor, now that the items have moved and there are `count`.
     std::function<void(std::int16_t count)> sorted;
-    std::function<void()> leave;  ///< shows itself as it was
+    std::function<void()> leave;  ///< shows the editor unchanged
   };
 
   frmSort(Program& program, const CollectionKind& kind, Owner owner);
@@ -27,7 +27,7 @@ class frmSort : public Form {
   /// Shows the form instead of its editor.
   void open(Form& editor);
 
-  // The begin button's handler, under the names it has on the forms.
+  // The begin button's handler, under its names on the forms.
   void cmdBeginSort_Click();
   static constexpr auto cmbBeginSort_Click = &frmSort::cmdBeginSort_Click;
   static constexpr auto cmdSort_Click = &frmSort::cmdBeginSort_Click;
@@ -38,7 +38,7 @@ class frmSort : public Form {
  private:
   const CollectionKind& kind_;
   Owner owner_;
-  std::vector<QCheckBox*> boxes_;  // one for each key that has one
+  std::vector<QCheckBox*> boxes_;  // one for each key that has a caption
   QPushButton* begin_;
 };
 

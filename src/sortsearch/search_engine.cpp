@@ -16,10 +16,10 @@
 namespace quillbox {
 namespace {
 
-/// What the board shows of each item; one text for all, as there may be tens of thousands.
+/// What the board shows for each item; one text for all, because there may be tens of thousands.
 class ProgressLine {
  public:
-  // Each number keeps the blank of its sign.
+  // Each number keeps the blank for its sign.
   explicit ProgressLine(int count) : end_(" of " + numberText(count) + "...") {}
 
   const std::string& of(int item) {
@@ -97,7 +97,7 @@ bool Query::meets(std::span<const std::byte> record, const Condition& condition)
   return wholeOf(field, record) == wholeOf(field, record_);
 }
 
-/// What of a typed text is looked for.
+/// The part of a typed text that is searched for.
 std::string_view Query::taken(const Field& field, std::string_view typed) const {
   const bool isDate =
       std::ranges::any_of(rules_.dates, [&field](const Field* date) { return *date == field; });
@@ -105,7 +105,7 @@ std::string_view Query::taken(const Field& field, std::string_view typed) const 
   return isDate && !startsAsDate ? std::string_view() : typed;
 }
 
-/// What a text of the record must be, as textMeets compares it.
+/// The text a record must have, in the form textMeets compares.
 std::string Query::wanted(std::string_view stored, std::string_view typed) const {
   if (rules_.texts == TextMatch::ignoresCase) return inCapitals(typed);
   return std::string(rules_.texts == TextMatch::trimmed ? withoutTrailingBlanks(stored) : stored);

@@ -15,22 +15,22 @@
 
 namespace quillbox {
 
-/// What to look for: a record of the kind with the conditions that the user set on it.
+/// What to search for: a record of the kind and the conditions that the user set.
 class Query {
  public:
-  /// An empty text sets no condition, and neither does a list with nothing chosen, nor the size of
-  /// a file, which no form asks for; a check box always does. What was typed is stored into the
-  /// field as the editor stores it: run-time error 6 for a number beyond its range. A date that is
-  /// stored as a number is compared as its text in the short form `dateForm`.
+  /// An empty text sets no condition, and neither does a list without a choice, nor the size of a
+  /// file, which is on no form; a check box always does. What was typed is stored into the field as
+  /// the editor stores it: run-time error 6 for a number outside its range. A date stored as a
+  /// number is compared as its text in the short form `dateForm`.
   Query(const CollectionKind& kind, std::span<const Entered> inputs, std::string dateForm);
 
-  /// Whether a record meets every condition; a flag other than 0 is ticked.
+  /// Whether a record meets every condition; any flag other than 0 counts as ticked.
   bool matches(std::span<const std::byte> record) const;
 
  private:
   struct Condition {
     const Field* field;
-    std::string text;  // what the record's must be, of a text or a date
+    std::string text;  // what the record must have, for a text or a date
   };
 
   void add(const Entered& input);
@@ -51,7 +51,7 @@ struct FoundItem {
   std::vector<std::byte> record;
 };
 
-/// Looks for the first item that matches, from item 1 on, deleted items included. Run-time error 63
+/// Finds the first item that matches, from item 1 on, including deleted items. Run-time error 63
 /// when the file is shorter than its `Count` by more than its last item; an empty collection is not
 /// even opened.
 std::optional<FoundItem> findItem(OpenFiles& files, const OpenCollection& collection,

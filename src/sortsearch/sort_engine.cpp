@@ -15,7 +15,7 @@
 namespace quillbox {
 namespace {
 
-/// One sort from the renamed file to the new one.
+/// One sort, from the renamed file to the new one.
 class Sort {
  public:
   Sort(OpenFiles& files, const OpenCollection& collection, const MovedFile& moved,
@@ -28,7 +28,7 @@ class Sort {
         board_(board) {}
 
   std::int16_t run(const std::vector<bool>& ticked) {
-    // Nothing is compared with a slot that has no number.
+    // A slot without a number is never compared.
     constexpr int sentinels = 2;
     if (collection_.Count + sentinels > INT16_MAX)
       throw RunTimeError(ErrorNumber::overflow, collection_.currentPath);
@@ -78,7 +78,7 @@ class Sort {
     if (!rules_.showsProgress) return;
     board_.setBoardCaption(std::string(by.passCaption));
     board_.print("Sorting " + std::to_string(count) + ". Please wait...");
-    board_.progress(0, 0);  // nobody knows how many repetitions there will be
+    board_.progress(0, 0);  // the number of repetitions is unknown
   }
 
   void write(const HeaderRecord& before, SortSlots& slots) {

@@ -27,16 +27,16 @@ int compareKeys(const Field& key, std::span<const std::byte> a, std::span<const 
   return 0;
 }
 
-/// One repetition over what is to be sorted: the rank of a slot's key and, so that no two are
-/// equal and equal keys keep their order, the slot it began in. Returns where the last exchange
-/// was, 0 for none: from there on everything is in its place for good.
+/// One pass over the unsorted part. A key is its slot's rank and, so that no two are equal and
+/// equal ones keep their order, the original slot. Returns where the last exchange was, or 0: from
+/// there on everything is in its final place.
 std::size_t exchangeNeighbours(std::span<std::uint32_t> keys) {
   std::size_t last = 0;
-  std::uint32_t carried = keys.front();  // the greatest so far, on its way up
+  std::uint32_t carried = keys.front();  // the greatest so far, moving up
   for (std::size_t i = 1; i < keys.size(); ++i) {
     const std::uint32_t next = keys[i];
     const bool exchange = carried > next;
-    last = exchange ? i : last;  // chosen rather than branched to: no guess can be wrong
+    last = exchange ? i : last;  // selected, not branched to: nothing to mispredict
     keys[i - 1] = exchange ? next : carried;
     carried = exchange ? carried : next;
   }
@@ -88,8 +88,8 @@ void SortSlots::exchangeSort(const Field& key, const std::function<void()>& onRe
     slots_[slot] = before[keys[slot] & ((1U << kBitsOfASlot) - 1)];
 }
 
-/// The place of each slot's key among all keys, the sentinel's included; equal keys have equal
-/// ranks. With these a comparison is one of two numbers.
+/// The rank of each slot's key among all keys, including the sentinel's; equal keys have equal
+/// ranks. A comparison then is one of two numbers.
 std::vector<std::uint16_t> SortSlots::ranks(const Field& key) const {
   const auto compare = [&](std::uint16_t a, std::uint16_t b) {
     return compareKeys(key, bytes(slots_[a]), bytes(slots_[b]));

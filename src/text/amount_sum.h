@@ -5,16 +5,16 @@
 
 namespace quillbox {
 
-/// A sum of amounts in ten-thousandths, exact for as many as anybody has (a million million).
+/// A sum of amounts in ten-thousandths, exact for a million million of them.
 class AmountSum {
  public:
   void add(std::int64_t tenThousandths);
   void add(const AmountSum& other);
 
-  /// In decimal, as plainAmount writes one.
+  /// In decimal, in the form of plainAmount.
   std::string text() const;
 
-  /// Near enough to draw a bar of it.
+  /// Precise enough to draw a bar.
   double approximate() const;
 
   friend bool operator==(const AmountSum&, const AmountSum&) = default;

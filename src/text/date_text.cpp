@@ -38,12 +38,12 @@ std::string_view takePiece(std::string_view& form) {
   return piece;
 }
 
-/// A character that stands for itself, in every character set and without quotes.
+/// A character that stands for itself in every character set and needs no quotes.
 bool isPlain(char c) {
   return c >= ' ' && c <= '~' && c != '\'' && c != '"' && !isDigit(c) && !isLetter(c);
 }
 
-/// A form of pieces that are known, with a day, a month and a year among them.
+/// True for a form of known pieces, among them a day, a month and a year.
 bool isUnderstood(std::string_view form) {
   for (const char part : {'d', 'M', 'y'})
     if (form.find(part) == std::string_view::npos) return false;
@@ -57,14 +57,14 @@ bool isUnderstood(std::string_view form) {
   return true;
 }
 
-/// The system's form, or the one that stands for what is not understood. Blanks around it would not
-/// be read back, as none around a text are looked at.
+/// The system's form, or the default for one that is not understood. Blanks around it are dropped:
+/// they could not be read back, because blanks around a text are ignored.
 std::string_view usedForm(std::string_view shortDate) {
   const std::string_view form = withoutBlanksAround(shortDate);
   return isUnderstood(form) ? form : kIso;
 }
 
-/// The form with its year in four digits, or in two.
+/// The form with a four-digit or a two-digit year.
 std::string withYear(std::string_view form, std::string_view yearPiece) {
   std::string changed;
   while (!form.empty()) {
@@ -197,13 +197,13 @@ struct Moment {
   int seconds;
 };
 
-/// Nothing for a number that is no date of the years that are shown.
+/// Nothing for a number outside the years that are shown.
 std::optional<Moment> momentOf(double date) {
   constexpr double tooFar = 4e6;  // days, beyond any year that is shown
   if (!(std::abs(date) < tooFar)) return std::nullopt;
   const double wholeDays = std::trunc(date);
   int days = static_cast<int>(wholeDays);
-  // The time of day counts forward from midnight, before day zero too.
+  // The time of day counts forward from midnight, before day zero as well.
   int seconds = static_cast<int>(std::lround(std::abs(date - wholeDays) * kSecondsADay));
   if (seconds == kSecondsADay) {
     seconds = 0;
@@ -245,7 +245,7 @@ double dateOf(std::string_view text, std::string_view shortDate) {
 
 std::optional<double> dateIn(std::string_view text, std::string_view shortDate) {
   text = withoutBlanksAround(text);
-  // A short form may hold blanks itself, so every blank could be the one before the time.
+  // A short form may contain blanks, so any blank could be the one before the time.
   for (std::size_t end = text.size(); end != std::string_view::npos;
        end = end == 0 ? std::string_view::npos : text.rfind(' ', end - 1)) {
     const auto date = readDateInAnyForm(text.substr(0, end), shortDate);

@@ -23,7 +23,7 @@ struct FoldedRun {
   char to;
 };
 
-/// Letters of Windows-1252 with their accents, capitals and small ones.
+/// Letters of Windows-1252 with accents, capital and small.
 constexpr FoldedRun kRuns[] = {
     {"\xC0\xC1\xC2\xC3\xC4\xC5\xE0\xE1\xE2\xE3\xE4\xE5\xAA", 'a'},
     {"\xC7\xE7", 'c'},
@@ -46,7 +46,7 @@ constexpr FoldedRun kRuns[] = {
     {"\xA0\x7F", ' '},
 };
 
-/// Characters that are folded to several.
+/// Characters that are folded to more than one.
 struct FoldedToSeveral {
   char from;
   std::string_view to;
@@ -82,7 +82,7 @@ constexpr std::array<Folding, 256> kFoldings = foldings();
 
 const Folding& foldingOf(char c) { return kFoldings[static_cast<unsigned char>(c)]; }
 
-/// The folded text and, of each of its characters, the place in `text` that it comes from.
+/// The folded text and, for each of its characters, the place in `text` that it comes from.
 struct PlacedFolding {
   explicit PlacedFolding(std::string_view text) {
     for (std::size_t at = 0; at < text.size(); ++at) {
@@ -95,7 +95,7 @@ struct PlacedFolding {
   std::vector<std::size_t> places;
 };
 
-/// Puts ranges into order and those that touch together.
+/// Sorts ranges and joins those that touch.
 std::vector<TextRange> joined(std::vector<TextRange> ranges) {
   std::ranges::sort(ranges, {}, &TextRange::start);
   std::vector<TextRange> all;
@@ -110,11 +110,11 @@ std::vector<TextRange> joined(std::vector<TextRange> ranges) {
   return all;
 }
 
-/// A number as it is compared: how many digits it has, then these.
+/// The key of a number: how many digits it has, then the digits.
 void appendNumberKey(std::string& key, std::string_view digits) {
   constexpr std::size_t base = 255;
   digits.remove_prefix(std::min(digits.find_first_not_of('0'), digits.size()));
-  key += '0';  // where digits stand among the other characters
+  key += '0';  // the place of digits among other characters
   key += static_cast<char>(digits.size() / base + 1);
   key += static_cast<char>(digits.size() % base + 1);
   key += digits;
@@ -192,7 +192,7 @@ std::string naturalKey(std::string_view text) {
       key += left.front();
     left.remove_prefix(std::max<std::size_t>(digits, 1));
   }
-  // Below everything that a key holds, so that a text comes before those that it begins.
+  // Less than anything in a key, so that a text precedes those that begin with it.
   key += '\0';
   return key.append(inCapitals(text));
 }

@@ -27,7 +27,7 @@ std::string withLeadingBlank(std::string number) {
   return number;
 }
 
-/// Written exponents are kept within this; whatever lies beyond is 0 or an overflow anyway.
+/// Exponents are limited to this; anything beyond is 0 or an overflow anyway.
 constexpr int kExponentLimit = 100'000'000;
 
 Decimal readDecimal(std::string_view text) {
@@ -62,7 +62,7 @@ Decimal readDecimal(std::string_view text) {
   return number;
 }
 
-/// The number times 10^scale, rounded to a whole number, an exact half to the even one.
+/// The number times 10^scale as a whole number, an exact half rounded to the even one.
 std::int64_t scaled(const Decimal& number, int scale) {
   constexpr auto limit = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
   constexpr int mostDigits = 19;
@@ -114,7 +114,7 @@ std::string realText(double number) {
   if (number == 0) return "0";
   constexpr int digits = 15;
   const auto written = [number](std::chars_format format, int places) {
-    std::array<char, 400> text{};  // up to 309 digits before the point, or 338 behind it
+    std::array<char, 400> text{};  // up to 309 digits before the point, or 338 after it
     char* const begin = text.data();
     return std::string(begin,
                        std::to_chars(begin, begin + text.size(), number, format, places).ptr);

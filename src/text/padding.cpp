@@ -8,7 +8,7 @@
 namespace quillbox {
 
 std::string_view withoutTrailingBlanks(std::string_view text) {
-  // A word at a time, as padding is much of every record and page.
+  // A word at a time, because much of every record and page is padding.
   using Word = std::uint64_t;
   constexpr Word blanks = 0x2020'2020'2020'2020;
   constexpr int bitsOfCharacter = 8;

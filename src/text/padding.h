@@ -2,8 +2,7 @@
 
 #include <string_view>
 
-/// What fixed-width texts are filled up with: blanks at their end, or NULs where nothing was ever
-/// written.
+/// The padding of fixed-width texts: blanks at the end, or NULs where nothing was ever written.
 namespace quillbox {
 
 /// `text` without the blanks at its end.
@@ -12,15 +11,15 @@ std::string_view withoutTrailingBlanks(std::string_view text);
 /// `text` without the blanks at either end.
 std::string_view withoutBlanksAround(std::string_view text);
 
-/// `text` up to its first NUL: what a control shows of it.
+/// `text` up to its first NUL: what a control shows.
 std::string_view upToNul(std::string_view text);
 
-/// `text` as it reads in a list or an export: up to its first NUL, without the blanks at the end.
+/// `text` as a list or an export has it: up to its first NUL, without blanks at the end.
 inline std::string_view readable(std::string_view text) {
   return withoutTrailingBlanks(upToNul(text));
 }
 
-/// Whether nothing was ever written into the text: it begins with a NUL.
+/// True when nothing was ever written into the text: it begins with a NUL.
 inline bool isUnwritten(std::string_view text) { return text.starts_with('\0'); }
 
 }  // namespace quillbox

@@ -10,8 +10,8 @@ namespace {
 
 constexpr std::string_view kDigits = "0123456789";
 
-// UTF-8 of what stands between the parts of a line besides ASCII. A blank that does not break, the
-// place of a picture and a byte-order mark come along when a text is copied.
+// UTF-8 of what can separate the parts of a line, besides ASCII. A no-break space, an object
+// replacement character and a byte-order mark may come with copied text.
 constexpr std::array<std::string_view, 5> kBlanks = {" ", "\t", "\xC2\xA0", "\xEF\xBF\xBC",
                                                      "\xEF\xBB\xBF"};
 constexpr std::array<std::string_view, 4> kDashes = {"-", "\xE2\x80\x93", "\xE2\x80\x94",
@@ -97,7 +97,7 @@ std::optional<Numbered> numberOf(std::string_view line) {
   return found;
 }
 
-/// "4:05" or "1:04:05" from its beginning to its end.
+/// The whole text is "4:05" or "1:04:05".
 bool isLength(std::string_view text) {
   constexpr std::size_t most = 3;  // hours, minutes, seconds
   std::size_t parts = 0;
@@ -113,7 +113,7 @@ bool isLength(std::string_view text) {
   }
 }
 
-/// Dots that lead to a length; three of them end a title.
+/// Without the dots that lead to a length; three of them end a title.
 std::string_view withoutLeader(std::string_view title) {
   constexpr std::size_t fewest = 4;
   std::string_view before = title;
@@ -121,7 +121,7 @@ std::string_view withoutLeader(std::string_view title) {
   return title.size() - before.size() >= fewest ? withoutBlanks(before) : title;
 }
 
-/// A title without the length behind it, and what leads there; nothing when it has none.
+/// A title without the length after it and the dots before that; nothing when it has no length.
 std::optional<std::string_view> withoutLength(std::string_view line) {
   const std::size_t begin = line.find_last_not_of("0123456789:()[]") + 1;
   std::string_view length = line.substr(begin);

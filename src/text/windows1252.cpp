@@ -7,7 +7,7 @@
 namespace quillbox {
 namespace {
 
-/// What the bytes 80 to 9F stand for; every other byte stands for the character of its number.
+/// The characters of bytes 80 to 9F; every other byte is the character of its number.
 constexpr std::array<char32_t, 32> kHigh = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
@@ -17,7 +17,7 @@ constexpr char32_t kHighLast = 0x9F;
 constexpr char32_t kByteLast = 0xFF;
 
 consteval std::array<char, 256> capitals() {
-  constexpr unsigned toCapital = 0x20;  // from a small letter down to its capital
+  constexpr unsigned toCapital = 0x20;  // from a small letter to its capital
   constexpr unsigned division = 0xF7;   // a sign among the small letters
   std::array<char, 256> table{};
   for (unsigned code = 0; code < table.size(); ++code) {
@@ -52,15 +52,15 @@ void appendUtf8(std::string& text, char32_t c) {
   } else if (c < 0x800) {
     put(0xC0 | (c >> 6U));
     put(0x80 | (c & 0x3FU));
-  } else {  // nothing in the table lies above the first plane
+  } else {  // no character in the table is outside the first plane
     put(0xE0 | (c >> 12U));
     put(0x80 | ((c >> 6U) & 0x3FU));
     put(0x80 | (c & 0x3FU));
   }
 }
 
-/// Takes one character off the front of `text`; nothing when the front is not well-formed (one
-/// byte is taken then).
+/// Takes one character off the front of `text`. Where the front is not well-formed, takes one byte
+/// and returns nothing.
 std::optional<char32_t> takeCharacter(std::string_view& text) {
   const auto first = static_cast<unsigned char>(text.front());
   text.remove_prefix(1);

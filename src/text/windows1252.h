@@ -5,19 +5,19 @@
 
 namespace quillbox {
 
-/// Texts are Windows-1252 bytes everywhere in the core; these two are the only way to and from
-/// UTF-8. The five bytes that the code page leaves open (81, 8D, 8F, 90, 9D hexadecimal) stand for
-/// the control characters of the same number, so that every byte survives the way there and back.
+/// Texts are Windows-1252 bytes everywhere in the core; only these two functions convert from and
+/// to UTF-8. The five bytes that the code page leaves undefined (81, 8D, 8F, 90, 9D hexadecimal)
+/// become the control characters of the same number, so every byte survives both ways.
 std::string toUtf8(std::string_view windows1252);
 
-/// A character that Windows-1252 cannot hold becomes "?", as does each byte that is no UTF-8.
+/// A character that Windows-1252 lacks becomes "?", and so does each byte that is not UTF-8.
 std::string fromUtf8(std::string_view utf8);
 
-/// The capital of a letter that has one in Windows-1252 (é gives É, ÿ gives Ÿ, ß stays); every
-/// other character as it is.
+/// The capital of a letter that has one in Windows-1252 (é gives É, ÿ gives Ÿ, ß stays); any other
+/// character unchanged.
 char capitalOf(char character);
 
-/// `text` with every letter as its capital.
+/// `text` in capitals.
 std::string inCapitals(std::string_view text);
 
 /// True when `bytes` is well-formed UTF-8.

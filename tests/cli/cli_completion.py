@@ -1,4 +1,4 @@
-"""Completion and the page of the manual know every command and every option."""
+"""Completion and the man page know every command and every option."""
 import re
 import shutil
 import subprocess
@@ -12,7 +12,7 @@ COMPLETIONS = ROOT / "packaging/completions"
 
 class Completion(CliTest):
     def options_of(self, command):
-        """Long and short names of options as --help tells them, without those of help itself."""
+        """Long and short names of options as --help lists them, without those of help itself."""
         out, _ = self.run_it(command, "--help")
         lines = re.findall(r"^  (-[^ ]+)", out.decode().split("Options:")[1], re.M)
         names = {name for line in lines for name in line.split(",")} - {"-h", "--help"}

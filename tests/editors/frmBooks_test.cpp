@@ -1,4 +1,4 @@
-// What only the book editor does: nothing can be deleted, and 20 bytes are carried along.
+// What only the book editor does: nothing can be deleted, and 20 reserved bytes are kept.
 
 #include "records/book_record.h"
 #include "support/family_steps.h"

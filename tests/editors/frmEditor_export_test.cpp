@@ -1,4 +1,4 @@
-// Export Data as a user of each editor goes through it.
+// Export Data in each editor, step by step.
 
 #include <utility>
 #include <vector>
@@ -9,7 +9,7 @@
 namespace quillbox::test {
 namespace {
 
-/// What the exported line of an item begins with, and the list whose entries the lines end in.
+/// The beginning of an item's exported lines, and the list whose entries end them.
 struct ExportedKind {
   const ModelKind& editor;
   const char* list;
@@ -37,7 +37,7 @@ class Export : public EditorTest, public testing::WithParamInterface<ExportedKin
     openBytes(before_);
   }
 
-  /// Books are exported under a name of their own, always the same.
+  /// Books always have the same export name.
   std::string target() const { return isBooks() ? path("export.txt") : path("out.csv"); }
   void expectDialog(std::optional<std::string> name) {
     if (!isBooks()) desktop_.expectSave("File Save As", std::move(name));
@@ -61,7 +61,7 @@ class Export : public EditorTest, public testing::WithParamInterface<ExportedKin
     exportData();
   }
 
-  /// The lines of an item(): each entry of its list holds its name and the entry's number.
+  /// The lines of an item(): each entry of its list has its name and the entry's number.
   std::string linesOf(const std::string& name) const {
     if (GetParam().list == nullptr) return {};
     std::string lines;

@@ -40,7 +40,7 @@ TEST(CommandKeys, AreTheirOwn) {
   }
 }
 
-/// Undo and redo, the clipboard, and what moves, selects or deletes by letters, words and lines.
+/// Undo and redo, the clipboard, and keys that move, select or delete by letters, words and lines.
 TEST(CommandKeys, LeaveATextBoxItsKeys) {
   for (int key = QKeySequence::UnknownKey; key <= QKeySequence::Cancel; ++key) {
     const auto standard = static_cast<QKeySequence::StandardKey>(key);
@@ -60,7 +60,7 @@ class EachKeys : public EditorTest, public testing::WithParamInterface<ModelKind
  protected:
   EachKeys() : EditorTest(GetParam()) {}
 
-  /// In a text box, where the focus is most of the time.
+  /// In a text box, where the focus usually is.
   void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
     QTest::keyClick(form().focusWidget(), key, modifiers);
     QApplication::processEvents();

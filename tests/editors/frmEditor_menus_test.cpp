@@ -1,4 +1,4 @@
-// The whole menus of the start screen and of each editor: every name and caption, in order.
+// The complete menus of the start screen and of each editor: every name and caption, in order.
 
 #include "support/form_fixture.h"
 

@@ -1,5 +1,5 @@
-// What Print List puts on paper and into a text file, for each kind of collection, with the texts
-// that the editors' own lists have.
+// What Print List prints on paper and to a text file, for each kind of collection, with the texts
+// of the editors' own lists.
 
 #include <utility>
 #include <vector>
@@ -13,7 +13,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-/// The lines of a listing that is kept in tests/data, with the line ends that the program writes.
+/// The lines of a listing in tests/data, with the program's line ends.
 std::string listing(const std::string& name) {
   std::string text;
   for (const char character : readFile(dataFile("listings/" + name))) {
@@ -23,7 +23,7 @@ std::string listing(const std::string& name) {
   return text;
 }
 
-/// The sheets of such a listing, which are set apart by lines of their own.
+/// The sheets of such a listing, which are separated by lines of their own.
 Texts sheetsOfListing(const std::string& name) {
   const std::string text = listing(name);
   Texts sheets;

@@ -1,4 +1,4 @@
-// Print List as a user of each editor goes through it, from the print dialog back to the editor.
+// Print List in each editor, from the print dialog back to the editor.
 
 #include <QEvent>
 #include <utility>
@@ -18,7 +18,7 @@ const std::string kFilter = "Text File (*.txt)|*.txt";
 const std::string kFailed =
     "System Error! Print routines have FAILED! Please contact the author for a bug fix!";
 
-/// What every test of this file does with a desktop.
+/// The expected dialogs of every test in this file.
 void expectPaper(FakeDesktop& desktop, const std::string& pages) {
   desktop.expectPrint(PrintChoice{false});
   desktop.expectInput("Starting Page", "Printer Data", "1", "1");
@@ -35,7 +35,7 @@ class PrintList : public EditorTest, public testing::WithParamInterface<ModelKin
  protected:
   PrintList() : EditorTest(GetParam()) {}
 
-  /// Three items with the second one on screen, and something typed over it.
+  /// Three items with the second one on screen, and a typed change.
   void openThree() {
     before_ = collection({item("first"), item("second"), item("third")});
     openBytes(before_);
@@ -44,7 +44,7 @@ class PrintList : public EditorTest, public testing::WithParamInterface<ModelKin
     type(kind().otherBox(), "typed");
   }
 
-  /// Lets a page hold a single line: each item comes on a page of its own, behind an empty one.
+  /// Makes a page hold a single line: each item is on a page of its own, after an empty one.
   void makeAPageForEachItem() { desktop_.fakePrinter.height = 60; }
 
   void print() {
@@ -52,7 +52,7 @@ class PrintList : public EditorTest, public testing::WithParamInterface<ModelKin
     desktop_.expectNothingLeft();
   }
 
-  /// The editor alone is on screen, with item 1 as it is in the file.
+  /// Only the editor is on screen, with item 1 as it is in the file.
   void expectBackWithItemOne() {
     EXPECT_EQ(formName(), kind().formName);
     EXPECT_EQ(state_->CurRec, 1);
@@ -183,7 +183,7 @@ TEST_P(PrintList, ListsWhatIsInTheFileEachTime) {
   expectInOrder(desktop_.fakePrinter.sheets.back(), {": changed\r\n"});
 }
 
-/// Writes down what the board is titled, and whether its editor is on screen then.
+/// Records the titles of the board, and whether the editor is visible then.
 class BoardTitles : public QObject {
  public:
   BoardTitles(QWidget& board, const QWidget& editor) : board_(board), editor_(editor) {
@@ -224,7 +224,7 @@ TEST_P(PrintList, TheEditorMakesWayForTheBoardBehindThePrintDialog) {
   const QMainWindow& shown = form();
   desktop_.onBox = [&](const std::string& title, const std::string&) {
     EXPECT_EQ(shown.isVisible(), title == "QBX List Print");
-    // Nothing is read of the collection before the board is there.
+    // Nothing is read from the collection before the board appears.
     files_.beforeRead = [&] {
       const QMainWindow& board = formNamed("frmRecDisp");
       EXPECT_FALSE(shown.isVisible());

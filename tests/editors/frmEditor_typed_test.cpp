@@ -1,4 +1,4 @@
-// Nothing that was typed is lost, and what was written or deleted can be taken back.
+// Nothing typed is lost, and writing and deleting can be undone.
 
 #include <QApplication>
 #include <QClipboard>
@@ -33,7 +33,7 @@ class Typed : public EditorTest {
         std::distance(fs::directory_iterator(path("state")), fs::directory_iterator()));
   }
 
-  /// The collection in a program that has just been started.
+  /// The collection in a restarted program.
   void reopen() { openBytes(bytes()); }
 };
 
@@ -125,7 +125,7 @@ TEST_P(EachTyped, TextIsKeptWhileItStandsOnTheForm) {
   open({item("One")});
   typeOther("Typed");
   EXPECT_TRUE(QTest::qWaitFor([&] { return keptFiles() == 1; }));
-  // As after a kill: nothing is told of an end.
+  // As after a kill: the program is not told of its end.
   reopen();
   EXPECT_EQ(status(), "Text typed for item 1 was not written");
   press("cmdBringBack");
@@ -237,7 +237,7 @@ TEST_P(EachTyped, TakingBackCanBeTriedAgainWhenItFails) {
   files_.failNth(FileOperation::read, 0, ErrorNumber::deviceIo);
   press("cmdUndoWrite");
   EXPECT_EQ(status(), "Written as item 1 of 2");
-  files_.shortWrites = true;  // half of the item is as it was by then
+  files_.shortWrites = true;  // half of the item is written
   files_.failNth(FileOperation::write, kind().skipsDeleted() ? 1 : 0, ErrorNumber::diskFull);
   press("cmdUndoWrite");
   EXPECT_TRUE(files_.hasFailed());
@@ -341,7 +341,7 @@ TEST_P(EachTyped, ACopyIsANewItemThatIsNotWritten) {
   QTest::keyClick(&form(), Qt::Key_D, Qt::ControlModifier);
   EXPECT_EQ(state_->CurRec, kNewItem);
   EXPECT_EQ(first(), "One");
-  EXPECT_TRUE(before.starts_with(other()));  // but for what pads it
+  EXPECT_TRUE(before.starts_with(other()));  // except for its padding
   EXPECT_TRUE(control<QLabel>("lblNotWritten").isVisible());
   EXPECT_EQ(bytes(), collection({item("One"), item("Two")}));
   press(kind().buttons.write);
@@ -495,7 +495,7 @@ TEST_F(MusicTyped, AHintSaysWhatWillBecomeOfAText) {
   EXPECT_EQ(box("txtAquireDate").placeholderText(), "");
 }
 
-/// The program that is killed below, in a process of its own.
+/// The program that is killed below, in a separate process.
 TEST_F(MusicTyped, DISABLED_WaitsToBeKilled) {
   typedFolder_ = qEnvironmentVariable("QUILLBOX_TYPED");
   start({qgetenv("QUILLBOX_COLLECTION").toStdString()});
@@ -510,7 +510,7 @@ TEST_F(MusicTyped, TextOutlastsAKill) {
   environment.insert(QStringLiteral("QUILLBOX_TYPED"), typedFolder_);
   environment.insert(QStringLiteral("QUILLBOX_COLLECTION"),
                      QString::fromStdString(collectionPath()));
-  for (const char* share : {"GTEST_TOTAL_SHARDS", "GTEST_SHARD_INDEX"})  // of this process alone
+  for (const char* share : {"GTEST_TOTAL_SHARDS", "GTEST_SHARD_INDEX"})  // of this process only
     environment.remove(QLatin1String(share));
   program.setProcessEnvironment(environment);
   program.start(QCoreApplication::applicationFilePath(),

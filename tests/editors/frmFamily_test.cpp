@@ -37,7 +37,7 @@ class FamilyEditor : public FamilySteps, public testing::WithParamInterface<Mode
     return found;
   }
 
-  /// What the editor steps by.
+  /// The position the editor steps by.
   std::int16_t& position() { return kind().hidesDeleted() ? state_->ListPos : state_->CurRec; }
 
   /// Every text is empty and every box unticked.
@@ -160,7 +160,7 @@ TEST_P(FamilyEditor, AFreshLoadSetsTheListsToNone) {
   open({"A", "B"});
   for (QComboBox* each : form().findChildren<QComboBox*>())
     pick(each->objectName().toUtf8().constData(), 2);
-  // Choices that no list holds leave the selection as the load left it.
+  // Choices outside their lists leave the selection as the load set it.
   std::string item = familyItem(kind(), "A");
   for (const Field* choice : choices()) item.replace(choice->offset, 2, "\x63\0", 2);
   std::string collection = familyFile(kind(), {"A"});
@@ -559,7 +559,7 @@ TEST_P(FamilyEditor, AFullCollectionTakesNoMore) {
 }
 
 TEST_P(FamilyEditor, AFailedWriteLeavesEverythingSoThatItCanBeTriedAgain) {
-  // Every operation of storing a new item fails in turn, whole and half-way.
+  // Each operation of storing a new item fails once, completely and half-way.
   const auto typeNewItem = [this] {
     open({"A", "B"});
     pressClear();
@@ -817,7 +817,7 @@ TEST_P(FamilyEditor, FitsASmallScreen) {
 struct InputLook {
   const char* name;
   const char* caption;
-  const char* captionName = nullptr;  ///< of its label, where that has a name
+  const char* captionName = nullptr;  ///< of its label, if that has a name
 };
 
 /// Everything that can be reached on an editor.
@@ -980,7 +980,7 @@ constexpr auto readOnly = std::filesystem::perms::owner_read | std::filesystem::
 
 class FamilyBadFiles : public FamilyEditor {
  protected:
-  /// Steps about in whatever was opened; the program must stay whole.
+  /// Steps through whatever was opened; the program must survive.
   void useWithoutCrashing() {
     for (const char* step : {kind().buttons.next, kind().buttons.next, kind().buttons.previous})
       if (formName() == kind().formName && button(step).isEnabled()) press(step);

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t kEntryWidth = 50;
 
-/// A second page as a user sees it, and where its entries are in the record.
+/// A second page as the user sees it, and where its entries are in the record.
 struct Page {
   ModelKind kind;
   const char* formName;

@@ -37,8 +37,8 @@ class OpeningMusic : public FormTest {
     return types;
   }
 
-  /// Opens what the test put at path() and steps about in it; whatever the file holds, the program
-  /// must stay whole.
+  /// Opens the file that the test wrote at path() and steps through it; whatever it contains, the
+  /// program must survive.
   void useWithoutCrashing() {
     for (const char* button : {"cmdNext", "cmdPrevious"})
       if (formName() == "frmMusic" && this->button(button).isEnabled()) press(button);
@@ -298,7 +298,7 @@ TEST_F(OpeningMusic, AFolderIsNoCollection) {
   EXPECT_EQ(formName(), "frmBegin2");
 }
 
-#ifndef _WIN32  // where pipes have names of their own
+#ifndef _WIN32  // where pipes are named differently
 TEST_F(OpeningMusic, APipeIsNoCollection) {
   ASSERT_EQ(::mkfifo(path().c_str(), 0600), 0);
   expectError("'75':\n\nPath/File access error", path());

@@ -394,7 +394,7 @@ TEST_F(MusicEditor, AFullCollectionTakesNoMore) {
 }
 
 TEST_F(MusicEditor, AFailedWriteLeavesEverythingSoThatItCanBeTriedAgain) {
-  // Every operation of storing a new item fails in turn, whole and half-way.
+  // Each operation of storing a new item fails once, completely and half-way.
   const auto typeNewItem = [this] {
     writeFile(path(), musicFile({album("A"), album("B")}));
     start({path()});
@@ -403,7 +403,7 @@ TEST_F(MusicEditor, AFailedWriteLeavesEverythingSoThatItCanBeTriedAgain) {
   };
   typeNewItem();
   const int operations = files_.operationsOf([this] { press("cmdWriteData"); });
-  // The first file that is closed was only read, which is of no interest to anybody.
+  // The first file that is closed was only read, so its failure does not matter.
   const auto closed =
       std::ranges::find(files_.operations(), FileOperation::close, &OperationRecord::operation);
   const auto closeAfterReading = closed - files_.operations().begin();
@@ -654,7 +654,7 @@ TEST_F(MusicEditor, TheBookletBoxFollowsTheLoanOnlyWhenThereIsABooklet) {
   EXPECT_FALSE(check("chkBookLoaned").isEnabled()) << "no booklet, on loan";
   tick("chkHasBook");
   EXPECT_TRUE(check("chkBookLoaned").isEnabled());
-  press("cmdNext");  // no booklet, not on loan: the box is left alone
+  press("cmdNext");  // no booklet, not on loan: the box is unchanged
   EXPECT_TRUE(check("chkBookLoaned").isEnabled());
   tick("chkHasBook");
   EXPECT_TRUE(check("chkBookLoaned").isEnabled()) << "not on loan: left alone";

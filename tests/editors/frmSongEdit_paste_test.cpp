@@ -1,4 +1,4 @@
-// A track list pasted into the song pages, and the line that says whose songs they are.
+// Pasting a track list into the song pages, and the line that names the album of the songs.
 
 #include <QApplication>
 #include <QClipboard>

@@ -38,7 +38,7 @@ class SongPages : public FormTest {
   }
   QLabel& hint() { return control<QLabel>("lblFull"); }
 
-  /// Fills the page on screen and tries to add that title.
+  /// Fills the visible page and tries to add that title.
   void addToFullPage(const char* title) {
     for (int i = 0; i < 20; ++i) type(("txtSongTitle_" + std::to_string(i)).c_str(), "taken");
     type("txtSongEdit", title);
@@ -213,7 +213,7 @@ TEST_F(SongPages, TheBoxAtTheTopFillsTheFirstEmptySong) {
   EXPECT_EQ(song(1), "Blue in Green");
   EXPECT_EQ(shown("txtSongEdit"), "");
   type("txtSongEdit", "All Blues");
-  press("cmdExit");  // a title that was typed is not lost for want of Enter
+  press("cmdExit");  // a typed title is not lost when Enter was not pressed
   EXPECT_EQ(text(state_->music.Songs[2]), "All Blues");
 }
 

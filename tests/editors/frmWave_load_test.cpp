@@ -13,7 +13,7 @@ struct Catalogue {
   const char* extension;
   const char* title;
   const char* filter;
-  const char* file;  ///< one that is loaded
+  const char* file;  ///< a file that is loaded
   const char* option;
   bool saysWhenEmpty;
 };
@@ -56,7 +56,7 @@ class Loading : public FormTest, public testing::WithParamInterface<Catalogue> {
     press("cmdNew");
   }
 
-  /// A folder that holds so many files to load, and one that is not.
+  /// A folder with a number of files to load, and one other file.
   void fillFolder(int files) {
     std::filesystem::create_directory(path("found"));
     writeFile(path("found/letter.txt"), "data");
@@ -130,7 +130,7 @@ TEST_P(Loading, AFailurePartWayShowsHowManyItemsThereAre) {
   open({item("old")});
   type("txtDesc", "typed");
   fillFolder(4);
-  // The files are written item and header in turn: two of them, and half of the third.
+  // The files are written item and header in turn: two complete ones, and half of the third.
   files_.failNth(FileOperation::write, 4, ErrorNumber::diskFull);
   load(diskFull());
   EXPECT_EQ(headerOf(bytes()).Count, 3);

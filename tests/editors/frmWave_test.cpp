@@ -62,8 +62,8 @@ class WaveEditor : public FormTest {
   std::string bytes() { return file(name_); }
   std::string record() { return label("lblRec"); }
 
-  /// The code that tells the four kinds apart, as the state holds it.
-  /// The codes of media files follow those of the other five kinds.
+  /// The code that distinguishes the four kinds, as the state has it. The codes of media files
+  /// follow those of the other five kinds.
   void pretendCode(int code) { state_->kindCode = static_cast<std::int16_t>(code + 5); }
 
   void addFiles(const char* folder, std::initializer_list<const char*> names) {

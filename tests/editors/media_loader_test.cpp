@@ -28,7 +28,7 @@ using Names = std::vector<std::string>;
 
 constexpr int kMediaCodes[] = {1, 2, 3, 4};
 
-/// A board that writes down what is shown on it.
+/// A board that records what is shown on it.
 class RecordingBoard : public Board {
  public:
   void open(const std::string& caption) override { others.push_back("open " + caption); }
@@ -67,7 +67,7 @@ class MediaLoaderTest : public testing::Test {
  protected:
   MediaLoaderTest() { state_.currentPath = path_; }
 
-  /// Makes the catalogue, with a header that an older version wrote.
+  /// Creates the catalogue, with a header of an older version.
   void items(const std::vector<MediaFileRecord>& records) {
     std::string bytes = headerBytes(static_cast<int>(records.size()));
     bytes.replace(2, 10, "\x07\x00"s + "0.99    ");
@@ -95,7 +95,7 @@ class MediaLoaderTest : public testing::Test {
     return record;
   }
 
-  /// The names of all items that are in the file, whatever its header says.
+  /// The names of all items in the file, whatever its header says.
   Names stored() const {
     Names names;
     const auto records = static_cast<int>(file().size() / sizeof(MediaFileRecord));
@@ -180,7 +180,7 @@ TEST_F(MediaLoaderTest, OnlyPlainFilesAreFoundThroughLinksToo) {
   EXPECT_EQ(found, (Names{"file.wav", "link.wav"}));
 }
 
-/// A folder that gives its entries in a known order.
+/// A folder that lists its entries in a known order.
 class ScriptedFolder : public DiskFileSystem {
  public:
   explicit ScriptedFolder(std::vector<FolderEntry> entries) : entries_(std::move(entries)) {}
@@ -253,7 +253,7 @@ TEST_F(MediaLoaderTest, AnItemIsAddedForEachFile) {
 TEST_F(MediaLoaderTest, WhatTheCatalogueHasStaysAndTheNewItemsFollow) {
   items({mediaFile("one.wav"), mediaFile("two.wav")});
   const std::string before = file();
-  state_.mediaFile = mediaFile("shown.wav");  // what the buffer holds is not taken over
+  state_.mediaFile = mediaFile("shown.wav");  // the contents of the buffer are not used
   load({"three.wav"});
   EXPECT_EQ(state_.Count, 3);
   const std::string after = file();

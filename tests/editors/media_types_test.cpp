@@ -25,7 +25,7 @@ Entries builtIn() {
           "8-Track",      "4-Track",       "Reel To Reel Tape",  "Cart"};
 }
 
-/// The seven entries that a valid file keeps, and these.
+/// The seven entries kept with a valid file, followed by these.
 Entries sevenAnd(const Entries& more) {
   Entries entries = builtIn();
   entries.pop_back();
@@ -102,7 +102,7 @@ TEST(MediaTypes, EntriesMayBeOfTodaysEncodingOrOfYesterdays) {
   expectValid("[MEDIA]\nx,Caf\xE9 \x80\n", {"Caf\xE9 \x80"});
   expectValid("[MEDIA]\nx,Caf\xE9\ny,Caf\xC3\xA9\n", {"Caf\xE9", "Caf\xE9"});
   expectValid("[MEDIA]\nx,\xE6\x97\xA5\n", {"?"});
-  // What stands before the comma is not looked at.
+  // The text before the comma is ignored.
   expectValid("[MEDIA]\n\xE9,Caf\xC3\xA9\n", {"Caf\xE9"});
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
-// Every window of the program, each opened as its users open it, large and small, light and dark,
-// empty and full. What all of them must keep is checked in all_forms_*_test.cpp.
+// Every window of the program, opened as users open it, large and small, light and dark, empty and
+// full. all_forms_*_test.cpp check what must hold for all of them.
 
 #include <QAbstractSpinBox>
 #include <QApplication>
@@ -31,7 +31,7 @@
 
 namespace quillbox::test {
 
-/// One window, and the way that leads to it.
+/// A window, and the steps that lead to it.
 struct FormCase {
   enum class Window { form, fullStart, board, printDialog };
 
@@ -81,11 +81,11 @@ inline const FormCase kAllForms[] = {
     {"PrintDialog", "print", nullptr, {}, FormCase::Window::printDialog},
 };
 
-/// How a window is looked at.
+/// How a window looks.
 struct Look {
   enum class Content { empty, longest, sample };
 
-  double textScale;  ///< of the size that texts have by default
+  double textScale;  ///< relative to the default size of text
   bool dark;
   Content content;
 };
@@ -116,7 +116,7 @@ inline bool isInput(const QWidget* widget) {
          qobject_cast<const QAbstractSpinBox*>(widget) != nullptr;
 }
 
-/// Tabs and tables, whose cells the arrow keys lead through.
+/// Tabs and tables, in which the arrow keys move.
 inline bool isView(const QWidget* widget) {
   return qobject_cast<const QTabBar*>(widget) != nullptr ||
          qobject_cast<const QAbstractItemView*>(widget) != nullptr;
@@ -134,7 +134,7 @@ inline bool isPartOfControl(const QWidget* widget) {
   return around != nullptr && !widget->isWindow() && (isControl(around) || isPartOfControl(around));
 }
 
-/// What a user sees there and reads or works with, but not the parts these are made of.
+/// The controls that a user reads or works with, without the parts they consist of.
 inline std::vector<QWidget*> controlsOf(const QWidget& window) {
   std::vector<QWidget*> controls;
   for (QWidget* widget : window.findChildren<QWidget*>())
@@ -163,21 +163,21 @@ inline QRect placeIn(const QWidget& window, const QWidget& control) {
   return {control.mapTo(&window, QPoint(0, 0)), control.size()};
 }
 
-/// Over the room that a menu bar keeps at its end.
+/// In the space that a menu bar reserves at its end.
 inline bool standsInMenuBar(const QWidget& window, const QWidget& control) {
   const auto* bar = window.findChild<QMenuBar*>();
   const QWidget* room = bar != nullptr ? bar->cornerWidget() : nullptr;
   return room != nullptr && placeIn(window, *room) == placeIn(window, control);
 }
 
-/// What a control says, access-key marks included; empty for one that is filled by its user.
+/// The text of a control, including access-key marks; empty for one that the user fills.
 inline QString textOf(const QWidget* control) {
   if (const auto* label = qobject_cast<const QLabel*>(control)) return label->text();
   if (const auto* button = qobject_cast<const QAbstractButton*>(control)) return button->text();
   return {};
 }
 
-/// How a control is called in these tests.
+/// The name of a control in these tests.
 inline std::string nameOf(const QWidget* control) {
   if (control == nullptr) return "nothing";
   if (!control->objectName().isEmpty()) return control->objectName().toStdString();
@@ -196,7 +196,7 @@ class AllForms : public FormTest {
     QApplication::setPalette(QPalette());
   }
 
-  /// Opens the window anew.
+  /// Opens the window again.
   QWidget& open(const FormCase& which, const Look& look) {
     dialog_.reset();
     setTextScale(look.textScale);
@@ -215,7 +215,7 @@ class AllForms : public FormTest {
     return look.dark ? QPalette(charcoal, charcoal) : QApplication::style()->standardPalette();
   }
 
-  /// Lets the window take the size its controls ask for.
+  /// Lets the window take the size that its controls need.
   static void settle(QWidget& window) {
     QApplication::processEvents();
     window.layout()->activate();
@@ -287,8 +287,8 @@ class AllForms : public FormTest {
     desktop_.tolerateOpen.reset();
   }
 
-  /// The start screen with as many recent collections as there can be, two of them under their
-  /// backup's name, and a file that the command line does not open; or with what a user may have.
+  /// The start screen with the maximum of recent collections, two of them under their backup's
+  /// name, and a file that the command line does not open; or with usual contents.
   void startFull(Look::Content content) {
     const bool isSample = content == Look::Content::sample;
     const std::string name(content == Look::Content::longest ? 100 : 4, 'W');
@@ -301,7 +301,7 @@ class AllForms : public FormTest {
     for (const CollectionKind& kind : collectionKinds()) {
       const std::string extension(kind.extension);
       const bool isLost = extension == "BCS" || extension == "MPS";
-      // Each its own first letter, and so its own backup.
+      // Each with a different first letter, and so with a backup of its own.
       const std::string start = path(extension.front() + name);
       writeFile(start + (isLost ? ".bak" : '.' + extension), empty);
       recents_->opened(start + '.' + extension, 32767);
@@ -309,7 +309,7 @@ class AllForms : public FormTest {
     start({path("pictures.GCS")});
   }
 
-  /// In a folder that is the same each time.
+  /// In the same folder each time.
   void startWithSamples() {
     writeFile(path("shelf.bak"), readFile(QUILLBOX_SOURCE_DIR "/samples/shelf.BCS"));
     recents_->opened(path("shelf.BCS"), 55);
@@ -373,12 +373,12 @@ class AllForms : public FormTest {
   std::unique_ptr<RecentCollections> recentSettings_;
 };
 
-/// A test of each window by itself.
+/// A test for each window by itself.
 class EachForm : public AllForms, public testing::WithParamInterface<FormCase> {
  protected:
   QWidget& open(const Look& look) { return AllForms::open(GetParam(), look); }
 
-  /// Does that to the window in each of the looks.
+  /// Does this with the window in each of the looks.
   template <typename Step>
   void inEach(const std::vector<Look>& looks, Step step) {
     for (const Look& look : looks) {

@@ -1,5 +1,5 @@
-// What a user without a mouse, or without a screen, has of every window: names, the way of the Tab
-// key, and access keys.
+// What a user without a mouse, or without a screen, needs from every window: names, the tab order,
+// and access keys.
 
 #include <QAccessible>
 #include <QKeySequence>
@@ -23,7 +23,7 @@ std::string spokenName(QWidget* control) {
   return spoken == nullptr ? "" : spoken->text(QAccessible::Name).toStdString();
 }
 
-/// The caption that stands by an input or on it, as a screen shows it.
+/// The caption beside or on an input, as it is on screen.
 std::string captionOf(const QWidget& window, const QWidget* input) {
   if (qobject_cast<const QAbstractButton*>(input) != nullptr)
     return withoutAccessKey(textOf(input)).toStdString();
@@ -33,12 +33,12 @@ std::string captionOf(const QWidget& window, const QWidget* input) {
   return {};
 }
 
-/// The song boxes of a page run down its columns, as they are numbered.
+/// The song boxes of a page go down its columns, as they are numbered.
 bool runsDownColumns(const QWidget* control) {
   return control->objectName().startsWith(QLatin1String("txtSongTitle_"));
 }
 
-/// Row by row from the top, each from the left. What runs down columns is one row of its own.
+/// Row by row from the top, each from the left. What goes down columns counts as one row.
 std::vector<QWidget*> inReadingOrder(const QWidget& window, std::vector<QWidget*> controls) {
   const auto middle = [&](const QWidget* control) { return placeIn(window, *control).center(); };
   std::ranges::sort(controls, {}, [&](const QWidget* control) { return middle(control).y(); });
@@ -60,7 +60,7 @@ std::vector<QWidget*> inReadingOrder(const QWidget& window, std::vector<QWidget*
   return ordered;
 }
 
-/// Of options that exclude one another the Tab key stops at one; the arrow keys lead to the rest.
+/// Of exclusive options the Tab key stops at one; the arrow keys lead to the others.
 bool isPassedBy(const QWidget* control) {
   if (qobject_cast<const QRadioButton*>(control) == nullptr) return false;
   const auto options =
@@ -87,7 +87,7 @@ std::string namesOf(const std::vector<QWidget*>& controls) {
   return names;
 }
 
-/// What scrolls is read before the buttons below it, wherever it has been scrolled to.
+/// What scrolls comes before the buttons below it, wherever it has been scrolled to.
 std::vector<QWidget*> inOrder(const QWidget& window) {
   auto stops = stopsOf(window);
   const auto* page = window.findChild<QScrollArea*>();
@@ -102,7 +102,7 @@ std::vector<QWidget*> inOrder(const QWidget& window) {
 
 void expectTabsInReadingOrder(QWidget& window) {
   const auto expected = inOrder(window);
-  if (expected.empty()) return;  // only to be looked at
+  if (expected.empty()) return;  // nothing to operate
   std::vector<QWidget*> reached;
   expected.front()->setFocus(Qt::TabFocusReason);
   for (std::size_t step = 0; step < expected.size(); ++step) {
@@ -119,7 +119,7 @@ void expectTabsInReadingOrder(QWidget& window) {
   }
 }
 
-using Owners = std::map<std::string, std::vector<std::string>>;  // of each access key
+using Owners = std::map<std::string, std::vector<std::string>>;  // by access key
 
 void addKey(Owners& owners, const QString& text, const std::string& owner) {
   const QKeySequence key = QKeySequence::mnemonic(text);
@@ -137,7 +137,7 @@ std::set<std::string> clashesOf(const Owners& owners, const std::string& where) 
   return clashes;
 }
 
-/// The access keys of a window, its menu titles' included.
+/// The access keys of a window, including its menu titles.
 Owners keysOf(const QWidget& window) {
   Owners owners;
   for (const auto* bar : controlsOf<QMenuBar>(window))
@@ -151,8 +151,8 @@ Owners keysOf(const QWidget& window) {
   return owners;
 }
 
-/// The access keys that more than one thing answers to: on the window itself, whose menu titles
-/// count, and in each of its menus.
+/// The access keys that more than one control uses: on the window itself, including its menu
+/// titles, and in each of its menus.
 std::set<std::string> clashesOf(const QWidget& window) {
   const std::string name = nameOf(&window);
   std::set<std::string> clashes = clashesOf(keysOf(window), name);
@@ -167,7 +167,7 @@ std::set<std::string> clashesOf(const QWidget& window) {
   return clashes;
 }
 
-/// The letters that nothing on the window answers to.
+/// The letters that no control of the window uses.
 std::string freeLettersOf(const QWidget& window) {
   const Owners owners = keysOf(window);
   std::string letters;
@@ -176,7 +176,7 @@ std::string freeLettersOf(const QWidget& window) {
   return letters;
 }
 
-// Users' fingers know these captions, so the keys that some of them share stay shared.
+// Users know these captions, so shared keys stay shared.
 const std::set<std::string> kSharedKeys = {
     "frmBooks Alt+N: txtBooks_3 cmdNext",
     "frmBooks Alt+P: PrintMenu txtBooks_2",
@@ -224,7 +224,7 @@ TEST_P(AllFormsKeys, TellsTheKeysOfEveryButton) {
     for (auto* button : controlsOf<QPushButton>(window)) {
       const auto tip = button->toolTip();
       EXPECT_FALSE(tip.isEmpty() || tip.startsWith(QLatin1Char('('))) << nameOf(button);
-      if (QKeySequence::mnemonic(button->text()).isEmpty()) continue;  // Tab and Space alone
+      if (QKeySequence::mnemonic(button->text()).isEmpty()) continue;  // only Tab and Space
       EXPECT_TRUE(tip.contains(QStringLiteral(" (")) && tip.endsWith(QLatin1Char(')')))
           << nameOf(button) << ' ' << tip.toStdString();
     }

@@ -1,5 +1,5 @@
-// What a user sees: on every window all captions are whole, nothing lies outside or over another
-// thing, and all of it stands out in the colours that the user chose.
+// What a user sees: on every window all captions are complete, nothing is outside or overlaps, and
+// everything is readable in the user's colours.
 
 #include <QScreen>
 #include <QScrollArea>
@@ -15,7 +15,7 @@
 namespace quillbox::test {
 namespace {
 
-/// Contrast that a reader needs at least.
+/// The minimum contrast for a reader.
 constexpr double kContrast = 3;
 
 void expectRoom(QSize has, QSize needs, const QWidget* control) {
@@ -37,8 +37,8 @@ void expectWhole(const QLabel& label) {
     EXPECT_GE(label.height(), label.heightForWidth(label.width())) << nameOf(&label);
   } else if (label.objectName() == QLatin1String("lblLines") ||
              label.objectName() == QLatin1String("lblStatus")) {
-    // The board's lines and a status are cut at the window's edge, by design: it must not grow with
-    // them.
+    // The board's lines and a status are cut at the window's edge on purpose: the window must not
+    // grow with them.
     EXPECT_GE(room.height(), textSize(label, label.text()).height());
   } else {
     expectRoom(label.size(), label.sizeHint(), &label);
@@ -94,7 +94,7 @@ void expectWhole(const QMenuBar& bar) {
   }
 }
 
-/// Nothing that the control says is cut off.
+/// No text of the control is cut off.
 void expectWhole(const QWidget* control) {
   if (const auto* label = qobject_cast<const QLabel*>(control))
     expectWhole(*label);
@@ -108,7 +108,7 @@ void expectWhole(const QWidget* control) {
     expectWhole(*bar);
   else
     expectRoom(control->size(), control->minimumSizeHint(), control);
-  // A text that is typed is cut at the sides alone.
+  // A typed text may only be cut at its sides.
   if (qobject_cast<const QLineEdit*>(control) != nullptr) {
     EXPECT_GE(control->height(), control->sizeHint().height()) << nameOf(control);
   }
@@ -116,14 +116,14 @@ void expectWhole(const QWidget* control) {
 
 enum class Size { usual, smallest };
 
-/// A window that is as large as the screen may be too small for what it holds.
+/// A window as large as the screen may be too small for its contents.
 bool fillsTheScreen(const QWidget& window) {
   const QSize room = window.screen()->availableGeometry().size();
   return window.width() >= room.width() || window.height() >= room.height();
 }
 
-/// Neither the window nor anything between it and the control cuts it off. In a small window what
-/// scrolls does.
+/// Neither the window nor anything between it and the control cuts it off. In a small window a
+/// scrolling page does.
 void expectInside(const QWidget& window, const QWidget* control, Size size) {
   for (const QWidget* around = control; around != &window; around = around->parentWidget()) {
     const QWidget* outer = around->parentWidget();
@@ -134,7 +134,7 @@ void expectInside(const QWidget& window, const QWidget* control, Size size) {
   }
 }
 
-/// A small window is scrolled to each input that gets the focus.
+/// In a small window each input that gets the focus scrolls into view.
 void expectInReach(QWidget& window) {
   window.activateWindow();
   EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
@@ -142,7 +142,7 @@ void expectInReach(QWidget& window) {
     for (QWidget* control : page->widget()->findChildren<QWidget*>()) {
       if (control->focusPolicy() == Qt::NoFocus || !control->isEnabled()) continue;
       control->setFocus();
-      // Of a wide box the part with the caret.
+      // For a wide box, the part with the caret.
       const QRect place(control->mapTo(page->viewport(), QPoint()), control->size());
       EXPECT_EQ(place.intersected(page->viewport()->rect()).height(), control->height())
           << nameOf(control) << " is out of view";
@@ -158,7 +158,7 @@ void expectApart(const QWidget& window, const std::vector<QWidget*>& controls) {
     }
 }
 
-/// No part of a bar is left out for want of room.
+/// No part of a bar is missing for lack of space.
 void expectBarsWhole(const QWidget& window) {
   for (const char* more : {"qt_menubar_ext_button", "qt_toolbar_ext_button"})
     for (const auto* button : window.findChildren<QToolButton*>(QString::fromUtf8(more)))
@@ -168,7 +168,7 @@ void expectBarsWhole(const QWidget& window) {
 void expectAllWhole(const QWidget& window, Size size) {
   auto controls = controlsOf(window);
   EXPECT_FALSE(controls.empty());
-  // The hint of the box with the focus lies over its neighbours for a moment, by design.
+  // The hint of the box with the focus covers its neighbours for a moment, on purpose.
   std::erase_if(controls, [](const QWidget* control) {
     return dynamic_cast<const LiveHint*>(control) != nullptr;
   });
@@ -193,7 +193,7 @@ double contrast(const QColor& one, const QColor& other) {
   return (lighter + 0.05) / (darker + 0.05);
 }
 
-/// A colour as it is seen over another.
+/// A colour as it appears over another.
 QColor over(const QColor& color, const QColor& ground) {
   const float share = color.alphaF();
   const auto mixed = [share](float front, float back) {
@@ -225,7 +225,7 @@ std::vector<Roles> rolesOf(const QWidget* control) {
   return roles;
 }
 
-/// The contrast between the colour that fills most of a picture and the one farthest from it.
+/// The contrast between a picture's most frequent colour and the one farthest from it.
 double drawnContrast(const QImage& picture) {
   std::map<QRgb, int> pixels;
   for (int y = 0; y < picture.height(); ++y)
@@ -238,7 +238,7 @@ double drawnContrast(const QImage& picture) {
   return highest;
 }
 
-/// But for what is not written, which stands out by a colour of its own and a tint.
+/// Except for what is not written, which has a colour of its own and a tint.
 bool isOfTheUsersColours(const QWidget& control) {
   QPalette users = QApplication::palette(&control);
   std::vector<QPalette::ColorRole> own;
@@ -251,7 +251,7 @@ bool isOfTheUsersColours(const QWidget& control) {
 
 void expectReadable(const QWidget& window) {
   for (QWidget* control : controlsOf(window)) {
-    // The colours are the user's, none is the form's own.
+    // The colours are the user's; none is the form's own.
     EXPECT_TRUE(isOfTheUsersColours(*control)) << nameOf(control);
     EXPECT_TRUE(control->styleSheet().isEmpty()) << nameOf(control);
     if (!control->isEnabled()) continue;

@@ -13,7 +13,7 @@
 namespace quillbox::test {
 namespace {
 
-/// Turns the wheel over a widget by one notch towards the user, as the window system tells it.
+/// Turns the wheel over a widget by one notch towards the user, as the window system reports it.
 void turnWheel(QWidget& over) {
   constexpr int notch = 120;
   const QPoint middle = over.rect().center();

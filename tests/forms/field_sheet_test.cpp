@@ -5,6 +5,7 @@
 #include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
 #include <array>
@@ -105,6 +106,18 @@ TEST_F(FieldSheets, TellOfABoxThatIsToggledHoweverItIs) {
   EXPECT_EQ(toggled, 3);
   booklet().toggle();
   EXPECT_EQ(toggled, 4);
+}
+
+TEST_F(FieldSheets, SeparateHeadingsByLinesWithThatRole) {
+  constexpr HeadingRow headings[] = {{"Album", 1}};
+  const FieldSheet sheet{std::span(kRows).first(1), headings, desktop_};
+  int lines = 0;
+  for (auto* frame : sheet.findChildren<QFrame*>())
+    if (frame->frameShape() == QFrame::HLine) {
+      ++lines;
+      EXPECT_EQ(QAccessible::queryAccessibleInterface(frame)->role(), QAccessible::Separator);
+    }
+  EXPECT_EQ(lines, 1);
 }
 
 TEST_F(FieldSheets, TakeNothingThatTheProgramShowsForAUsersChange) {

@@ -24,8 +24,8 @@ class FileDropsTest : public FormTest {
     return all;
   }
 
-  /// What a file manager does: drags over the widget, and drops where that is taken. Returns
-  /// whether it was, and as what.
+  /// Acts as a file manager: drags over the widget, and drops if that is accepted. Returns whether
+  /// it was, and how.
   Qt::DropAction drop(QWidget& on, const QList<QUrl>& urls, Qt::DropActions possible = kAll) {
     QMimeData dragged;
     dragged.setUrls(urls);

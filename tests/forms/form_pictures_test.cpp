@@ -1,5 +1,5 @@
-// Pictures of every form with a sample open. With QUILLBOX_PICTURES set to a folder they are kept
-// there: the manual shows them, and a change of a form shows in them.
+// Pictures of every form with a sample open. If QUILLBOX_PICTURES is set to a folder, they are
+// saved there: the manual uses them, and they show every change of a form.
 
 #include <QDir>
 #include <QSet>
@@ -11,7 +11,7 @@ namespace {
 
 class FormPictures : public EachForm {
  protected:
-  /// The window as it is on screen; kept by that name.
+  /// The window as it is on screen; saved under that name.
   static QImage picture(QWidget& window, const QString& name) {
     const QImage taken = window.grab().toImage().convertToFormat(QImage::Format_RGB888);
     const QString folder = qEnvironmentVariable("QUILLBOX_PICTURES");
@@ -38,7 +38,7 @@ TEST_P(FormPictures, AreTakenInLightAndDark) {
   const QString name = QString::fromUtf8(GetParam().picture);
   const QImage light = picture(EachForm::open(kLight), name);
   const QImage dark = picture(EachForm::open(kDark), "dark/" + name);
-  // Letters and lines are drawn in many shades; what was never painted has one.
+  // Letters and lines are drawn in many shades; an unpainted area has one.
   constexpr int fewest = 16;
   EXPECT_GT(colours(light), fewest);
   EXPECT_GT(colours(dark), fewest);

@@ -1,4 +1,4 @@
-// Where windows stand and how their parts share the room: nothing moves under the mouse.
+// The positions of windows, and how their parts share the space: nothing moves under the mouse.
 
 #include <QScrollArea>
 

@@ -1,5 +1,6 @@
 #include "forms/help_window.h"
 
+#include <QAccessible>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -105,6 +106,14 @@ TEST_F(HelpTest, IsCalledQuillboxHelpOnEveryPage) {
   EXPECT_EQ(window()->windowTitle(), "Quillbox Help");
 }
 
+TEST_F(HelpTest, IsAWindowToAssistiveTechnology) {
+  start();
+  choose("ContentBegin");
+  auto* spoken = QAccessible::queryAccessibleInterface(window());
+  EXPECT_EQ(spoken->role(), QAccessible::Window);
+  EXPECT_EQ(spoken->text(QAccessible::Name), "Quillbox Help");
+}
+
 TEST_F(HelpTest, GoesBackAndForward) {
   start();
   choose("ContentBegin");
@@ -134,12 +143,12 @@ TEST_F(HelpTest, IsNoFormOfItsOwn) {
   open("MCS");
   choose("MusicContents");
   choose("ExitCollection");
-  // The desktop is empty but for the help, so the start screen comes up.
+  // Apart from help the desktop is empty, so the start screen appears.
   EXPECT_EQ(formName(), "frmBegin2");
   EXPECT_EQ(helpPage(), "music.md");
 }
 
-/// The line that looks for a text on the page, worked with keys.
+/// The line for searching the page, worked with keys.
 class HelpFind : public HelpTest {
  protected:
   HelpFind() {
@@ -242,7 +251,7 @@ TEST_F(HelpFind, WithoutATextTheKeyAsksForOne) {
   EXPECT_TRUE(line().hasFocus());
 }
 
-/// Letters in other sizes.
+/// Letters of other sizes.
 using HelpZoom = HelpFind;
 
 TEST_F(HelpZoom, ItsKeysEnlargeShrinkAndReset) {

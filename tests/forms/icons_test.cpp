@@ -28,7 +28,7 @@ QImage painted(const QIcon& icon) {
   return image;
 }
 
-/// Points that are seen at all.
+/// The number of visible pixels.
 int inkOf(const QImage& image) {
   constexpr int half = 128;
   int ink = 0;
@@ -38,7 +38,7 @@ int inkOf(const QImage& image) {
   return ink;
 }
 
-/// Every icon's name, whether the drawings themselves or pictures of them are in the program.
+/// The name of every icon, whether the program contains the drawings or pictures of them.
 std::set<QString> names() {
   std::set<QString> names;
   for (const QString& file :
@@ -106,7 +106,7 @@ TEST(Icons, AreDrawnAsTheirFilesInEveryStateAndScale) {
   }
 }
 
-/// A theme of one red icon, for as long as it lives.
+/// A theme with one red icon, while the object exists.
 class OneIconTheme {
  public:
   OneIconTheme() {

@@ -52,7 +52,7 @@ TEST_F(KeptTextsTest, OfTheFormIsTheNewestWhenTheProgramWasKilled) {
   first.leave(text("Left", 1));
   first.setOnForm(text("Typed", 2));
   EXPECT_TRUE(kept().newest()->isSame(text("Typed", 2)));
-  first.setOnForm(std::nullopt);  // written, or typed back
+  first.setOnForm(std::nullopt);  // written, or changed back
   EXPECT_TRUE(kept().newest()->isSame(text("Left", 1)));
 }
 
@@ -129,7 +129,7 @@ TEST_F(KeptTextsTest, AreReadForWhatTheyAreWorth) {
     SCOPED_TRACE(damaged.substr(0, 40));
     writeFile(file, damaged);
     EXPECT_FALSE(kept().newest());
-    kept().leave(text("Two"));  // and the next is kept as ever
+    kept().leave(text("Two"));  // and the next one is kept as usual
     EXPECT_TRUE(kept().newest()->isSame(text("Two")));
   }
   std::string strange = whole;

@@ -65,7 +65,7 @@ class ListPasteTest : public testing::Test {
     return *menu;
   }
 
-  /// What the box makes of what is dropped on it.
+  /// What the box does with dropped data.
   static Qt::DropAction drop(TextBox& box, const QMimeData& data) {
     const auto actions = Qt::CopyAction | Qt::MoveAction;
     QDragEnterEvent enters({5, 5}, actions, &data, Qt::LeftButton, Qt::NoModifier);

@@ -1,4 +1,4 @@
-// The manual as its readers find it, in the program and beside it.
+// The manual in the program and in the source tree.
 
 #include <gtest/gtest.h>
 

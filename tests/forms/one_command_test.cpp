@@ -1,5 +1,5 @@
-// What comes while a command runs: a screen reader presses buttons in the middle of it, which holds
-// back only keys and the mouse.
+// Events during a command: a screen reader can press buttons then, because only keys and the mouse
+// are blocked.
 
 #include <QAccessible>
 #include <filesystem>
@@ -12,7 +12,7 @@ namespace {
 
 class OneCommand : public FormTest {
  protected:
-  /// Presses a button, or chooses a menu item's action, of a form that may be hidden, as a screen
+  /// Presses a button, or chooses a menu item's action, on a form that may be hidden, as a screen
   /// reader does.
   void pressFromOutside(const char* formName, const char* button) {
     auto& pressed = *formNamed(formName).findChild<QPushButton*>(QString::fromUtf8(button));

@@ -20,7 +20,7 @@ double luminance(const QColor& color) {
   return 0.2126 * part(color.redF()) + 0.7152 * part(color.greenF()) + 0.0722 * part(color.blueF());
 }
 
-/// Of the colours as a picture has them: the ground, and what differs most from it.
+/// Between the colours of a picture: the background, and what differs most from it.
 double drawnContrast(const QWidget& box) {
   const QImage picture = const_cast<QWidget&>(box).grab().toImage();
   const QRect inside = picture.rect().marginsRemoved(QMargins(4, 4, 4, 4));
@@ -35,7 +35,7 @@ double drawnContrast(const QWidget& box) {
   return highest;
 }
 
-/// As many a desktop has it: every colour but that of placeholders, which stays the toolkit's.
+/// As on many desktops: every colour except that of placeholders, which stays the toolkit's.
 QPalette darkWithoutPlaceholder() {
   QPalette dark = QApplication::style()->standardPalette();
   for (const auto role : {QPalette::Window, QPalette::Base, QPalette::AlternateBase,

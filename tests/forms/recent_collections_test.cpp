@@ -105,7 +105,7 @@ TEST_F(Recents, IgnoreWhatIsDamaged) {
         "[Recent]\n1=3, 4, 5\n", "[Recent]\n9=3 C:/a/jazz.MCS\n0=3 C:/a/jazz.MCS\n",
         "[Recent]\n1=@Rect(1 2 3 4)\n"}) {
     SCOPED_TRACE(bytes);
-    // Another name each time: the toolkit remembers settings files by name.
+    // A different name each time: the toolkit caches settings files by name.
     const std::string name = "damaged" + std::to_string(++number) + ".ini";
     writeFile(folder_.path(name), bytes);
     RecentCollections recents(settings(name.c_str()));

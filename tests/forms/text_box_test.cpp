@@ -94,7 +94,7 @@ TEST_F(TextBoxTest, UndoLeadsBackThroughAPasteThatWasTooLong) {
   QApplication::clipboard()->setText(QStringLiteral("ains and more"));
   key(Qt::Key_V, Qt::ControlModifier);
   EXPECT_EQ(text(), "Blue Train");
-  key(Qt::Key_V, Qt::ControlModifier);  // nothing of it has room
+  key(Qt::Key_V, Qt::ControlModifier);  // none of it fits
   EXPECT_EQ(text(), "Blue Train");
   for (int most = 0; most < 8 && box_.isUndoAvailable(); ++most)
     key(Qt::Key_Z, Qt::ControlModifier);

@@ -12,7 +12,7 @@ namespace {
 
 class WindowPlacesTest : public FormTest {
  protected:
-  /// The program, from now on with this settings file.
+  /// Starts the program with this settings file.
   void startWith(const std::string& settings) {
     modQBX1_.reset();
     program_.reset();
@@ -21,7 +21,7 @@ class WindowPlacesTest : public FormTest {
     start();
   }
 
-  /// The start screen as a user has moved and sized it.
+  /// The start screen, moved and resized by a user.
   void leaveStartScreenAt(const QRect& place) {
     form().setGeometry(place);
     QApplication::processEvents();
@@ -60,7 +60,7 @@ TEST_F(WindowPlacesTest, LeaveAWindowAloneThatIsShownAgain) {
   const std::string settings = path("windows.ini");
   startWith(settings);
   leaveStartScreenAt(kPlace);
-  close();  // the dialog; the start screen comes back
+  close();  // the dialog; the start screen appears again
   EXPECT_EQ(form().geometry(), kPlace);
 }
 
@@ -73,12 +73,12 @@ TEST_F(WindowPlacesTest, IgnoreADamagedFile) {
         "[General]\nfrmBegin2=a b c d\n", "[General]\nfrmBegin2=5 5 0 0\n",
         "[General]\nfrmBegin2=@Rect(60 70 720 500)\n", "\xff\xfe\1binary"}) {
     SCOPED_TRACE(bytes);
-    // Another name each time: the toolkit remembers settings files by name.
+    // A different name each time: the toolkit caches settings files by name.
     const std::string settings = path("damaged" + std::to_string(++number) + ".ini");
     writeFile(settings, bytes);
     startWith(settings);
     EXPECT_EQ(form().geometry(), usual);
-    // And the next place is kept as ever.
+    // And the next place is kept as usual.
     leaveStartScreenAt(kPlace);
     startWith(settings);
     EXPECT_EQ(form().geometry(), kPlace);

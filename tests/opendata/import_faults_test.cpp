@@ -1,5 +1,5 @@
-// Every file operation of import, restore and undelete fails in turn: the collection is the old one
-// or the new one, and what was there is still there.
+// Each file operation of import, restore and undelete fails once: the collection is the old one or
+// the new one, and everything that existed still exists.
 
 #include <gtest/gtest.h>
 
@@ -33,7 +33,7 @@ class ImportPath : public CollectionPath {
 
   void expectDone() const override {
     EXPECT_TRUE(collection() == after_);
-    // The try before may have been done but for keeping the earlier one.
+    // The attempt before may have failed only in keeping the earlier version.
     EXPECT_FALSE(bytesAt(path_ + "~") == "an earlier one");
     EXPECT_FALSE(std::filesystem::exists(path_ + ".new~") && !wasExchanged_);
   }
@@ -50,7 +50,7 @@ class ImportPath : public CollectionPath {
       EXPECT_EQ(bytesAt(path_ + "~"), "an earlier one");
   }
 
-  /// Takes away what a failure could not, and begins anew.
+  /// Removes what a failure could not remove, and starts again.
   void putInOrder() override {
     std::filesystem::remove(path_ + ".new~");
     writeFile(path_, before_);
@@ -113,7 +113,7 @@ class UndeletePath : public CollectionPath {
 
   void expectDone() const override { EXPECT_TRUE(collection() == after_); }
 
-  /// The header may be written already; the item is the deleted one or the one that is back.
+  /// The header may already be written; the item is the deleted or the restored one.
   void expectSafe(const Fault& /*fault*/, const Failure& /*failure*/) const override {
     std::string now = collection();
     ASSERT_EQ(now.size(), before_.size());
@@ -124,7 +124,7 @@ class UndeletePath : public CollectionPath {
   void putInOrder() override { writeFile(path_, before_); }
 
  private:
-  /// The text over the marker, whose field is blank behind it.
+  /// The text that replaces the marker, followed by blanks.
   static std::string back(const CollectionKind& kind) { return plainItem(kind, "back again"); }
 
   std::string after_;

@@ -1,6 +1,6 @@
-// Random edits of what was exported, beside a plain model of what they must do to the file.
+// Random edits of an export, compared with a plain model of their effect on the file.
 //
-// A few in an ordinary run; QUILLBOX_EDITS in the environment says how many.
+// An ordinary run makes a few; QUILLBOX_EDITS in the environment sets the number.
 
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ int edits() {
   return asked == nullptr ? inAnOrdinaryRun : std::atoi(asked);
 }
 
-/// A value as it is typed into a cell, and the bytes that it must become.
+/// A value typed into a cell, and the bytes that it must become.
 struct Edit {
   std::string cell;
   std::string bytes;
@@ -138,7 +138,7 @@ TEST_P(ImportModel, RandomEditsDoWhatTheySayAndNothingElse) {
           const Edit other = anyEdit(field);
           ++done;
           if (other.cell != edit.cell) {
-            // The same in other words is no change.
+            // The same value in another form is no change.
             std::string record = items[number];
             record.replace(at, other.bytes.size(), other.bytes);
             if (values.text(columns[i], std::as_bytes(std::span(record))) != edit.cell) {

@@ -68,7 +68,7 @@ TEST_P(ImportInto, AnUnchangedExportWritesNothing) {
 
 TEST_P(ImportInto, AChangedTextTouchesNothingElse) {
   put({"a", "b", "c"});
-  // What no text says: behind a zero byte, and everywhere else of the item.
+  // What no text can express: after a zero byte, and everywhere else in the item.
   std::string bytes = readFile(path());
   const std::size_t length = kind().recordLength;
   bytes.replace(2 * length, 5, std::string("b\0xyz", 5));
@@ -82,7 +82,7 @@ TEST_P(ImportInto, AChangedTextTouchesNothingElse) {
   text.resize(width, ' ');
   expected.replace(3 * length, width, text);
   std::string found = readFile(path());
-  if (tendsHeader(kind())) {  // their item writes put the running version there
+  if (tendsHeader(kind())) {  // their item writes put the program's version there
     expected.replace(0, 12, plainHeader(kind(), 3));
   }
   EXPECT_TRUE(found == expected);
@@ -162,7 +162,7 @@ TEST_P(ImportBesideOthers, AnotherProgramsChangeIsLeftAlone) {
   theirs.replace(kind().recordLength, 6, "theirs");
   for (int read = 0; read < 30; ++read) {
     put({"a", "b", "c"});
-    // At each of the reads in turn.
+    // At each of the reads, one after another.
     int countdown = read;
     std::function<void()> interfere = [&] {
       if (countdown-- == 0)
@@ -178,9 +178,9 @@ TEST_P(ImportBesideOthers, AnotherProgramsChangeIsLeftAlone) {
       why = error.what();
     }
     files_.beforeRead = nullptr;
-    if (countdown >= 0) return;  // there are no more reads
+    if (countdown >= 0) return;  // there are no further reads
     const std::string found = readFile(path());
-    // Theirs is there in any case: left alone, or read before anything was copied.
+    // The other program's item is there in any case: untouched, or read before the copy.
     EXPECT_EQ(found.substr(kind().recordLength, 6), "theirs") << "read " << read;
     if (found.find("ours ") == std::string::npos) {
       EXPECT_TRUE(found == theirs);

@@ -1,5 +1,5 @@
-// Stored texts on their way out: those that ask for no care are written straight from the record,
-// and must be what the careful way makes of them.
+// Writing stored texts: plain ones are written directly from the record, and must equal the result
+// of the careful way.
 
 #include <gtest/gtest.h>
 
@@ -17,8 +17,8 @@ namespace {
 
 using Writer = char* (*)(char* to, std::string_view stored);
 
-/// What a writer makes of a stored text; "(care)" when it leaves it to the careful way. Nothing is
-/// written outside of the room that it asks for.
+/// What a writer makes of a stored text; "(care)" if it leaves it to the careful way. Nothing is
+/// written outside the space it requires.
 std::string written(Writer write, const std::string& stored) {
   constexpr std::string_view fence = "#fence#";
   std::string room(fence);
@@ -42,7 +42,7 @@ std::string asString(const std::string& stored) {
   return json;
 }
 
-/// A text of a field of that width, of few characters, so that each meets each.
+/// A text for a field of that width, made of few characters, so that all combinations occur.
 std::string anyStored(std::mt19937& random, std::size_t width) {
   constexpr std::string_view usual = "ab  ,;";
   const std::string care("\"\\\n\t\x1f\x7f\x80\xff\0", 9);
@@ -88,7 +88,7 @@ TEST(TextWriters, AnyStoredTextIsTheSameBothWays) {
   EXPECT_GT(plain, 8'000);
 }
 
-/// Only pieces that are handed over together.
+/// Only pieces that are passed on together.
 class Pieces : public TextSink {
  public:
   void write(std::string_view text) override { sizes.push_back(text.size()); }

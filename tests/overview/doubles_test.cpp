@@ -14,7 +14,7 @@ namespace {
 
 using Groups = std::vector<std::vector<int>>;
 
-/// The telling texts of a kind, spelled out a second time.
+/// The telling texts of a kind, specified independently.
 std::vector<std::string> tellingInputs(const ModelKind& kind) {
   if (kind.isMusic()) return {"txtArtist", "txtAlbum"};
   if (kind.isBooks()) return {"txtBooks_0", "txtBooks_1"};
@@ -24,8 +24,7 @@ std::vector<std::string> tellingInputs(const ModelKind& kind) {
 
 bool isLetterOrDigit(char c) { return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9'); }
 
-/// One character after the other: everything between letters and digits goes, then what is an
-/// article.
+/// One character at a time: everything between letters and digits is removed, then the articles.
 std::string modelTold(const std::string& text) {
   static const std::set<std::string> articles = {"the",  "a",   "an", "der", "die", "das", "ein",
                                                  "eine", "le",  "la", "les", "un",  "une", "el",
@@ -83,7 +82,7 @@ class DoublesTest : public testing::TestWithParam<ModelKind> {
            std::ranges::any_of(texts, [](const std::string& text) { return !text.empty(); });
   }
 
-  /// Each item beside each other one.
+  /// Compares every item with every other.
   Groups expected(const std::vector<std::string>& items) const {
     std::vector<std::vector<std::string>> all;
     for (const std::string& item : items)

@@ -14,7 +14,7 @@ class ItemIndexTest : public testing::TestWithParam<ModelKind> {
  protected:
   const ModelKind& kind() const { return GetParam(); }
 
-  /// The folded texts of an item in any order: what lies between blanks.
+  /// The folded texts of an item in any order, split at blanks.
   static std::vector<std::string> wordsOf(const std::string& folded) {
     auto words = modelWords(folded);
     std::ranges::sort(words);
@@ -105,7 +105,7 @@ TEST_P(ItemIndexTest, ItemsThatWereLoadedAreReadWithoutTheOthers) {
   index.readOn(neverStop);
   for (int more = 0; more < 4; ++more) items.push_back(random.item());
   auto inFile = items;
-  inFile[0] = random.item();  // which nobody has told of
+  inFile[0] = random.item();  // which was not reported
   all.files.put("all", collectionOf(kind(), inFile));
   EXPECT_EQ(index.countInFile(), 3);
   index.setCount(7);

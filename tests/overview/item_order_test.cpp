@@ -27,7 +27,7 @@ Items ordered(const ModelKind& kind, const Column& column, const std::vector<std
   return order.order(direction);
 }
 
-/// What an item is ordered by: a number, or a text behind all numbers.
+/// The sort key of an item: a number, or a text, which follows all numbers.
 struct ModelKey {
   bool isNothing = false;
   bool isText = false;
@@ -41,7 +41,7 @@ int compared(const ModelKey& a, const ModelKey& b) {
   return a.number < b.number ? -1 : a.number > b.number ? 1 : 0;
 }
 
-/// As often as needed, neighbours that stand wrong are exchanged.
+/// Exchanges neighbours in the wrong order, as often as needed.
 Items modelOrder(const std::vector<ModelKey>& keys, Direction direction) {
   Items items(keys.size());
   std::iota(items.begin(), items.end(), 1);

@@ -35,12 +35,12 @@ class ItemReadingTest : public testing::TestWithParam<ModelKind> {
         stop);
   }
 
-  /// A piece of so many items.
+  /// A piece of a given number of items.
   ReadState readItems(int most) {
     return readOn([&] { return --most == 0; });
   }
 
-  /// The file ends behind so many items and bytes.
+  /// Truncates the file after this number of items and bytes.
   void cut(std::size_t items, std::size_t bytes = 0) {
     std::filesystem::resize_file(path_, (items + 1) * kind().recordLength + bytes);
   }
@@ -232,7 +232,7 @@ TEST_P(ItemReadingTest, AFailureOfAnyOperationIsAStateAndTheNextTryGoesOn) {
     }
     EXPECT_TRUE(found_ == items_);
   }
-  EXPECT_EQ(failures, 3);  // an opening and two readings; closing what was only read is no matter
+  EXPECT_EQ(failures, 3);  // opening and two reads; closing after only reading does not matter
 }
 
 TEST_P(ItemReadingTest, InOneGoAFailureIsThrown) {

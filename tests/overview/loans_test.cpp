@@ -12,7 +12,7 @@ namespace {
 
 constexpr double kLastDayOf1999 = 36525;
 
-/// An album that somebody has.
+/// A borrowed album.
 std::string lent(std::string_view borrower, std::string_view due,
                  std::string_view album = "Album") {
   const std::string item = itemWith(kMusic, {{"txtArtist", "Artist"},
@@ -30,7 +30,7 @@ Loans loansOf(const std::vector<std::string>& items) {
   return loans;
 }
 
-/// Who has which items, in this order.
+/// The borrowers and their items, in this order.
 std::string whoHasWhat(const Loans& loans) {
   std::string text;
   for (const BorrowerLoans& borrower : loans.byBorrower()) {

@@ -16,7 +16,7 @@ namespace {
 
 constexpr const char* kTypeOfFile = "Type of File";
 
-/// A grouping, spelled out a second time.
+/// A grouping, specified independently.
 struct ModelGrouping {
   std::string name;
   std::string input;
@@ -57,7 +57,7 @@ std::string yearOfModel(double date) {
   return text.empty() ? text : std::to_string(std::stoi(text));
 }
 
-/// The first four digits that stand alone and are a year from 1000 to 2999.
+/// The first separate number of four digits that is a year from 1000 to 2999.
 std::string modelYear(const std::string& text) {
   if (const auto date = dateIn(text, kOverviewDates)) return yearOfModel(*date);
   std::string digits;

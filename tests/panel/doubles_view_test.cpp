@@ -85,7 +85,7 @@ TEST_F(DoublesViewTest, StepsOnFromWhereTheFormIs) {
   view_.mark(6);
   pressNext();
   EXPECT_EQ(asked_.shown.back(), 2);
-  view_.mark(3);  // no double: on from the last one
+  view_.mark(3);  // no double: continues from the last one
   pressNext();
   EXPECT_EQ(asked_.shown.back(), 5);
 }

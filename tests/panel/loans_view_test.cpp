@@ -10,7 +10,7 @@
 namespace quillbox::test {
 namespace {
 
-/// An album that somebody has.
+/// A borrowed album.
 std::string lent(std::string_view borrower, std::string_view album, std::string_view due = "") {
   const std::string item = itemWith(kMusic, {{"txtArtist", "Artist"},
                                              {"txtAlbum", album},

@@ -28,14 +28,14 @@ class PanelTest : public EditorTest {
   QTableView& table() { return control<QTableView>("tblItems"); }
   QAbstractItemModel& rows() { return *table().model(); }
 
-  /// The panel, with all that it reads.
+  /// Opens the panel, and reads everything.
   void openPanel() {
     QTest::keyClick(&form(), Qt::Key_F9);
     read();
   }
   bool isPanelOpen() { return form().findChild<QTabWidget*>(QStringLiteral("Panel")) != nullptr; }
 
-  /// Until there is nothing more to read.
+  /// Until everything has been read.
   void read() {
     EXPECT_TRUE(QTest::qWaitFor([&] { return !told().ends_with(" read"); }));
     for (int turn = 0; turn < 20; ++turn) QApplication::processEvents();
@@ -45,7 +45,7 @@ class PanelTest : public EditorTest {
   std::string cell(int row, int column) {
     return rows().data(rows().index(row, column)).toString().toStdString();
   }
-  /// What the first column of the kind shows, of each row.
+  /// The texts of the kind's first column, row by row.
   Texts listed() {
     Texts texts;
     for (int row = 0; row < rows().rowCount(); ++row) texts.push_back(cell(row, 1));
@@ -131,7 +131,7 @@ TEST_P(EachPanel, StandsBesideTheFormWhereTheWindowIsWideEnough) {
   EXPECT_GT(split.sizes().at(1), 100);
 }
 
-/// Form and panel have letters so large that the screen has no room for both.
+/// With letters so large that form and panel do not both fit on the screen.
 TEST_P(EachPanel, TakesTheFormsPlaceOnASmallScreen) {
   const QFont before = QApplication::font();
   QFont large = before;
@@ -359,7 +359,7 @@ TEST_P(EachPanel, SaysWhyItemsCannotBeRead) {
   EXPECT_EQ(listed(), (Texts{"One", "Two"}));
 }
 
-/// Another program may do anything to the file while its items are listed.
+/// Another program may change the file in any way while its items are listed.
 TEST_P(EachPanel, StaysWithAFileThatGrowsIsCutAndVanishes) {
   constexpr int count = 300;
   std::string many = familyHeader(count, kind().fileType());

@@ -60,7 +60,7 @@ TEST(Layer3LengthTest, KnowsTheLowerSamplingRates) {
 
 TEST(Layer3LengthTest, LeavesTagsOut) {
   const Length length = 41700 * 8 / 128;
-  // What looks like sound in a tag, at another rate, is none.
+  // What looks like sound in a tag, at another rate, is not sound.
   const QByteArray picture = frames(3, "fffbb000", 626);
   EXPECT_EQ(lengthOf(id3(picture) + frames(100)), length);
   EXPECT_EQ(lengthOf(id3(picture, true) + frames(100)), length);
@@ -105,7 +105,7 @@ TEST(Layer3LengthTest, KnowsNoOtherFrames) {
                              "fffb9c00",   // no sampling rate
                              "ff1b9000"})  // no synchronization
     EXPECT_EQ(lengthOf(frames(20, header)), std::nullopt) << header;
-  EXPECT_EQ(lengthOf(frames(20, "ffeb9000", 522)), std::nullopt);  // as long as the lowest rates'
+  EXPECT_EQ(lengthOf(frames(20, "ffeb9000", 522)), std::nullopt);  // as long as at the lowest rates
 }
 
 TEST(Layer3LengthTest, IsTheFramesThatTheFirstTellsOf) {
@@ -202,7 +202,7 @@ TEST(MidiLengthTest, SkipsWhatItDoesNotKnow) {
   const QByteArray notes = track(hex("64ff2f00"));
   EXPECT_EQ(lengthOf(midi(1, 1, 100, "XFIH" + big32(3) + "abc" + notes + "rest")), 500);
   EXPECT_EQ(lengthOf("MThd" + big32(8) + hex("000000010064") + "ab" + notes), 500);
-  EXPECT_EQ(lengthOf(oneTrack("64ff2f00 64903c40")), 500);      // behind the end of the track
+  EXPECT_EQ(lengthOf(oneTrack("64ff2f00 64903c40")), 500);      // after the end of the track
   EXPECT_EQ(lengthOf(oneTrack("00ff51020fff 64ff2f00")), 500);  // no tempo
 }
 
@@ -223,11 +223,11 @@ TEST(MidiLengthTest, HasNoneWhenDamaged) {
 }
 
 TEST(MidiLengthTest, AddsUpNoTicksWithoutEnd) {
-  // 4000 pauses of 2^28 ticks at the slowest tempo are more than a number holds.
+  // 4000 pauses of 2^28 ticks at the slowest tempo overflow.
   const QByteArray slow = hex("00ff5103ffffff 00904040");
   const QByteArray pause = hex("ffffff7f4040");
   EXPECT_EQ(lengthOf(midi(0, 1, 1, track(slow + pause.repeated(4000)))), std::nullopt);
-  // One is a number yet: 2^28 - 1 quarter notes.
+  // One pause does not: 2^28 - 1 quarter notes.
   EXPECT_EQ(lengthOf(midi(0, 1, 1, track(slow + pause))), 268435455 * qint64{16777215} / 1000);
 }
 

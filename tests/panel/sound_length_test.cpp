@@ -27,7 +27,7 @@ TEST(SoundLengthTest, IsNoLongerInAFileCutShort) {
   for (const QByteArray& whole : goodFiles()) {
     const Length length = lengthOf(whole);
     ASSERT_TRUE(length);
-    // Tags that are cut look like sound: they are a small part.
+    // Truncated tags look like sound, but are only a small part.
     const qint64 most = *length + 30;
     for (qsizetype size = 0; size < whole.size(); ++size) {
       const qint64 cut = lengthOf(whole.first(size)).value_or(0);
@@ -99,7 +99,7 @@ TEST(SoundLengthTest, IsNothingInAFileThatCannotBeRead) {
   EXPECT_EQ(soundLength(file), std::nullopt);
 }
 
-/// Huge, and after its beginning the same again and again; counts what is read.
+/// Huge, and repeating after its beginning; counts what is read.
 class EndlessFile : public QIODevice {
  public:
   EndlessFile(QByteArray beginning, QByteArray pattern, qint64 size)

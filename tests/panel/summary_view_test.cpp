@@ -15,7 +15,7 @@ namespace {
 
 const std::string kFilter = "PDF Documents and PNG Pictures (*.pdf, *.png)|*.pdf;*.png";
 
-/// A printer for drawings that keeps what it was asked.
+/// A printer for drawings that records its calls.
 class FakeSheetPrinter : public SheetPrinter {
  public:
   bool fails = false;
@@ -41,7 +41,7 @@ std::string album(std::string_view company, int genre, std::int64_t cost, std::i
 
 std::string genre(int index) { return builtInChoice(*musicField("Genre"), index); }
 
-/// A summary beside the program, which has a collection open.
+/// A summary with the program, which has a collection open.
 class SummaryViewTest : public FormTest {
  protected:
   SummaryViewTest() {
@@ -82,7 +82,7 @@ class SummaryViewTest : public FormTest {
     return {};
   }
 
-  /// Saves under that name; the dialog offers the collection's.
+  /// Saves under that name; the dialog offers the collection's name.
   void saveAs(std::optional<std::string> answer) {
     desktop_.expectSave("Save Summary", kFilter, "jazz.pdf", std::move(answer));
     click("cmdSaveSummary");

@@ -1,5 +1,4 @@
-// What a user sees of the views that have groups of rows: whole captions, and names for those who
-// hear them.
+// The look of the views with groups of rows: complete captions, and accessible names.
 
 #include <gtest/gtest.h>
 

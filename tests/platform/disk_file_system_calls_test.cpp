@@ -23,8 +23,8 @@ void write(File& file, std::uint64_t offset, std::string_view bytes) {
 
 class FailingCalls : public testing::Test {
  protected:
-  /// What comes of a renaming on a file system that cannot refuse an existing target by itself, and
-  /// says so with that error.
+  /// The result of renaming on a file system that cannot refuse an existing target by itself, and
+  /// returns that error.
   Failure plainRenameFailure(int error, const std::string& from, const std::string& to) {
     Failure failure;
     whereCallEndsWith(SYS_renameat2, error,

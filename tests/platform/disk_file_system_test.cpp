@@ -690,7 +690,7 @@ TEST_F(DiskFileSystemTest, AFullDiskIsAnError) {
 }
 
 #ifndef _WIN32
-/// Limits the size of files for as long as it lives.
+/// Limits the size of files while it exists.
 class FileSizeLimit {
  public:
   explicit FileSizeLimit(rlim_t bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN)) {
@@ -751,7 +751,7 @@ TEST(FileExchange, NeedsBoth) {
   EXPECT_EQ(readFile(folder.path("one")), "1");
 }
 
-/// A system that can only rename; each of the renames can be made to fail.
+/// A system that can only rename; each of the renames can fail.
 class OnlyRenames : public MemoryFiles {
  public:
   int failing = -1;

@@ -23,7 +23,7 @@ namespace {
 constexpr const char* kAccessList = "system.posix_acl_access";
 constexpr const char* kListForNewFiles = "system.posix_acl_default";
 
-/// For as long as the object lives the process takes nothing away from new files.
+/// While the object exists, new files get all permissions.
 class NoMask {
  public:
   NoMask() : before_(::umask(0)) {}
@@ -35,7 +35,7 @@ class NoMask {
   mode_t before_;
 };
 
-/// A list in which one more user may read.
+/// An access list with one more user who may read.
 std::string listWithAReader(unsigned user) {
   std::string list("\2\0\0\0", 4);
   const auto add = [&](unsigned tag, unsigned may, unsigned id) {
@@ -46,7 +46,7 @@ std::string listWithAReader(unsigned user) {
   add(0x01, 6, none);  // the owner
   add(0x02, 4, user);
   add(0x04, 4, none);  // the group
-  add(0x10, 4, none);  // the most that any but the owner may do
+  add(0x10, 4, none);  // the maximum for all but the owner
   add(0x20, 0, none);  // all others
   return list;
 }
@@ -75,7 +75,7 @@ class FileAccess : public testing::Test {
   }
   static unsigned modeOf(const std::string& path) { return statusOf(path).st_mode & 07777U; }
 
-  /// The mode of a file made like the old one, on a machine where a call ends with that error.
+  /// The mode of a file made like the old one, on a machine where a call fails with that error.
   unsigned modeMadeWhere(long call, int error) {
     std::filesystem::remove(new_);
     whereCallEndsWith(call, error, [this] { files_.make(new_, old_)->close(); });

@@ -116,7 +116,7 @@ TEST(RunTimeError, EveryFailedSystemCallHasANumber) {
 }
 
 TEST(RunTimeError, TheEndOfTheProgramIsNoError) {
-  // Nobody who catches errors may catch this one by chance.
+  // Code that catches errors must not catch this one by accident.
   EXPECT_THROW(endProgram(), ProgramEnd);
   EXPECT_FALSE((std::is_base_of_v<std::exception, ProgramEnd>));
 }

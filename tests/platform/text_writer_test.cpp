@@ -22,7 +22,7 @@ namespace {
 constexpr int kNumber = 253;
 constexpr std::size_t kBuffer = 128 * 1024;
 
-/// Files that can be opened and then take nothing more.
+/// Files that can be opened but not written.
 class FullDisk : public DiskFileSystem {
  public:
   std::unique_ptr<File> open(const std::string& path, OpenMode mode) override {

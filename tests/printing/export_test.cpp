@@ -41,7 +41,7 @@ class Export : public testing::Test {
     open("MCS", static_cast<int>(albums.size()), musicFile(albums));
   }
 
-  /// Opens a collection of so many blank items.
+  /// Opens a collection of blank items.
   void openBlank(std::string_view extension, int count) {
     const CollectionKind& kind = *kindOfExtension(extension);
     std::string bytes = familyHeader(count);
@@ -56,7 +56,7 @@ class Export : public testing::Test {
     return failureOf([&] { exportCollection(state_.files, state_, *kind_, target); });
   }
 
-  /// What is exported, without an error.
+  /// The export, without an error.
   std::string exported() {
     EXPECT_EQ(exportTo(target_), Failure{});
     expectCollectionUntouched();
@@ -78,7 +78,7 @@ class Export : public testing::Test {
   AppState state_{files_};
 };
 
-/// An album whose slots all begin with a zero byte: none of them is filled.
+/// An album whose entries all begin with a zero byte: none is filled.
 MusicRecord songless(std::string_view artist, std::string_view title) {
   MusicRecord record = album(artist, title);
   for (auto& song : record.Songs) song = std::string_view("\0", 1);
@@ -381,7 +381,7 @@ TEST_F(Export, AnyFailureIsReportedAndHarmsNothing) {
       }
       const OperationRecord failed = files_.operations().at(static_cast<std::size_t>(nth));
       if (failed == OperationRecord{FileOperation::close, path_}) {
-        // Failing to close what was only read is no matter.
+        // Failing to close a file that was only read does not matter.
         EXPECT_EQ(failure, Failure{});
         EXPECT_EQ(readFile(target_), lines);
         continue;

@@ -79,7 +79,7 @@ TEST_F(ProgressBoard, IsRepaintedOnlyAsOftenAsAnEyeCanFollow) {
   elapsed.start();
   constexpr int manyLines = 20'000;
   for (int i = 0; i < manyLines; ++i) board().print("line " + std::to_string(i));
-  // A repaint a thirtieth of a second, and one to begin with.
+  // One repaint for each thirtieth of a second, and one at the start.
   EXPECT_LE(paints.count, elapsed.elapsed() / 30 + 2);
   EXPECT_TRUE(QTest::qWaitFor([&] { return lines().ends_with("line 19999"); }))
       << "the last line is always shown";

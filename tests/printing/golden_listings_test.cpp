@@ -21,19 +21,19 @@ namespace {
 
 constexpr const char* kLong = "long";
 
-/// Converted before it is printed, refused, and nothing is printed of it.
+/// Converted before printing, or refused, or without items.
 const std::set<std::string> kNotPrinted = {"albums-type4.MCS", "type1.MCS", "empty.MCS"};
 
 std::string golden(const std::string& name) { return readFile(dataFile("listings/" + name)); }
 
-/// The program's ends of lines for those of a golden file.
+/// Replaces the program's line ends by those of a golden file.
 std::string withLineEnds(std::string_view text) {
   std::string converted;
   for (const char c : text) converted += c == '\n' ? std::string("\r\n") : std::string(1, c);
   return converted;
 }
 
-/// The sheets of a golden file, in which each stands below a line with its number.
+/// The sheets of a golden file, each below a line with its number.
 std::vector<std::string> goldenSheets(const std::string& name) {
   std::vector<std::string> sheets;
   std::string text = golden(name + ".sheets.txt");
@@ -84,7 +84,7 @@ std::string longCollection() {
   return bytes;
 }
 
-/// The collections that there are golden listings of.
+/// The collections for which there are golden listings.
 std::vector<std::string> collections() {
   std::vector<std::string> names = {kLong};
   for (const auto& entry : std::filesystem::directory_iterator(QUILLBOX_TEST_DATA)) {

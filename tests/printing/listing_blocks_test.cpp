@@ -17,7 +17,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-/// The lines from the first one that is `from` on; none when there is no such line.
+/// The lines starting with `from`; none when there is no such line.
 Lines linesFrom(const Lines& lines, std::string_view from) {
   return {std::ranges::find(lines, from), lines.end()};
 }
@@ -186,7 +186,7 @@ TEST(ListingBlocks, ABlankItemHasItsLinesAndNoGroups) {
   }
 }
 
-/// An album that is lent.
+/// A borrowed album.
 ListedItem lent(int hasBook, int bookLoaned) {
   ListedItem item("MCS");
   item.whole("CurrLoaned", 1).whole("HasBook", hasBook).whole("BookLoaned", bookLoaned);

@@ -20,7 +20,7 @@
 namespace quillbox::test {
 namespace {
 
-/// A board that writes down how far the work is.
+/// A board that records the progress.
 class BoardSteps : public NoBoard {
  public:
   void progress(int done, int total) override { steps.emplace_back(done, total); }
@@ -51,7 +51,7 @@ class ListingPages : public testing::Test {
                         board_);
   }
 
-  /// Composes the pages and delivers them to a text file that is offered no name yet.
+  /// Composes the pages and writes them to a text file; no name is suggested yet.
   std::string printed() {
     std::int16_t mode = print_mode::printer;
     desktop_.expectPrint(PrintChoice{.toFile = true});

@@ -181,7 +181,7 @@ TEST_F(PrintDataFailures, AfterAnyFailureAResetBeginsARightPrintout) {
         const bool allTried = !files_.hasFailed();
         files_.failNth(-1, ErrorNumber::diskFull);  // nothing fails from here on
         if (allTried) break;
-        // Failing to write the pages is no matter before they are delivered.
+        // A failure to write the pages does not matter before they are delivered.
         EXPECT_EQ(failure, nth == 0 ? (Failure{61, "printer.tmp"}) : Failure{});
         begin();
         block("c", 3);
@@ -272,7 +272,7 @@ TEST_F(PrintDataFailures, AResetThatCannotDeleteTheSpoolIsAnErrorAndCanBeRepeate
   }
 }
 
-/// The heading, and nothing of an earlier printout, however often the spool stays.
+/// The heading, and nothing from an earlier printout, however often the spool remains.
 TEST_F(PrintDataFailures, ASpoolThatCannotBeDeletedDoesNotHarmTheNextPrintouts) {
   holdLines(10);
   for (const std::int16_t mode : {print_mode::printer, print_mode::textFile})

@@ -300,7 +300,7 @@ TEST_F(PrintDataTest, ABlockOfNoLinesThatBeginsAPageLeavesItEmpty) {
   holdLines(10);
   block("a", 12);
   EXPECT_EQ(pageCount(), 2);
-  block("b", 0);  // behind a page that holds more than fits
+  block("b", 0);  // after a page that holds more than fits
   EXPECT_EQ(pageCount(), 3);
   block("c", 3);
   EXPECT_EQ(pages(), (Texts{"Albums, page 1\r\n", "     Albums, page 2\r\n" + printed("a", 12),

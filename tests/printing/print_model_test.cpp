@@ -27,15 +27,15 @@ std::string withoutBlanksAtTheEnd(std::string text) {
   return text;
 }
 
-/// The printout spelled out step by step, on whole pages that are filled up with blanks. Slow, and
-/// the measure of the real one.
+/// The printout step by step, on whole pages filled with blanks. Slow, and the reference for the
+/// real one.
 class PrintModel {
  public:
   int page = 0;
   std::string spool;
   int filled = 0;    ///< blocks that filled a page
   int turned = 0;    ///< blocks that did not fit
-  int overfull = 0;  ///< texts that were cut off
+  int overfull = 0;  ///< texts that were cut
 
   void reset() {
     page = 0;
@@ -74,7 +74,7 @@ class PrintModel {
   }
 
  private:
-  /// Tenths of the height, less five, an exact half to the even number.
+  /// Tenths of the height, minus five, an exact half rounded to the even number.
   static int linesOf(int height) {
     const int tenths = height - 50;
     int whole = 0;
@@ -120,7 +120,7 @@ class PrintModel {
   int linesOnPage_ = 0;
 };
 
-/// Blocks of every size, with the lines where composing pages can go wrong.
+/// Blocks of every size, with the lines that are likely to go wrong.
 class RandomBlocks {
  public:
   int upTo(int most) { return static_cast<int>(random_() % (static_cast<unsigned>(most) + 1)); }
@@ -257,7 +257,7 @@ class PrintModelTest : public testing::Test {
 TEST_F(PrintModelTest, RandomPrintoutsAreThoseOfTheModelByteForByte) {
   for (int n = 0; n < kPrintouts; ++n) {
     SCOPED_TRACE("printout " + std::to_string(n));
-    // Without a reset a printout goes on where the last one ended.
+    // Without a reset a printout continues where the last one ended.
     if (delivered_ || random_.once(2)) reset();
     ASSERT_NO_FATAL_FAILURE(printOut(n % 2 == 0 ? print_mode::printer : print_mode::textFile));
   }

@@ -33,7 +33,7 @@ class CollectionStoreTest : public testing::Test {
  protected:
   CollectionStoreTest() { state_.currentPath = path_; }
 
-  /// Makes the file, and `Count` what its header says.
+  /// Creates the file, and sets `Count` from its header.
   void items(std::initializer_list<MusicRecord> records) {
     writeFile(path_, musicFile(records));
     state_.Count = static_cast<std::int16_t>(records.size());
@@ -357,7 +357,7 @@ TEST_F(CollectionStoreTest, AfterAnyFailureANewItemCanBeStoredAgainInTheSameSlot
       if (!files_.hasFailed()) break;
       expectNothingOpen();
       EXPECT_TRUE(file().substr(kLength, 2 * kLength) == earlier) << nth;
-      if (failure.number != 0) {  // failing to close what was only read is no matter
+      if (failure.number != 0) {  // failing to close a file that was only read does not matter
         ++failures;
         EXPECT_EQ(failure.number, 61);
         EXPECT_EQ(failure.file, path_);
@@ -429,7 +429,7 @@ TEST_F(CollectionStoreTest, AfterAnyFailureAnExistingItemCanBeWrittenAgain) {
   }
 }
 
-/// Files whose every read puts down some bytes and fails then, as a bad disk does.
+/// Files whose every read returns some bytes and then fails, as on a bad disk.
 class BadDisk : public DiskFileSystem {
  public:
   std::unique_ptr<File> open(const std::string& path, OpenMode) override {

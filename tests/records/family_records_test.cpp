@@ -36,7 +36,7 @@ std::string allOf(std::span<const std::byte> record) {
   return {reinterpret_cast<const char*>(record.data()), record.size()};
 }
 
-/// One field as the file format has it.
+/// One field of the file format.
 struct Row {
   std::string_view name;
   FieldType type;

@@ -29,7 +29,7 @@ constexpr std::string_view kDeleted = "DELETED";
 constexpr int kFamilyCodes[] = {2, 3, 4, 5};  // comic, video, software, book
 constexpr int kMediaCodes[] = {6, 7, 8, 9};
 
-/// A store of one kind over a collection of its own, items told apart by their first field.
+/// A store of one kind with its own collection; items differ in their first field.
 class OneKind {
  public:
   OneKind(const TestFolder& folder, int code)
@@ -39,7 +39,7 @@ class OneKind {
     state.currentPath = path;
   }
 
-  /// An item whose bytes all matter: its first field, and a pattern in everything behind.
+  /// An item whose bytes all matter: its first field, and a pattern after it.
   std::string item(std::string_view name) const {
     std::string bytes(kind.recordLength, '\0');
     for (std::size_t i = 0; i < bytes.size(); ++i)
@@ -48,7 +48,7 @@ class OneKind {
     return bytes;
   }
 
-  /// What Delete of the family writes: the marker, and zeros.
+  /// What Delete writes in the family: the marker, and zeros.
   std::string zeroFilled() const {
     std::string bytes(kind.recordLength, '\0');
     bytes.replace(0, width(), std::string(kDeleted) + std::string(width() - kDeleted.size(), ' '));
@@ -61,7 +61,7 @@ class OneKind {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
   }
 
-  /// Makes the file with a header that an older version wrote, and takes `Count` from it.
+  /// Creates the file with a header of an older version, and takes `Count` from it.
   void items(std::initializer_list<std::string_view> names) {
     writeItems(static_cast<int>(names.size()), names);
   }
@@ -124,7 +124,7 @@ std::span<const std::byte> asBytes(const std::string& record) {
   return std::as_bytes(std::span(record));
 }
 
-const std::string kCurrentHeader = "\x01\x00"s + "1.71    ";  // behind the count
+const std::string kCurrentHeader = "\x01\x00"s + "1.71    ";  // after the count
 
 class FamilyStoreTest : public testing::TestWithParam<int> {
  protected:
@@ -522,7 +522,7 @@ TEST_P(MediaStoreTest, AfterAnyFailureANewItemCanBeStoredAgainInTheSameSlot) {
         EXPECT_EQ(on_.name(1), "A");
         EXPECT_EQ(on_.name(3), "C");
         on_.expectNothingOpen();
-        if (failure.number != 0) {  // failing to close what was only read is no matter
+        if (failure.number != 0) {  // failing to close a file that was only read does not matter
           ++failures;
           EXPECT_EQ(failure, (Failure{61, on_.path}));
           EXPECT_EQ(on_.state.Count, 3);

@@ -28,7 +28,7 @@ constexpr std::size_t kOldLength = kMusicRecordType4Length;
 constexpr std::size_t kMediaTypeAt = offsetof(MusicRecord, MediaType);
 constexpr std::size_t kGenreAt = offsetof(MusicRecord, Genre);
 
-/// The bytes of a type-4 file's record, as they are to stand in the current one.
+/// The bytes of a type-4 record in their current form.
 std::string carriedOver(std::string record, int mediaType) {
   record.resize(kOldLength);
   record[kMediaTypeAt] = static_cast<char>(mediaType & 0xFF);
@@ -37,7 +37,7 @@ std::string carriedOver(std::string record, int mediaType) {
   return record + "Bar Code/ID Here..." + std::string(17, ' ');
 }
 
-/// The whole upgraded file. `old` holds records enough for its count.
+/// The whole upgraded file. `old` has enough records for its count.
 std::string upgraded(const std::string& old, int mediaType) {
   const int count = headerOf(old).Count;
   std::string bytes = old.substr(0, 2) + "\x05\x00\x31\x2e\x37\x31\x20\x20\x20\x20"s;
@@ -61,7 +61,7 @@ class MusicFileTest : public testing::Test {
       EXPECT_FALSE(state_.files.isOpen(number)) << number;
   }
 
-  /// Where in the operations so far this one stands; fails the test when it does not.
+  /// The index of this operation among those so far; fails the test when it is missing.
   std::ptrdiff_t placeOf(FileOperation operation, const std::string& path) const {
     const auto& all = files_.operations();
     const auto found = std::ranges::find(all, OperationRecord{operation, path});
@@ -189,7 +189,7 @@ TEST_F(OpenMusicFile, AFailureNamesTheFileAndLeavesCountAsItWas) {
       const Failure failure = failureOf([&] { open(); });
       if (!files_.hasFailed()) break;
       expectNothingOpen();
-      if (failure.number == 0) continue;  // failing to close what was only read is no matter
+      if (failure.number == 0) continue;  // closing a file that was only read may fail
       ++failures;
       EXPECT_EQ(failure.number, 57) << nth;
       EXPECT_EQ(failure.file, path_);
@@ -285,7 +285,7 @@ TEST_F(UpgradeMusicFile, WhatTheBufferHeldIsNotCarriedOverOtherwise) {
 }
 
 TEST_F(UpgradeMusicFile, TheFileLeavesNothingOfALongerOneBehind) {
-  // Every record of the new file is made anew, so what stood after the items is only in the backup.
+  // Every record of the new file is written again, so data after the items is only in the backup.
   const std::string old = readFile(dataFile("albums-type4.MCS")) + std::string(50'000, '#');
   writeFile(path_, old);
   upgradeMusicFile(state_.files, state_);
@@ -417,14 +417,14 @@ TEST_F(UpgradeMusicFile, AfterAnyFailureTheOldFileIsWholeUnderOneOfItsTwoNames) 
         const bool underItsName = std::filesystem::exists(path_) && file() == old;
         const bool underBackup = std::filesystem::exists(backup_) && readFile(backup_) == old;
         EXPECT_TRUE(underItsName || underBackup);
-        if (failure.number == 0) {  // failing to close what was only read is no matter
+        if (failure.number == 0) {  // closing a file that was only read may fail
           EXPECT_TRUE(file() == upgraded(old, 0));
           continue;
         }
         ++failures;
         EXPECT_EQ(failure.number, 61);
         EXPECT_TRUE(failure.file == path_ || failure.file == backup_) << failure.file;
-        // Half a file is never taken for a whole one of the current type.
+        // Half a file is never taken for a complete one of the current type.
         if (std::filesystem::exists(path_) && file().size() < upgraded(old, 0).size()) {
           EXPECT_NE(open(), MusicFileState::current);
         }
@@ -449,7 +449,7 @@ TEST_F(UpgradeMusicFile, AFailureLeavesWhatIsOpenAsItWas) {
     files_.failNth(nth, ErrorNumber::deviceIo);
     const Failure failure = failureOf([&] { upgradeMusicFile(state_.files, state_); });
     if (!files_.hasFailed()) break;
-    if (failure.number == 0) continue;  // failing to close what was only read is no matter
+    if (failure.number == 0) continue;  // closing a file that was only read may fail
     ++failures;
     EXPECT_EQ(state_.Count, 7);
     EXPECT_EQ(state_.CurRec, 2);

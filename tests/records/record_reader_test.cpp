@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t kBlock = kRecordBlockBytes;
 
-/// The record of an item: its number over and over.
+/// The record of an item: its number, repeated.
 std::string recordOf(int item, std::size_t length) {
   std::string record;
   while (record.size() < length) record += std::to_string(item) + " ";

@@ -1,4 +1,4 @@
-// Collections that a sort has left under their backup's name alone.
+// Collections that a sort has left under their backup's name only.
 
 #include "records/rescue.h"
 

@@ -1,9 +1,9 @@
-// The process that works on a collection is killed at a random moment, again and again. What it was
-// working on must be complete afterwards, under its own name or its backup's, and open again.
+// A process that works on a collection is killed at a random moment, again and again. The
+// collection must be complete afterwards, under its own name or its backup's, and must open again.
 //
-// A few times in an ordinary run; QUILLBOX_CRASHES in the environment says how often.
+// An ordinary run does this a few times; QUILLBOX_CRASHES in the environment sets the number.
 
-#ifndef _WIN32  // a process that works on a copy of this one is made and killed as Unix does it
+#ifndef _WIN32  // processes are created and killed as on Unix
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -46,7 +46,7 @@ int crashes() {
   return asked == nullptr ? inAnOrdinaryRun : std::atoi(asked);
 }
 
-/// Does the work in a process of its own, which is killed after `patience`. True when it was.
+/// Does the work in a separate process, which is killed after `patience`. True when it was killed.
 bool killedWithin(Microseconds patience, const std::function<void()>& work) {
   const pid_t child = ::fork();
   if (child == 0) {
@@ -66,7 +66,7 @@ bool killedWithin(Microseconds patience, const std::function<void()>& work) {
 
 Microseconds durationOf(const std::function<void()>& work) {
   const auto begin = Clock::now();
-  killedWithin(Microseconds::zero(), [] {});  // what starting a process takes
+  killedWithin(Microseconds::zero(), [] {});  // the time to start a process
   const auto ready = Clock::now();
   const pid_t child = ::fork();
   if (child == 0) {
@@ -106,12 +106,12 @@ class CrashTest : public testing::TestWithParam<int> {
   const CollectionKind& kind() const { return *kindOfCode(GetParam()); }
 
   Microseconds anyMomentOf(Microseconds whole) {
-    // A little longer than the work, so that its end is met, too.
+    // A little longer than the work, so that its end is included.
     std::uniform_int_distribution<Microseconds::rep> moment(0, whole.count() * 5 / 4);
     return Microseconds(moment(random_));
   }
 
-  /// What a program started afterwards finds: a collection of that `Count`, and the item.
+  /// What a program started afterwards finds: a collection with that `Count`, and the item.
   void expectOpens(const std::string& path, const CollectionKind& opened, int count, int item) {
     DiskFileSystem files;
     AppState state(files);
@@ -191,7 +191,7 @@ TEST_P(SortCrashTest, LeavesThemCompleteBehindALink) {
   EXPECT_TRUE(std::filesystem::is_symlink(path));
 }
 
-/// Of a kind whose sort ends the program, but not on the command line.
+/// For a kind whose sort ends the program, but not on the command line.
 using SortToTheEndCrashTest = SortCrashTest;
 
 TEST_P(SortToTheEndCrashTest, LeavesTheCollectionOrItsBackupComplete) {
@@ -233,7 +233,7 @@ TEST_P(ItemCrashTest, TouchesNoItemButItsOwn) {
     found.resize(before.size());
     const int count = static_cast<unsigned char>(found[0]) + 256 * found[1];
     ASSERT_GE(count, few);
-    // All but the header's 12 bytes and the item that was being written.
+    // All except the header's 12 bytes and the item being written.
     std::string expected = before;
     expected.replace(0, 12, found, 0, 12);
     const std::size_t length = kind().recordLength;
@@ -281,7 +281,7 @@ INSTANTIATE_TEST_SUITE_P(Music, UpgradeCrashTest, testing::Values(1));
 class OpenDataCrashTest : public CrashTest {
  protected:
   /// Kills the work on the collection at `path` again and again: it is the old one or the new one,
-  /// under its own name, and the old one is somewhere beside it.
+  /// under its own name, and the old one exists beside it.
   void expectSafe(const std::string& path, const std::vector<std::string>& beside,
                   const std::function<void()>& prepare, const std::function<void()>& work) {
     prepare();

@@ -61,7 +61,7 @@ class DurableOrder : public testing::Test {
     files_.forget();
   }
 
-  /// "write mine.MCS", ... Several in a row are told once.
+  /// "write mine.MCS", ... Consecutive repetitions are listed once.
   Texts told() const {
     Texts all;
     for (const auto& [operation, path] : files_.operations()) {
@@ -119,7 +119,7 @@ TEST_F(DurableOrder, AnUpgradeRemovesAnEarlierBackupWhenTheCollectionIsOnTheDisk
   }
 }
 
-/// A header that says "current" before the items are there would make half a file pass for a whole.
+/// With a "current" header before the items, half a file would pass for a whole one.
 TEST_F(DurableOrder, AnUpgradeWritesTheHeaderLast) {
   open("mine.MCS",
        musicFile(3, music_file_type::upgradable, {album("A"), album("B"), album("C")},

@@ -20,7 +20,7 @@ namespace {
 constexpr const char* kSpool = "printer.tmp";
 constexpr const char* kHeading = "Things";
 
-/// So many items, each with a long name of its own.
+/// A number of items, each with a long name of its own.
 std::vector<std::string> manyItems(const CollectionKind& kind, int count) {
   std::vector<std::string> items;
   for (int n = 0; n < count; ++n)
@@ -28,8 +28,8 @@ std::vector<std::string> manyItems(const CollectionKind& kind, int count) {
   return items;
 }
 
-/// A collection whose listing has more than one page, and a run-through of it to compare with. On
-/// short sheets few items are enough for that.
+/// A collection whose listing has more than one page, and a complete listing to compare with. With
+/// short sheets few items are enough.
 class ListedPath : public CollectionPath {
  public:
   explicit ListedPath(const CollectionKind& kind) : CollectionPath(kind, manyItems(kind, kItems)) {
@@ -90,7 +90,7 @@ class Spooling : public ListedPath {
   std::string spool_;
 };
 
-/// Composed pages go to a text file.
+/// Composed pages are written to a text file.
 class TextFile : public ListedPath {
  public:
   explicit TextFile(const CollectionKind& kind) : ListedPath(kind) {
@@ -108,7 +108,7 @@ class TextFile : public ListedPath {
     EXPECT_FALSE(std::filesystem::exists(kSpool));
     expectCollectionUntouched();
   }
-  /// The pages are there until the text file is done.
+  /// The pages remain until the text file is complete.
   void expectSafe(const Fault& fault, const Failure& failure) const override {
     ListedPath::expectSafe(fault, failure);
     if (failure.number != 0) {
@@ -122,7 +122,7 @@ class TextFile : public ListedPath {
   std::string text_;
 };
 
-/// A listing from its first block to the text file, as the editors make it: without a word about
+/// A listing from its first block to the text file, as the editors make it: without reporting
 /// failures.
 class WholeListing : public TextFile {
  public:
@@ -135,7 +135,7 @@ class WholeListing : public TextFile {
   bool ignoresFailures() const override { return true; }
 };
 
-/// Composed pages go to paper.
+/// Composed pages are printed on paper.
 class Paper : public ListedPath {
  public:
   explicit Paper(const CollectionKind& kind) : ListedPath(kind) {
@@ -165,7 +165,7 @@ class Paper : public ListedPath {
   std::int16_t pages_ = 0;
 };
 
-/// More than the writer and the reader take in one piece, for most kinds.
+/// More than the writer and the reader handle at once, for most kinds.
 class ExportPath : public CollectionPath {
  public:
   explicit ExportPath(const CollectionKind& kind) : CollectionPath(kind, manyItems(kind, kItems)) {
@@ -178,7 +178,7 @@ class ExportPath : public CollectionPath {
 
   /// The names of media files cannot be exported.
   Failure usualFailure() const override { return {kind_.editor == EditorForm::wave ? 13 : 0, ""}; }
-  /// A failure at the end goes unnoticed behind the one that was before.
+  /// A failure at the end is hidden by the one before.
   bool endsWith(std::size_t nth) const override {
     const auto operation = operationAt(nth).operation;
     const bool isAtTheEnd = operation == FileOperation::write || operation == FileOperation::close;
@@ -201,7 +201,7 @@ class ExportPath : public CollectionPath {
   std::string exported_;
 };
 
-/// Three files come into a collection that has one of them.
+/// Three files are loaded into a collection that has one of them.
 class LoadFolder : public CollectionPath {
  public:
   explicit LoadFolder(const CollectionKind& kind)
@@ -222,7 +222,7 @@ class LoadFolder : public CollectionPath {
     EXPECT_TRUE(collection() == after_);
     EXPECT_EQ(state_.Count, 3);
   }
-  /// What is counted is there, in the file and in the state.
+  /// What is counted exists, in the file and in the state.
   void expectSafe(const Fault& fault, const Failure& /*failure*/) const override {
     const std::size_t length = kind_.recordLength;
     const std::string now = collection();

@@ -13,7 +13,7 @@
 namespace quillbox::test {
 namespace {
 
-/// A collection of four items, one of them blank, so that a sort changes every byte that it can.
+/// A collection of four items, one of them blank, so that a sort changes every byte it can.
 class CollectionToSort : public FaultPath {
  public:
   explicit CollectionToSort(const ModelKind& kind, bool isBehindALink = false)
@@ -39,7 +39,7 @@ class CollectionToSort : public FaultPath {
   bool isUnderItsName() const { return std::filesystem::exists(path_); }
   bool isUnderBackup() const { return !backup().empty(); }
 
-  /// Beside the link, or beside the file where it could not be moved there.
+  /// Beside the link, or beside the file if it could not be moved there.
   std::string backup() const {
     for (const std::string& name : {backup_, folder_.path("elsewhere/bak")})
       if (std::filesystem::exists(name)) return name;
@@ -93,7 +93,7 @@ class SortPath : public CollectionToSort {
     }
   }
 
-  /// Gives the collection its name back and opens it again.
+  /// Restores the collection's name and opens it again.
   void putInOrder() override {
     if (isUnderBackup()) {
       std::filesystem::remove(file_);
@@ -102,7 +102,7 @@ class SortPath : public CollectionToSort {
     state_.Count = headerOf(collection()).Count;
   }
 
-  /// What was open before may have been written to.
+  /// The file that was open before may have been written.
   bool endsWith(std::size_t nth) const override {
     return CollectionToSort::endsWith(nth) || (kind_.alwaysSorted && nth == 0);
   }
@@ -142,7 +142,7 @@ class SortToTheEnd : public CollectionToSort {
   }
 };
 
-/// What follows a sort of media files: the collection is left open.
+/// After a sort of media files: the collection is left open.
 class FinishPath : public CollectionToSort {
  public:
   using CollectionToSort::CollectionToSort;

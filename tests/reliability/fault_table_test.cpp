@@ -30,7 +30,7 @@ std::string deletedOf(const CollectionKind& kind, std::string item) {
   return item;
 }
 
-/// A path that puts one item of a collection of three in its place.
+/// A path that replaces one item in a collection of three.
 class ItemPath : public CollectionPath {
  public:
   void expectDone() const override {
@@ -49,7 +49,7 @@ class ItemPath : public CollectionPath {
   ItemPath(const CollectionKind& kind, std::vector<std::string> items, int slot)
       : CollectionPath(kind, items), slot_(slot), after_(before_) {}
 
-  /// Tells what the path writes.
+  /// Sets what the path writes.
   void becomes(const std::string& item, int count = 3) {
     item_ = item;
     const std::size_t at = static_cast<std::size_t>(slot_) * kind_.recordLength;
@@ -120,7 +120,7 @@ class HeaderWrite : public ItemPath {
   void run() override { store_.WriteHeader(state_.Count, kind_.rules.fileType); }
 };
 
-/// A collection that is not there yet.
+/// A collection that does not exist yet.
 class NewFile : public CollectionPath {
  public:
   explicit NewFile(const CollectionKind& kind) : CollectionPath(kind, "", 7) {
@@ -141,13 +141,13 @@ class NewFile : public CollectionPath {
 class OpenNewMusicFile : public NewFile {
  public:
   explicit OpenNewMusicFile(const CollectionKind& kind) : NewFile(kind) {}
-  /// What could be neither written nor taken away again is refused, as any empty file is.
+  /// A file that could be neither written nor removed is refused, like any empty file.
   void run() override {
     isLeftOver_ = std::filesystem::exists(path_) && collection().empty();
     EXPECT_EQ(openMusicFile(state_.files, state_),
               isLeftOver_ ? MusicFileState::refused : MusicFileState::current);
   }
-  /// A version that was cut off comes with the first item.
+  /// A truncated version is completed with the first item.
   void expectDone() const override {
     if (isLeftOver_) return;
     EXPECT_EQ(collection().substr(0, 4), plainHeader(kind_, 0).substr(0, 4));
@@ -186,7 +186,7 @@ class Upgrade : public CollectionPath {
     EXPECT_NE(underItsName, underBackup);
     EXPECT_EQ(state_.Count, 4);
   }
-  /// What the old file has been read from is closed with a report.
+  /// The old file, which was read, is closed with a report.
   bool endsWith(std::size_t nth) const override {
     return CollectionPath::endsWith(nth) || operationAt(nth).path == backup();
   }
@@ -197,7 +197,7 @@ class Upgrade : public CollectionPath {
   }
 
  protected:
-  /// Where it could not be moved to its usual backup, the file is in its own folder.
+  /// If it could not be moved to its usual backup, the file is in its own folder.
   std::string backup() const {
     const std::string besideTheFile = folder_.path("elsewhere/BAK");
     return std::filesystem::exists(besideTheFile) ? besideTheFile : backup_;
@@ -244,7 +244,7 @@ class UpgradeBehindALink : public Upgrade {
   std::string file_ = folder_.path("elsewhere/real");
 };
 
-/// A new collection where the name is a link that leads to no file yet.
+/// A new collection whose name is a link that leads to no file yet.
 class OpenNewMusicFileBehindALink : public OpenNewMusicFile {
  public:
   explicit OpenNewMusicFileBehindALink(const CollectionKind& kind) : OpenNewMusicFile(kind) {

@@ -14,7 +14,7 @@ class OverwriteFaults : public FormTest, public testing::WithParamInterface<Mode
   std::string name() const { return std::string("Things.") + GetParam().extension; }
   std::string bytes() const { return bytesAt(path(name())); }
 
-  /// Puts the old collection there and fills the dialog in.
+  /// Writes the old collection and fills in the dialog.
   void openDialog() {
     writeFile(path(name()), kOld);
     start();
@@ -33,7 +33,7 @@ class OverwriteFaults : public FormTest, public testing::WithParamInterface<Mode
     desktop_.expectNothingLeft();
   }
 
-  /// What the dialog has done in the end.
+  /// The final result of the dialog.
   void expectMade() {
     EXPECT_EQ(formName(), GetParam().formName);
     EXPECT_EQ(state_->Count, 0);
@@ -115,8 +115,8 @@ TEST_P(OverwriteFaults, NoFaultCostsACollectionThatWasToStayOrTheNextTry) {
 
 INSTANTIATE_TEST_SUITE_P(Kinds, OverwriteFaults, testing::ValuesIn(kModelKinds), nameOfKind);
 
-/// A collection that is named on the command line and is not there is made. (That of music is made
-/// without a form, see FaultTable.)
+/// A missing collection on the command line is created. (Music is created without a form, see
+/// FaultTable.)
 class MissingFileFaults : public FormTest, public testing::WithParamInterface<ModelKind> {
  protected:
   std::string collection() const { return path(std::string("Things.") + GetParam().extension); }

@@ -1,5 +1,5 @@
-// What once cost an item: each loss as the user met it, with every file operation on the way
-// failing in turn.
+// Defects that once lost an item: each as the user met it, with every file operation on the way
+// failing once.
 
 #include <algorithm>
 #include <cstddef>
@@ -23,7 +23,7 @@ class Loss : public EditorTest, public testing::WithParamInterface<ModelKind> {
   std::string otherName() const { return std::string("other.") + kind().extension; }
 
   /// Works the program while the `nth` file operation fails, a write after half of its bytes. False
-  /// when there are not so many.
+  /// when there are fewer.
   template <typename Work>
   bool failing(std::size_t nth, const Work& work) {
     files_.failNth(nth, {.error = ErrorNumber::diskFull, .isShort = true});
@@ -32,7 +32,7 @@ class Loss : public EditorTest, public testing::WithParamInterface<ModelKind> {
     return files_.hasFailed();
   }
 
-  /// Whatever is said meanwhile.
+  /// Accepts all messages meanwhile.
   template <typename Work>
   std::vector<std::string> letSpeak(const Work& work) {
     std::vector<std::string> said;
@@ -154,7 +154,7 @@ TEST_P(Loss, AListingThatCannotReadLeavesTheItemThatIsDeleted) {
   }
 }
 
-/// Of the editors that write a new item in the place of a deleted one.
+/// For the editors that write a new item in the place of a deleted one.
 class LostPlace : public Loss {
  protected:
   /// Fails to write a new item while the `nth` file operation fails.
@@ -222,7 +222,7 @@ TEST_P(LostPlace, IsForgottenWhenARefusedFileIsOpened) {
   }
 }
 
-/// Of the editors that load folders.
+/// For the editors that load folders.
 class LoadedFolder : public Loss {};
 
 INSTANTIATE_TEST_SUITE_P(Editors, LoadedFolder, testing::Values(kWaves), nameOfKind);

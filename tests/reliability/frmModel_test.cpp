@@ -1,6 +1,6 @@
-// Long random sequences of what users do in an editor, beside a model of its rules, with file
-// operations that fail now and then. After every step the bytes of all files and what is on screen
-// must be the model's.
+// Long random sequences of user actions in an editor, compared with a model of its rules, with file
+// operations that fail now and then. After every step all files and the screen must match the
+// model.
 
 #include <algorithm>
 #include <filesystem>
@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kSteps = 2'000;
 
-/// Next goes no farther beyond the end.
+/// Next goes no further past the end.
 constexpr int kFarBeyond = 3;
 
 class Model : public ModelFiles, public testing::WithParamInterface<ModelKind> {
@@ -193,7 +193,7 @@ class Model : public ModelFiles, public testing::WithParamInterface<ModelKind> {
     if (!beginSearch()) leaveBy(kind().search.exit);
   }
 
-  /// Some of what an item has, so that there may be a hit; or anything.
+  /// Some values of an item, so that there may be a hit; or random ones.
   void fillSearch() {
     const bool isForItem = model().count > 0 && !lots_.oneIn(3);
     const std::string item = model().record(1 + lots_.below(std::max(model().count, 1)));
@@ -236,7 +236,7 @@ class Model : public ModelFiles, public testing::WithParamInterface<ModelKind> {
 
   // Faults
 
-  /// Lets some file operation fail, soon or after a while.
+  /// Makes some file operation fail, soon or later.
   void armAny() {
     using enum FileOperation;
     const FileOperation operation =
@@ -283,7 +283,7 @@ TEST_P(Model, IsWhatTheEditorDoesStepByStep) {
     } catch (const std::exception& error) {
       ADD_FAILURE() << error.what();
     }
-    // Windows are painted and laid out now and then; most steps need not wait for it.
+    // Windows are painted and laid out only now and then; most steps need not wait for it.
     if (done % 50 == 0) settle();
     if (!HasFailure()) expectModel();
     if (HasFailure())

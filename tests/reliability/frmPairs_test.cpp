@@ -1,5 +1,5 @@
-// Every pair: each action of an editor, with each of its file operations failing, and each action
-// after it, beside the model of the editors. The table is made by the run; no cell is typed.
+// All pairs: each action of an editor, with each of its file operations failing, then each action,
+// compared with the model of the editors. The run generates the table.
 
 #include <algorithm>
 #include <exception>
@@ -13,12 +13,11 @@
 namespace quillbox::test {
 namespace {
 
-/// All errors that an operation can have, and every action both with an item shown and with a new
-/// one typed; an ordinary run makes do with one error each, once and with half of the bytes
-/// written.
+/// All errors of an operation, and every action both with an item shown and with a new one typed;
+/// an ordinary run uses one error for each, once and with half of the bytes written.
 bool runsAllPairs() { return modelSetting("QUILLBOX_ALL_PAIRS", 0) != 0; }
 
-/// What the editor is left at when an action begins.
+/// The state of the editor when an action begins.
 enum class Start { itemShown, newItem };
 
 class Pairs : public ModelFiles, public testing::WithParamInterface<ModelKind> {
@@ -104,7 +103,7 @@ class Pairs : public ModelFiles, public testing::WithParamInterface<ModelKind> {
   void loadFolder() { loadFrom(path("some")); }
   void exportIt() { exportTo(path("out.txt")); }
 
-  /// The new-collection dialog up to a collection that is open, this one again if need be.
+  /// The new-collection dialog until a collection is open, the same one again if necessary.
   void makeNew(const std::string& stem, bool overwrites) {
     if (!openNewDialog()) return;
     while (formName() == "frmNewCollection")
@@ -115,7 +114,7 @@ class Pairs : public ModelFiles, public testing::WithParamInterface<ModelKind> {
   void newOverOther() { makeNew("other", true); }
   void newKeepsOther() { makeNew("other", false); }
 
-  /// Which may be gone.
+  /// It may be gone.
   void openOther() { open(disk_.contains(place("other")) ? place("other") : place("mine")); }
   void openSame() { open(collection()); }
   void openOlder() { open(place("older")); }
@@ -177,7 +176,7 @@ class Pairs : public ModelFiles, public testing::WithParamInterface<ModelKind> {
 
   std::string place(const std::string& stem) const { return path(stem + "." + kind().extension); }
 
-  /// An item with nothing ticked and with something in what no form shows.
+  /// An item with nothing ticked and with data that no form shows.
   std::string item(const std::string& name) const {
     std::string bytes(kind().recordLength, name.front());
     for (const ModelInput& input : kind().inputs)
@@ -258,8 +257,8 @@ class Pairs : public ModelFiles, public testing::WithParamInterface<ModelKind> {
     return operations;
   }
 
-  /// One cell; what is written in the end is what the editor then thinks it shows. False when the
-  /// program had to be started again, where one action after it is like any other.
+  /// One cell; what is written at the end is what the editor believes it shows. False when the
+  /// program had to be restarted, after which every action is the same.
   bool runCell(Start start, const Action& action, std::size_t nth, const Fault& fault,
                const Action& next) {
     const int starts = starts_;

@@ -1,4 +1,4 @@
-#ifndef _WIN32  // where anybody may make links
+#ifndef _WIN32  // where everyone may create links
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -20,7 +20,7 @@
 namespace quillbox::test {
 namespace {
 
-/// What rewrites a music collection.
+/// Code that rewrites a music collection.
 struct Rewriting {
   const char* name;
   const char* ending;  ///< of the backup
@@ -67,7 +67,7 @@ class LinkedCollection : public testing::TestWithParam<Rewriting> {
     });
   }
 
-  /// Notes what is where when the collection has its backup's name.
+  /// Records where everything is while the collection has its backup's name.
   void watch(const std::string& backup) {
     files_.beforeRead = [this, backup] {
       EXPECT_TRUE(readFile(backup) == before_);
@@ -76,7 +76,7 @@ class LinkedCollection : public testing::TestWithParam<Rewriting> {
     };
   }
 
-  /// The collection behind the link is rewritten, and nothing else is left but a backup.
+  /// The collection behind the link is rewritten, and only a backup is left.
   void expectRewritten(const std::string& file, const std::string& backup) {
     EXPECT_EQ(messageOfRun(), "");
     EXPECT_TRUE(watched_);
@@ -106,7 +106,7 @@ class LinkedCollection : public testing::TestWithParam<Rewriting> {
   std::string path_ = folder_.path("jazz.MCS");
   std::string backup_ = backupIn(folder_.path("jazz"));
   std::string file_ = folder_.path("elsewhere/real.MCS");
-  // For a sort, too, which leaves the type alone.
+  // For a sort as well, which keeps the type.
   std::string before_ = musicFile(3, 4, {album("C"), album("B"), album("A")},
                                   upgrades() ? kMusicRecordType4Length : sizeof(MusicRecord));
   bool watched_ = false;
@@ -181,7 +181,7 @@ TEST_P(LinkedCollection, ABackupOnEitherDiskIsNotLost) {
     writeFile(taken, "an earlier backup");
     EXPECT_EQ(run(), upgrades() ? Failure{} : (Failure{58, taken}));
     EXPECT_TRUE(readFile(upgrades() ? backup : far) == before_);
-    // An upgrade deletes the one whose place it needs.
+    // An upgrade deletes the one whose name it needs.
     if (!upgrades() || taken == backup_) {
       EXPECT_EQ(readFile(taken), "an earlier backup");
     }
@@ -322,7 +322,7 @@ TEST_F(LinkedMusicFile, AFileThatCannotBeWrittenIsTakenAwayAndTheLinkIsNot) {
   }
 }
 
-/// Another program makes the file, just after it was seen to be missing.
+/// Another program creates the file, just after it was found to be missing.
 class MadeMeanwhile : public DiskFileSystem {
  public:
   std::optional<std::string> linkTarget(const std::string& path) override {

@@ -33,7 +33,7 @@ namespace {
 constexpr int kItems = 20;
 
 #ifndef _WIN32
-/// A call's failure, and the count that it left.
+/// A call's failure, and the resulting count.
 struct Outcome {
   Failure failure;
   int count = 0;
@@ -96,7 +96,7 @@ class RealFaults : public testing::Test {
   }
 
 #ifndef _WIN32
-  /// Makes the call in a process of its own in which no file may grow beyond so many bytes.
+  /// Makes the call in a separate process in which no file may grow beyond this size.
   Outcome withFilesUpTo(rlim_t bytes, const std::function<void()>& call) {
     int ends[2] = {-1, -1};
     if (::pipe(ends) != 0) throw std::runtime_error("no pipe");
@@ -249,7 +249,7 @@ TEST_F(FullDisk, AFullDeviceIsAnErrorAndIsClosed) {
 
 #endif
 
-/// The folder "things" may not be changed, but the collection in it may.
+/// The folder "things" is read-only, but the collection in it is not.
 class ClosedFolder {
  public:
   explicit ClosedFolder(const TestFolder& folder) : user_(folder) {}
@@ -376,7 +376,7 @@ TEST_F(FolderInsteadOfTheCollection, IsRenamedByASortAndAnUpgradeAndThenAnError)
     EXPECT_EQ(readFile(backup + "/inside"), "kept");
     EXPECT_EQ(state_.Count, kItems);
     expectNothingOpen();
-    std::filesystem::remove_all(backup);  // its name may be that of the next one, but for capitals
+    std::filesystem::remove_all(backup);  // its name may equal that of the next one except for case
   }
 }
 

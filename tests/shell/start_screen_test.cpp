@@ -1,5 +1,5 @@
-// What the start screen shows beside its commands: recent collections, those that lie under their
-// backup's name, and the file that the command line did not open.
+// What the start screen shows besides its commands: recent collections, those under their backup's
+// name, and a file on the command line that was not opened.
 
 #include <QAccessible>
 
@@ -57,7 +57,7 @@ class FullStartScreen : public FormTest {
     QApplication::processEvents();
   }
 
-  /// The lines there are, each with its button's caption in brackets.
+  /// The lines shown, each with its button's caption in brackets.
   std::vector<std::string> notices() {
     std::vector<std::string> texts;
     for (int element = 0;; ++element) {
@@ -297,6 +297,8 @@ TEST_F(FullStartScreen, SaysByTheKeyboardAndToAssistiveTechnologyWhatItPutsBack)
   start();
   EXPECT_EQ(button("cmdNotice_0").accessibleName(), "Put Back");
   EXPECT_EQ(button("cmdNotice_0").accessibleDescription(), "shelf.BCS lies in shelf.bak: 1 book");
+  auto* line = QAccessible::queryAccessibleInterface(button("cmdNotice_0").parentWidget());
+  EXPECT_EQ(line->role(), QAccessible::Grouping);
   EXPECT_EQ(control<ElidedLabel>("lblNotice_0").accessibleName(),
             "shelf.BCS lies in shelf.bak: 1 book");
   form().activateWindow();

@@ -53,7 +53,7 @@ TEST_F(StartUp, LetsTheSystemFollowAPathThatLeadsBackFromALink) {
   EXPECT_FALSE(std::filesystem::exists("jazz.MCS"));
 }
 
-#ifndef _WIN32  // where ".." takes a folder back that is missing, and "\\" parts folders
+#ifndef _WIN32  // where ".." removes even a missing folder, and "\\" separates folders
 TEST_F(StartUp, MakesNothingWhereAPathLeadsBackFromAFolderThatIsMissing) {
   const std::string named = path("missing/../jazz.MCS");
   desktop_.expectMessage("Quillbox", "Run-time error '76':\n\nPath not found\n" + named);

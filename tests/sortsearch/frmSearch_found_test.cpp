@@ -1,5 +1,5 @@
-// What a search leaves, whether it finds something or not: the positions, the editor's screen, the
-// record behind it and the file.
+// The result of a search, with and without a hit: the positions, the editor's screen, the record
+// behind it and the file.
 
 #include "printing/frmRecDisp.h"
 #include "support/form_fixture.h"
@@ -127,7 +127,7 @@ TEST_P(SearchingEditor, FindsDeletedItems) {
   type(kind().otherBox(), "typed");
   searchFor(marker);
   EXPECT_EQ(state_->CurRec, 2);
-  // A deleted video leaves the screen as it was.
+  // A deleted video leaves the screen unchanged.
   EXPECT_EQ(first(), isVideo() ? "A" : marker);
   EXPECT_EQ(other() == "typed", isVideo());
   EXPECT_EQ(indicator(), kind().label(isVideo() ? 1 : 2, 3));
@@ -268,7 +268,7 @@ class SearchedHiddenBytes : public EditorTest, public testing::WithParamInterfac
     std::string hidden(GetParam().width, first.front());
     return item(first).replace(GetParam().offset, hidden.size(), hidden);
   }
-  /// By their first characters, item by item.
+  /// Their first characters, item by item.
   std::string allHidden() {
     const std::string file = bytes();
     std::string all;

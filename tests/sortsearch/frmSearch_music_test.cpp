@@ -15,7 +15,7 @@ class MusicSearch : public EditorTest {
     openSideForm(kind().search);
   }
 
-  /// An input and its caption, which are never enabled one without the other.
+  /// An input and its caption, which are always enabled together.
   bool isEnabled(const char* name) {
     auto& input = control<QWidget>(name);
     for (const QLabel* each : form().findChildren<QLabel*>())

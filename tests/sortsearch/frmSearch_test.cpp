@@ -1,4 +1,4 @@
-// The search forms: what is on them, the ways in and out, and that each input is looked for.
+// The search forms: their contents, the ways in and out, and a search by each input.
 
 #include <utility>
 
@@ -11,7 +11,7 @@ struct InputLook {
   const char* name;
   const char* caption;
   const char* field;
-  std::vector<const char*> ticksFirst = {};  ///< what must be ticked before it can be used
+  std::vector<const char*> ticksFirst = {};  ///< what must be ticked to enable it
 };
 
 /// Everything that can be reached on a search form.
@@ -120,7 +120,7 @@ class SearchForms : public EditorTest, public testing::WithParamInterface<Search
       if (!check(needed).isChecked()) tick(needed);
   }
 
-  /// Puts into an input what different() puts into its field.
+  /// Enters what different() puts into the field.
   void enter(const InputLook& input) {
     makeUsable(input);
     switch (field(input.field).type) {
@@ -163,7 +163,7 @@ class SearchForms : public EditorTest, public testing::WithParamInterface<Search
     return *std::ranges::find_if(inputs(), [name](const auto& each) { return each.name == name; });
   }
 
-  /// What the input holds, as text.
+  /// The contents of the input, as text.
   std::string held(const InputLook& input) {
     auto& widget = control<QWidget>(input.name);
     if (const auto* ticked = dynamic_cast<QCheckBox*>(&widget))

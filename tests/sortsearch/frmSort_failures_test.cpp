@@ -1,5 +1,5 @@
-// A sort that fails ends the program with the collection whole under one of its two names; a sort
-// of books always ends that way.
+// A sort that fails ends the program with the complete collection under one of its two names; a
+// sort of books always ends like that.
 
 #include <QGuiApplication>
 #include <utility>
@@ -23,7 +23,7 @@ class FailedSort : public EditorTest, public testing::WithParamInterface<ModelKi
   std::string underBackupsName() const {
     return "\n\nThe collection is now under its backup's name:\n" + backup();
   }
-  /// It is there under the backup's name alone.
+  /// The collection exists only under the backup's name.
   void expectOnlyBackup(const std::string& before) {
     EXPECT_FALSE(std::filesystem::exists(collectionPath()));
     EXPECT_EQ(readFile(backup()), before);
@@ -69,7 +69,7 @@ TEST_P(FailedSort, AFileShorterThanItsCountLeavesTheBackup) {
   expectOnlyBackup(cut);
 }
 
-/// Books never come to the writing.
+/// Books are never written.
 class FailedWriting : public FailedSort {};
 
 INSTANTIATE_TEST_SUITE_P(Kinds, FailedWriting,

@@ -1,4 +1,4 @@
-// What a sort that comes to an end leaves: the file, the positions and the editor's screen.
+// The result of a successful sort: the file, the positions and the editor's screen.
 
 #include <QGuiApplication>
 #include <utility>
@@ -26,7 +26,7 @@ const SortKeys kSoftwareKeys = {
 const SortKeys kComicKeys = {kComics, "chkSort_", {"BookTitle", "ComicTitle", "Artists"}};
 const SortKeys kMediaKeys = {kWaves, "", {}};  // always by the file's name
 
-/// What each sort form that finishes its work does. That of books never does.
+/// What every sort form that finishes its work does. That of books never does.
 class SortedEditor : public EditorTest, public testing::WithParamInterface<SortKeys> {
  protected:
   SortedEditor() : EditorTest(GetParam().editor) {}
@@ -63,7 +63,7 @@ class SortedEditor : public EditorTest, public testing::WithParamInterface<SortK
     ASSERT_EQ(state_->CurRec, item);
   }
 
-  /// That item is on screen, and Write Data changes nothing of it.
+  /// That item is on screen, and Write Data does not change it.
   void expectShown(int position, const std::string& text) {
     EXPECT_EQ(indicator(), kind().label(position, state_->Count));
     EXPECT_EQ(state_->CurRec, position);
@@ -81,8 +81,7 @@ class SortedEditor : public EditorTest, public testing::WithParamInterface<SortK
       EXPECT_EQ(each->currentIndex(), -1) << each->objectName().toStdString();
   }
 
-  /// An item with that value in one of the fields that are sorted by, and the opposite in the
-  /// others.
+  /// An item with that value in one of the sort keys, and the opposite in the others.
   std::string ranked(std::size_t key, int value) {
     std::string made = item("");
     const auto record = std::as_writable_bytes(std::span(made));
@@ -105,7 +104,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, SortedEditor,
                                          kMediaKeys),
                          nameOf);
 
-/// Those of them that ask what to sort by.
+/// Those that ask what to sort by.
 class SortedByBoxes : public SortedEditor {};
 
 INSTANTIATE_TEST_SUITE_P(Kinds, SortedByBoxes,

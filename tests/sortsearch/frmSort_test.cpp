@@ -1,4 +1,4 @@
-// The sort forms: what is on them, and the ways in and out.
+// The sort forms: their contents, and the ways in and out.
 
 #include "support/form_fixture.h"
 

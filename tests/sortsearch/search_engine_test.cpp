@@ -26,7 +26,7 @@ namespace {
 using Events = std::vector<std::string>;
 using Steps = std::vector<std::pair<int, int>>;
 
-/// A board that writes down what it is asked for.
+/// A board that records its calls.
 class BoardLog : public Board {
  public:
   Events events;
@@ -42,7 +42,7 @@ class BoardLog : public Board {
   void close() override { events.emplace_back("close"); }
 };
 
-/// A collection of each kind in turn. Items are told apart by their first text.
+/// A collection of each kind in turn. Items differ in their first text.
 class SearchEngine : public testing::TestWithParam<std::string_view> {
  protected:
   static constexpr int kCurRec = 7;
@@ -60,7 +60,7 @@ class SearchEngine : public testing::TestWithParam<std::string_view> {
     return bytes;
   }
 
-  /// Opens a collection of these items; both positions are at none of them.
+  /// Opens a collection of these items; both positions are outside it.
   void open(const std::vector<std::string>& firsts) {
     const int count = static_cast<int>(firsts.size());
     std::string bytes = familyHeader(count);
@@ -92,7 +92,7 @@ class SearchEngine : public testing::TestWithParam<std::string_view> {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
   }
 
-  /// What a search that reads so many items asks of the file system.
+  /// The file operations of a search that reads this number of items.
   std::vector<OperationRecord> operations(int reads) const {
     std::vector<OperationRecord> all = {{FileOperation::open, path_}};
     for (int n = 0; n < reads; ++n) all.push_back({FileOperation::read, path_});
@@ -100,7 +100,7 @@ class SearchEngine : public testing::TestWithParam<std::string_view> {
     return all;
   }
 
-  /// What a search that reads so many items asks of the board.
+  /// The board calls of a search that reads this number of items.
   Events events(int reads) const {
     if (ofBooks()) return {};
     Events all = {"open Searching..."};
@@ -386,7 +386,7 @@ TEST_P(SearchEngine, AFailureAnywhereClosesBoardAndFile) {
       EXPECT_EQ(std::ranges::count(board_.events, "open Searching..."), ofBooks() ? 0 : 1);
       EXPECT_EQ(std::ranges::count(board_.events, "close"), ofBooks() ? 0 : 1);
       EXPECT_TRUE(ofBooks() || board_.events.back() == "close");
-      if (failure.number == 0) {  // failing to close what was only read is no matter
+      if (failure.number == 0) {  // failing to close a file that was only read does not matter
         EXPECT_EQ(found, hit ? std::optional(2) : std::nullopt);
         continue;
       }
@@ -394,7 +394,7 @@ TEST_P(SearchEngine, AFailureAnywhereClosesBoardAndFile) {
       EXPECT_EQ(failure, (Failure{57, path_}));
       expectNotMoved();
     }
-    // The last round was one without a failure.
+    // The last round had no failure.
     EXPECT_EQ(failures, std::ssize(files_.operations()) - 1);
   }
 }

@@ -140,7 +140,7 @@ TEST_F(SortBooks, TheProgramEndsBehindThePublishersAndBeforeTheAuthors) {
                              "line: Sorting 2. Please wait...",
                              "caption: Sorting by Genre",
                              "line: Sorting 2. Please wait...",
-                             // Sentinel 0, 0 and -1 by now.
+                             // The sentinel is now 0, 0 and -1.
                              "caption: Sorting by Media Type",
                              "line: Sorting 2. Please wait...",
                              "caption: Sorting by Media Type",

@@ -202,7 +202,7 @@ TEST_P(SortEngineKinds, ASortedCollectionCanBeSortedAgain) {
   expectNothingOpen();
   finish();
   if (!kind().alwaysSorted) return;
-  // What is open is the new file, not the one that was deleted.
+  // The open file is the new one, not the deleted one.
   state_.files.file(255).writeAt(0, bytesOf(WholeNumber{}));
   EXPECT_EQ(file().substr(0, 2), "\0\0"s);
 }
@@ -242,7 +242,7 @@ TEST_F(SortEngine, KeysCountToTheirLastCharacter) {
         std::ranges::copy(std::as_bytes(std::span(item)), slots.record(slot).begin());
       }
       slots.exchangeSort(*sortRulesOf(kind.row()).keys[key].field, [] {});
-      // The slot behind them has travelled to the front.
+      // The slot after them has moved to the front.
       EXPECT_EQ(static_cast<char>(slots.record(2).back()), '2');
       EXPECT_EQ(static_cast<char>(slots.record(3).back()), '1');
     }
@@ -278,7 +278,7 @@ TEST_F(SortEngine, FourAdjacentBlanksCostItems) {
                                           named(kWaves, "C", 'c'),   named(kWaves, "D", 'd')};
   put(kWaves, items);
   sort({});
-  // One of the blank items is counted in the place of the last but one.
+  // One of the blank items is counted instead of the last but one.
   EXPECT_EQ(fillers(), "4ab");
   EXPECT_EQ(state_.Count, 3);
 }

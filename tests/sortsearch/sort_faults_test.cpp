@@ -19,7 +19,7 @@ class SortFaults : public SortFixture, public testing::TestWithParam<ModelKind> 
  protected:
   const ModelKind& kind() const { return GetParam(); }
 
-  /// Four items, one of them blank, so that a sort changes every byte that it can.
+  /// Four items, one of them blank, so that a sort changes every byte it can.
   void putItems() {
     std::vector<std::string> blank = keys("C");
     blank.front() = std::string(1, '\0');
@@ -38,9 +38,9 @@ class SortFaults : public SortFixture, public testing::TestWithParam<ModelKind> 
     return keys;
   }
 
-  /// Makes the collection again and its sort's `nth` operation fail; false when there were fewer.
+  /// Creates the collection and fails the `nth` operation of its sort; false if there are fewer.
   bool failsAt(int nth) {
-    files_.failNth(-1, ErrorNumber::diskFull);  // none, in case that the last one never came
+    files_.failNth(-1, ErrorNumber::diskFull);  // none, if the last one never came
     putItems();
     if (kind().alwaysSorted)
       state_.files.open(file_number::collection, state_.currentPath, OpenMode::update);
@@ -110,7 +110,7 @@ TEST_P(SortFaults, TheMessageNamesTheBackupExactlyWhenTheCollectionIsOnlyThere) 
     const std::string path = files_.operations().at(static_cast<std::size_t>(nth)).path;
     const std::string error = "Run-time error '61':\n\nDisk full\n" + path;
     const bool onlyBackup = isUnderBackup() && !isUnderItsName();
-    if (message_.empty()) {  // failing to close what was only read is no matter
+    if (message_.empty()) {  // failing to close a file that was only read does not matter
       EXPECT_EQ(failedOperation(nth), FileOperation::close);
       EXPECT_EQ(path, backup_);
       EXPECT_EQ(onlyBackup, ended_);

@@ -24,7 +24,7 @@ constexpr unsigned kSeed = 20'261'121;
 constexpr int kCollections = 2'000;
 constexpr int kMaxItems = 12;
 
-/// Collections of few items that are much alike: what they have in common is where sorting can go
+/// Collections of few items that are similar: what they have in common is where sorting can go
 /// wrong.
 class RandomCollections {
  public:
@@ -79,7 +79,7 @@ class RandomCollections {
         "AaBbZz~ \x80\x8A\x9A\x9F\xFF\xC9\xE9\xC9\xE9\xD7\xF7\x1F";
     std::string text(below(3), ' ');
     for (char& c : text) c = characters[below(characters.size())];
-    // Some are padded with zero bytes, some differ in their last character alone.
+    // Some are padded with zero bytes, some differ only in their last character.
     text.resize(key.width, below(8) == 0 ? '\0' : ' ');
     if (below(8) == 0) text.back() = characters[below(characters.size())];
     if (text.front() == '\0') text.front() = 'a';

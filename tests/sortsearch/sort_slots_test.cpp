@@ -69,7 +69,7 @@ void exchangeSort(SortSlots& slots, const Field& key) {
   slots.exchangeSort(key, [] {});
 }
 
-/// What is left of items after a whole sort by their names.
+/// What remains of items after a complete sort by their names.
 std::vector<std::string> sortedNames(const std::vector<std::string>& names) {
   SortSlots slots = slotsNamed(names);
   slots.compact(kName);
@@ -130,7 +130,7 @@ TEST(SortSlotsCompaction, AWholeSortTakesOutUpToThreeAdjacentBlanksAndMoreOfThem
       {"-C-B-A-", "ABC", "CBA"},
       {"-", "", ""},
       {"-----", "", ""},
-      // B is behind the sentinel's slot and out of reach; a blank slot is counted for it.
+      // B is after the sentinel's slot and out of reach; a blank slot is counted instead.
       {"A----B", "-", "A"},
       {"A----BCD", "-AB", "A-B"},
       {"----A", "", ""},
@@ -259,7 +259,7 @@ TEST(SortSlotsOrder, ALetterAndItsCapitalAreEqual) {
 }
 
 TEST(SortSlotsOrder, TextsCompareByteByByteInCapitals) {
-  // Each left one belongs before the right one.
+  // Each left one precedes the right one.
   const std::pair<std::string, std::string> rows[] = {
       {"A", "B"},
       {"a", "B"},

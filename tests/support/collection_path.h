@@ -36,8 +36,8 @@ inline std::string plainItem(const CollectionKind& kind, std::string_view first)
   return item.replace(0, first.size(), first);
 }
 
-/// A collection of these items with a header record that is full to its end. The version tells a
-/// header that was written anew.
+/// A collection of these items with a completely filled header record. The version shows whether
+/// the header was written again.
 inline std::string plainCollection(const CollectionKind& kind,
                                    const std::vector<std::string>& items,
                                    std::string_view version = "0.99    ") {
@@ -47,7 +47,7 @@ inline std::string plainCollection(const CollectionKind& kind,
   return bytes;
 }
 
-/// A path on an open collection.
+/// A write path on an open collection.
 class CollectionPath : public FaultPath {
  protected:
   CollectionPath(const CollectionKind& kind, const std::string& bytes, int count)
@@ -67,7 +67,7 @@ class CollectionPath : public FaultPath {
   std::string before_;
 };
 
-/// A row of each kind that `belongs`.
+/// A row for each kind that `belongs`.
 template <typename Path, typename Belongs>
 std::vector<FaultPathRow> rowsOf(const std::string& name, const Belongs& belongs) {
   std::vector<FaultPathRow> rows;

@@ -8,7 +8,7 @@
 
 namespace quillbox::test {
 
-/// The store of the open collection, with its new items counted as an editor counts them.
+/// The store of the open collection; counts new items as an editor does.
 class CountingStore : public CollectionStore {
  public:
   CountingStore(AppState& state, const CollectionKind& kind)

@@ -10,16 +10,16 @@
 
 namespace quillbox::test {
 
-/// What a number typed into Go To is taken for.
+/// The result of a number typed into Go To.
 struct GoToAnswer {
   std::string text;
-  std::optional<int> item;  ///< none: no number, or none of 16 bits
+  std::optional<int> item;  ///< none: no number, or not a 16-bit one
   int error = 0;            ///< of an answer without an item
 };
 
-/// An editor told the long way: the files as bytes, the positions, the record buffer and what
-/// stands on the forms. Each step is a user's; what it says is the run-time error that is shown,
-/// or nothing.
+/// An independent model of an editor: the files as bytes, the positions, the record buffer and the
+/// contents of the forms. Each step is a user's; it returns the run-time error that is shown, or
+/// nothing.
 class EditorModel : public ModelStore {
  public:
   static constexpr int kNew = -1;
@@ -52,20 +52,20 @@ class EditorModel : public ModelStore {
   std::vector<Held> search;           ///< on the search form
   std::vector<bool> ticks;            ///< on the sort form
   std::string songTitles[2] = {};     ///< typed at the top of the song pages
-  std::optional<std::string> inFile;  ///< the item at the position, as it was shown or written
+  std::optional<std::string> inFile;  ///< the item at the position, as last shown or written
 
   /// What was written or deleted last.
   struct Undo {
     int item;
     std::string before;
     std::string after;
-    bool isBegun = false;  ///< taking it back failed
+    bool isBegun = false;  ///< undoing it failed
   };
   std::optional<Undo> undo;
 
   int& position() { return kind_.isVideo() ? listPos : curRec; }
 
-  /// Opens a collection, or makes one where there is none. Returns what is said meanwhile.
+  /// Opens a collection, or creates it. Returns the messages shown meanwhile.
   std::vector<std::string> open(const std::string& path) {
     path_ = path;
     ++openings;
@@ -95,7 +95,7 @@ class EditorModel : public ModelStore {
     return said;
   }
 
-  /// The new-collection dialog makes a collection; where the old one is to stay, its bytes do.
+  /// The new-collection dialog creates a collection; if the old one stays, so do its bytes.
   void makeNew(const std::string& path, bool oldStays) {
     path_ = path;
     if (!oldStays) disk_.erase(path);
@@ -112,7 +112,7 @@ class EditorModel : public ModelStore {
     return name != "chkBookLoaned" || bookLoanedEnabled;
   }
 
-  /// The same on the search form, which looks at both boxes for the booklet's.
+  /// The same on the search form, where the booklet's box depends on both boxes.
   bool isSearchEnabled(std::size_t input) const {
     const std::string name = kind_.inputs[input].name;
     const bool loaned = isTicked(search, "chkCurrLoaned");
@@ -153,14 +153,14 @@ class EditorModel : public ModelStore {
     return {};
   }
 
-  /// What stays of a write that failed: dates that were empty, and the place of a new item, which
-  /// need no longer be a deleted one, for the next try.
+  /// What remains after a failed write: dates that were empty, and the place of a new item for the
+  /// next attempt, which may no longer be a deleted one.
   void writeFailed(int slot) {
     fillDates();
     if (curRec == kNew && slot <= count) unfinishedSlot_ = slot;
   }
 
-  /// Whatever is done but writing and clearing ends the tries to write the same item.
+  /// Any command other than writing and clearing ends the attempts to write the same item.
   void giveUpSlot() { unfinishedSlot_ = 0; }
 
   /// Where a new item goes.
@@ -191,21 +191,21 @@ class EditorModel : public ModelStore {
     return {};
   }
 
-  /// What was written or deleted last is taken back, if it is still there.
+  /// Undoes the last write or delete, if it is still in the file.
   void takeBack() {
     if (!undo->isBegun && record(undo->item) != undo->after) return;
     writeItem(undo->item, undo->before, count);
     show(undo->item);
   }
 
-  /// What was on the form comes back to it, on the item that it was typed on.
+  /// Restores what was on the form, on the item that it was typed on.
   void bringBack(const EditorModel& left) {
     const auto item = left.itemShown();
     item ? show(*item) : clear();
     putBack(left);
   }
 
-  /// A new item with what is on the form.
+  /// A new item with the contents of the form.
   void duplicate() {
     if (curRec < 1) return;
     const EditorModel copied = *this;
@@ -222,7 +222,7 @@ class EditorModel : public ModelStore {
     show(item);
   }
 
-  /// Where Previous leads; nothing where it would search a whole lap of deleted items.
+  /// The item before; nothing where Previous would search a whole lap of deleted items.
   std::optional<int> previousItem() {
     int item = position();
     for (int read = 0; read < count; ++read) {
@@ -255,13 +255,13 @@ class EditorModel : public ModelStore {
     updateScreen();
   }
 
-  /// A title that has found no place goes, too.
+  /// A title that did not fit is cleared, too.
   void clearList() {
     for (Held& entry : list) entry = {};
     for (std::string& title : songTitles) title.clear();
   }
 
-  /// The title at the top of a song page goes into the first empty song.
+  /// Moves the title at the top of a song page to the first empty song.
   void addSong(int page) {
     std::string& title = songTitles[page];
     if (trimmedOf(title).empty()) return;
@@ -302,7 +302,7 @@ class EditorModel : public ModelStore {
     show(item);
   }
 
-  /// Looks for what is on the search form. True for a hit, which is then shown.
+  /// Searches for the contents of the search form. True for a hit, which is then shown.
   bool searchFor(std::string& error) {
     for (std::size_t i = 0; i < search.size(); ++i)
       if (isCondition(i) && search[i].error == 6) {
@@ -341,7 +341,7 @@ class EditorModel : public ModelStore {
     if (count > before) show(1);
   }
 
-  /// What a loader that fails leaves: what is shown stays, counted as the file has it.
+  /// After a loader has failed: the item stays, with the count of the file.
   void takeCount(int counted) {
     if (counted == count) return;
     count = counted;
@@ -350,7 +350,7 @@ class EditorModel : public ModelStore {
     nextEnabled = curRec != count;
   }
 
-  /// Shows an item that is read.
+  /// Shows an item after reading it.
   void show(int item) {
     buffer = record(item);
     inFile = buffer;
@@ -361,8 +361,8 @@ class EditorModel : public ModelStore {
   }
 
  private:
-  /// From records that end before the bar code. As many are carried over as the header counts, less
-  /// one; the media type is whatever the record buffer holds.
+  /// From records that end before the bar code. The header's count less one is carried over; the
+  /// media type is whatever the record buffer has.
   void upgrade() {
     const std::string old = file();
     disk_[withEnding(path_, "BAK")] = old;
@@ -393,7 +393,7 @@ class EditorModel : public ModelStore {
     label = kind_.labels.empty;
   }
 
-  /// Where the item is by now that the form was filled from.
+  /// The present position of the item on the form.
   std::optional<int> itemShown() const {
     if (!inFile) return std::nullopt;
     const int at = kind_.isVideo() ? listPos : curRec;
@@ -403,7 +403,7 @@ class EditorModel : public ModelStore {
     return std::nullopt;
   }
 
-  /// As if typed; blanks at the end are none that anybody typed.
+  /// As if typed; nobody types blanks at the end.
   void putBack(const EditorModel& from) {
     for (std::size_t i = 0; i < inputs.size(); ++i) {
       if (kind_.inputs[i].is == Is::flag) {
@@ -446,7 +446,7 @@ class EditorModel : public ModelStore {
     if (ticked("chkHasBook")) bookLoanedEnabled = onLoan;
   }
 
-  /// What is stored of an input: what it holds, or what an empty date becomes.
+  /// What is stored for an input: its contents, or the value for an empty date.
   Held filled(std::size_t input) const {
     const Held& held = inputs[input];
     if (!held.text.empty()) return held;

@@ -12,18 +12,18 @@
 
 namespace quillbox::test {
 
-/// One operation as it was asked for.
+/// One operation as it was requested.
 struct OperationRecord {
   FileOperation operation;
-  std::string path;  ///< for a rename, the name it had
+  std::string path;  ///< for a rename, the old name
 
   bool operator==(const OperationRecord&) const = default;
 };
 
-/// Whether that operation closes a file that was only read: failing to is no matter.
+/// Whether that operation closes a file that was only read: its failure does not matter.
 bool closesWhatWasOnlyRead(const std::vector<OperationRecord>& operations, std::size_t nth);
 
-/// The machine's file system, with every operation written down and any of them made to fail.
+/// The machine's file system, which records every operation and can make any of them fail.
 class FailingFiles : public FileSystem {
  public:
   /// Fails the `nth` operation (from 0, counted from now on) with `error`; later ones work again.
@@ -32,36 +32,36 @@ class FailingFiles : public FileSystem {
   /// Fails the `nth` operation of that kind, counted from now on.
   void failNth(FileOperation operation, int nth, ErrorNumber error);
 
-  /// Forgets the operations and fails the `nth` of those that follow, or of those of one kind among
-  /// them, with that fault.
+  /// Clears the record and makes the `nth` of the following operations, or of those of one kind,
+  /// fail with that fault.
   void failNth(std::size_t nth, const Fault& fault, std::optional<FileOperation> operation = {});
 
-  /// Nothing fails any more.
+  /// Nothing fails from now on.
   void heal();
 
-  /// Before the operation fails a write puts down half of its bytes.
+  /// A failing write first writes half of its bytes.
   bool shortWrites = false;
 
-  /// Run once, before the next read: what another program does to the file meanwhile.
+  /// Called once, before the next read: another program changes the file.
   std::function<void()> beforeRead;
 
   /// True when the failure asked for has happened.
   bool hasFailed() const { return !failed_.empty(); }
 
-  /// The places of those that failed, in the operations since the last call of forget().
+  /// The indexes of the failed ones among the operations since the last call of forget().
   const std::vector<std::size_t>& failed() const { return failed_; }
 
   /// Every operation since the last call of forget().
   const std::vector<OperationRecord>& operations() const { return operations_; }
   void forget();
 
-  /// How many of a kind there were since the last call of forget() or failNth().
+  /// The number of operations of a kind since the last call of forget() or failNth().
   int countOf(FileOperation operation) const;
 
-  /// How many there were since then that cannot fail unsaid: all but closing what was only read.
+  /// The number of operations since then, except closing a file that was only read.
   int operationsThatMatter() const;
 
-  /// Does that once. Returns how many operations it takes.
+  /// Makes the call once. Returns the number of its operations.
   template <typename Work>
   int operationsOf(Work work) {
     forget();
@@ -85,7 +85,7 @@ class FailingFiles : public FileSystem {
   std::string programFolder() override { return disk_.programFolder(); }
   std::vector<FolderEntry> list(const std::string& folder) override;
 
-  /// Writes the operation down; returns the error when this is the one to fail.
+  /// Records the operation; returns the error if this is the one to fail.
   std::optional<RunTimeError> next(FileOperation operation, const std::string& path);
 
  private:

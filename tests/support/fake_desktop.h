@@ -11,8 +11,8 @@
 
 namespace quillbox::test {
 
-/// A desktop whose every answer is scripted. A box that was not expected, or is not the one
-/// expected next, fails the test; so does one that never came.
+/// A desktop with scripted answers. A box that was not expected, or not next, fails the test; so
+/// does one that never appeared.
 class FakeDesktop : public Desktop {
  public:
   FakeDesktop() = default;
@@ -20,46 +20,46 @@ class FakeDesktop : public Desktop {
   FakeDesktop& operator=(const FakeDesktop&) = delete;
   ~FakeDesktop() override;
 
-  /// The box of a run-time error has the icon of one; any other has none unless `icon` is given.
+  /// The box of a run-time error has an error icon; any other has none unless `icon` is given.
   void expectMessage(std::string title, std::string text, std::optional<MessageIcon> icon = {});
   void expectQuestion(std::string title, std::string text, Answer answer);
   void expectInput(std::string prompt, std::string title, std::optional<std::string> answer,
                    std::string preset = {});
 
   void expectOpen(std::string title, std::string filter, std::optional<std::string> answer);
-  /// The same without a filter, and whatever it offers.
+  /// The same for any filter and any offered name.
   void expectSave(std::string title, std::optional<std::string> answer);
 
-  /// A save dialog that offers `fileName`, or whatever it offers where there is none.
+  /// A save dialog that offers `fileName`, or any name if none is given.
   void expectSave(std::string title, std::string filter, std::optional<std::string> fileName,
                   std::optional<std::string> answer);
 
-  /// A print dialog that is answered with paper or a text file, or cancelled.
+  /// A print dialog answered with paper or a text file, or cancelled.
   void expectPrint(std::optional<PrintChoice> answer);
 
-  /// Makes the box expected last the one expected next.
+  /// Makes the box expected last the next one.
   void moveLastToFront();
 
   void forgetExpected() { expected_.clear(); }
 
-  /// Fails the test unless everything expected so far has come.
+  /// Fails the test unless everything expected has appeared.
   void expectNothingLeft();
 
   std::string today = "11/21/2026";
   std::string dateForm = "M/d/yy";
-  std::function<void()> onRest;  ///< run by every rest()
+  std::function<void()> onRest;  ///< called by every rest()
 
-  /// Run by every box and dialog, with its title and text, while the program waits for the answer.
+  /// Called by every box and dialog, with title and text, while the program waits.
   std::function<void(const std::string& title, const std::string& text)> onBox;
 
-  /// Answers every box that was not expected, without a failure.
+  /// Accepts every unexpected box without a failure.
   bool tolerateMessages = false;
 
-  /// Where set, a box other than the one expected next is no failure: it is answered with OK, No or
-  /// Cancel, and its text kept here.
+  /// If set, a box other than the next expected one is no failure: it is answered with OK, No or
+  /// Cancel, and its text is added here.
   std::vector<std::string>* surprises = nullptr;
 
-  /// Answers the open dialog without its being expected.
+  /// Answers an open dialog that was not expected.
   std::optional<std::string> tolerateOpen;
 
   int rests = 0;
@@ -68,7 +68,7 @@ class FakeDesktop : public Desktop {
   std::string documentName;  ///< offered by the last print dialog
   FakePrinter fakePrinter;
   bool quitAsked = false;
-  std::vector<std::string> opened;  ///< files handed to other programs
+  std::vector<std::string> opened;  ///< files opened in other programs
   bool canOpen = true;              ///< there is a program for them
   bool endedAtOnce = false;
 

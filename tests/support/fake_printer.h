@@ -9,15 +9,15 @@
 
 namespace quillbox::test {
 
-/// A printer that keeps its sheets, and can go away.
+/// A printer that keeps its sheets, and can fail.
 class FakePrinter : public Printer {
  public:
   double height = 756;              ///< points
   std::optional<int> failsAfter;    ///< sheets; then every operation is run-time error 57
-  bool failsAtEnd = false;          ///< only when the document is handed over
-  std::vector<std::string> sheets;  ///< handed over
+  bool failsAtEnd = false;          ///< only when the document is sent
+  std::vector<std::string> sheets;  ///< sent
   std::vector<std::string> fonts;   ///< "Courier New 10", ...
-  int documents = 0;                ///< handed over
+  int documents = 0;                ///< sent
   int dropped = 0;
 
   void setFont(const std::string& name, double points) override {

@@ -29,14 +29,14 @@ inline std::string bytesAt(const std::string& path) {
   return std::filesystem::exists(path) ? readFile(path) : std::string();
 }
 
-/// A piece of a file that a write puts down as a whole.
+/// A piece of a file that is written as a whole.
 struct Piece {
   std::size_t offset;
   std::size_t length;
 };
 
-/// Each of the pieces is as before or as after, or half of each where a write was cut short; and
-/// nothing else has changed.
+/// Each piece is as before or as after, or half of each where a write was cut short; nothing else
+/// has changed.
 inline void expectOnlyPiecesChanged(std::string now, std::string before, const std::string& after,
                                     const std::vector<Piece>& pieces, bool canBeShort) {
   EXPECT_GE(now.size(), before.size());
@@ -54,7 +54,7 @@ inline void expectOnlyPiecesChanged(std::string now, std::string before, const s
   EXPECT_TRUE(now == before);
 }
 
-/// One way of writing files, made ready in a folder of its own.
+/// One way in which files are written, prepared in a folder of its own.
 class FaultPath {
  public:
   FaultPath() = default;
@@ -64,30 +64,30 @@ class FaultPath {
 
   virtual void run() = 0;
 
-  /// What a run without a fault leaves behind.
+  /// The result of a run without a fault.
   virtual void expectDone() const = 0;
 
-  /// What holds after a fault, of which `failure` came out.
+  /// What holds after a fault whose result was `failure`.
   virtual void expectSafe(const Fault& fault, const Failure& failure) const = 0;
 
-  /// What the user puts in order before the next try.
+  /// What the user repairs before the next attempt.
   virtual void putInOrder() {}
 
   /// The failure of a run without a fault.
   virtual Failure usualFailure() const { return {}; }
 
-  /// Whether the run ends when this operation fails. Failing to close what was only read is no
-  /// matter.
+  /// Whether the run ends when this operation fails. Failing to close a file that was only read
+  /// does not matter.
   virtual bool endsWith(std::size_t operation) const { return !closesWhatWasOnlyRead(operation); }
 
-  /// A run that goes on after every failure has to be made again all the same.
+  /// A run that continues after every failure must still be repeated.
   virtual bool ignoresFailures() const { return false; }
 
   virtual bool mayStayOpen(int /*number*/) const { return false; }
 
   FailingFiles& files() { return files_; }
 
-  /// The failure that a run with faults comes to.
+  /// The failure that a run with faults ends in.
   Failure expectedFailure() const {
     for (const std::size_t failed : files_.failed())
       if (!isTriedElsewhere(failed) && endsWith(failed))
@@ -118,7 +118,7 @@ class FaultPath {
   AppState state_{files_};
 
  private:
-  /// What cannot be moved to its backup's folder stays in its own: another renaming follows.
+  /// A file that cannot be moved to its backup's folder stays in its own: another rename follows.
   bool isTriedElsewhere(std::size_t nth) const {
     const std::span all = files_.operations();
     const auto renames = [&](const std::span<const OperationRecord>& some) {
@@ -132,7 +132,7 @@ class FaultPath {
 
 using MakeFaultPath = std::function<std::unique_ptr<FaultPath>()>;
 
-/// The path once, with this fault in its `nth` operation; false when that did not come.
+/// Runs the path once with this fault in its `nth` operation; false if that operation did not come.
 inline bool runsCell(FaultPath& path, std::size_t nth, const OperationRecord& expected,
                      const Fault& fault) {
   path.failNth(nth, fault);
@@ -157,7 +157,7 @@ inline bool runsCell(FaultPath& path, std::size_t nth, const OperationRecord& ex
   return true;
 }
 
-/// Every operation of the path with every fault that it can have, each in a path of its own.
+/// Every operation of the path with every possible fault, each in a path of its own.
 inline void runFaultTable(const MakeFaultPath& make) {
   std::vector<OperationRecord> operations;
   {

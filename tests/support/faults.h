@@ -51,7 +51,7 @@ inline std::vector<ErrorNumber> errorsOf(FileOperation operation) {
 /// How an operation fails.
 struct Fault {
   ErrorNumber error;
-  bool isShort = false;  ///< a write puts down half of its bytes
+  bool isShort = false;  ///< a write writes half of its bytes first
   bool lasts = false;    ///< so does every later operation that can have the error
 };
 

@@ -23,7 +23,7 @@ FormTest::FormTest() { QLocale::setDefault(QLocale::c()); }
 FormTest::~FormTest() = default;
 
 void FormTest::start(std::initializer_list<std::string> arguments) {
-  // A test may start the program again: its forms go before the program that lists them.
+  // When a test restarts the program, its forms are destroyed before the program that lists them.
   modQBX1_.reset();
   program_.reset();
   state_ = std::make_unique<AppState>(files_);
@@ -33,7 +33,7 @@ void FormTest::start(std::initializer_list<std::string> arguments) {
   if (recents_ != nullptr) program_->setRecents(*recents_);
   modQBX1_ = std::make_unique<modQBX1>(*program_);
   desktop_.expectMessage("QBX V1.71", aboutText(), MessageIcon::information);
-  // Boxes a test expects at start-up come after the start-up box.
+  // Boxes a test expects at start-up follow the start-up box.
   desktop_.moveLastToFront();
   const std::vector<std::string> line(arguments);
   program_->run([&] { modQBX1_->Main(line); });

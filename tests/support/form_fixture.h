@@ -39,25 +39,25 @@ inline const std::string kOpenFilter =
     "(*.ICS)|*.ICS|Graphics Collection (*.GCS)|*.GCS|MP3 Collection (*.MPS)|*.MPS";
 
 /// The whole program on a scripted desktop, in a fresh folder. Controls are found by name on the
-/// form that is on screen, and worked with mouse and keys.
+/// visible form, and worked with mouse and keys.
 class FormTest : public testing::Test {
  protected:
   FormTest();
   ~FormTest() override;
 
-  /// Starts the program with these arguments, once it has ended where it ran; its start-up box is
+  /// Starts the program with these arguments, ending a running one first; its start-up box is
   /// answered.
   void start(std::initializer_list<std::string> arguments = {});
 
-  /// The one form on screen; fails the test when there is none, or more than one.
+  /// The only form on screen; fails the test when there is none, or more than one.
   QMainWindow& form();
-  QMainWindow& formNamed(const char* name);  ///< shown or not
+  QMainWindow& formNamed(const char* name);  ///< visible or not
   std::string formName();
 
-  /// Opens the collection of that path in the editor on screen, as the dialogs do.
+  /// Opens the collection at that path in the visible editor, as the dialogs do.
   void openHere(const std::string& path, bool isNew = false);
 
-  std::string caption();  ///< as the window system has it
+  std::string caption();  ///< in the window system's form
 
   template <typename Control>
   Control& control(const char* name) {
@@ -80,12 +80,12 @@ class FormTest : public testing::Test {
   void tick(const char* box);                    ///< with the space bar
   void toggle(const char* box);                  ///< as assistive technology does
   void choose(const char* action);               ///< a menu item, which must be enabled
-  void type(const char* box, const char* keys);  ///< over what the box holds
+  void type(const char* box, const char* keys);  ///< replacing the contents of the box
   void pick(const char* list, int index);        ///< with the arrow keys
-  /// The page of the manual that the help window shows; empty when it is not on screen.
+  /// The manual page in the help window; empty when that is not visible.
   std::string helpPage();
 
-  void close();  ///< the form on screen, as the window manager does
+  void close();  ///< the visible form, as the window manager does
 
   /// A collection in the test's folder, as bytes.
   std::string file(std::string_view name = "jazz.MCS") { return readFile(folder_.path(name)); }
@@ -97,13 +97,13 @@ class FormTest : public testing::Test {
   std::unique_ptr<AppState> state_;
   WindowPlaces* windowPlaces_ =
       nullptr;           ///< what the program is started with; must outlive the test
-  QString typedFolder_;  ///< where it keeps what is typed; empty: nowhere
+  QString typedFolder_;  ///< where typed texts are kept; empty: nowhere
   RecentCollections* recents_ = nullptr;  ///< as windowPlaces_
   std::unique_ptr<Program> program_;
   std::unique_ptr<modQBX1> modQBX1_;
 };
 
-/// How a user gets out of a sort or search form again.
+/// The ways to leave a sort or search form.
 enum class WayOut { exitButton, escape, closeWindow };
 inline constexpr std::array<WayOut, 3> kWaysOut = {WayOut::exitButton, WayOut::escape,
                                                    WayOut::closeWindow};
@@ -121,8 +121,8 @@ class EditorTest : public FormTest {
   std::string backup() const { return path("mine.bak"); }
   std::string bytes() { return file(name()); }
 
-  /// The bytes of an item that has something in every field, but no flag set. A form that shows it
-  /// stores the same bytes again.
+  /// The bytes of an item with a value in every field, but no flag set. A form that shows it stores
+  /// the same bytes.
   std::string item(std::string_view first) const;
 
   /// The bytes of an item that was never written.
@@ -131,11 +131,11 @@ class EditorTest : public FormTest {
   /// The bytes of a collection of these items.
   std::string collection(std::initializer_list<std::string> items) const;
 
-  /// Puts such a collection into the test's folder and starts the program on it.
+  /// Puts such a collection into the test's folder and starts the program with it.
   void open(std::initializer_list<std::string> items) { openBytes(collection(items)); }
   void openBytes(std::string_view bytes);
 
-  std::string first();  ///< as shown, without what pads a text of music
+  std::string first();  ///< as shown, without the padding of a text of music
   std::string other() { return shown(kind_.otherBox()); }
   std::string indicator() { return label(kind_.indicator); }
   void openSideForm(const ModelSide& opened);

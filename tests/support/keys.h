@@ -2,7 +2,7 @@
 
 #include <QTest>
 
-// Inside a GoogleTest test these pass in silence.
+// Within a GoogleTest test these do nothing.
 #undef QVERIFY
 #undef QVERIFY2
 #undef QCOMPARE

@@ -64,7 +64,7 @@ class ListedItem {
     return {lines.begin() + 1, lines.begin() + 1 + made};
   }
 
-  /// What stands behind a label, of which there must be one.
+  /// The text after a label, of which there must be one.
   std::string value(std::string_view label,
                     const ListingTexts& texts = {choiceOf, "M/d/yy"}) const {
     std::string start(label);

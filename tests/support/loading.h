@@ -7,7 +7,7 @@
 
 namespace quillbox::test {
 
-/// Loads files, takes the new count over and only then reports the failure, as the editor does.
+/// Loads files, takes over the new count and only then reports the failure, as the editor does.
 inline void loadAndCount(AppState& state, const CollectionKind& kind, const std::string& folder,
                          const std::vector<std::string>& names, Board& board) {
   const LoadedFiles loaded = loadFiles(state.files, state, kind, folder, names, board);

@@ -4,16 +4,16 @@
 
 namespace quillbox::test {
 
-/// What some tests need and not every machine offers: null, or why it is not there.
+/// What some tests need and not every machine has: null, or why it is missing.
 struct Machine {
-  const char* permissions;    ///< files and folders that are forbidden to an ordinary user
+  const char* permissions;    ///< files and folders forbidden to an ordinary user
   const char* readOnlyFiles;  ///< files that may be read but not written
   const char* links;          ///< symbolic links
-  const char* folderIsGone;   ///< a current folder that is deleted under the program
+  const char* folderIsGone;   ///< a current folder that is deleted while the program runs
   const char* pdfReader;      ///< a program that reads PDF documents
 };
 
-/// Null where a file that is marked as one to be read only cannot be written.
+/// Null if a file marked as read-only cannot be written.
 const char* whyNoReadOnlyFiles();
 
 #ifdef _WIN32

@@ -13,7 +13,7 @@
 
 namespace quillbox::test {
 
-/// Files in memory: thousands of sorts, or inputs of a fuzz run, must not wait for a disk nor leave
+/// Files in memory: thousands of sorts, or of fuzz inputs, must not wait for a disk or leave
 /// anything behind.
 class MemoryFiles : public FileSystem {
  public:
@@ -23,7 +23,7 @@ class MemoryFiles : public FileSystem {
     files[path] = std::make_shared<std::string>(std::move(bytes));
   }
 
-  /// What the file holds; it must exist.
+  /// The contents of the file, which must exist.
   const std::string& bytes(const std::string& path) const { return *files.at(path); }
 
   std::unique_ptr<File> open(const std::string& path, OpenMode mode) override {

@@ -11,7 +11,7 @@
 
 #include "support/editor_model.h"
 
-/// What may be on the disk after a file operation failed.
+/// What may be on the disk after a file operation has failed.
 namespace quillbox::test {
 
 /// The bytes of the header that are written.
@@ -28,9 +28,9 @@ inline const ModelKind* kindOfFile(const std::string& path) {
   return nullptr;
 }
 
-/// Whether some of the pieces of a collection are as they were and all others as they were to be:
-/// its header and its records, which are written as a whole, or half of them where a write was cut
-/// short. The header may count any of the items that were to be added.
+/// Whether some pieces of a collection are old and all others new: its header and its records,
+/// which are written as a whole, or half of them where a write was cut short. The header may count
+/// any of the items to be added.
 inline bool isBetween(std::string now, std::string old, std::string fresh, std::size_t length,
                       bool isShort) {
   const auto [least, most] = std::minmax({old.size(), fresh.size()});
@@ -60,13 +60,13 @@ inline bool isBetween(std::string now, std::string old, std::string fresh, std::
   return true;
 }
 
-/// The files before an action that failed, as it was to leave them, and as they are.
+/// The files before an action that failed, as it should have left them, and as they are.
 struct Aftermath {
   const ModelDisk& before;
   const ModelDisk& after;
   const ModelDisk& now;
-  bool isShort;                 ///< writes that failed put down half
-  const std::string& replaced;  ///< the user said that this one may be written over
+  bool isShort;                 ///< failed writes wrote half
+  const std::string& replaced;  ///< the user allowed overwriting this one
 
   void expectNothingLost() const {
     ModelDisk all = before;
@@ -76,7 +76,7 @@ struct Aftermath {
       EXPECT_TRUE(isExplained(path)) << path << " is neither as it was nor as it was to be";
   }
 
-  /// Under which of its backup's names the collection is as it was.
+  /// The backup name under which the unchanged collection is, if any.
   std::optional<std::string> keptAs(const std::string& path) const {
     for (const char* ending : {"bak", "BAK"})
       if (const std::string backup = withEnding(path, ending);
@@ -92,7 +92,7 @@ struct Aftermath {
     if (found == old || found == fresh) return true;
     if (isBackup(path)) return !found || isKeptCollection(path);
     const ModelKind* kind = kindOfFile(path);
-    // What is made from a collection may end anywhere.
+    // What is made from a collection may be incomplete.
     if (kind == nullptr) return found && fresh && fresh->starts_with(*found);
     const auto between = [&](const std::string& from) {
       return isBetween(*found, from, fresh.value_or(""), kind->recordLength, isShort);
@@ -106,7 +106,7 @@ struct Aftermath {
     return sameInCapitals(path.substr(path.rfind('.') + 1), "bak");
   }
 
-  /// The only file of a collection that is being made anew, or its second.
+  /// The only file of a collection that is being rewritten, or the second one.
   bool isKeptCollection(const std::string& backup) const {
     return std::ranges::any_of(before, [&](const auto& file) {
       return kindOfFile(file.first) != nullptr && keptAs(file.first) == backup;

@@ -14,13 +14,12 @@
 /// Records of the model as plain bytes, and the texts they are shown as.
 namespace quillbox::test {
 
-/// What a control holds: a text and the number it stands for, 0 or 1 of a check box, the place in a
-/// list.
+/// The contents of a control: a text and its number, 0 or 1 for a check box, the index in a list.
 struct Held {
   std::string text = {};
   std::int64_t number = 0;
   int error = 0;            ///< of storing it
-  std::size_t padding = 0;  ///< blanks at the end of the text that are not the user's
+  std::size_t padding = 0;  ///< blanks at the end of the text that are padding
 };
 
 inline std::string withoutEndBlanks(std::string text) {
@@ -50,7 +49,7 @@ inline std::string littleEndian(std::int64_t number, std::size_t width) {
   return bytes;
 }
 
-/// The signed number that `width` bytes are.
+/// The signed number in `width` bytes.
 inline std::int64_t numberAt(std::string_view record, std::size_t offset, std::size_t width) {
   std::uint64_t bits = 0;
   for (std::size_t byte = width; byte-- > 0;)
@@ -71,8 +70,8 @@ inline std::string amountText(std::int64_t tenThousandths) {
   return tenThousandths < 0 ? "-" + text : text;
 }
 
-/// A date that the end of the file cuts off keeps its lowest bytes, which are next to nothing: it
-/// is shown, and stored again, as day zero.
+/// A date cut off by the end of the file keeps its lowest bytes, which are next to nothing: it is
+/// shown, and stored again, as day zero.
 inline std::int64_t dateTaken(std::int64_t days) {
   constexpr double nextToNothing = 1e-9;
   return std::bit_cast<double>(days) < nextToNothing ? 0 : days;
@@ -85,7 +84,7 @@ inline std::string dateShown(std::int64_t days) {
   return "a date that is not in the table";
 }
 
-/// What an input shows of a record; `before` is what it holds when the record is shown.
+/// How an input shows a record; `before` is its contents before.
 inline Held heldOf(const ModelInput& input, const std::string& record, const Held& before) {
   const std::string bytes = record.substr(input.offset, input.width);
   const std::int64_t number = input.isText() ? 0 : numberAt(record, input.offset, input.width);
@@ -114,7 +113,7 @@ inline Held heldOf(const ModelInput& input, const std::string& record, const Hel
 
 inline Held emptyOf(const ModelInput& input) { return {"", input.is == Is::choice ? -1 : 0}; }
 
-/// The bytes that a control's field is given.
+/// The bytes that a control stores into its field.
 inline std::string storedBytes(const ModelInput& input, const Held& held) {
   return input.isText() ? fixedText(held.text, input.width)
                         : littleEndian(held.number, input.width);

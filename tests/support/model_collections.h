@@ -12,15 +12,15 @@
 
 namespace quillbox::test {
 
-/// Texts that are typed, and lie in records: much alike, with what is easily lost. In the
-/// characters of records, all of which the screen shows alike. The first alone is empty.
+/// Texts that are typed, and that are in records: similar, with characters that are easily lost.
+/// All characters of records, which the screen shows unchanged. Only the first is empty.
 inline const auto kModelTexts = std::to_array<std::string>(
     {"", "a", "A", "b", "apple", "Apple", "\xE9t\xE9", "\xC9T\xC9", " lead", "trail ", "1/2/98",
      "0 days", "12", "DELETED", "DETELED", " DETELED", "DELETED ", "[*] & co",
      "a text that is longer than any of the fields that it may be typed into, be it a folder or a "
      "description, of which the longest has room for 128"});
 
-/// What a run draws its lots from; the same seed draws the same lots everywhere.
+/// The random numbers of a run; the same seed gives the same numbers everywhere.
 class Lots {
  public:
   explicit Lots(unsigned seed) : random_(seed) {}
@@ -41,7 +41,7 @@ class Lots {
   std::mt19937 random_;
 };
 
-/// The table of what can be typed into a box of numbers.
+/// The table of texts to type into a number box.
 inline std::span<const TypedNumber> typedNumbers(Is is) {
   if (is == Is::date) return kDates;
   if (is == Is::whole) return kWholes;
@@ -67,7 +67,7 @@ inline std::string randomField(Lots& lots, const ModelInput& input) {
   return littleEndian(lots.of(typedNumbers(input.is)).number, input.width);
 }
 
-/// Any item: written, deleted, or never written.
+/// A random item: written, deleted, or never written.
 inline std::string randomItem(Lots& lots, const ModelKind& kind) {
   std::string item(kind.recordLength, '\0');
   if (lots.oneIn(10)) return item;
@@ -85,8 +85,8 @@ inline std::string randomItem(Lots& lots, const ModelKind& kind) {
   return item;
 }
 
-/// Any collection: with none, some or more items than are counted, sometimes cut off. Of music also
-/// one of the older type, whose records end before the bar code.
+/// A random collection: with none, some or more items than it counts, sometimes truncated. For
+/// music also one of the older type, whose records end before the bar code.
 inline std::string randomCollection(Lots& lots, const ModelKind& kind) {
   const int items = lots.below(7);
   const int count = items == 0 && lots.oneIn(4) ? -2 : items - (items > 0 && lots.oneIn(6) ? 1 : 0);

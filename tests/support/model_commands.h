@@ -13,14 +13,14 @@
 
 namespace quillbox::test {
 
-/// What users do with the items of a collection, each with what it does by the model.
+/// The user's commands for items, each with its effect on the model.
 class ModelCommands : public ModelFixture {
  protected:
   using ModelFixture::ModelFixture;
 
   // Buttons
 
-  /// Only where something is shown, or the program would end.
+  /// Only if something is shown; otherwise the program would end.
   void write() {
     note("Write Data");
     const int slot = model().newSlot();
@@ -51,7 +51,7 @@ class ModelCommands : public ModelFixture {
     perform(change, [&] { click(kind().buttons.remove); });
   }
 
-  // What can be taken back
+  // What can be undone
 
   /// Whether the status line offers it.
   bool isOffered(const char* name) {
@@ -67,7 +67,7 @@ class ModelCommands : public ModelFixture {
             [&] { model().undo->isBegun = true; });
   }
 
-  /// What the command before has made the form leave. (It would be kept for longer.)
+  /// The text that the last command removed from the form. (It would be kept for longer.)
   void bringBack() {
     if (!isOffered("cmdBringBack")) return;
     note("Bring Back");
@@ -82,7 +82,7 @@ class ModelCommands : public ModelFixture {
     keepBefore();
     model().giveUpSlot();
     model().duplicate();
-    // A window that no event has reached yet would not see the key.
+    // A window that has not yet received an event would not see the key.
     for (QShortcut* keys : form().findChildren<QShortcut*>())
       if (keys->key() == QKeySequence(QStringLiteral("Ctrl+D"))) Q_EMIT keys->activated();
   }
@@ -93,7 +93,7 @@ class ModelCommands : public ModelFixture {
     perform([&] { model().next(); }, [&] { next_->click(); });
   }
 
-  /// Only where there is something to be found, or it would go on searching.
+  /// Only if there is something to find; otherwise it would search for ever.
   void previous() {
     note("Previous");
     model().giveUpSlot();
@@ -124,7 +124,7 @@ class ModelCommands : public ModelFixture {
 
   // The list page
 
-  /// The pages of songs are a part of the form: going there and back is no other command.
+  /// The song pages are part of the form: going there and back is not another command.
   void openList() {
     note("open the list");
     control<QAction>(kind().list.action).trigger();
@@ -144,7 +144,7 @@ class ModelCommands : public ModelFixture {
 
   // Sorting and searching
 
-  /// The sort form, which is then on screen, with these ticks.
+  /// Opens the sort form, with these ticks.
   void tickKeys(const std::vector<bool>& ticks) {
     trigger(kind().sort.action);
     EXPECT_EQ(formName(), kind().sort.formName);
@@ -155,7 +155,7 @@ class ModelCommands : public ModelFixture {
     }
   }
 
-  /// A sort that fails ends the program; so does one of books, with all there is under the backup's
+  /// A sort that fails ends the program; so does sorting books, with everything under the backup's
   /// name.
   void beginSort() {
     note("sort");
@@ -196,7 +196,7 @@ class ModelCommands : public ModelFixture {
 
   // Printing
 
-  /// Whether the last reading of the collection came to nothing.
+  /// Whether the last read of the collection failed.
   bool lastReadFailed() {
     for (std::size_t nth = files_.operations().size(); nth-- > 0;) {
       const auto& [operation, path] = files_.operations().at(nth);
@@ -206,8 +206,8 @@ class ModelCommands : public ModelFixture {
     return false;
   }
 
-  /// To a text file, or cancelled. An item that cannot be read is listed blank, and when the first
-  /// cannot be shown in the end the form stays as it is.
+  /// To a text file, or cancelled. An item that cannot be read is listed blank, and if the first
+  /// one cannot be shown afterwards, the form stays.
   void printList(bool toFile) {
     note("Print List, ", toFile ? "to a file" : "cancelled");
     const auto change = [&] {

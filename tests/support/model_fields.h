@@ -3,13 +3,13 @@
 #include <array>
 #include <cstddef>
 
-/// Where the fields of each kind lie in its record, and the inputs they have on its editor.
+/// The offsets of each kind's fields in its record, and their inputs on its editor.
 namespace quillbox::test {
 
 enum class Is { text, padded, amount, signedAmount, whole, date, flag, choice };
 enum class Fills { nothing, today, newYear1980 };
 
-/// An input of an editor and where in the record its field lies.
+/// An input of an editor and its field's place in the record.
 struct ModelInput {
   Is is;
   const char* name;
@@ -24,7 +24,7 @@ struct ModelInput {
   bool isBox() const { return is != Is::flag && is != Is::choice; }
 };
 
-/// A sort key as it lies in a record: one of two bytes is a signed number, a wider one a text.
+/// A sort key in a record: one of two bytes is a signed number, a longer one a text.
 struct KeyPlace {
   std::size_t offset;
   std::size_t width;

@@ -15,13 +15,13 @@
 
 namespace quillbox::test {
 
-/// The name of a media file without its extension, and as records have it.
+/// The name of a media file without its extension, and in the form of records.
 struct MediaName {
   std::string onDisk;
   std::string stored;
 };
 
-/// Names that are easily taken for one another, or that records have no room or no letters for.
+/// Names that are easily confused, or that records lack the space or the characters for.
 inline const auto kMediaNames =
     std::to_array<MediaName>({{"a", "a"},
                               {"A", "A"},
@@ -34,20 +34,20 @@ inline const auto kMediaNames =
                               {std::string(70, 'x') + "2", std::string(70, 'x') + "2"},
                               {".hidden", ".hidden"}});
 
-/// What users do with whole files: open another collection, make one, load a folder, export.
+/// The user's commands for whole files: open another collection, create one, load a folder, export.
 class ModelFiles : public ModelCommands {
  protected:
   using ModelCommands::ModelCommands;
 
   // Opening
 
-  /// What the open dialog is answered with: files that are not there first.
+  /// The answers to the open dialog: missing files first.
   struct OpenAnswers {
     int missing = 0;
     std::optional<std::string> last = {};  ///< none: cancelled
   };
 
-  enum class Opened { yes, no, failed };  ///< no: the start screen is all there is in the end
+  enum class Opened { yes, no, failed };  ///< no: in the end there is only the start screen
 
   Opened openBy(const char* action, const OpenAnswers& answers) {
     note("open ", answers.last.value_or("nothing"));
@@ -109,7 +109,7 @@ class ModelFiles : public ModelCommands {
     if (openBy("OpenFile", anyAnswers()) == Opened::no) goOnFromStartScreen();
   }
 
-  /// Anywhere but in the place of the one that is open.
+  /// Anywhere but in the place of the open one.
   void putNewCollectionBeside() {
     const std::string place = anyPlace();
     if (place != collection()) putNewCollection(place);
@@ -137,7 +137,7 @@ class ModelFiles : public ModelCommands {
 
   // Making one
 
-  /// The new-collection dialog in the place of the editor; false when the header cannot be written.
+  /// The new-collection dialog instead of the editor; false when the header cannot be written.
   bool openNewDialog() {
     note("New File");
     const bool isDone = perform([&] { model().leaveForNew(); }, [&] { trigger("NewFile"); });
@@ -149,7 +149,7 @@ class ModelFiles : public ModelCommands {
     if (openNewDialog() && !makeAny()) goOnFromStartScreen();
   }
 
-  /// The new-collection dialog. False when the start screen is all there is in the end.
+  /// The new-collection dialog. False when in the end there is only the start screen.
   bool makeAny() {
     EXPECT_EQ(formName(), "frmNewCollection");
     const std::string stem = lots_.of<std::string>({"mine", "other"});
@@ -176,8 +176,8 @@ class ModelFiles : public ModelCommands {
     EXPECT_EQ(formName(), "frmBegin2");
   }
 
-  /// Go in that dialog. True when the collection is open; if not, the dialog is on screen or the
-  /// start screen.
+  /// Go in that dialog. True when the collection is open; otherwise the dialog or the start screen
+  /// is visible.
   bool make(const ModelKind& chosen, const std::string& stem, bool overwrites) {
     // Without a data folder the root folder is taken.
     const std::string folder = dataFolder_.empty() ? folder_.path() : dataFolder_;
@@ -217,7 +217,7 @@ class ModelFiles : public ModelCommands {
     click("cmdNew");
     EXPECT_EQ(formName(), "frmNewCollection");
   }
-  /// The editor of another kind, with nothing in it.
+  /// The editor of another kind, empty.
   void leaveOther(const ModelKind& other) {
     EXPECT_EQ(formName(), other.formName);
     EXPECT_EQ(label(other.indicator), other.labels.fresh);
@@ -228,7 +228,7 @@ class ModelFiles : public ModelCommands {
 
   // Loading
 
-  /// Names as records have them: type by type, each in the order that the file system has them in.
+  /// Names in the form of records: type by type, each in the file system's order.
   std::vector<std::string> namesToLoad(const std::string& folder) const {
     std::vector<std::string> names;
     for (const std::string_view extension : kind().loader.extensions)
@@ -250,7 +250,7 @@ class ModelFiles : public ModelCommands {
     return known->stored + name.substr(dot);
   }
 
-  /// Other files in the folder than before: none, few or many.
+  /// Replaces the files in the folder by none, few or many.
   void fillFolder(const std::string& folder) {
     note("other files in ", folder);
     const int oneOf = lots_.of({4, 12, 1'000});
@@ -263,9 +263,8 @@ class ModelFiles : public ModelCommands {
           std::filesystem::remove(file);
   }
 
-  /// The files of that folder, of which one is picked; none: the dialog is cancelled, and what is
-  /// scanned is the folder where it ended the last time. A loader that fails keeps what it has
-  /// added.
+  /// Loads the files of the folder of the picked file; none: the dialog is cancelled, and the
+  /// folder where it last ended is scanned. A loader that fails keeps what it has added.
   void loadFrom(const std::optional<std::string>& picked) {
     const std::string folder = picked.value_or(std::filesystem::current_path().string());
     const auto names = namesToLoad(folder);
@@ -283,8 +282,8 @@ class ModelFiles : public ModelCommands {
         change, [&] { trigger("LoadMenu"); }, [&] { loadFailed(); });
   }
 
-  /// What is shown stays, counted as the file has it, as far as that can be read; an empty
-  /// collection shows what it holds now.
+  /// The item stays, with the count of the file, as far as that can be read; an empty collection
+  /// shows what it now has.
   void loadFailed() {
     if (files_.operations().at(files_.failed().front()).operation == FileOperation::list) return;
     const int before = model().count;
@@ -303,7 +302,7 @@ class ModelFiles : public ModelCommands {
 
   // Exporting
 
-  /// To a file of that name; none: cancelled. Books have a name of their own.
+  /// To a file of that name; none: cancelled. Books have a fixed name.
   void exportTo(const std::optional<std::string>& chosen) {
     const auto name = kind().isBooks() ? std::optional<std::string>("export.txt") : chosen;
     note("export to ", name.value_or("nothing"));

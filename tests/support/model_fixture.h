@@ -21,7 +21,7 @@ namespace quillbox::test {
 
 inline constexpr int kModelSeed = 20'261'121;
 
-/// New items are not added to a collection of as many, nor is a folder to one of twice as many.
+/// At this number no new items are added, and at twice the number no folder.
 inline constexpr int kManyItems = 10;
 
 /// A number that the environment may set.
@@ -31,7 +31,7 @@ inline int modelSetting(const char* variable, int standard) {
   return isNumber ? value : standard;
 }
 
-/// What the bytes 80 to 9F of a record are on screen; all others are the characters of their
+/// The bytes 80 to 9F of a record as characters on screen; all others are the characters of their
 /// number.
 inline constexpr char16_t kHighCharacters[] = {
     0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
@@ -54,7 +54,7 @@ inline std::string inRecord(QString text) {
   return text.toLatin1().toStdString();
 }
 
-/// The program with a random collection open in an editor, and the model of it.
+/// The program with a random collection open in an editor, and its model.
 class ModelFixture : public FormTest {
  protected:
   explicit ModelFixture(const ModelKind& kind)
@@ -87,7 +87,7 @@ class ModelFixture : public FormTest {
 
   // Faults
 
-  /// Fails the `nth` file operation from now on, or the `nth` of one kind.
+  /// Makes the `nth` file operation from now on fail, or the `nth` of one kind.
   void arm(std::size_t nth, const Fault& fault, std::optional<FileOperation> operation = {}) {
     isArmed_ = true;
     fault_ = fault;
@@ -98,9 +98,9 @@ class ModelFixture : public FormTest {
     files_.heal();
   }
 
-  /// Has the program do something: `change` is what that does by the model, with the boxes that
-  /// come, `press` what the user does. When it fails, all is as before it, but for what `failed`
-  /// makes of the model, and for files that are partly written. False then, with the fault gone.
+  /// Makes the program do something: `change` is the effect on the model, with the boxes shown,
+  /// `press` the user's action. If it fails, all is as before, except for what `failed` does to the
+  /// model, and partly written files. Then returns false, with the fault removed.
   bool perform(
       const std::function<void()>& change, const std::function<void()>& press,
       const std::function<void()>& failed = [] {}) {
@@ -148,7 +148,7 @@ class ModelFixture : public FormTest {
 
   QWidget* formOnScreen() { return program_ == nullptr ? nullptr : &form(); }
 
-  /// What is said names what failed. That the media types cannot be read is said, and no more.
+  /// The messages name what failed. If the media types cannot be read, that is the only message.
   void expectSaysWhatFailed(std::vector<std::string>& said) {
     std::vector<std::string> expected;
     for (const std::size_t failed : files_.failed()) {
@@ -164,7 +164,7 @@ class ModelFixture : public FormTest {
     });
   }
 
-  /// Whether an editor that has just opened the collection looks where the file ends.
+  /// Whether an editor that has just opened the collection checks where the file ends.
   bool isLookForTheEnd(std::size_t operation) {
     const auto& operations = files_.operations();
     const auto opensIt = [&](const OperationRecord& done) {
@@ -175,12 +175,12 @@ class ModelFixture : public FormTest {
     return operations.at(operation).path == collection() && isLast && model().curRec >= 1;
   }
 
-  /// Only what is no matter may fail without a word. Always true.
+  /// Only what does not matter may fail without a message. Always true.
   bool expectIgnorable(const ModelDisk& filesBefore, bool opens) {
     for (const std::size_t failed : files_.failed()) {
       const auto& [operation, path] = files_.operations().at(failed);
       const bool isTriedElsewhere = fault_.error == ErrorNumber::differentDrive;
-      // The start screen looks, unasked, what lies beside a collection that was asked for in vain.
+      // The start screen checks the files beside a collection that was not found.
       const bool isUnasked = fileNameOf(path).starts_with("none.");
       EXPECT_TRUE(ignoresFaults_ || isTriedElsewhere || path == kMediaTypes || isUnasked ||
                   (opens && isLookForTheEnd(failed)) ||
@@ -191,8 +191,8 @@ class ModelFixture : public FormTest {
     return true;
   }
 
-  /// Nothing may be lost; the user puts back what is under its backup's name. From then on the
-  /// model goes by what the disk holds.
+  /// Nothing may be lost; the user restores what is under its backup's name. From then on the model
+  /// follows the disk.
   void takeFilesOver(const ModelDisk& before) {
     ModelDisk now = filesOnDisk();
     const Aftermath aftermath{before, disk_, now, fault_.isShort, replaced_};
@@ -203,7 +203,7 @@ class ModelFixture : public FormTest {
       if (const auto backup = aftermath.keptAs(path); backup && !isWhole)
         std::filesystem::rename(*backup, path);
     }
-    // A backup that could not be deleted in the end stops the next sort.
+    // A backup that could not be deleted stops the next sort.
     for (const auto& [path, bytes] : filesOnDisk())
       if (path.ends_with(".bak")) std::filesystem::remove(path);
     disk_ = filesOnDisk();
@@ -218,7 +218,7 @@ class ModelFixture : public FormTest {
                           std::string("other.") + kind().extension, small}));
   }
 
-  /// One of the collections that are there.
+  /// One of the existing collections.
   std::string anyCollection() {
     std::vector<std::string> found;
     for (const auto& [path, bytes] : disk_)
@@ -238,10 +238,10 @@ class ModelFixture : public FormTest {
          ", type ", numberAt(bytes, 2, 2));
   }
 
-  // The beginning, again and again
+  // Starting again
 
-  /// The program anew: on the command line, or by way of its start screen. A collection that is not
-  /// there is made on the command line alone.
+  /// Restarts the program with a command line, or through its start screen. Only the command line
+  /// creates a missing collection.
   void startProgram(const std::string& path) {
     model_.emplace(kind(), disk_);
     listingName_.reset();
@@ -293,8 +293,8 @@ class ModelFixture : public FormTest {
 
   // Inputs
 
-  /// Keys as a user types them, over what the box holds or behind it. They are put in at once, as
-  /// an edit.
+  /// Typed keys that replace the contents of the box or are added to them. They are inserted at
+  /// once, as one edit.
   static void edit(QLineEdit& box, const std::string& keys, bool isAdded) {
     if (isAdded) {
       box.end(false);
@@ -305,11 +305,11 @@ class ModelFixture : public FormTest {
     if (!keys.empty()) box.insert(onScreen(keys));
   }
 
-  /// What a box of that width then holds.
+  /// The contents of a box of that width afterwards.
   static Held edited(const Held& before, const std::string& keys, bool isAdded, std::size_t width) {
     std::string text = isAdded ? before.text.substr(0, before.text.size() - before.padding) : "";
     text += keys;
-    // No key, no edit: what pads the text stays.
+    // No key, no edit: the padding stays.
     if (isAdded && keys.empty()) return before;
     return {text.substr(0, width)};
   }
@@ -335,8 +335,8 @@ class ModelFixture : public FormTest {
 
   // After every step
 
-  /// Windows are painted and laid out now and then, and what they have done with goes; most steps
-  /// need not wait for it.
+  /// Windows are painted and laid out only now and then, and what they have deleted is freed; most
+  /// steps need not wait for it.
   static void settle() {
     QApplication::processEvents();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -371,7 +371,7 @@ class ModelFixture : public FormTest {
     }
   }
 
-  /// Without those of a listing, which are made anew each time.
+  /// Without those of a listing, which are created again each time.
   ModelDisk filesOnDisk() const {
     ModelDisk files;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_.path()))
@@ -381,7 +381,7 @@ class ModelFixture : public FormTest {
     return files;
   }
 
-  /// Every file is as the model has it, and there is no other.
+  /// Every file is as in the model, and there are no others.
   void expectFiles() {
     const ModelDisk files = filesOnDisk();
     for (const auto& [path, bytes] : files)
@@ -405,7 +405,7 @@ class ModelFixture : public FormTest {
     return lines;
   }
 
-  /// Where a text listing goes.
+  /// The file of a text listing.
   static constexpr const char* kListing = "listing.txt";
   static constexpr std::string_view kMediaTypes = "QBX Music.ini";
 
@@ -414,15 +414,15 @@ class ModelFixture : public FormTest {
   ModelDisk disk_;
   std::optional<EditorModel> model_;
   std::optional<EditorModel> before_;       ///< as the last command found it
-  std::optional<std::string> listingName_;  ///< of a text listing, as it is offered once chosen
-  std::string dataFolder_;                  ///< as the program took it when it was started
-  std::string replaced_;                    ///< the collection that may be written over
+  std::optional<std::string> listingName_;  ///< of a text listing, as offered once chosen
+  std::string dataFolder_;                  ///< as the program found it at its start
+  std::string replaced_;                    ///< the collection that may be overwritten
   bool isArmed_ = false;
-  bool ignoresFaults_ = false;  ///< as a listing does, and what ends with an error of its own
+  bool ignoresFaults_ = false;  ///< as a listing does, and work with an expected error
   Fault fault_{};
   int starts_ = 0;                  ///< of the program
   int faults_ = 0;                  ///< that have come
-  std::vector<std::string> notes_;  ///< what was done since the program was started
+  std::vector<std::string> notes_;  ///< the actions since the program was started
 
   QMainWindow* editor_ = nullptr;
   std::vector<QWidget*> inputs_;

@@ -13,8 +13,8 @@
 #include "records/kinds.h"
 #include "support/model_fields.h"
 
-/// The nine kinds as tests know them: names, bytes and words, spelled out a second time. Fixtures
-/// and models take from a kind's row what they need.
+/// The nine kinds for the tests: names, bytes and words, specified independently of the program.
+/// Fixtures and models take what they need from a kind's row.
 namespace quillbox::test {
 
 /// The list of an item, on a page of its own.
@@ -50,7 +50,7 @@ struct ModelSide {
 
 struct ModelTitles {
   const char* question;  ///< of Delete
-  const char* aborted;   ///< none: nothing is said
+  const char* aborted;   ///< none: no message
   const char* deleted;
   const char* invalid;  ///< of Go To
 };
@@ -62,7 +62,7 @@ struct ModelLabels {
   const char* fresh;
 };
 
-/// Menu items that every editor has under a name of its own.
+/// Menu items that every editor has, under different names.
 struct ModelMenu {
   const char* exitCollection;
   const char* printerSetup;
@@ -81,7 +81,7 @@ struct ModelLoader {
   bool saysWhenEmpty = false;
 };
 
-/// A row of the one table of kinds that tests have.
+/// A row of the tests' only table of kinds.
 struct ModelKind {
   const char* name;  ///< in the names of tests
   const char* extension;
@@ -95,7 +95,7 @@ struct ModelKind {
   const char* aboutArea;
   const char* helpPage;
   const char* indicator = "lblIndex";
-  std::span<const ModelInput> inputs;  ///< the first two are texts, the first has the marker
+  std::span<const ModelInput> inputs;  ///< the first two are texts, the first one has the marker
   ModelList list = {};
   std::size_t reservedOffset;  ///< a text that is never shown, up to the record's end
   ModelLabels labels = {"Record # ", " of ", "Record #: 0", "New Record"};
@@ -107,12 +107,12 @@ struct ModelKind {
   const char* notFound = "Data Not Found...";
   int exportedTexts = 0;  ///< of 50 characters, that begin each line of an export
   ModelLoader loader = {};
-  std::span<const KeyPlace> keys;  ///< the first text leads; none reaches to the last byte
+  std::span<const KeyPlace> keys;  ///< the first text is first; none reaches the last byte
   bool alwaysSorted = false;       ///< there is nothing to tick
   bool showsProgress = false;      ///< of a sort
   bool endsProgram = false;        ///< when it has sorted
 
-  /// The program's own row, for what is not spelled out here.
+  /// The program's own row, for what is not repeated here.
   const CollectionKind& row() const { return *kindOfExtension(extension); }
 
   bool isMusic() const { return code == 1; }
@@ -123,7 +123,7 @@ struct ModelKind {
   bool hidesDeleted() const { return isVideo(); }  ///< the screen stays as it is
   int fileType() const { return isMusic() ? 5 : 1; }
 
-  /// What New File leaves in the header behind it: of music, a type that is upgraded.
+  /// The type that New File leaves in the old header: for music, one that is upgraded.
   int fileTypeLeftBehind() const { return isMusic() ? 4 : 1; }
   std::string_view marker() const { return isMusic() ? "DETELED" : "DELETED"; }
   std::size_t markerWidth() const { return inputs.front().width; }

@@ -13,7 +13,7 @@ namespace quillbox::test {
 /// Files as bytes, by their paths.
 using ModelDisk = std::map<std::string, std::string>;
 
-/// A path with what stands behind its first dot replaced. Nothing above has a dot in its name.
+/// A path with the part after its first dot replaced. No folder above has a dot in its name.
 inline std::string withEnding(const std::string& path, const std::string& ending) {
   return path.substr(0, path.find('.') + 1) + ending;
 }
@@ -40,7 +40,7 @@ class ModelStore {
     return file().size() >= static_cast<std::size_t>(item + 1) * kind_.recordLength;
   }
 
-  /// The last item may be missing as a whole and is blank then.
+  /// The last item may be missing completely, and then is blank.
   bool canBeRead(int item) const {
     return isWhole(item) ||
            (item == count && file().size() <= static_cast<std::size_t>(item) * kind_.recordLength);
@@ -52,7 +52,7 @@ class ModelStore {
     return true;
   }
 
-  /// New File leaves the header behind, of music one of the older type.
+  /// New File leaves the header, for music one of the older type.
   void leaveForNew() {
     writeAt(0, littleEndian(count, 2) + littleEndian(kind_.fileTypeLeftBehind(), 2) + "1.71    ");
   }
@@ -70,7 +70,7 @@ class ModelStore {
     return {};
   }
 
-  /// As the file's header has it, which is all of a file that could not be made to its end.
+  /// From the file's header, which may be all of an incomplete file.
   int headerCount() const { return std::max(0, headerNumber(0)); }
 
  protected:
@@ -101,7 +101,7 @@ class ModelStore {
     return withoutEndBlanks(markerOf(record)) == kind_.marker();
   }
 
-  /// The first whose place a new item takes.
+  /// The first one whose place a new item takes.
   std::optional<int> deletedItem() const {
     for (int item = 1; kind_.skipsDeleted() && item <= count; ++item)
       if (trimmedOf(markerOf(record(item))) == kind_.marker()) return item;
@@ -121,7 +121,7 @@ class ModelStore {
     writeAt(static_cast<std::size_t>(item) * kind_.recordLength, bytes);
   }
 
-  /// A line of each entry of the item's list that does not begin with a zero byte.
+  /// A line for each entry of the item's list that does not begin with a zero byte.
   std::string exportedLines(const std::string& record) const {
     const auto quoted = [&](std::size_t offset) {
       return '"' + withoutEndBlanks(upToZero(record.substr(offset, ModelList::kWidth))) + '"';

@@ -10,13 +10,13 @@
 
 namespace quillbox::test {
 
-/// A blank album of that artist: blanks in texts, zeros elsewhere.
+/// A blank album by that artist: blanks in texts, zeros elsewhere.
 MusicRecord album(std::string_view artist, std::string_view title = "");
 
 /// The bytes of a music collection of the current file type, header record included.
 std::string musicFile(std::initializer_list<MusicRecord> items);
 
-/// The bytes of a collection whose header says otherwise. `recordLength` is that of every record.
+/// The bytes of a collection with another header. `recordLength` is that of every record.
 std::string musicFile(int count, int fileType, std::initializer_list<MusicRecord> items,
                       std::size_t recordLength = sizeof(MusicRecord));
 
@@ -24,7 +24,7 @@ std::string musicFile(int count, int fileType, std::initializer_list<MusicRecord
 HeaderRecord headerOf(std::string_view file);
 MusicRecord itemOf(std::string_view file, int n);
 
-/// A text field without the blanks that pad it.
+/// A text field without its padding.
 template <std::size_t N>
 std::string text(const FixedText<N>& field) {
   return std::string(withoutTrailingBlanks(field.view()));

@@ -12,7 +12,7 @@
 
 namespace quillbox::test {
 
-/// A text as a source that hands out so many bytes at once.
+/// A source for a text that returns a given number of bytes at a time.
 class TextSource : public ByteSource {
  public:
   explicit TextSource(std::string text, std::size_t atOnce = 1'000'000)
@@ -37,7 +37,7 @@ class KeptText : public TextSink {
   std::string kept;
 };
 
-/// Writes down what an import tells.
+/// Records what an import reports.
 class ToldChanges : public ImportWatcher {
  public:
   std::vector<std::string> told;
@@ -56,7 +56,7 @@ class ToldChanges : public ImportWatcher {
   }
 };
 
-/// Brings a CSV text into the collection at `path`.
+/// Imports a CSV text into the collection at `path`.
 inline ImportResult importCsv(FileSystem& files, const std::string& path, const std::string& csv,
                               const ImportOptions& options, ImportWatcher& watcher) {
   const CollectionFile collection =

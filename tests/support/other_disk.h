@@ -8,7 +8,7 @@
 
 namespace quillbox::test {
 
-/// A fresh folder on another file system than the current folder's, deleted at the end.
+/// A fresh folder on another file system than the current folder, deleted at the end.
 class OtherDisk {
  public:
   OtherDisk() {

@@ -18,8 +18,8 @@
 #include "text/number_text.h"
 #include "text/windows1252.h"
 
-/// What looking at all items at once must come to, told a second time and as plainly as can be, and
-/// random items to try it on.
+/// The expected results of reading all items at once, computed independently and as plainly as
+/// possible, and random items for it.
 namespace quillbox::test {
 
 inline constexpr std::string_view kOverviewDates = "M/d/yy";
@@ -30,7 +30,7 @@ inline std::span<const std::byte> recordOf(const std::string& item) {
   return std::as_bytes(std::span(item));
 }
 
-/// The characters that are not what they are folded to, as they are read.
+/// Characters that are changed by folding, as they are read.
 struct ModelFolding {
   std::string_view from;  ///< several, a blank between one and the next
   std::string_view to;
@@ -146,7 +146,7 @@ inline bool modelDeleted(const ModelKind& kind, const std::string& item) {
   return withoutEndBlanks(item.substr(0, kind.markerWidth())) == kind.marker();
 }
 
-/// The word of a choice; nothing where the list has none.
+/// The word of a choice; nothing if the list has no such entry.
 inline std::string modelChoice(const ModelKind& kind, const ModelInput& input, int index) {
   for (const Field& field : kind.row().fields)
     if (field.offset == input.offset && index >= 0 && index < input.choices)
@@ -173,7 +173,7 @@ inline std::string modelShown(const ModelKind& kind, const ModelInput& input,
   }
 }
 
-/// Every text that an item can be found by.
+/// Every text by which an item can be found.
 inline std::vector<std::string> modelTexts(const ModelKind& kind, const std::string& item) {
   constexpr std::size_t sizeOfMediaFile = 192;
   std::vector<std::string> texts;
@@ -197,7 +197,7 @@ inline bool modelMeets(const ModelKind& kind, const std::string& item, const std
   });
 }
 
-/// Items that have much in common, and some with any bytes at all.
+/// Items that have much in common, and some with random bytes.
 class OverviewItems {
  public:
   explicit OverviewItems(const ModelKind& kind, unsigned seed = 1)
@@ -320,7 +320,7 @@ inline std::string withNumber(const ModelKind& kind, std::string item, std::stri
   return item;
 }
 
-/// One collection in memory, held open by nobody.
+/// One collection in memory, not held open.
 struct OverviewCollection {
   OverviewCollection(const ModelKind& kind, const std::vector<std::string>& items) {
     files.put("all", collectionOf(kind, items));

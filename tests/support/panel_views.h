@@ -11,10 +11,10 @@
 #include "support/keys.h"
 #include "support/overview_model.h"
 
-/// A view of the panel as its user has it: a window of its own, worked with mouse and keys.
+/// A view of the panel for its user: a window of its own, worked with mouse and keys.
 namespace quillbox::test {
 
-/// Whoever owns the view, and what it was asked.
+/// The owner of the view, recording its calls.
 struct AskedOwner {
   std::vector<int> shown;
   std::vector<std::pair<std::vector<int>, std::string>> only;
@@ -41,7 +41,7 @@ inline void showWindow(QWidget& view) {
 
 inline QTreeView& treeOf(const QWidget& view) { return *view.findChild<QTreeView*>(); }
 
-/// What a label of the view says; empty while it is hidden.
+/// The text of a label of the view; empty while it is hidden.
 inline std::string shownLabel(const QWidget& view, const char* name) {
   const auto* label = view.findChild<QLabel*>(QString::fromUtf8(name));
   return label->isVisible() ? label->text().toStdString() : std::string();
@@ -85,7 +85,7 @@ inline void clickRow(QTreeView& tree, const QModelIndex& row) {
   QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualRect(row).center());
 }
 
-/// The first cell of the row that is marked; empty: none.
+/// The first cell of the marked row; empty: none.
 inline std::string markedRow(const QTreeView& tree) {
   const auto rows = tree.selectionModel()->selectedRows();
   return rows.isEmpty() ? std::string() : rows.front().data().toString().toStdString();

@@ -31,7 +31,7 @@ inline Texts texts(const std::string& name, int count) {
   return all;
 }
 
-/// The lines as a page has them.
+/// The lines in the form of a page.
 inline std::string printed(const Texts& lines) {
   std::string page;
   for (const std::string& line : lines) page += "     " + line + "\r\n";
@@ -52,14 +52,14 @@ class PrintDataTest : public testing::Test {
  protected:
   PrintDataTest() { begin(); }
 
-  /// Begins a printout, with a page heading of its own.
+  /// Begins a printout with its own page heading.
   void begin(const std::string& heading = "Albums, page") {
     std::int16_t none = 0;
     engine_.PrintData(lines_, none, print_mode::reset);
     lines_.front() = heading;
   }
 
-  /// Makes a page hold that many lines and its heading.
+  /// Makes a page long enough for that many lines and its heading.
   void holdLines(int lines) { desktop_.fakePrinter.height = (lines + 5) * 10; }
 
   void block(const Texts& texts, std::int16_t mode = print_mode::printer) {
@@ -83,7 +83,7 @@ class PrintDataTest : public testing::Test {
     return readFile("printer.tmp");
   }
 
-  /// The pages of the spool, without the blanks that fill them up.
+  /// The pages of the spool, without padding.
   Texts pages() {
     const std::string bytes = spool();
     EXPECT_EQ(bytes.size() % kPageLength, 0U);
@@ -113,7 +113,7 @@ class PrintDataTest : public testing::Test {
 /// Delivers pages.
 class PrintOutTest : public testing::Test {
  protected:
-  /// Makes the spool of these pages.
+  /// Creates the spool with these pages.
   void spool(const Texts& pages) {
     std::string bytes;
     for (std::string page : pages) {
@@ -166,7 +166,7 @@ class PrintOutTest : public testing::Test {
   FakeDesktop desktop_;
   RecordingBoard board_;
   PrintEngine engine_{state_, desktop_, board_};
-  std::optional<std::string> offered_;  // what the next save dialog offers, once it is known
+  std::optional<std::string> offered_;  // what the next save dialog offers, if known
 };
 
 }  // namespace quillbox::test

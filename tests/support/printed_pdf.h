@@ -11,7 +11,7 @@
 
 namespace quillbox::test {
 
-/// A word of a page and the box it takes, in points from the top left corner.
+/// A word of a page and its box, in points from the top left corner.
 struct Word {
   QString text;
   QRectF box;
@@ -19,7 +19,7 @@ struct Word {
 
 struct Page {
   QSizeF size;
-  QStringList lines;  ///< as linesOf() has them
+  QStringList lines;  ///< in the form of linesOf()
   std::vector<Word> words;
 };
 
@@ -35,7 +35,7 @@ inline QByteArray pdfToText(const QString& layout, const std::string& path) {
   return reader.readAllStandardOutput();
 }
 
-/// The lines that are not empty, with single blanks between their words.
+/// The lines that are not empty, with single blanks between words.
 inline QStringList linesOf(const QString& text) {
   QStringList lines;
   for (const QString& line : text.split(QLatin1Char('\n')))

@@ -8,7 +8,7 @@
 
 namespace quillbox::test {
 
-/// A board that writes down what it is told.
+/// A board that records its calls.
 class RecordingBoard : public Board {
  public:
   void open(const std::string& caption) override { told.push_back("open: " + caption); }

@@ -42,7 +42,7 @@ inline const Field& fieldOf(const Input& input) {
   return *field;
 }
 
-/// The inputs of every kind that one of these holds of.
+/// The inputs of all kinds for which this is true.
 inline std::vector<Input> inputsThat(bool ModelInput::*holds) {
   std::vector<Input> inputs;
   for (const ModelKind& kind : kModelKinds)
@@ -65,14 +65,14 @@ inline std::vector<Input> inputsOf(FieldType type) {
   return inputs;
 }
 
-/// The texts of the kinds that tell capitals from small letters.
+/// The texts of the kinds that compare case.
 inline std::vector<Input> exactTexts() {
   std::vector<Input> texts = inputsOf(FieldType::text);
   std::erase_if(texts, [](const Input& input) { return input.name == "FileName"; });
   return texts;
 }
 
-/// A record of a kind, blank at first.
+/// A record of a kind, initially blank.
 class Item {
  public:
   explicit Item(std::string_view extension) : kind_(kindOf(extension)), bytes_(kind_.recordLength) {
@@ -98,7 +98,7 @@ class Item {
     return *this;
   }
 
-  /// What wanted() looks for, into one field.
+  /// Puts what wanted() searches for into one field.
   Item& put(const Field& field) {
     switch (field.type) {
       case FieldType::text:
@@ -123,7 +123,7 @@ class Item {
     return *this;
   }
 
-  /// The same into every other field.
+  /// Puts it into every other field.
   Item& putAllBut(const Field& field) {
     for (const Field& other : kind_.fields)
       if (&other != &field) put(other);
@@ -154,7 +154,7 @@ inline Entered wanted(const Field& field) {
   return {&field, "1/2/98"};
 }
 
-/// A search form: nothing typed, chosen or ticked at first.
+/// A search form: initially nothing is typed, chosen or ticked.
 class SearchForm {
  public:
   explicit SearchForm(std::string_view extension) : kind_(kindOf(extension)) {
@@ -190,7 +190,7 @@ class SearchForm {
   std::vector<Entered> entered_;
 };
 
-/// A form with nothing but that text typed.
+/// A form with only that text typed.
 inline SearchForm typed(const Input& input, std::string_view text) {
   return SearchForm(input.extension).type(input, text);
 }

@@ -35,14 +35,14 @@ inline std::string sortItem(const ModelKind& kind, const std::vector<std::string
   return item;
 }
 
-/// An item with that first key, and all others alike.
+/// An item with that first key, otherwise like all others.
 inline std::string named(const ModelKind& kind, const std::string& first, char filler) {
   std::vector<std::string> keys(kind.keys.size(), "5");
   keys.front() = first;
   return sortItem(kind, keys, filler);
 }
 
-/// Item by item its filler, which tells where each of them went.
+/// The filler of each item, which identifies it.
 inline std::string fillersOf(const ModelKind& kind, std::string_view collection) {
   std::string fillers;
   for (std::size_t end = 2 * kind.recordLength; end <= collection.size(); end += kind.recordLength)
@@ -50,7 +50,7 @@ inline std::string fillersOf(const ModelKind& kind, std::string_view collection)
   return fillers;
 }
 
-/// What a header says besides its `Count`.
+/// The parts of a header besides `Count`.
 struct SortHeader {
   int fileType = 1;
   std::string_view version = "1.71    ";
@@ -66,8 +66,8 @@ inline std::string sortFile(const ModelKind& kind, const std::vector<std::string
   return bytes;
 }
 
-/// The sort spelled out step by step, on whole records in slots from 1. Slow, and the measure of
-/// the real one.
+/// The sort step by step, on whole records in slots from 1. Slow, and the reference for the real
+/// one.
 class SortModel {
  public:
   SortModel(const ModelKind& kind, const std::vector<std::string>& items)
@@ -88,7 +88,7 @@ class SortModel {
       if (!isBlank(i)) ++count;
   }
 
-  /// The pass series of one key.
+  /// The passes for one key.
   void passes(const KeyPlace& key) {
     bool swapped = true;
     while (swapped) {
@@ -103,7 +103,7 @@ class SortModel {
     }
   }
 
-  /// From the first line read to the last slot, as for a kind that does not end the program.
+  /// From reading to the last slot, as for a kind that does not end the program.
   void run(const std::vector<bool>& ticked) {
     read();
     compact();
@@ -119,13 +119,13 @@ class SortModel {
     for (const std::size_t key : {3U, 2U, 1U}) passesIf(ticked, key);
   }
 
-  /// The records that count, in the order they are written in.
+  /// The records that count, in the order in which they are written.
   std::vector<std::string> items() const {
     return {slots_.begin() + 1, slots_.begin() + 1 + count};
   }
 
   int count;
-  std::vector<std::string> told;  ///< to the board, between its opening and its closing
+  std::vector<std::string> told;  ///< to the board, between opening and closing
 
  private:
   std::string& slot(int number) { return slots_.at(static_cast<std::size_t>(number)); }
@@ -167,10 +167,10 @@ class SortModel {
   std::vector<std::string> slots_;  // the first one is not used
 };
 
-/// A collection on disk, its sort, and what came of it.
+/// A collection on disk, its sort, and the result.
 class SortFixture {
  protected:
-  /// Makes the collection, and none beside it. The header record is full to its end.
+  /// Creates the collection and no backup. The header record is completely filled.
   void put(const ModelKind& kind, const std::vector<std::string>& items,
            const SortHeader& header = {}) {
     kind_ = &kind;
@@ -188,7 +188,7 @@ class SortFixture {
     writeFile(path, bytes);
   }
 
-  /// Items of these names, with fillers from "a" on.
+  /// Items with these names, with fillers from "a" on.
   void putNamed(const ModelKind& kind, const std::vector<std::string>& names) {
     std::vector<std::string> items;
     items.reserve(names.size());

@@ -29,7 +29,7 @@ std::string asText(const std::filesystem::path& path) {
 }  // namespace
 
 TestFolder::TestFolder() : before_(std::filesystem::current_path()) {
-  // No dot anywhere in the name: the first dot of a path is where its backup's name is cut.
+  // No dot anywhere in the name: a backup's name is cut at the first dot of a path.
   std::random_device random;
   do
     folder_ =
@@ -64,7 +64,7 @@ void makeLink(const std::string& file, const std::string& name) {
 #ifdef _WIN32
 
 std::ptrdiff_t openDescriptors() {
-  // Handles are small multiples of four; most of them lead to something else.
+  // Handles are small multiples of four; most of them are no files.
   constexpr std::uintptr_t most = 16'384;
   std::ptrdiff_t count = 0;
   for (std::uintptr_t handle = 4; handle < most; handle += 4)
@@ -100,7 +100,7 @@ OrdinaryUser::~OrdinaryUser() {
 std::string readFile(const std::string& path) {
   std::ifstream file(asPath(path), std::ios::binary);
   if (!file) ADD_FAILURE() << "cannot read " << path;
-  // As a whole: character by character would be most of what some tests do.
+  // At once: character by character would take most of the time of some tests.
   std::ostringstream bytes;
   bytes << file.rdbuf();
   return bytes.str();

@@ -17,7 +17,7 @@ class TestFolder {
 
   std::string path() const;
 
-  /// The name below the folder, with the platform's own separators.
+  /// The name in the folder, with the platform's own separators.
   std::string path(std::string_view name) const;
 
  private:
@@ -25,16 +25,16 @@ class TestFolder {
   std::filesystem::path folder_;
 };
 
-/// Gives a file another name: a symbolic link, or a hard one where QUILLBOX_NEEDS(links) would
+/// Gives a file a second name: a symbolic link, or a hard one where QUILLBOX_NEEDS(links) would
 /// skip.
 void makeLink(const std::string& file, const std::string& name);
 
-/// How many files the program has open.
+/// The number of files the program has open.
 std::ptrdiff_t openDescriptors();
 
-/// For as long as the object lives the test has no more rights than an ordinary user, root's tests
-/// included: what is forbidden really fails. Needs `permissions`, or `readOnlyFiles` for a file
-/// that its owner may only read.
+/// While the object lives, the test has only the rights of an ordinary user, even when run by root:
+/// what is forbidden really fails. Needs `permissions`, or `readOnlyFiles` for a file that its
+/// owner may only read.
 class OrdinaryUser {
  public:
   explicit OrdinaryUser(const TestFolder& folder);

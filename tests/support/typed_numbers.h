@@ -6,10 +6,10 @@
 
 namespace quillbox::test {
 
-/// What a text box makes of a number: what was typed, what is stored, and how that is shown.
+/// How a text box treats a number: what was typed, what is stored, and how that is shown.
 struct TypedNumber {
   const char* text;
-  std::int64_t number;  ///< of a date the bits of its days
+  std::int64_t number;  ///< for a date the bits of its days
   int error = 0;        ///< the run-time error of storing it
 };
 
@@ -47,7 +47,7 @@ inline constexpr auto kDates = std::to_array<TypedNumber>({{"1/1/80", daysBits(2
                                                            {"never", 0, 13},
                                                            {"2/30/98", 0, 13}});
 
-/// How dates that are in records are shown; each is also a text that can be typed.
+/// How dates in records are shown; each text can also be typed.
 inline constexpr auto kShownDates =
     std::to_array<TypedNumber>({{"1/1/80", daysBits(29'221)},
                                 {"11/21/26", daysBits(46'347)},

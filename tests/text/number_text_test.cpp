@@ -20,7 +20,7 @@ using namespace std::string_view_literals;
 constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
 constexpr std::int64_t kLeast = std::numeric_limits<std::int64_t>::min();
 
-/// The number of the error that the call ends with; 0 when there is none.
+/// The number of the error that ends the call; 0 when there is none.
 template <typename Call>
 int errorOf(const Call& call) {
   try {

@@ -113,7 +113,7 @@ TEST(TrackListText, HasLineBreaksOrNone) {
     EXPECT_TRUE(hasLineBreaks(text)) << text;
 }
 
-/// Whatever is pasted, no title is empty or begins or ends with a blank.
+/// Whatever is pasted, no title is empty, or begins or ends with a blank.
 TEST(TrackListText, NeverGivesAnEmptyTitle) {
   const std::vector<std::string> parts = {"1",  ".", ")",    " ", "-",        "\t",
                                           "\n", ":", "4:05", "(", "\xC2\xA0", "a"};

@@ -69,7 +69,7 @@ TEST(Windows1252, CharactersAreThoseOfTheCodePage) {
       {'\xE9', "\xC3\xA9"},
       {'\xDF', "\xC3\x9F"},
       {'\xFF', "\xC3\xBF"},
-      // Left open by the code page.
+      // Undefined in the code page.
       {'\x81', "\xC2\x81"},
       {'\x8D', "\xC2\x8D"},
       {'\x8F', "\xC2\x8F"},
@@ -85,7 +85,7 @@ TEST(Windows1252, CharactersAreThoseOfTheCodePage) {
 
 TEST(Windows1252, ACharacterThatItCannotHoldBecomesAQuestionMark) {
   for (const std::string_view utf8 :
-       {"\xC2\x80"sv,  // the control character whose byte is taken by another
+       {"\xC2\x80"sv,  // the control character whose byte is used by another
         "\xC2\x9F"sv, "\xC4\x80"sv, "\xCE\xA9"sv, "\xD0\x96"sv, "\xDF\xBF"sv, "\xE0\xA0\x80"sv,
         "\xE6\x97\xA5"sv, "\xEF\xBB\xBF"sv, "\xEF\xBF\xBD"sv, "\xEF\xBF\xBF"sv,
         "\xF0\x90\x80\x80"sv, "\xF0\x9F\x8E\xB5"sv, "\xF4\x8F\xBF\xBF"sv}) {

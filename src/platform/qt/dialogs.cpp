@@ -18,7 +18,7 @@
 namespace quillbox {
 namespace {
 
-/// "Description (*.A, *.B)|*.A;*.B|..." as the toolkit has it: "Description (*.A *.B)", ...
+/// "Description (*.A, *.B)|*.A;*.B|..." in the toolkit's form: "Description (*.A *.B)", ...
 QStringList nameFilters(const std::string& filter) {
   QStringList filters;
   const QStringList parts = QString::fromStdString(filter).split(QLatin1Char('|'));
@@ -31,7 +31,7 @@ QStringList nameFilters(const std::string& filter) {
   return filters;
 }
 
-/// What the columns of the detailed view hold at most: name, size, type, time.
+/// The longest contents of the detailed view's columns: name, size, type, time.
 QStringList longestTexts(int column) {
   constexpr qint64 kibi = 1024;
   constexpr qint64 sizes[] = {kibi - 1, kibi * kibi - 1, kibi * kibi * kibi - 1};
@@ -45,7 +45,7 @@ QStringList longestTexts(int column) {
   return texts;
 }
 
-/// The toolkit leaves no room between a size and its column's edges. The user's wider ones stay.
+/// The toolkit leaves no space between a size and its column's edges. Wider columns stay.
 void fitColumns(QFileDialog& dialog) {
   const auto* view = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
   QHeaderView* header = view->header();
@@ -58,7 +58,7 @@ void fitColumns(QFileDialog& dialog) {
       width = std::max(width, view->fontMetrics().horizontalAdvance(text) + room);
     header->resizeSection(column, width);
   }
-  // Wide enough for all of them beside the places, as far as the screen allows.
+  // Wide enough for all columns beside the places, as far as the screen allows.
   auto* splitter = dialog.findChild<QSplitter*>(QStringLiteral("splitter"));
   const auto* places = dialog.findChild<QListView*>(QStringLiteral("sidebar"));
   const int besideNames = places->sizeHintForColumn(0) + 2 * room;
@@ -77,7 +77,7 @@ QString captionText(const std::string& text) {
 
 QWidget* askingForm() {
   if (QWidget* active = QApplication::activeWindow()) return active;
-  // When a box has just closed the focus may still be on its way back.
+  // Just after a box has closed, the focus may not have returned yet.
   for (QWidget* window : QApplication::topLevelWidgets())
     if (window->isVisible() && qobject_cast<QMainWindow*>(window) != nullptr) return window;
   return nullptr;
@@ -89,7 +89,7 @@ void takeIcon(QDialog& dialog) {
 }
 
 int widthForTitle(const QDialog& dialog) {
-  constexpr int beside = 5;  // an icon, three buttons and some room, in heights of the title
+  constexpr int beside = 5;  // an icon, three buttons and some space, in title heights
   QFont font = QApplication::font("QMdiSubWindowTitleBar");
   font.setBold(true);
   const QFontMetrics title(font);
@@ -103,7 +103,7 @@ std::optional<std::string> askForFile(const FileDialog& asked, FileDialogMode mo
   QFileDialog dialog(askingForm(), captionText(asked.title));
   dialog.setObjectName(QString::fromStdString(asked.name));
   takeIcon(dialog);
-  // The toolkit's own dialog: its patterns match capitals and small letters alike everywhere.
+  // The toolkit's own dialog: its patterns ignore case on every platform.
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setAcceptMode(mode == FileDialogMode::open ? QFileDialog::AcceptOpen
                                                     : QFileDialog::AcceptSave);

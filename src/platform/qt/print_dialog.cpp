@@ -14,7 +14,7 @@ namespace quillbox {
 namespace {
 
 constexpr int kMostCopies = 99;
-constexpr int kPrintersShown = 5;  // more scroll
+constexpr int kPrintersShown = 5;  // for more, the list scrolls
 
 }  // namespace
 
@@ -57,7 +57,7 @@ PrintDialog::PrintDialog(const QString& title, What what, QWidget* parent) : QDi
   enableInputs();
 }
 
-/// A text file comes from no printer, and a document once.
+/// A text file needs no printer, and a document is made once.
 void PrintDialog::enableInputs() {
   destination_->setEnabled(!toTextFile());
   copies_->setEnabled(!toTextFile() && !toPdf());

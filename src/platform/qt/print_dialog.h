@@ -8,13 +8,13 @@ class QSpinBox;
 
 namespace quillbox {
 
-/// Asks where a listing is printed: on one of the system's printers, as a PDF document, which can
-/// always be chosen, or to a text file.
+/// Asks where to print a listing: on one of the system's printers, to a PDF document, which is
+/// always available, or to a text file.
 class PrintDialog : public QDialog {
  public:
   enum class What {
     listing,
-    sheets,  ///< drawn; no text file can be made of them
+    sheets,  ///< drawings, which cannot become a text file
   };
 
   explicit PrintDialog(const QString& title, What what = What::listing, QWidget* parent = nullptr);

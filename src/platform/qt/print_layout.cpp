@@ -4,7 +4,7 @@ namespace quillbox {
 
 std::vector<QStringList> sheetsOf(const QString& text, int columns, int rows) {
   QStringList lines = text.split(QLatin1Char('\n'));
-  if (lines.constLast().isEmpty()) lines.removeLast();  // behind the last line's end
+  if (lines.constLast().isEmpty()) lines.removeLast();  // after the end of the last line
   std::vector<QStringList> sheets(1);
   const auto add = [&](const QString& line) {
     if (sheets.back().size() == rows) sheets.emplace_back();

@@ -35,7 +35,7 @@ QMessageBox::Icon iconOf(MessageIcon icon) {
   return QMessageBox::NoIcon;
 }
 
-/// The name always ends as such documents do, so that none takes the place of another kind of file.
+/// The name always ends in .pdf, so that no file of another kind is replaced.
 std::optional<QString> askForPdf(const std::string& offered) {
   const auto name = askForFile({"Save PDF Document", "PDF Documents (*.pdf)|*.pdf",
                                 offered.empty() ? "Listing.pdf" : offered},
@@ -68,7 +68,7 @@ Answer QtDesktop::messageBox(const MessageBox& box) {
   dialog.setIcon(iconOf(box.icon));
   takeIcon(dialog);
   dialog.setWindowModality(Qt::ApplicationModal);
-  // Across the whole grid, and no row of its own.
+  // Across the whole grid, without a row of its own.
   auto* grid = static_cast<QGridLayout*>(dialog.layout());
   grid->addItem(new QSpacerItem(widthForTitle(dialog), 0), 0, 0, 1, grid->columnCount());
   if (box.buttons == Buttons::yesNo) {
@@ -148,7 +148,7 @@ std::optional<PrintChoice> QtDesktop::askWhere(PrintDialog& dialog,
       qtPrinter().printTo(dialog.printerName(), dialog.copies());
       return PrintChoice{};
     }
-    // Without a name for the document the user chooses again.
+    // Without a name for the document, the print dialog is shown again.
     if (const auto name = askForPdf(documentName)) {
       qtPrinter().printToPdf(*name);
       return PrintChoice{};
@@ -160,7 +160,7 @@ std::optional<PrintChoice> QtDesktop::askWhere(PrintDialog& dialog,
 void QtDesktop::rest(int milliseconds, const std::function<bool()>& over) {
   QElapsedTimer elapsed;
   elapsed.start();
-  QTimer wake;  // so that waiting for the next event comes to an end
+  QTimer wake;  // so that waiting for the next event ends
   wake.start(milliseconds);
   do QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   while (!over() && elapsed.elapsed() < milliseconds);

@@ -13,11 +13,11 @@ namespace quillbox {
 class PrintDialog;
 class QtPrinter;
 
-/// A locale's short date form, and a date in it: what the desktop says of the system's.
+/// The short date form of a locale, and a date in it, for the desktop's answers.
 std::string shortDateForm(const QLocale& locale);
 std::string shortDateText(const QLocale& locale, QDate date);
 
-/// The desktop the program really runs on. The only place with dialogs and printers.
+/// The real desktop. The only place with dialogs and printers.
 class QtDesktop : public Desktop, public SheetPrinter {
  public:
   QtDesktop();

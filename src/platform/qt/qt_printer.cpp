@@ -14,7 +14,7 @@ namespace quillbox {
 namespace {
 
 constexpr double kPointsPerInch = 72;
-constexpr double kPdfMargin = 18;  // points, what desktop printers leave
+constexpr double kPdfMargin = 18;  // in points, as desktop printers have it
 constexpr double kAscentOfALine = 0.8;
 
 /// How many whole steps fit, at least one.
@@ -23,7 +23,7 @@ int fitting(double space, double step) {
   return std::max(1, static_cast<int>(space / step + tolerance));
 }
 
-/// The toolkit tells of nothing that could not be written when it closes a document.
+/// The toolkit does not report a failure to write when it closes a document.
 bool isWholeDocument(const QString& fileName) {
   constexpr qint64 lastBytes = 32;
   QFile file(fileName);
@@ -56,7 +56,7 @@ void QtPrinter::printTo(const QString& printerName, int copies) {
 }
 
 void QtPrinter::setFont(const std::string& name, double points) {
-  // Where there is no font of that name, one whose letters are as wide, or at least all alike.
+  // If the font is missing: one with equally wide letters, or at least a fixed-width one.
   font_ = QFont(QStringList{QString::fromStdString(name), QStringLiteral("Liberation Mono"),
                             QStringLiteral("Nimbus Mono PS"), QStringLiteral("DejaVu Sans Mono")});
   font_.setStyleHint(QFont::TypeWriter);
@@ -123,7 +123,7 @@ void QtPrinter::dropDocument() {
   if (!painter_.isActive()) return;
   device_.abort();
   painter_.end();
-  // A document of some of the pages would pass for all of them.
+  // A document with only some of the pages would look complete.
   if (isPdf() && QFileInfo(device_.outputFileName()).isFile())
     QFile::remove(device_.outputFileName());
 }

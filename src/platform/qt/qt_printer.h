@@ -9,7 +9,7 @@
 
 namespace quillbox {
 
-/// The printer that the toolkit knows, or a PDF document. Lines are one font size apart.
+/// The toolkit's printer, or a PDF document. Lines are one font size apart.
 class QtPrinter : public Printer {
  public:
   QtPrinter();
@@ -17,13 +17,13 @@ class QtPrinter : public Printer {
   /// For the dialogs that set it up.
   QPrinter& device() { return device_; }
 
-  /// From now on what is printed becomes the PDF document `fileName`.
+  /// From now on, output goes to the PDF document `fileName`.
   void printToPdf(const QString& fileName);
 
-  /// From now on what is printed goes to the system's printer of that name.
+  /// From now on, output goes to the system's printer of that name.
   void printTo(const QString& printerName, int copies);
 
-  /// Prints these sheets and hands them over. Nothing else may be in print.
+  /// Prints these sheets and sends them. Nothing else may be in print.
   void printSheets(Sheets& sheets);
 
   void setFont(const std::string& name, double points) override;
@@ -43,7 +43,7 @@ class QtPrinter : public Printer {
   QPrinter device_{QPrinter::HighResolution};
   QPainter painter_;
   QFont font_;
-  bool isSheetDue_ = false;  // the next print begins a sheet
+  bool isSheetDue_ = false;  // the next output begins a sheet
 };
 
 }  // namespace quillbox

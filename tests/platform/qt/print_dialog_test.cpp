@@ -1,4 +1,4 @@
-// The print dialog, and what the desktop makes of the answers to it and to the dialogs around it.
+// The print dialog, and what the desktop does after its answers and those of other dialogs.
 
 #include "platform/qt/print_dialog.h"
 
@@ -48,7 +48,7 @@ class PrintDialogTest : public testing::Test {
     QApplication::processEvents();
   }
 
-  /// Chooses a printer that is not there unless the test adds it.
+  /// Chooses a printer that does not exist unless the test adds it.
   void chooseAPrinter() {
     printers(dialog_).addItem("Office");
     printers(dialog_).setCurrentRow(printers(dialog_).count() - 1);
@@ -173,7 +173,7 @@ class PrintingOnTheDesktop : public testing::Test {
   }
   static void key(QWidget& widget, Qt::Key key) { QTest::keyClick(&widget, key); }
 
-  /// Types a name over the one that is offered, and presses Enter.
+  /// Types a name over the suggested one, and presses Enter.
   static void answer(QFileDialog& dialog, const std::string& name) {
     auto& line = control<QLineEdit>(dialog, "fileNameEdit");
     line.setText(QString::fromStdString(name));
@@ -191,7 +191,7 @@ class PrintingOnTheDesktop : public testing::Test {
     return desktop_.printDialog("QBX [*] Print", documentName);
   }
 
-  /// Prints a line to where the dialog said.
+  /// Prints a line to the chosen destination.
   void printALine() {
     Printer& printer = desktop_.printer();
     printer.setFont("Courier New", 10);
@@ -371,7 +371,7 @@ TEST_F(PrintingOnTheDesktop, ASaveDialogOffersItsFileName) {
   }
 }
 
-#ifndef _WIN32  // where it is the system's own, which no test can answer
+#ifndef _WIN32  // where it is the system's own, which a test cannot answer
 TEST_F(PrintingOnTheDesktop, ThePrinterIsSetUpInADialogOfItsOwn) {
   const double portrait = desktop_.printer().printableHeight();
   const auto setUp = [this](Qt::Key end) {

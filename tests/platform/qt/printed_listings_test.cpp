@@ -1,5 +1,5 @@
-// The whole way of a listing, from the menu to the paper: sample collections are printed as PDF
-// documents and read back.
+// A listing from the menu to the paper: sample collections are printed as PDF documents and read
+// back.
 
 #include <vector>
 
@@ -11,7 +11,7 @@
 namespace quillbox::test {
 namespace {
 
-/// A printer that prints, and keeps what it is given.
+/// A printer that prints, and keeps what it gets.
 class KeepingPrinter : public Printer {
  public:
   QtPrinter real;
@@ -28,7 +28,7 @@ class KeepingPrinter : public Printer {
   void dropDocument() override { real.dropDocument(); }
 };
 
-/// A scripted desktop whose printer is the real one, for a user who takes what is offered.
+/// A scripted desktop with the real printer, for a user who accepts what is offered.
 class PrintingDesktop : public FakeDesktop {
  public:
   KeepingPrinter keepingPrinter;
@@ -99,7 +99,7 @@ TEST_P(PrintedListing, IsCompleteAndInsideThePaper) {
   for (std::size_t page = 0; page < pages.size(); ++page) {
     SCOPED_TRACE(page + 1);
     const QString sheet = QString::fromStdString(sheets[page]);
-    // A line that is too wide for the paper goes on in the next one.
+    // A line that is too wide for the paper continues on the next one.
     EXPECT_EQ(characters(pages[page].lines.join(QLatin1Char(' '))), characters(sheet));
     ASSERT_FALSE(pages[page].lines.empty());
     EXPECT_TRUE(pages[page].lines.front().endsWith(QStringLiteral("Page # %1").arg(page + 1)));

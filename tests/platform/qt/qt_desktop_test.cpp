@@ -108,7 +108,7 @@ TEST_F(QtDesktopTest, AnInputBoxIsCancelledWithEscape) {
   EXPECT_EQ(desktop_.inputBox("Record #", "Go To Record", ""), std::nullopt);
 }
 
-/// What a window manager may need for a title: its letters in bold, and five times its height.
+/// The space that a window manager may need for a title: in bold, and five times its height.
 int roomFor(const QString& title) {
   QFont font = QApplication::font();
   font.setBold(true);
@@ -244,7 +244,7 @@ TEST_F(QtDesktopTest, TheOpenDialogListsFilesWhateverTheirCapitals) {
 
 TEST_F(QtDesktopTest, TheColumnsOfTheOpenDialogHoldWhatTheyShow) {
   const TestFolder folder;
-  // The toolkit remembers columns; not those of other tests, and not for their user.
+  // The toolkit remembers columns; not those of other tests, and not for the user.
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
                      QString::fromStdString(folder.path("settings")));
   std::filesystem::resize_file((writeFile(folder.path("jazz.MCS"), ""), folder.path("jazz.MCS")),

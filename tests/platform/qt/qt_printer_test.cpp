@@ -1,4 +1,4 @@
-// What is printed is read back from the PDF documents it becomes.
+// Printed documents are read back from PDF.
 
 #include "platform/qt/qt_printer.h"
 

@@ -1,5 +1,5 @@
 // Collections written by another program, each with its contents as JSON: decoding must give the
-// JSON, encoding the JSON must give back the very bytes.
+// JSON, and encoding the JSON the same bytes.
 
 #include <gtest/gtest.h>
 
@@ -48,7 +48,7 @@ struct Fixture {
   QJsonObject header() const { return json["header"].toObject(); }
   QJsonArray items() const { return json["items"].toArray(); }
 
-  /// The fields that a record of this file holds.
+  /// The fields of a record in this file.
   std::vector<Field> fields() const {
     std::vector<Field> held;
     for (const Field& field : kind.fields)
