@@ -16,7 +16,7 @@ struct Sized {
   int items;
 };
 
-/// Makes a music collection of `count` items with every field filled in.
+/// Creates a music collection of `count` items with every field filled in.
 Sized makeFullCollection(const std::string& path, int count = kItems);
 
 /// Creates one of `count` items in random order, with every field filled in.

@@ -31,8 +31,8 @@ inline constexpr int kItemsOnPaper = 2'000;
 Pair timePdf(const std::filesystem::path& programs, const std::filesystem::path& workFolder,
              const std::string& collection);
 
-/// Lists a full music collection to a text file, and exports it. The peer of each writes the same
-/// bytes straight to a file.
+/// Lists a full music collection to a text file, and exports it. Each peer writes the same bytes
+/// directly to a file.
 ListingFigures timeListings(const std::filesystem::path& workFolder, const Sized& collection);
 
 /// The times of these alone.

@@ -70,8 +70,7 @@ LoadFigures timeLoads(const fs::path& workFolder, int files, int itemsBefore) {
   const std::string catalogue = workFolder / "Sounds.WCS";
   fs::remove_all(folder);
   makeFiles(folder, files);
-  peakMib(
-      [&] { makeCatalogue(empty, itemsBefore); });  // elsewhere, so that this process stays small
+  peakMib([&] { makeCatalogue(empty, itemsBefore); });  // in another process: this one stays small
   const auto fresh = [&] { fs::copy_file(empty, catalogue, fs::copy_options::overwrite_existing); };
   fresh();
   const double without = peakMib([] {});

@@ -63,7 +63,9 @@ void printHeader(const std::string& collection, int runs) {
 #endif
   std::printf("step, skip: median of %d repetitions, both sides in random order\n",
               kStepRepetitions);
-  std::printf("load:       %d files into a catalogue of %d items\n", kFilesToLoad, kItemsBefore);
+  std::printf(
+      "load:       %d files into a catalogue of %d items; the peer appends them one by one\n",
+      kFilesToLoad, kItemsBefore);
   std::printf("search:     all texts of an item of the collection below, one of them wrong\n");
   std::printf(
       "all items:  beside filling a full-text table; a key of the filter beside asking it\n");
@@ -162,7 +164,7 @@ void printOpenData(const OpenDataFigures& figures) {
 
 void printTable(const Figures& figures) {
   constexpr double mostAllowedForReading = 1.3;
-  constexpr double mostAllowedForStart = 1.15;
+  constexpr double mostAllowedForStart = 1.1;
   constexpr double mostMibAllowed = 12;
   constexpr double nsPerUs = 1e3;
   constexpr double nsPerMs = 1e6;
@@ -173,7 +175,7 @@ void printTable(const Figures& figures) {
   printRatio("write item", figures.items.write, "%.2f us", 1, mostAllowedForReading);
   printRatio("step", figures.steps.step, "%.3f us", nsPerUs, mostAllowedForReading);
   printRatio("skip", figures.steps.skip, "%.2f ms", nsPerMs, mostAllowedForReading);
-  constexpr double mostAllowedForLoading = 3;
+  constexpr double mostAllowedForLoading = 1.5;
   printRatio("load folder", figures.loads.time, "%.1f ms", 1, mostAllowedForLoading);
   printRow("load, memory", formatted("%.2f MiB", figures.loads.memory), "", "", "none");
   constexpr double mostAllowedForSearching = 0.5;
@@ -184,28 +186,29 @@ void printTable(const Figures& figures) {
   printOverviews(figures.overviews);
   for (const SortFigures& sort : figures.sorts) printSort(sort);
   printSortMemory(figures.sorts.back());
-  constexpr double mostAllowedForListing = 8;
-  constexpr double mostAllowedForExport = 2;
+  constexpr double mostAllowedForListing = 5;
+  constexpr double mostAllowedForExport = 1.5;
+  constexpr double mostAllowedForOtherExports = 2;
   printRatio("listing", figures.listings.listing, "%.0f ms", 1, mostAllowedForListing);
   constexpr double mostAllowedForPdf = 2;
   printRatio("listing, PDF", figures.pdf, "%.0f ms", 1, mostAllowedForPdf);
   printRatio("export", figures.listings.exporting, "%.0f ms", 1, mostAllowedForExport);
   for (const auto& [kind, time] : figures.exports)
-    printRatio(kind.c_str(), time, "%.0f ms", 1, mostAllowedForExport);
+    printRatio(kind.c_str(), time, "%.0f ms", 1, mostAllowedForOtherExports);
   printRow("listing, memory", formatted("%.2f MiB", figures.listings.listingMemory),
            formatted("%.0f MiB text", figures.listings.listedMib), "", "none");
   printRow("export, memory", formatted("%.2f MiB", figures.listings.exportMemory),
            formatted("%.0f MiB text", figures.listings.exportedMib), "", "none");
   printOpenData(figures.openData);
-  printRatio("start, time", figures.starts.time, "%.2f ms", 1, mostAllowedForStart);
+  printRatio("start, time", {figures.starts.time.quillbox, figures.starts.timeOfPlainForm},
+             "%.2f ms", 1, mostAllowedForStart);
   const double more = figures.starts.memory.quillbox - figures.starts.memory.peer;
   printRow("start, memory", formatted("%.2f MiB", figures.starts.memory.quillbox),
            formatted("%.2f MiB", figures.starts.memory.peer), formatted("%+.2f MiB", more),
            goalText(formatted("<= +%.0f MiB", mostMibAllowed), more <= mostMibAllowed));
-  printRow("start, plain form", formatted("%.2f ms", figures.starts.time.quillbox),
-           formatted("%.2f ms", figures.starts.timeOfPlainForm),
-           formatted("%.3f", figures.starts.time.quillbox / figures.starts.timeOfPlainForm),
-           "none");
+  printRow("start, empty form", formatted("%.2f ms", figures.starts.time.quillbox),
+           formatted("%.2f ms", figures.starts.time.peer),
+           formatted("%.3f", figures.starts.time.quillbox / figures.starts.time.peer), "none");
   printRow("start, box shown", formatted("%.2f ms", figures.starts.timeWithBox),
            formatted("%.2f ms", figures.starts.time.peer),
            formatted("%.3f", figures.starts.timeWithBox / figures.starts.time.peer),
@@ -237,7 +240,7 @@ void runAll(int runs) {
   figures.loads = timeLoads(folder.path(), kFilesToLoad, kItemsBefore);
   const auto programs = std::filesystem::read_symlink("/proc/self/exe").parent_path();
   figures.starts = timeStarts(programs, folder.path(), full.path, runs);
-  // After the starts, whose memory is measured by a process that must still be small.
+  // After the starts, because memory is measured by a process that must still be small.
   figures.search = timeSearchBesideReading(full);
   figures.searches = timeSearches(folder.path(), full);
   figures.overviews = timeOverviews(folder.path(), full);

@@ -13,7 +13,7 @@ struct OpenDataFigures {
   Pair json;                ///< milliseconds, in the same way
   Pair sqlite;              ///< milliseconds, beside inserting the same rows
   Pair import;              ///< milliseconds of a dry run, beside reading the text and the items
-  double exportMemory = 0;  ///< MiB at the peak, above what the process has anyway, of CSV
+  double exportMemory = 0;  ///< MiB at the peak of a CSV export, on top of the process itself
   double importMemory = 0;  ///< of that dry run
   double csvMib = 0;        ///< MiB of text
 };

@@ -21,7 +21,8 @@ if [ -z "$saved" ]; then
     cat "$saved" >&2
     exit 1
   }
-  if command -v tellico xdotool Xvfb openbox >/dev/null; then
+  if command -v tellico >/dev/null; then
+    need $packages_to_picture
     start_display
     echo >>"$saved"
     tools/bench_others.py build/release >>"$saved"
