@@ -15,7 +15,6 @@ if [ -z "$saved" ]; then
   # shellcheck disable=SC2086 # the lists are meant to be split
   need $packages_to_build $packages_to_bench python3
   build bench
-  build bench quillbox-cli
   saved=build/release/bench/report.txt
   build/release/bench/bench >"$saved" || {
     cat "$saved" >&2

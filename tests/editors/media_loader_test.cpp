@@ -13,6 +13,7 @@
 #include "records/record_file.h"
 #include "support/failing_files.h"
 #include "support/failure.h"
+#include "support/file_size_limit.h"
 #include "support/loading.h"
 #include "support/machine.h"
 #include "support/music_files.h"
@@ -435,6 +436,31 @@ TEST_F(MediaLoaderTest, AfterAnyFailureTheHeaderCountsWhatIsThere) {
   }
   EXPECT_EQ(failures, files_.operationsThatMatter());
 }
+
+TEST_F(MediaLoaderTest, ABlockThatCannotBeWrittenAtOnceIsWrittenItemByItem) {
+  items({});
+  files_.failNth(FileOperation::write, 0, ErrorNumber::deviceIo);
+  EXPECT_EQ(failureOf([&] { load({"a.wav", "b.wav"}); }).number, 57);
+  EXPECT_EQ(stored(), (Names{"a.wav", "b.wav"}));
+  EXPECT_TRUE(file().substr(0, 12) == headerBytes(2));
+  EXPECT_EQ(state_.Count, 2);
+  EXPECT_EQ(files_.countOf(FileOperation::write), 1 + 2 * 2);
+}
+
+#ifndef _WIN32
+TEST_F(MediaLoaderTest, OnAFullDiskWhatFitsIsKept) {
+  items({mediaFile("a.wav")});
+  {
+    const FileSizeLimit limit(4 * sizeof(MediaFileRecord) + 100);
+    EXPECT_NE(failureOf([&] { load({"b.wav", "c.wav", "d.wav", "e.wav"}); }), Failure());
+  }
+  EXPECT_EQ(headerOf(file()).Count, 3);
+  EXPECT_EQ(state_.Count, 3);
+  load({"b.wav", "c.wav", "d.wav", "e.wav"});
+  EXPECT_EQ(stored(), (Names{"a.wav", "b.wav", "c.wav", "d.wav", "e.wav"}));
+  EXPECT_TRUE(file().substr(0, 12) == headerBytes(5));
+}
+#endif
 
 TEST_F(MediaLoaderTest, AfterAHalfWrittenRecordLoadingAgainMakesItWhole) {
   files_.shortWrites = true;

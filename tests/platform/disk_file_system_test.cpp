@@ -21,6 +21,7 @@
 
 #include "platform/run_time_error.h"
 #include "support/failure.h"
+#include "support/file_size_limit.h"
 #include "support/machine.h"
 #include "support/memory_files.h"
 #include "support/test_folder.h"
@@ -690,27 +691,6 @@ TEST_F(DiskFileSystemTest, AFullDiskIsAnError) {
 }
 
 #ifndef _WIN32
-/// Limits the size of files while it exists.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN)) {
-    ::getrlimit(RLIMIT_FSIZE, &before_);
-    rlimit limit = before_;
-    limit.rlim_cur = bytes;
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  FileSizeLimit(const FileSizeLimit&) = delete;
-  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-  ~FileSizeLimit() {
-    ::setrlimit(RLIMIT_FSIZE, &before_);
-    std::signal(SIGXFSZ, signal_);
-  }
-
- private:
-  void (*signal_)(int);
-  rlimit before_{};
-};
-
 TEST_F(DiskFileSystemTest, AFileThatMayNotGrowIsADiskThatIsFull) {
   const std::string path = folder_.path("jazz.MCS");
   const auto file = files_.open(path, OpenMode::create);

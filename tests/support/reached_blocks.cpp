@@ -1,5 +1,5 @@
-// For tools/mutants.py: which blocks of the libraries each test runs. With QUILLBOX_REACHED naming a
-// file, each test is a line of it: name, seconds, offsets of the blocks in the program. The first
+// For tools/mutants.py: which blocks of the libraries each test runs. With QUILLBOX_REACHED naming
+// a file, each test is a line of it: name, seconds, offsets of the blocks in the program. The first
 // line, "*", is of what runs before any test. Blocks that other threads run may be missed.
 
 #include <gtest/gtest.h>
@@ -10,11 +10,11 @@
 #include <string>
 #include <vector>
 
-extern "C" char __executable_start; // of the linker
+extern "C" char __executable_start;  // of the linker
 
 namespace {
 
-constexpr std::size_t largest_program = std::size_t{256} << 20; // bytes
+constexpr std::size_t largest_program = std::size_t{256} << 20;  // bytes
 bool seen[largest_program];
 std::vector<std::uint32_t>* reached = nullptr;
 
@@ -49,7 +49,7 @@ const bool recording = [] {
   return file != nullptr;
 }();
 
-} // namespace
+}  // namespace
 
 // The compiler calls it at the start of every block.
 extern "C" void __sanitizer_cov_trace_pc() {
