@@ -4,7 +4,6 @@
 #include <array>
 #include <span>
 #include <unordered_set>
-#include <utility>
 
 #include "platform/checked16.h"
 #include "platform/paths.h"
@@ -27,13 +26,11 @@ constexpr std::array<LoaderRow, 4> kLoaders = {{
 
 constexpr std::size_t kMostPatterns = 10;
 
-/// Records that are read or written at a time.
-constexpr int kAtOnce = kRecordBlockBytes / sizeof(MediaFileRecord);
-
 /// The names of all items, as stored.
 using Names = std::unordered_set<std::string>;
 
 Names namesOf(RecordFile& file, int count) {
+  constexpr int kAtOnce = kRecordBlockBytes / sizeof(MediaFileRecord);
   Names names;
   std::vector<MediaFileRecord> block;
   for (int item = 1; item <= count; item += kAtOnce) {
@@ -46,58 +43,15 @@ Names namesOf(RecordFile& file, int count) {
   return names;
 }
 
-/// Adds items at the end of a catalogue, a block at a time. Each block is written before the header
-/// that counts it.
-class Appending {
- public:
-  Appending(RecordFile& file, const CollectionKind& kind, LoadedFiles& loaded)
-      : file_(file), loaded_(loaded) {
-    file_.read(kHeaderRecordNumber, bytesOf(header_));
-    loaded_.count = std::max<std::int16_t>(header_.Count, 0);
-    header_.FileType = kind.rules.fileType;
-    header_.Version = kVersionText;
-  }
-
-  void add(const MediaFileRecord& record) {
-    const int count = loaded_.count + static_cast<int>(block_.size()) + 1;
-    if (block_.size() == kAtOnce || count > INT16_MAX) write();
-    checked16(count);
-    block_.push_back(record);
-  }
-
-  /// Writes the block. When that fails, as many of its items are kept as can be written one by one.
-  void write() {
-    const std::vector<MediaFileRecord> block = std::exchange(block_, {});
-    try {
-      write(block);
-    } catch (const RunTimeError&) {
-      ignoringErrors([&] {
-        for (const MediaFileRecord& record : block) write({&record, 1});
-      });
-      throw;
-    }
-  }
-
- private:
-  void write(std::span<const MediaFileRecord> items) {
-    if (items.empty()) return;
-    file_.writeRecords(recordNumberOf(loaded_.count + 1), std::as_bytes(items));
-    header_.Count = checked16(loaded_.count + static_cast<int>(items.size()));
-    file_.write(kHeaderRecordNumber, bytesOf(header_));
-    loaded_.count = header_.Count;
-    loaded_.added += static_cast<int>(items.size());
-  }
-
-  RecordFile& file_;
-  LoadedFiles& loaded_;
-  HeaderRecord header_;
-  std::vector<MediaFileRecord> block_;
-};
-
 void addFiles(RecordFile& file, const CollectionKind& kind, const std::string& folder,
               const std::vector<std::string>& names, Board& board, LoadedFiles& loaded) {
-  Appending items(file, kind, loaded);
+  HeaderRecord header;
+  file.read(kHeaderRecordNumber, bytesOf(header));
+  loaded.count = std::max<std::int16_t>(header.Count, 0);
+  header.FileType = kind.rules.fileType;
+  header.Version = kVersionText;
   Names known = namesOf(file, loaded.count);
+
   const int total = static_cast<int>(names.size());
   for (int done = 0; const std::string& name : names) {
     board.print(name);
@@ -111,9 +65,15 @@ void addFiles(RecordFile& file, const CollectionKind& kind, const std::string& f
     record.FilePath = fromUtf8(folder);
     record.FileSize = 0;  // never filled in
     record.Description = "";
-    items.add(record);
+    const std::int16_t count = checked16(loaded.count + 1);
+    header.Count = count;
+    // The item first: a header never counts an item that is not written. One at a time: when a
+    // header cannot be written, what it counts is never more than one item in doubt.
+    file.write(recordNumberOf(count), bytesOf(record));
+    file.write(kHeaderRecordNumber, bytesOf(header));
+    loaded.count = count;
+    ++loaded.added;
   }
-  items.write();
 }
 
 }  // namespace
