@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Plants small mistakes in src/ at random, one at a time, and says which ones no test notices:
+"""Plants small mistakes in src/ at random, one at a time, and prints those that no test notices:
 mutants.py core|forms COUNT [SEED]. tools/mutants.sh prepares the copy of the tree it works in, which
 is the current folder."""
 
@@ -29,7 +29,7 @@ PAIR = re.compile(r"([({])([\w.\"]+), ([\w.\"]+)([,)}])")
 
 
 def mistakes_of(line):
-    """(what it is, the line with it) for each mistake that can be made in a line of code."""
+    """(description, changed line) for each mistake that can be made in a line of code."""
     code = line.split("//")[0]
     if not code.strip() or code.lstrip().startswith(("#", "static_assert", "namespace", "template", "/")):
         return
@@ -105,7 +105,7 @@ def fails(program, names):
 
 
 def is_noticed(path, part, tests):
-    """Runs the tests of the file first, then those beside them, then all others."""
+    """Runs the tests of the file first, then those in its folder, then all others."""
     stem, folder = path.stem, "/" + path.parent.name + "/"
     for program in PROGRAMS[part]:
         own = [name for name, file in tests[program] if pathlib.Path(file).stem.startswith(stem)]
