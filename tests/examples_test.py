@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Holds the reader in docs/examples/ and docs/file-format.md against each other and against files:
+"""Compares the reader in docs/examples/ with docs/file-format.md, and both with files:
 examples_test.py SOURCE_DIR
 
 Every field of every item of the samples must be what their readable sources say, of the collections
@@ -36,7 +36,7 @@ TYPES = {"whole number": "whole", "flag": "flag", "choice": "choice", "money": "
 
 
 class PageKind:
-    """What the page says of a kind's records."""
+    """The page's description of a kind's records."""
 
     def __init__(self, section, length):
         self.length = length
@@ -109,8 +109,8 @@ def date_of(days):
 
 
 def check_items(path, page, found, expected, value_of):
-    """`expected` are the items by the names of the page; value_of(field, type, entry) turns an
-    entry into what the reader prints."""
+    """`expected` are the items with the names of the page; value_of(field, type, entry) converts
+    an entry to what the reader prints."""
     extension = path.suffix[1:]
     check("%s: Count" % path.name, found["Count"], len(expected))
     check("%s: items" % path.name, len(found["items"]), len(expected))

@@ -319,7 +319,13 @@ class Walk(Program):
         self.wait(lambda: not self.window("dialog"), "Cancel does not close the printer set-up")
         self.wait(lambda: self.choose("Print List"), "there is no menu item Print List")
         dialog = self.dialog("Print List")
-        self.click("OK", dialog)  # the list of printers begins with the PDF document
+        chosen = [each.name for each in self.all({"list item"}, dialog)
+                  if has(each, pyatspi.STATE_SELECTED)]
+        if chosen != ["PDF document"]:  # but a real printer of this machine
+            self.click("Cancel", dialog)
+            self.wait(self.indicator, "no editor comes after a cancelled listing")
+            return
+        self.click("OK", dialog)
         self.wait(lambda: self.window("dialog") and self.one("text", "File"), "no name is asked")
         self.pick(self.folder / "paper.pdf", "Save", "Print List")
         for page in ("Starting Page", "Ending Page"):
@@ -328,6 +334,8 @@ class Walk(Program):
                 self.miss(f"'{page}' offers nothing")
             self.answer("OK")
         self.wait(self.indicator, "no editor comes after printing")
+        if not (self.folder / "paper.pdf").exists():
+            self.miss("no PDF document is written")
 
     def export(self):
         self.wait(lambda: self.choose("Export Data"), "there is no menu item Export Data")

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes what the benchmark printed as the table between the markers of a document.
+"""Writes the output of the benchmark as the table between the markers of a document.
 
 tools/bench_table.py OUTPUT DOCUMENT
 """

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Holds the includes of src/ against the layers of docs/architecture.md; prints violations.
+"""Checks the includes of src/ against the layers in docs/architecture.md; prints violations.
 
 tools/floors.py [COMPILE_COMMANDS]: with the commands of a build, the sources of the core, too, are
 checked, whose headers may include no form.

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Plants small mistakes in src/ at random, one at a time, and says which ones no test notices:
+"""Plants small mistakes in src/ at random, one at a time, and prints those that no test notices:
 mutants.py core|forms COUNT [SEED]. tools/mutants.sh prepares the copy of the tree it works in, which
 is the current folder."""
 
@@ -37,7 +37,7 @@ PAIR = re.compile(r"([({])([\w.\"]+), ([\w.\"]+)([,)}])")
 
 
 def mistakes_of(line):
-    """(what it is, the line with it) for each mistake that can be made in a line of code."""
+    """(description, changed line) for each mistake that can be made in a line of code."""
     code = line.split("//")[0]
     if not code.strip() or code.lstrip().startswith(("#", "static_assert", "namespace", "template", "/")):
         return

@@ -1,4 +1,4 @@
-"""Pages of collections in a real browser, where there is one."""
+"""Pages of collections in a real browser, if there is one."""
 import html
 import re
 import shutil
@@ -17,7 +17,7 @@ HOSTILE = ["<script>document.title='run'</script>", "</td></table><img src=x one
 @unittest.skipUnless(BROWSER, "there is no chromium here")
 class Browser(CliTest):
     def shown(self, script):
-        """The page in the browser, after a script of the test's own has worked it."""
+        """The page in the browser, after a script of the test has run in it."""
         page = (self.folder / "page.html").read_text("utf-8")
         (self.folder / "tried.html").write_text(
             page.replace("</body>", "<script>%s</script></body>" % script), "utf-8")

@@ -1,4 +1,4 @@
-"""What each command of quillbox-cli says and does."""
+"""What each command of quillbox-cli prints and does."""
 import json
 import os
 import signal
@@ -164,7 +164,7 @@ class Export(CliTest):
         self.assertEqual(len(list((self.folder / "real").iterdir())), 1)
 
     def test_the_pages_of_the_samples_are_those_in_the_tree(self):
-        """docs/pages is made by: quillbox-cli export samples/NAME -f html -o docs/pages/NAME.html"""
+        """docs/pages is created by: quillbox-cli export samples/NAME -f html -o docs/pages/NAME.html"""
         samples = sorted((ROOT / "samples").glob("*.?[CP]S"))
         for path in samples:
             out, _ = self.run_it("export", path, "-f", "html")
@@ -192,7 +192,7 @@ class Export(CliTest):
         data = path.read_bytes()
         self.assertEqual([struct.unpack_from("<h", data, 2372 * n + 2188)[0] for n in (1, 2)], [7, 8])
         out, _ = self.run_it("export", "jazz.MCS")
-        # "12" would be read back as another place.
+        # "12" would be read back as another index.
         self.assertIn(b",Wax Cylinder,", out.splitlines()[1])
         self.assertIn(b",8,", out.splitlines()[2])
 

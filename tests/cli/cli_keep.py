@@ -1,4 +1,4 @@
-"""The commands of quillbox-cli that look after a collection: check, restore, undelete, sort."""
+"""The commands of quillbox-cli that maintain a collection: check, restore, undelete, sort."""
 import json
 import struct
 

@@ -1,4 +1,4 @@
-"""What the commands of quillbox-cli that look at all items say: list, loans, doubles, summary."""
+"""The commands of quillbox-cli that read all items: list, loans, doubles, summary."""
 import json
 import struct
 

@@ -1,4 +1,4 @@
-"""What quillbox-cli does on a terminal: progress, colours, and nothing of them anywhere else."""
+"""quillbox-cli on a terminal: progress and colours, which appear nowhere else."""
 import os
 import pty
 import re
@@ -18,7 +18,7 @@ class Terminal(CliTest):
         self.run_it("import", "new.BCS", "rows.csv", "--new")
 
     def on_terminal(self, *arguments, out=True, err=True, status=0, environment=()):
-        """What a terminal gets that is standard output, standard error, or both."""
+        """The output on a terminal as standard output, standard error, or both."""
         ours, theirs = pty.openpty()
         pieces = []
 
@@ -27,7 +27,7 @@ class Terminal(CliTest):
                 while piece := os.read(ours, 65536):
                     pieces.append(piece)
             except OSError:
-                pass  # nobody has the other side any more
+                pass  # the other side is closed
 
         reader = threading.Thread(target=read)
         reader.start()
@@ -41,7 +41,7 @@ class Terminal(CliTest):
         return b"".join(pieces), done
 
     def expect_cleared(self, told):
-        """Nothing stays of a line of progress, and it stands alone."""
+        """No line of progress is left, and none is mixed with other output."""
         for line in told.split(b"\r\n"):
             self.assertNotRegex(line.rsplit(b"\x1b[K", 1)[-1], rb": \d+ of \d+")
             self.assertTrue(b"\x1b[K" not in line or line.startswith(b"\r\x1b[K"), line)

@@ -46,12 +46,12 @@ class CliTest(unittest.TestCase):
 
 
 def as_on_page(text):
-    """Control characters are blanks, and line ends all the same."""
+    """Control characters become blanks, and all line ends the same."""
     return "".join(" " if c < " " and c != "\n" or c == "\x7f" else c for c in text)
 
 
 class Page(HTMLParser):
-    """The cells of the table and what else counts."""
+    """The cells of the table and other contents that matter."""
 
     def __init__(self, text):
         super().__init__()
@@ -85,8 +85,8 @@ class Page(HTMLParser):
 
 
 class RoundTrips(CliTest):
-    """Any bytes in any field: what comes out is what an independent reader finds, and brings nothing
-    about when it comes back."""
+    """Any bytes in any field: an export equals what an independent reader finds, and importing it
+    changes nothing."""
 
     def each(self, wild=True):
         for kind in FORMAT.lengths:
@@ -169,7 +169,7 @@ class RoundTrips(CliTest):
                 self.assertEqual(item.pop("deleted", False), FORMAT.is_deleted(kind, raw))
                 self.expect_item(item, FORMAT.values(kind, raw), number)
             self.expect_untouched(path, data, out)
-            # Written anew by a program of another make.
+            # Written again by another program.
             if b"inf" not in out and b"nan" not in out:
                 again = json.dumps(json.loads(out, parse_float=Decimal), default=float, indent=1)
                 exact = json.loads(out, parse_float=Decimal)
@@ -242,7 +242,7 @@ class RoundTrips(CliTest):
             elif isinstance(wanted, str) and wanted.endswith("T00:00:00"):
                 wanted = wanted[:10]
             elif isinstance(wanted, float) and wanted != wanted:
-                wanted = None  # what is no number is none in a table
+                wanted = None  # in a table it is NULL unless it is a number
             self.assertEqual(found, wanted, (row["item"], name))
         if entries:
             found = database.execute("SELECT position, text FROM entries WHERE item = ?", (row["item"],))
@@ -250,7 +250,7 @@ class RoundTrips(CliTest):
                              {position: text for position, text in entries.items() if text})
 
     def test_html(self):
-        """Every text stands on the page as it is, and nothing but the page's own markup is markup."""
+        """Every text is on the page unchanged, and only the page's own markup is markup."""
         for kind, path, data in self.each():
             out, _ = self.run_it("export", path, "-f", "html")
             page = Page(out.decode("utf-8"))
@@ -264,7 +264,7 @@ class RoundTrips(CliTest):
                 self.assertEqual([row[1] for row in page.rows], [as_on_page(text) for text in texts])
 
     def test_into_a_new_collection(self):
-        """What a collection says makes the same collection anew, down to what text cannot say."""
+        """An export creates the same collection again, except for what text cannot express."""
         for kind, path, data in self.each(wild=False):
             for form in ("csv", "json"):
                 out, _ = self.run_it("export", path, "-f", form)

@@ -20,7 +20,7 @@ def load_reader(root):
 
 
 class Format:
-    """The kinds as the reader and the page of the file format have them."""
+    """The kinds in the reader and in the file format document."""
 
     NAMES = {"MCS": "music", "VCS": "video", "CCS": "comics", "SCS": "software", "BCS": "books",
              "WCS": "wave", "ICS": "midi", "GCS": "graphic", "MPS": "mp3"}

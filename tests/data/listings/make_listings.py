@@ -1,6 +1,6 @@
-"""Makes the listings that golden_listings_test.cpp compares the program's with.
+"""Creates the listings that golden_listings_test.cpp compares the program's with.
 
-To make them again, from anywhere:
+To create them again, from any folder:
 
     python3 tests/data/listings/make_listings.py
 
@@ -46,7 +46,7 @@ BOOK_MEDIA = ["Audio Books", "Brail", "Hardcover", "Paperback"]
 
 
 def stored(value):
-    """The characters of a text field, without the blanks that pad it."""
+    """The characters of a text field, without its padding."""
     if isinstance(value, dict):
         return "\0" * value["nul"]
     return value.rstrip(" ")
@@ -76,7 +76,7 @@ def choice(entries):
 
 
 def date(value):
-    """Month, day and the year in two digits; the time of day behind, unless it is midnight."""
+    """Month, day and a two-digit year, followed by the time of day unless it is midnight."""
     moment = datetime.datetime(1899, 12, 30) + datetime.timedelta(seconds=round(value * 86400))
     assert 1930 <= moment.year <= 2029
     shown = "%d/%d/%02d" % (moment.month, moment.day, moment.year % 100)
@@ -193,7 +193,7 @@ def block(kind, item, position, count):
 
 def pages(kind, items, for_printer):
     """The lines of each page. A block goes to the next page as a whole; the page after one that is
-    exactly full is counted on from what that one held before its last block."""
+    exactly full starts with the line count that it had before its last block."""
 
     def heading(page):
         return PROGRAM + " - %s Collection Printout Page #" % kind.page + number(page)
@@ -223,7 +223,7 @@ def pages(kind, items, for_printer):
 
 
 def sheets(kind, items):
-    """What is printed of a page has no blanks around it, so that a heading is not indented."""
+    """A printed page has no blanks around it, so that a heading is not indented."""
     return ["".join(line + "\n" for line in page).strip(" ") for page in pages(kind, items, True)]
 
 
@@ -239,8 +239,8 @@ def text_file(kind, items):
 
 
 def long_collection():
-    """Albums enough for many pages: a slot in six is empty, every third album is lent, every
-    thirteenth is deleted. Choices go one below and one beyond their lists."""
+    """Enough albums for many pages: one slot in six is empty, every third album is lent, every
+    thirteenth is deleted. Choices range from one below to one past their lists."""
     items = []
     for n in range(1, 41):
         songs = ["Song %d of album %d" % (k, n) if k <= n * 6 % 41 and k % 6 != 0 else ""
@@ -277,7 +277,7 @@ def write(name, kind, items):
 
 
 def main():
-    # Not what music editors refuse, or convert before they can print it.
+    # Without those that the music editor refuses, or converts before it can print them.
     left_out = {"albums-type4.MCS", "type1.MCS"}
     for path in sorted(HERE.parent.glob("*.json")):
         contents = json.loads(path.read_text(encoding="utf-8"))
