@@ -36,7 +36,7 @@ same() { [ "$2" = "$3" ] || fail "$1: \"$2\" where \"$3\" is wanted"; }
 # The tests, with the libraries from where they were built.
 compiler=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-file-name=libstdc++-6.dll)")
 WINEPATH="Z:$QUILLBOX_QT_WINDOWS/install/bin;Z:$compiler;Z:/usr/x86_64-w64-mingw32/lib" \
-  QT_QPA_FONTDIR="Z:/usr/share/fonts/truetype/dejavu" ctest --preset windows-tests
+  QUILLBOX_QT_QPA_FONTDIR="Z:/usr/share/fonts/truetype/dejavu" ctest --preset windows-tests
 
 # The program from its ZIP, in a folder whose name is more than ASCII, beside the program here: the
 # same keys, the same short date form, the same bytes.
