@@ -13,6 +13,7 @@
 #include "forms/recent_collections.h"
 #include "forms/window_places.h"
 #include "platform/disk_file_system.h"
+#include "platform/parent_console.h"
 #include "platform/qt/qt_desktop.h"
 #include "records/version.h"
 #include "shell/modQBX1.h"
@@ -30,10 +31,12 @@ constexpr const char* kUsage =
 bool answeredOnTerminal(int argc, char** argv) {
   if (argc != 2) return false;
   const std::string_view argument = argv[1];
+  if (argument != "--help" && argument != "--version") return false;
+#ifdef Q_OS_WIN
+  quillbox::writeToParentConsole();
+#endif
   if (argument == "--help") return std::fputs(kUsage, stdout) >= 0;
-  if (argument == "--version")
-    return std::puts(quillbox::endingWithVersion("Quillbox ").c_str()) >= 0;
-  return false;
+  return std::puts(quillbox::endingWithVersion("Quillbox ").c_str()) >= 0;
 }
 
 /// What follows the program's name, without the toolkit's own options.

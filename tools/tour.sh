@@ -6,6 +6,7 @@
 set -eu
 here=$(cd "$(dirname "$0")/.." && pwd)
 . "$here/tools/display.sh"
+. "$here/tools/keys.sh"
 
 folder=$1
 shift
@@ -17,46 +18,7 @@ cp -R "$here/samples/media" media
 cp media/Doorbell.wav "media/Another door.wav"
 start_display
 
-# waits WHAT COMMAND...: until the command succeeds; after a minute it fails with a picture of the
-# screen.
-waits() {
-  what=$1
-  shift
-  tries=0
-  until "$@"; do
-    tries=$((tries + 1))
-    if [ "$tries" -gt 300 ]; then
-      import -window root lost.png
-      echo "$what; what is on the screen is in $PWD/lost.png." >&2
-      exit 1
-    fi
-    sleep 0.2
-  done
-}
-has_keys() {
-  for window in $(windows "$1"); do
-    xdotool windowfocus --sync "$window" 2>/dev/null || continue
-    [ "$(xdotool getwindowfocus 2>/dev/null)" = "$window" ] && return 0
-  done
-  return 1
-}
-is_gone() { [ -z "$(windows "$1")" ]; }
 has_size() { [ "$(stat -c %s "$1" 2>/dev/null)" = "$2" ]; }
-
-shown() {
-  waits "There is no window $1" has_keys "$1"
-  sleep 0.5 # the display has given it the keys; until the program itself knows
-}
-keys() { xdotool key --delay 30 "$@"; }
-types() { xdotool type --delay 30 "$1"; }
-# answer TITLE KEY...: answers a box with that title, which must then close.
-answer() {
-  box=$1
-  shown "$box"
-  shift
-  keys "$@"
-  waits "$box stays" is_gone "$box"
-}
 # choose TITLE FILE: in a dialog that asks for a file.
 choose() {
   shown "$1"

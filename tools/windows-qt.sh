@@ -16,7 +16,7 @@ if [ "$(cat source/version 2>/dev/null)" != "$version" ]; then
   rm -rf source build
   mkdir -p fetched
   (cd fetched && fetch_source qt6-base-dev qt6-base "$version")
-  dpkg-source --no-check -x fetched/qt6-base_"$version".dsc source >/dev/null
+  dpkg-source --no-check --no-copy -x fetched/qt6-base_"$version".dsc source >/dev/null
   rm -rf fetched
   echo "$version" >source/version
 fi

@@ -4,6 +4,7 @@
 set -eu
 cd "$(dirname "$0")/.."
 . tools/display.sh
+. tools/keys.sh
 top=$PWD
 work=$PWD/build/windows-try
 rm -rf "$work"
@@ -35,7 +36,7 @@ same() { [ "$2" = "$3" ] || fail "$1: \"$2\" where \"$3\" is wanted"; }
 # The tests, with the libraries from the build folders.
 compiler=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-file-name=libstdc++-6.dll)")
 WINEPATH="Z:$QUILLBOX_QT_WINDOWS/install/bin;Z:$compiler;Z:/usr/x86_64-w64-mingw32/lib" \
-  QT_QPA_FONTDIR="Z:/usr/share/fonts/truetype/dejavu" ctest --preset windows-tests
+  QUILLBOX_QT_QPA_FONTDIR="Z:/usr/share/fonts/truetype/dejavu" ctest --preset windows-tests
 
 # The program from its ZIP, in a folder with a name beyond ASCII, compared with the program here:
 # the same keys, the same short date form, the same bytes.
@@ -93,9 +94,26 @@ for key in .MCS 'Quillbox.music\shell\open\command'; do
 done
 wineserver -k # to go on with a display
 (
+  cd "$work"
   start_display
   wine start /unix "$collection" &
-  wait_for_form '^Music Collection Manager \(my jäzz\.MCS\)$'
+  form='^Music Collection Manager \(my jäzz\.MCS\)$'
+  wait_for_form "$form"
+  answer "$form" ctrl+w
+  answer '^Quillbox V1\.71$' alt+F4
+  # After a start with a collection a new one goes to the root of the drive.
+  root="$WINEPREFIX/drive_c"
+  same "The drive" "$(cd "$root" && wine cmd /c cd | tr -d '\r')" "C:\\"
+  (cd "$root" && exec wine "$installed/quillbox.exe" "$(winepath -w "$collection")") &
+  wait_for_form "$form"
+  answer "$form" ctrl+w
+  shown '^Quillbox V1\.71$'
+  keys ctrl+n
+  shown '^New Collection$'
+  types Rooted
+  keys alt+m
+  answer '^New Collection$' Return
+  waits "Nothing is made in the root" test -s "$root/Rooted.MCS"
 )
 wineserver -k
 wine "$installed/uninstall.exe" /S

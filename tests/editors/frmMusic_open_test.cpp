@@ -6,6 +6,8 @@
 #endif
 
 #include <random>
+#include <string>
+#include <vector>
 
 #include "support/form_fixture.h"
 #include "support/machine.h"
@@ -115,10 +117,14 @@ TEST_F(OpeningMusic, AHeaderOfAnyLengthIsEnoughForAnEmptyCollection) {
 }
 
 TEST_F(OpeningMusic, ShowsTheCaptionExactly) {
-  for (const char* name : {"a[*]b.MCS", "[*][*].MCS", "<b>bold<b>.MCS", "R&B.MCS", "Björk.MCS"}) {
+  std::vector<std::string> names = {"R&B.MCS", "Björk.MCS"};
+#ifndef _WIN32  // where no name has such characters
+  names.insert(names.end(), {"a[*]b.MCS", "[*][*].MCS", "<b>bold<b>.MCS"});
+#endif
+  for (const std::string& name : names) {
     writeFile(path(name), musicFile({album("A")}));
     start({path(name)});
-    EXPECT_EQ(caption(), "Music Collection Manager (" + std::string(name) + ")");
+    EXPECT_EQ(caption(), "Music Collection Manager (" + name + ")");
   }
 }
 

@@ -274,9 +274,11 @@ TEST_F(WaveEditor, LoadingAgainAddsNothing) {
 TEST_F(WaveEditor, AFileOfTheSameNameInAnotherFolderIsNeverAdded) {
   open(catalogue({}));
   addFiles("found", {"one.wav"});
-  addFiles("other", {"one.wav", "One.wav"});
+  addFiles("other", {"one.wav"});
+  addFiles("third", {"One.wav"});  // where capitals make no other name it cannot lie beside one.wav
   loadWaves(path("found/one.wav"));
   loadWaves(path("other/one.wav"));
+  loadWaves(path("third/One.wav"));
   EXPECT_EQ(names(), (std::vector<std::string>{"one.wav", "One.wav"})) << "capitals are distinct";
 }
 

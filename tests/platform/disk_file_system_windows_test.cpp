@@ -122,6 +122,26 @@ TEST_F(WindowsFiles, AFileThatMayOnlyBeReadIsNotChanged) {
   EXPECT_EQ(readFile(path), "kept");
 }
 
+TEST_F(WindowsFiles, APathOfMoreThan260CharactersIsAPathAsAnyOther) {
+  // A real Windows takes it only where the program's manifest and the system's settings say so.
+  const std::string folder =
+      folder_.path(std::string(120, 'a') + "/" + std::string(120, 'b') + "/" + "c");
+  std::filesystem::create_directories(folder);
+  const std::string path = joinPath(folder, "jazz.MCS");
+  files_.open(path, OpenMode::create)->writeAt(0, std::as_bytes(std::span("kept", 4)));
+  EXPECT_EQ(readFile(path), "kept");
+  EXPECT_EQ(openFailure(path, OpenMode::update), Failure{});
+  EXPECT_TRUE(files_.exists(path));
+  files_.setCurrentFolder(folder);
+  EXPECT_EQ(files_.currentFolder(), folder);
+  files_.rename("jazz.MCS", joinPath(folder, "jazz.BAK"));
+  ASSERT_EQ(files_.list(folder).size(), 1U);
+  EXPECT_EQ(files_.list(folder).front().name, "jazz.BAK");
+  EXPECT_EQ(files_.resolvedFolder(folder + "\\."), folder);
+  files_.remove(joinPath(folder, "jazz.BAK"));
+  EXPECT_TRUE(files_.list(".").empty());
+}
+
 TEST_F(WindowsFiles, ADriveThatIsNotThereIsAMissingFolder) {
   const std::string path = "Q:\\jazz.MCS";
   ASSERT_EQ(::GetDriveTypeW(L"Q:\\"), static_cast<UINT>(DRIVE_NO_ROOT_DIR));

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDateTime>
+#include <QDir>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QListView>
@@ -109,7 +110,9 @@ std::optional<std::string> askForFile(const FileDialog& asked, FileDialogMode mo
                                                     : QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   if (!asked.filter.empty()) dialog.setNameFilters(nameFilters(asked.filter));
-  if (!asked.fileName.empty()) dialog.selectFile(fromPath(asked.fileName));
+  // It takes a name off its folder only where both have the toolkit's separators.
+  if (!asked.fileName.empty())
+    dialog.selectFile(QDir::fromNativeSeparators(fromPath(asked.fileName)));
   fitColumns(dialog);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return toNativePath(dialog.selectedFiles().constFirst());

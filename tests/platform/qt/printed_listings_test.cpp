@@ -6,6 +6,7 @@
 #include "forms/about.h"
 #include "platform/qt/qt_printer.h"
 #include "support/form_fixture.h"
+#include "support/machine.h"
 #include "support/printed_pdf.h"
 
 namespace quillbox::test {
@@ -89,6 +90,7 @@ INSTANTIATE_TEST_SUITE_P(Samples, PrintedListing,
 QString characters(const QString& text) { return text.simplified().remove(QLatin1Char(' ')); }
 
 TEST_P(PrintedListing, IsCompleteAndInsideThePaper) {
+  QUILLBOX_NEEDS(pdfReader);
   openSample(GetParam());
   const int count = state_->Count;
   printAll();
