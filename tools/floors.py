@@ -65,9 +65,10 @@ def main():
     if len(sys.argv) > 1:
         commands = json.loads(Path(sys.argv[1]).read_text(encoding="utf-8"))
         for command in commands:
-            if "/quillbox_core.dir/" not in command["command"]:
+            path = Path(command["file"])
+            if "/quillbox_core.dir/" not in command["command"] or not path.is_relative_to(SRC):
                 continue
-            file = Path(command["file"]).relative_to(SRC).as_posix()
+            file = path.relative_to(SRC).as_posix()
             for other in sorted(reached(file, graph, set())):
                 if other.startswith("forms/") or Path(other).name.startswith("frm"):
                     broken.append(f"src/{file} is of the core and reaches {other}")
