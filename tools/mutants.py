@@ -20,6 +20,7 @@ PROGRAMS = {"core": ["core_tests", "form_tests"], "forms": ["form_tests"]}
 FORMS = re.compile(r"src/(forms|panel|shell|platform/qt)/|/frm[^/]*$|src/main\.cpp")
 NOT_HERE = re.compile(r"windows|src/icons/|src/cli/")
 SLOW = 2  # seconds of a test
+MINUTE = 60
 RECORDING = 3600  # seconds of all tests of a program at the most
 # Tests of whole programs; nobody knows which lines they reach.
 OTHERS = ["ctest", "--test-dir", BUILD, "-R", "^(cli|samples|examples)$"]
@@ -90,8 +91,9 @@ def environment(**more):
 
 
 def ends_well(command, seconds, **more):
-    """False when a command fails, goes on for too long or uses too much of the machine."""
+    """False when a command fails, computes for longer than that or uses too much of the machine."""
     def limits():
+        resource.setrlimit(resource.RLIMIT_CPU, (int(seconds) + 1, int(seconds) + 1))
         resource.setrlimit(resource.RLIMIT_AS, (ADDRESSES, ADDRESSES))
         resource.setrlimit(resource.RLIMIT_FSIZE, (FILE_SIZE, FILE_SIZE))
         resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
@@ -101,7 +103,7 @@ def ends_well(command, seconds, **more):
     process = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
                                env=environment(**more), preexec_fn=limits, start_new_session=True)
     try:
-        return process.wait(seconds) == 0
+        return process.wait(MINUTE + 10 * seconds) == 0  # where it only waits
     except subprocess.TimeoutExpired:
         os.killpg(process.pid, signal.SIGKILL)
         process.wait()
@@ -185,7 +187,7 @@ class Tests:
     def pass_(self, names):
         flags = BUILD / "flags"
         flags.write_text("--gtest_filter=" + ":".join(sorted(names)) + "\n")
-        seconds = 30 + 5 * sum(self.seconds[name] for name in names)
+        seconds = 3 + 5 * sum(self.seconds[name] for name in names)
         return ends_well([self.program, f"--gtest_flagfile={flags}", "--gtest_fail_fast"], seconds)
 
 
