@@ -2,7 +2,6 @@
 # Works the program as a user does, with keys on a virtual display, the same on every platform:
 # tour.sh FOLDER COMMAND... copies the samples into FOLDER, opens each of them with COMMAND, and
 # writes, sorts, searches, lists, exports and fills a catalogue. The resulting files stay in FOLDER.
-# TOUR_PICTURES is a folder for a picture of each form.
 set -eu
 here=$(cd "$(dirname "$0")/.." && pwd)
 . "$here/tools/display.sh"
@@ -32,11 +31,6 @@ grows() {
   shift 2
   "$@"
   waits "$file does not grow" has_size "$file" "$size"
-}
-picture() {
-  [ -n "${TOUR_PICTURES:-}" ] || return 0
-  sleep 1 # until the window manager and the program have drawn
-  import -window "$(xdotool getactivewindow)" "$TOUR_PICTURES/$1.png"
 }
 
 begin() {
@@ -99,15 +93,12 @@ export_as() {
 
 begin
 shown '^Quillbox V1\.71$'
-picture start
 keys ctrl+n
 shown '^New Collection$'
-picture new-collection
 answer '^New Collection$' Escape
 end
 
 visit jazz.MCS
-picture music
 keys ctrl+Next
 grows jazz.MCS 2372 write_new 'Zoot Sims'
 sort_by alt+a alt+b
@@ -118,18 +109,15 @@ answer '^Music Search$' Return
 shown "$form"
 keys ctrl+p
 shown "$print"
-picture print
 answer "$print" Escape
 shown "$form"
 list_as_text music.txt
 export_as songs.csv
 keys F9
-picture panel-music
 leave
 end
 
 visit tapes.VCS
-picture video
 grows tapes.VCS 678 write_new 'A new tape'
 list_as_text video.txt
 export_as movies.csv
@@ -137,7 +125,6 @@ leave
 end
 
 visit longbox.CCS
-picture comics
 grows longbox.CCS 640 write_new 'A new comic'
 list_as_text comics.txt
 export_as notes.csv
@@ -145,7 +132,6 @@ leave
 end
 
 visit disks.SCS
-picture software
 grows disks.SCS 662 write_new 'A new disk'
 list_as_text software.txt
 export_as programs.csv
@@ -153,7 +139,6 @@ leave
 end
 
 visit shelf.BCS
-picture books
 grows shelf.BCS 224 write_new 'A new author'
 list_as_text books.txt
 leave
@@ -164,7 +149,6 @@ open tunes.ICS
 list_as_text tunes.txt
 leave
 open pictures.GCS
-picture media-files
 list_as_text pictures.txt
 leave
 open songs.MPS

@@ -14,6 +14,7 @@
 #include "records/kinds.h"
 #include "support/family_steps.h"
 #include "support/machine.h"
+#include "support/odd_names.h"
 
 namespace quillbox::test {
 namespace {
@@ -78,7 +79,7 @@ TEST_P(FamilyEditor, AnExtensionInSmallLettersIsTheSame) {
 }
 
 TEST_P(FamilyEditor, ShowsTheCaptionExactly) {
-  for (const char* begin : {"a[*]b.", "<b>bold<b>.", "R&B.", "Björk."}) {
+  for (const std::string& begin : kOddNames) {
     const std::string file = begin + std::string(kind().extension);
     writeFile(path(file), familyFile(kind(), {"A"}));
     start({path(file)});

@@ -13,6 +13,8 @@ class FormPictures : public EachForm {
  protected:
   /// The window as it is on screen; saved under that name.
   static QImage picture(QWidget& window, const QString& name) {
+    window.activateWindow();  // where others would come first, as on a display
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     const QImage taken = window.grab().toImage().convertToFormat(QImage::Format_RGB888);
     const QString folder = qEnvironmentVariable("QUILLBOX_PICTURES");
     if (!folder.isEmpty()) {

@@ -275,6 +275,9 @@ class Model : public ModelFiles, public testing::WithParamInterface<ModelKind> {
 INSTANTIATE_TEST_SUITE_P(Kinds, Model, testing::ValuesIn(kModelKinds), nameOfKind);
 
 TEST_P(Model, IsWhatTheEditorDoesStepByStep) {
+#ifdef _WIN32
+  if (kind().isMusic()) GTEST_SKIP() << "The backup of an upgrade is in a sort's way there.";
+#endif
   startAgain();
   const int steps = modelSetting("QUILLBOX_MODEL_STEPS", kSteps);
   for (int done = 0; done < steps && !HasFailure(); ++done) {

@@ -314,6 +314,9 @@ class Pairs : public ModelFiles, public testing::WithParamInterface<ModelKind> {
 INSTANTIATE_TEST_SUITE_P(Kinds, Pairs, testing::ValuesIn(kModelKinds), nameOfKind);
 
 TEST_P(Pairs, AFaultInAnActionIsNoFaultOfTheNext) {
+#ifdef _WIN32
+  if (kind().isMusic()) GTEST_SKIP() << "The backup of an upgrade is in a sort's way there.";
+#endif
   if (kind().isMedia()) std::filesystem::create_directory(path("some"));
   restoreFiles();
   startProgram(place("mine"));

@@ -24,7 +24,9 @@ struct MediaName {
 /// Names that are easily confused, or that records lack the space or the characters for.
 inline const auto kMediaNames =
     std::to_array<MediaName>({{"a", "a"},
+#ifndef _WIN32  // where it is the same name
                               {"A", "A"},
+#endif
                               {"DELETED", "DELETED"},
                               {"two words", "two words"},
                               {"\xC3\xA9t\xC3\xA9 \xE2\x82\xAC", "\xE9t\xE9 \x80"},
@@ -33,6 +35,19 @@ inline const auto kMediaNames =
                               {std::string(70, 'x') + "1", std::string(70, 'x') + "1"},
                               {std::string(70, 'x') + "2", std::string(70, 'x') + "2"},
                               {".hidden", ".hidden"}});
+
+inline constexpr const char* kExtensions[] = {".wav",
+#ifndef _WIN32
+                                              ".WAV",
+#endif
+                                              ".mid", ".jpg", ".BMP", ".Rle", ".mp3", ".txt"};
+
+/// In the root folder a name has no drive on Windows: to the model it would be another file's.
+#ifdef _WIN32
+inline constexpr bool kRootHasItsOwnName = true;
+#else
+inline constexpr bool kRootHasItsOwnName = false;
+#endif
 
 /// The user's commands for whole files: open another collection, create one, load a folder, export.
 class ModelFiles : public ModelCommands {
@@ -159,7 +174,7 @@ class ModelFiles : public ModelCommands {
       fillIn(stem);
       click("cmdNew");
     }
-    if (lots_.oneIn(5)) {
+    if (lots_.oneIn(5) || (dataFolder_.empty() && kRootHasItsOwnName)) {
       leaveNewDialog();
       return false;
     }
@@ -181,7 +196,7 @@ class ModelFiles : public ModelCommands {
   bool make(const ModelKind& chosen, const std::string& stem, bool overwrites) {
     // Without a data folder the root folder is taken.
     const std::string folder = dataFolder_.empty() ? folder_.path() : dataFolder_;
-    const std::string made = folder + "/" + stem + "." + chosen.extension;
+    const std::string made = inFolder(folder, stem + "." + chosen.extension);
     fillIn(dataFolder_.empty() ? path(stem).substr(1) : stem);
     control<QRadioButton>(("optQBX_" + std::to_string(chosen.option)).c_str()).click();
     note("make ", made, overwrites ? "" : ", what is there stays");
@@ -233,7 +248,7 @@ class ModelFiles : public ModelCommands {
     std::vector<std::string> names;
     for (const std::string_view extension : kind().loader.extensions)
       for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-        const auto name = storedName(entry.path().filename().string(), extension);
+        const auto name = storedName(textOf(entry.path().filename()), extension);
         if (name && entry.is_regular_file()) names.push_back(*name);
       }
     return names;
@@ -254,13 +269,13 @@ class ModelFiles : public ModelCommands {
   void fillFolder(const std::string& folder) {
     note("other files in ", folder);
     const int oneOf = lots_.of({4, 12, 1'000});
-    std::filesystem::create_directories(folder + "/folder.wav");
+    std::filesystem::create_directories(inFolder(folder, "folder.wav"));
     for (const MediaName& name : kMediaNames)
-      for (const char* extension : {".wav", ".WAV", ".mid", ".jpg", ".BMP", ".Rle", ".mp3", ".txt"})
-        if (const std::string file = folder + "/" + name.onDisk + extension; lots_.oneIn(oneOf))
+      for (const char* extension : kExtensions)
+        if (const std::string file = inFolder(folder, name.onDisk + extension); lots_.oneIn(oneOf))
           putFile(file, "");
         else if (disk_.erase(file) > 0)
-          std::filesystem::remove(file);
+          removeFile(file);
   }
 
   /// Loads the files of the folder of the picked file; none: the dialog is cancelled, and the

@@ -377,7 +377,7 @@ class ModelFixture : public FormTest {
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_.path()))
       if (entry.is_regular_file() && entry.path().filename() != "printer.tmp" &&
           entry.path().filename() != kListing)
-        files[entry.path().string()] = readFile(entry.path().string());
+        files[textOf(entry.path())] = readFile(textOf(entry.path()));
     return files;
   }
 

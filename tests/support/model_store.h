@@ -10,8 +10,21 @@
 
 namespace quillbox::test {
 
+/// On Windows names that differ in capitals alone are the same file's.
+struct PathOrder {
+  static int letter(char character) {
+#ifdef _WIN32
+    if (character >= 'A' && character <= 'Z') return character - 'A' + 'a';
+#endif
+    return character;
+  }
+  bool operator()(const std::string& a, const std::string& b) const {
+    return std::ranges::lexicographical_compare(a, b, {}, letter, letter);
+  }
+};
+
 /// Files as bytes, by their paths.
-using ModelDisk = std::map<std::string, std::string>;
+using ModelDisk = std::map<std::string, std::string, PathOrder>;
 
 /// A path with the part after its first dot replaced. No folder above has a dot in its name.
 inline std::string withEnding(const std::string& path, const std::string& ending) {

@@ -21,12 +21,16 @@ std::filesystem::path asPath(std::string_view path) {
   return std::u8string(path.begin(), path.end());
 }
 
-std::string asText(const std::filesystem::path& path) {
+}  // namespace
+
+std::string textOf(const std::filesystem::path& path) {
   const std::u8string text = path.u8string();
   return {text.begin(), text.end()};
 }
 
-}  // namespace
+std::string inFolder(std::string_view folder, std::string_view name) {
+  return textOf((asPath(folder) / asPath(name)).make_preferred());
+}
 
 TestFolder::TestFolder() : before_(std::filesystem::current_path()) {
   // No dot anywhere in the name: a backup's name is cut at the first dot of a path.
@@ -48,11 +52,9 @@ TestFolder::~TestFolder() {
   std::filesystem::remove_all(folder_);
 }
 
-std::string TestFolder::path() const { return asText(folder_); }
+std::string TestFolder::path() const { return textOf(folder_); }
 
-std::string TestFolder::path(std::string_view name) const {
-  return asText((folder_ / asPath(name)).make_preferred());
-}
+std::string TestFolder::path(std::string_view name) const { return inFolder(path(), name); }
 
 void makeLink(const std::string& file, const std::string& name) {
   if (kMachine.links == nullptr)
@@ -109,6 +111,8 @@ std::string readFile(const std::string& path) {
 void writeFile(const std::string& path, std::string_view bytes) {
   std::ofstream(asPath(path), std::ios::binary) << bytes;
 }
+
+void removeFile(const std::string& path) { std::filesystem::remove(asPath(path)); }
 
 std::string dataFile(std::string_view name) {
   return (std::filesystem::path(QUILLBOX_TEST_DATA) / name).string();

@@ -25,6 +25,12 @@ class TestFolder {
   std::filesystem::path folder_;
 };
 
+/// A path as Quillbox has it: where paths are not bytes they are UTF-8.
+std::string textOf(const std::filesystem::path& path);
+
+/// The name in that folder, with the platform's own separators.
+std::string inFolder(std::string_view folder, std::string_view name);
+
 /// Gives a file a second name: a symbolic link, or a hard one where QUILLBOX_NEEDS(links) would
 /// skip.
 void makeLink(const std::string& file, const std::string& name);
@@ -46,6 +52,7 @@ class OrdinaryUser {
 /// Whole files as bytes. Reading a missing file fails the test.
 std::string readFile(const std::string& path);
 void writeFile(const std::string& path, std::string_view bytes);
+void removeFile(const std::string& path);
 
 /// A file of tests/data.
 std::string dataFile(std::string_view name);

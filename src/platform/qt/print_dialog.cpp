@@ -7,6 +7,7 @@
 #include <QPrinterInfo>
 #include <QPushButton>
 #include <QSpinBox>
+#include <algorithm>
 
 #include "forms/controls.h"
 
@@ -28,7 +29,8 @@ PrintDialog::PrintDialog(const QString& title, What what, QWidget* parent) : QDi
   destination_->addItems(QPrinterInfo::availablePrinterNames());
   const auto usual = destination_->findItems(QPrinterInfo::defaultPrinterName(), Qt::MatchExactly);
   destination_->setCurrentRow(usual.isEmpty() ? 0 : destination_->row(usual.constFirst()));
-  destination_->setFixedHeight(kPrintersShown * fontMetrics().height());
+  destination_->setFixedHeight(
+      std::max(kPrintersShown * fontMetrics().height(), destination_->minimumSizeHint().height()));
   copies_ = new QSpinBox;
   copies_->setObjectName(QStringLiteral("spnCopies"));
   copies_->setAccessibleName(QStringLiteral("Copies:"));
