@@ -21,6 +21,7 @@ if [ -z "$saved" ]; then
     exit 1
   }
   if command -v tellico >/dev/null; then
+    # shellcheck disable=SC2086 # the list is meant to be split
     need $packages_to_picture
     start_display
     echo >>"$saved"
