@@ -12,13 +12,14 @@ import shutil
 import struct
 import subprocess
 import sys
+import time
 from pathlib import Path
 
 import pyatspi
 from gi.repository import GLib
 
-from accessibility_bus import (MEDIA, SAMPLES, Missed, Program, actions_of, cells_of, enabled, has,
-                               labels_of, pause, pump, shows, text_of, walk)
+from accessibility_bus import (MEDIA, SAMPLES, TICK, Missed, Program, actions_of, cells_of, enabled,
+                               has, labels_of, pause, pump, shows, text_of, walk)
 
 INPUTS = {"text", "password text", "spin button", "combo box"}
 CHOICES = {"check box", "radio button"}
@@ -27,6 +28,7 @@ NAMED = INPUTS | CHOICES | BUTTONS | {
     "list", "table", "tree table", "tree", "page tab", "page tab list", "menu item", "tool bar",
     "progress bar", "frame"}
 WINDOWS = {"frame", "dialog", "alert"}
+STEADY = 3  # seconds after which a fault is not about to go
 MANY = 20_000  # items: listing them takes long enough for the progress board to be heard
 
 
@@ -42,12 +44,24 @@ class Walk(Program):
             self.found.append(what)
 
     def check(self, window):
-        """Checks what must hold for every control of any form."""
+        """Checks what must hold for every control of any form. Only what is found again and again
+        counts: a control that goes while it is read has lost its name."""
+        found = self.faults(window)
+        end = time.monotonic() + STEADY
+        while found and time.monotonic() < end:
+            pump(TICK)
+            again = self.faults(window)
+            found = [fault for fault in found if fault in again]
+        for fault in found:
+            self.miss(fault)
+
+    def faults(self, window):
+        found = []
         title = window.name
         if not title:
-            self.miss("a window has no name")
+            found.append("a window has no name")
         if window.getRoleName() not in WINDOWS:
-            self.miss(f"'{title}' is a {window.getRoleName()} instead of a window")
+            found.append(f"'{title}' is a {window.getRoleName()} instead of a window")
         captions = {each.name for each in self.all({"label"}, window) if shows(each)}
         for control in self.all(NAMED, window):
             if control.getRoleName() != "menu item" and not shows(control):
@@ -55,26 +69,29 @@ class Walk(Program):
             role, name = control.getRoleName(), control.name
             what = f"'{title}': {role} '{name}'"
             if not name.strip():
-                self.miss(f"{what} has no name")
+                found.append(f"{what} has no name")
             if role in INPUTS and name not in labels_of(control) | captions:
-                self.miss(f"{what}: no caption has this name")
+                found.append(f"{what}: no caption has this name")
             if role == "combo box":
-                self.check_combo(control, what)
+                found += self.combo_faults(control, what)
             if role in BUTTONS | CHOICES | {"menu item"} and enabled(control) \
                     and not actions_of(control):
-                self.miss(f"{what} has no action")
+                found.append(f"{what} has no action")
         for list_ in self.all({"list"}, window):
             if shows(list_) and list_.childCount and not any(
                     has(item, pyatspi.STATE_SELECTED) or has(item, pyatspi.STATE_FOCUSED)
                     for item in list_):
-                self.miss(f"'{title}': list '{list_.name}' does not show what is selected")
+                found.append(f"'{title}': list '{list_.name}' does not show what is selected")
+        return found
 
-    def check_combo(self, combo, what):
+    def combo_faults(self, combo, what):
+        found = []
         entries = [each.name for role, each in walk(combo) if role == "list item"]
         if not entries:
-            self.miss(f"{what} has no entries")
+            found.append(f"{what} has no entries")
         if combo.description and combo.description not in entries:
-            self.miss(f"{what} says '{combo.description}', which is no entry")
+            found.append(f"{what} says '{combo.description}', which is no entry")
+        return found
 
     def answer(self, button):
         """Answers the visible box, which must be readable."""

@@ -63,7 +63,8 @@ class Move {
       return files_.rename(file(), backup);
     } catch (const RunTimeError& error) {
       const bool inTheWay = error.number() == ErrorNumber::fileAlreadyExists;
-      if (!inTheWay || old_ == OldBackup::stopsTheWork || leadsThrough(backup)) throw;
+      if (!inTheWay || old_ == OldBackup::stopsTheWork || leadsThrough(backup) || !isListed(backup))
+        throw;
     }
     // The old backup may be the only durable copy of what the file holds.
     files_.open(file(), OpenMode::read)->flush();
@@ -89,6 +90,13 @@ class Move {
   bool leadsThrough(const std::string& backup) {
     return std::ranges::any_of(
         names_, [&](const std::string& name) { return isSameName(files_, name, backup); });
+  }
+
+  /// False for a file whose name differs in capitals: on a disk that ignores case, a sort of
+  /// another collection may have left it.
+  bool isListed(const std::string& backup) {
+    const Place place = placeOf(backup);
+    return std::ranges::count(files_.list(place.folder), place.name, &FolderEntry::name) > 0;
   }
 
   FileSystem& files_;

@@ -43,8 +43,9 @@ BackupNames backupNames(FileSystem& files, const std::string& path, const std::s
 /// under its own name cut at the first dot.
 ///
 /// Run-time error 58, with nothing done, when the backup's name is taken and `stopsTheWork` is
-/// given, or when it is one of the names that lead to the file. Otherwise whatever has that name (a
-/// link itself) is deleted, after the file was flushed to the disk.
+/// given, when it is one of the names that lead to the file, or when what has it is listed in other
+/// capitals. Otherwise whatever has that name (a link itself) is deleted, after the file was
+/// flushed to the disk.
 MovedFile moveToBackup(FileSystem& files, const std::string& path, std::string_view ending,
                        OldBackup old);
 

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/ascii.h"
+#include "platform/disk_file_system.h"
 #include "records/navigation.h"
 #include "support/counting_store.h"
 #include "support/failing_files.h"
@@ -423,7 +425,9 @@ TEST_F(UpgradeMusicFile, AfterAnyFailureTheOldFileIsWholeUnderOneOfItsTwoNames) 
         }
         ++failures;
         EXPECT_EQ(failure.number, 61);
-        EXPECT_TRUE(failure.file == path_ || failure.file == backup_) << failure.file;
+        EXPECT_TRUE(failure.file == path_ || failure.file == backup_ ||
+                    failure.file == folder_.path(""))
+            << failure.file;
         // Half a file is never taken for a complete one of the current type.
         if (std::filesystem::exists(path_) && file().size() < upgraded(old, 0).size()) {
           EXPECT_NE(open(), MusicFileState::current);
@@ -477,6 +481,56 @@ TEST_F(UpgradeMusicFile, AnOldBackupOutlivesACollectionThatCannotBeFlushed) {
   const Failure failure = failureOf([&] { upgradeMusicFile(state_.files, state_); });
   EXPECT_EQ(failure.number, 57);
   EXPECT_EQ(failure.file, path_);
+  EXPECT_TRUE(file() == old);
+  EXPECT_EQ(readFile(backup_), "the old backup");
+}
+
+/// A disk on which names that differ in capitals are one name.
+class OneCaseFiles : public DiskFileSystem {
+ public:
+  void rename(const std::string& from, const std::string& to) override {
+    if (std::filesystem::exists(spelled(to)))
+      throw RunTimeError(ErrorNumber::fileAlreadyExists, to);
+    DiskFileSystem::rename(spelled(from), to);
+  }
+  void remove(const std::string& path) override { DiskFileSystem::remove(spelled(path)); }
+
+ private:
+  static std::string spelled(const std::string& path) {
+    for (const auto& entry : std::filesystem::directory_iterator(parentOf(path)))
+      if (std::ranges::equal(entry.path().string(), path, {}, asciiCapital, asciiCapital))
+        return entry.path().string();
+    return path;
+  }
+  static std::filesystem::path parentOf(const std::string& path) {
+    return std::filesystem::path(path).parent_path();
+  }
+};
+
+/// "jazz.bak" is all that is left of another collection whose sort failed.
+TEST_F(UpgradeMusicFile, DeletesOnlyABackupOfItsOwnSpelling) {
+  const std::string old = readFile(dataFile("albums-type4.MCS"));
+  const std::string ofASort = folder_.path("jazz.bak");
+  OneCaseFiles files;
+  AppState state{files};
+  state.currentPath = path_;
+  writeFile(path_, old);
+  writeFile(ofASort, "books");
+  EXPECT_EQ(failureOf([&] { upgradeMusicFile(state.files, state); }), (Failure{58, backup_}));
+  EXPECT_TRUE(file() == old);
+  EXPECT_EQ(readFile(ofASort), "books");
+  std::filesystem::rename(ofASort, folder_.path("moved away"));
+  writeFile(backup_, "the old backup");
+  EXPECT_EQ(failureOf([&] { upgradeMusicFile(state.files, state); }), Failure{});
+  EXPECT_TRUE(readFile(backup_) == old);
+}
+
+TEST_F(UpgradeMusicFile, AFolderThatCannotBeListedKeepsAnOldBackup) {
+  const std::string old = readFile(dataFile("albums-type4.MCS"));
+  writeFile(path_, old);
+  writeFile(backup_, "the old backup");
+  files_.failNth(FileOperation::list, 0, ErrorNumber::deviceIo);
+  EXPECT_EQ(failureOf([&] { upgradeMusicFile(state_.files, state_); }).number, 57);
   EXPECT_TRUE(file() == old);
   EXPECT_EQ(readFile(backup_), "the old backup");
 }

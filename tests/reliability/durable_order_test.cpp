@@ -109,8 +109,8 @@ TEST_F(DurableOrder, AnUpgradeRemovesAnEarlierBackupWhenTheCollectionIsOnTheDisk
     upgradeMusicFile(state_.files, state_);
     Texts expected = {"linkTarget mine.MCS", "rename mine.MCS"};
     if (hasBackup)
-      expected.insert(expected.end(),
-                      {"open mine.MCS", "flush mine.MCS", "remove mine.BAK", "rename mine.MCS"});
+      expected.insert(expected.end(), {"list ", "open mine.MCS", "flush mine.MCS",
+                                       "remove mine.BAK", "rename mine.MCS"});
     expected.insert(
         expected.end(),
         {"open mine.BAK", "make mine.MCS", "read mine.BAK", "write mine.MCS", "read mine.BAK",
