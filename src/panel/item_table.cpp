@@ -105,17 +105,17 @@ QString ItemTable::asText(const std::vector<int>& items) {
 
 QString ItemTable::sumsOf(const std::vector<int>& items) {
   const CollectionKind& kind = store_.kind();
-  const auto [cost, worth] = priceFieldsOf(kind);
-  if (cost == nullptr) return {};
+  const PriceFields prices = priceFieldsOf(kind);
+  if (prices.cost == nullptr) return {};
   AmountSum costs;
   AmountSum worths;
   store_.ReadRecords(items, [&](int, std::span<const std::byte> record) {
-    costs.add(priceOf(*cost, record));
-    worths.add(priceOf(*worth, record));
+    costs.add(priceOf(*prices.cost, record));
+    worths.add(priceOf(*prices.worth, record));
   });
   return QStringLiteral("%1 %2, %3 %4")
-      .arg(fromUtf8Text(columnOf(kind, *cost)->name), fromUtf8Text(costs.text()),
-           fromUtf8Text(columnOf(kind, *worth)->name), fromUtf8Text(worths.text()));
+      .arg(fromUtf8Text(columnOf(kind, *prices.cost)->name), fromUtf8Text(costs.text()),
+           fromUtf8Text(columnOf(kind, *prices.worth)->name), fromUtf8Text(worths.text()));
 }
 
 int ItemTable::rowCount(const QModelIndex& parent) const {

@@ -1,5 +1,7 @@
 #define WIN32_LEAN_AND_MEAN
+#ifndef NOMINMAX  // the standard library's headers may have it, too
 #define NOMINMAX
+#endif
 #include <windows.h>
 #include <winioctl.h>
 

@@ -102,7 +102,7 @@ TEST_P(ItemOrderTest, IsTheModelsByEveryInputUpAndDown) {
 TEST_P(ItemOrderTest, AListIsOrderedByItsFilledEntries) {
   if (kind().list.entries == 0) return;
   std::vector<std::string> items;
-  for (const std::size_t filled : {3, 0, 5, 3, 1}) {
+  for (const std::size_t filled : {3U, 0U, 5U, 3U, 1U}) {
     std::string item = familyItem(kind(), "");
     for (std::size_t entry = 0; entry < filled; ++entry)
       item[kind().list.offset + entry * 50] = 'x';

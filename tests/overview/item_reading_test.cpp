@@ -143,7 +143,7 @@ TEST_P(ItemReadingTest, AFileThatComesBackIsReadOn) {
 }
 
 TEST_P(ItemReadingTest, AFileThatIsCutKeepsWhatWasRead) {
-  for (const std::size_t left : {0, 3, 4, 6}) {
+  for (const std::size_t left : {0U, 3U, 4U, 6U}) {
     SCOPED_TRACE(left);
     make(10);
     found_.clear();

@@ -89,7 +89,7 @@ class FileAccess : public testing::Test {
 };
 
 TEST_F(FileAccess, ANewFileHasTheOldOnesMode) {
-  for (const mode_t mode : {0600, 0640, 0644, 0660, 0664, 0666, 0400, 0444, 0755}) {
+  for (const mode_t mode : {0600U, 0640U, 0644U, 0660U, 0664U, 0666U, 0400U, 0444U, 0755U}) {
     setMode(mode);
     std::filesystem::remove(new_);
     files_.make(new_, old_)->close();

@@ -174,9 +174,9 @@ TEST_F(TextWriterTest, WhoeverEndsWithoutClosingLeavesNothingOpen) {
 
 TEST_F(TextWriterTest, AFileThatCannotBeOpenedIsAnError) {
   std::filesystem::create_directory("folder");
-  const std::pair<const char*, int> rows[] = {{"", 53}, {"missing/list.txt", 76}, {"folder", 75}};
-  for (const auto& [name, number] : rows) {
-    EXPECT_EQ(failureOf([&] { TextWriter(open_, name, kNumber); }), (Failure{number, name}));
+  for (const Failure& failure :
+       {Failure{53, ""}, Failure{76, "missing/list.txt"}, Failure{75, "folder"}}) {
+    EXPECT_EQ(failureOf([&] { TextWriter(open_, failure.file, kNumber); }), failure);
     EXPECT_FALSE(open_.isOpen(kNumber));
   }
 }

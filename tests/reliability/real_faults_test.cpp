@@ -204,7 +204,7 @@ TEST_F(FullDisk, AnUpgradeLeavesTheOldFileUnderItsBackup) {
 
 TEST_F(FullDisk, AnExportStops) {
   const std::string target = folder_.path("out.txt");
-  for (const rlim_t size : {0, 100, 3000}) {
+  for (const rlim_t size : {0U, 100U, 3000U}) {
     EXPECT_EQ(withFilesUpTo(size, [&] { exportTo(target); }), (Outcome{{61, target}, kItems}));
     expectUntouched();
   }
@@ -232,7 +232,7 @@ TEST_F(FullDisk, AListingStopsAndKeepsItsPages) {
 
 TEST_F(FullDisk, AListingWhosePagesCannotBeWrittenIsAnError) {
   const std::string target = folder_.path("list.txt");
-  for (const rlim_t size : {0, 100, 6000}) {
+  for (const rlim_t size : {0U, 100U, 6000U}) {
     EXPECT_EQ(withFilesUpTo(size, [&] { listTo(target); }), (Outcome{{61, "printer.tmp"}, kItems}));
     expectUntouched();
   }

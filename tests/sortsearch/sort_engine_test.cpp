@@ -290,7 +290,7 @@ TEST_F(SortEngine, AsManyItemsAsHaveRoomAreSorted) {
   put(kSoftware, items);
   sort(kSoftware.ticks({3}));
   EXPECT_EQ(state_.Count, count);
-  std::ranges::rotate(items, items.begin() + 1);
+  std::rotate(items.begin(), items.begin() + 1, items.end());
   expectOnlyTheCollection(sortFile(kSoftware, items));
 }
 
