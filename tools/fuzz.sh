@@ -7,7 +7,7 @@ cd "$(dirname "$0")/.."
 . tools/setup.sh
 
 # shellcheck disable=SC2086 # the lists are meant to be split
-need $packages_to_build $packages_to_fuzz
+need $packages_to_build $packages_to_sanitize
 build fuzz
 
 seconds=${1:-20}

@@ -16,15 +16,17 @@ import subprocess
 import sys
 
 BUILD = pathlib.Path("build")
+RECORDING = pathlib.Path("recording")  # of which lines the tests reach
 PROGRAMS = {"core": ["core_tests", "form_tests"], "forms": ["form_tests"]}
 FORMS = re.compile(r"src/(forms|panel|shell|platform/qt)/|/frm[^/]*$|src/main\.cpp")
 NOT_HERE = re.compile(r"windows|src/icons/|src/cli/")
 SLOW = 2  # seconds of a test
 MINUTE = 60
-RECORDING = 3600  # seconds of all tests of a program at the most
+HOUR = 3600  # seconds; more than all tests of a program take
 # Tests of whole programs; nobody knows which lines they reach.
 OTHERS = ["ctest", "--test-dir", BUILD, "-R", "^(cli|samples|examples)$"]
-TEMPORARY = pathlib.Path("/tmp/quillbox-mutants")  # a short path, as usual
+# A short path, as usual, where nobody waits for a disk.
+TEMPORARY = pathlib.Path("/dev/shm/mutants")
 ADDRESSES, FILE_SIZE = 16 << 30, 1 << 30  # bytes; a mistake may be that something never ends
 
 EXCHANGED = {
@@ -118,8 +120,8 @@ def state_of_sources():
     return found.hexdigest()
 
 
-def builds(target):
-    return subprocess.run(["cmake", "--build", BUILD, "--target", target],
+def builds(target, folder=BUILD):
+    return subprocess.run(["cmake", "--build", folder, "--target", target],
                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
 
 
@@ -130,11 +132,13 @@ class Tests:
         self.program = BUILD / "tests" / program
         self.seconds = {}  # of each test
         self.reaching = {}  # file -> line -> names of tests
-        listing, record = BUILD / f"{program}.json", BUILD / f"{program}.reached"
-        stamp = BUILD / f"{program}.stamp"
+        recorded = RECORDING / "tests" / program
+        listing, record = RECORDING / f"{program}.json", RECORDING / f"{program}.reached"
+        stamp = RECORDING / f"{program}.stamp"
         if not stamp.exists() or stamp.read_text() != state_of_sources():
-            command = [self.program, f"--gtest_output=json:{listing}"]
-            if not ends_well(command, RECORDING, QUILLBOX_REACHED=str(record)):
+            command = [recorded, f"--gtest_output=json:{listing}"]
+            if not builds(program, RECORDING) or not ends_well(
+                    command, HOUR, QUILLBOX_REACHED=str(record)):
                 sys.exit(f"{program} fails as it is.")
             stamp.write_text(state_of_sources())
         suites = json.loads(listing.read_text())["testsuites"]
@@ -149,7 +153,7 @@ class Tests:
                     names_of.setdefault(offset, []).append(name)
         self.seconds.pop("*")
         offsets = list(names_of)
-        places = subprocess.run(["addr2line", "-e", self.program], input="\n".join(offsets), text=True,
+        places = subprocess.run(["addr2line", "-e", recorded], input="\n".join(offsets), text=True,
                                 capture_output=True, check=True).stdout.splitlines()
         for offset, place in zip(offsets, places):
             file, _, line = place.split(" ")[0].rpartition(":")

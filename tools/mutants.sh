@@ -12,8 +12,9 @@ rm -rf "$copy/src"
 mkdir -p "$copy"
 git archive HEAD | tar -x -C "$copy"
 cd "$copy"
-# Warnings are not errors here: a mistake may leave a name unused. What is built hundreds of times is
-# built as fast as possible.
-cmake --preset dev -B build -DQUILLBOX_REACHED=ON -DCMAKE_COMPILE_WARNING_AS_ERROR=OFF \
-  -DCMAKE_CXX_FLAGS_DEBUG='-O0 -g1' -DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld >/dev/null
+# What is built hundreds of times is built and run as fast as possible. Warnings are not errors: a
+# mistake may leave a name unused.
+cmake --preset dev -B build -DQUILLBOX_QUICK_CORE=ON -DCMAKE_CXX_FLAGS_DEBUG=-O0 \
+  -DCMAKE_COMPILE_WARNING_AS_ERROR=OFF -DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld >/dev/null
+cmake --preset dev -B recording -DQUILLBOX_REACHED=ON -DCMAKE_CXX_FLAGS_DEBUG=-g1 >/dev/null
 exec python3 tools/mutants.py "$@"

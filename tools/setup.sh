@@ -8,7 +8,7 @@ packages_to_picture="xvfb openbox xdotool imagemagick"
 packages_to_package="appstream dbus desktop-file-utils dpkg-dev file fish groff-base
   libfile-mimeinfo-perl libglib2.0-bin libxml2-utils lintian man-db shared-mime-info x11-utils xdg-utils zsh"
 packages_to_hear="at-spi2-core dbus openbox python3-pyatspi xdotool xvfb"
-packages_to_fuzz="clang libclang-rt-14-dev"
+packages_to_sanitize="clang libclang-rt-14-dev"
 packages_to_check="clang-format git"
 packages_to_cover="gcovr"
 packages_to_tidy="clang-tidy"

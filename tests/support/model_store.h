@@ -10,18 +10,19 @@
 
 namespace quillbox::test {
 
-/// On Windows names that differ in capitals alone are the same file's.
-struct PathOrder {
-  static int letter(char character) {
 #ifdef _WIN32
-    if (character >= 'A' && character <= 'Z') return character - 'A' + 'a';
-#endif
-    return character;
+/// Names that differ in capitals alone are the same file's.
+struct PathOrder {
+  static char small(char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
   }
   bool operator()(const std::string& a, const std::string& b) const {
-    return std::ranges::lexicographical_compare(a, b, {}, letter, letter);
+    return std::ranges::lexicographical_compare(a, b, {}, small, small);
   }
 };
+#else
+using PathOrder = std::less<std::string>;
+#endif
 
 /// Files as bytes, by their paths.
 using ModelDisk = std::map<std::string, std::string, PathOrder>;

@@ -21,6 +21,8 @@
 #include <algorithm>
 #include <filesystem>
 #include <functional>
+#include <set>
+#include <string>
 
 #include "forms/qt_text.h"
 #include "forms/text_box.h"
@@ -292,15 +294,18 @@ QList<QLocale> allLocales() {
 TEST_F(QtDesktopTest, ADateOfEveryLocaleIsReadBackThroughTheCharactersOfARecord) {
   const QDate dayZero(1899, 12, 30);
   ASSERT_GT(allLocales().size(), 500);
+  std::set<std::string> forms;
   for (const QLocale& locale : allLocales()) {
     SCOPED_TRACE(locale.name().toStdString());
     const std::string form = shortDateForm(locale);
+    const bool isNew = forms.insert(form).second;
     TextBox box(50);
     for (int day = 2; day < 73'000; day += 97) {
       const double date = day + (day % 2 == 0 ? 0.0 : (day % 86'400) / 86'400.0);
-      box.showText(fromRecordText(dateText(date, form)));
-      ASSERT_EQ(dateOf(toRecordText(box.text()), form), date) << box.text().toStdString();
-
+      if (isNew) {
+        box.showText(fromRecordText(dateText(date, form)));
+        ASSERT_EQ(dateOf(toRecordText(box.text()), form), date) << box.text().toStdString();
+      }
       const std::string today = shortDateText(locale, dayZero.addDays(day));
       ASSERT_EQ(toUtf8(fromUtf8(today)), today);
       ASSERT_EQ(dateOf(fromUtf8(today), form), day) << today;
