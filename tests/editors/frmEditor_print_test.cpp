@@ -230,7 +230,7 @@ TEST_P(PrintList, TheEditorMakesWayForTheBoardBehindThePrintDialog) {
       EXPECT_FALSE(shown.isVisible());
       EXPECT_TRUE(board.isVisible());
       const auto* lines = board.findChild<QLabel*>("lblLines");
-      EXPECT_TRUE(QTest::qWaitFor([&] { return lines->text() == "Starting Print Routine..."; }))
+      EXPECT_TRUE(waitFor([&] { return lines->text() == "Starting Print Routine..."; }))
           << lines->text().toStdString();
     };
   };

@@ -128,7 +128,7 @@ TEST_P(EachTyped, TextIsOfferedOnce) {
 TEST_P(EachTyped, TextIsKeptWhileItStandsOnTheForm) {
   open({item("One")});
   typeOther("Typed");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return keptFiles() == 1; }));
+  EXPECT_TRUE(waitFor([&] { return keptFiles() == 1; }));
   // As after a kill: the program is not told of its end.
   reopen();
   EXPECT_EQ(status(), "Text typed for item 1 was not written");
@@ -141,9 +141,9 @@ TEST_P(EachTyped, TextThatIsTypedBackIsNotKept) {
   open({item("One"), item("Two")});
   const std::string before = other();
   typeOther("Typed");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return keptFiles() == 1; }));
+  EXPECT_TRUE(waitFor([&] { return keptFiles() == 1; }));
   typeOther(before.c_str());
-  EXPECT_TRUE(QTest::qWaitFor([&] { return keptFiles() == 0; }));
+  EXPECT_TRUE(waitFor([&] { return keptFiles() == 0; }));
   press(kind().buttons.next);
   EXPECT_FALSE(isOffered("cmdBringBack"));
 }
@@ -433,7 +433,7 @@ TEST_F(MusicTyped, APastedTrackListIsKeptWhileItStandsOnThePage) {
   QApplication::clipboard()->setText(QStringLiteral("First\nSecond"));
   box("txtSongTitle_0").setFocus();
   QTest::keyClick(&box("txtSongTitle_0"), Qt::Key_V, Qt::ControlModifier);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return keptFiles() == 1; }));
+  EXPECT_TRUE(waitFor([&] { return keptFiles() == 1; }));
   start({collectionPath()});  // as after a kill
   press("cmdBringBack");
   choose("EditSongs");
@@ -520,7 +520,7 @@ TEST_F(MusicTyped, TextOutlastsAKill) {
   program.start(QCoreApplication::applicationFilePath(),
                 {QStringLiteral("--gtest_filter=MusicTyped.DISABLED_WaitsToBeKilled"),
                  QStringLiteral("--gtest_also_run_disabled_tests")});
-  ASSERT_TRUE(QTest::qWaitFor([&] { return keptFiles() == 1; }, 60'000));
+  ASSERT_TRUE(waitFor([&] { return keptFiles() == 1; }));
   program.kill();
   ASSERT_TRUE(program.waitForFinished());
   EXPECT_EQ(program.exitStatus(), QProcess::CrashExit);

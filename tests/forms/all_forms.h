@@ -247,7 +247,7 @@ class AllForms : public FormTest {
   void waitForPanel() {
     const auto* told = form().findChild<QLabel*>(QStringLiteral("lblItems"));
     if (told == nullptr) return;
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !told->text().endsWith(QStringLiteral(" read")); }));
+    EXPECT_TRUE(waitFor([&] { return !told->text().endsWith(QStringLiteral(" read")); }));
   }
 
   void openCollection(const char* extension, Look::Content content) {
@@ -338,7 +338,7 @@ class AllForms : public FormTest {
     constexpr int pages = 30;
     board.progress(lines, pages);
     const auto* bar = board.findChild<QProgressBar*>(QStringLiteral("barProgress"));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return bar->value() == lines; }));
+    EXPECT_TRUE(waitFor([&] { return bar->value() == lines; }));
     return board;
   }
 

@@ -37,7 +37,7 @@ class PanelTest : public EditorTest {
 
   /// Until everything has been read.
   void read() {
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !told().ends_with(" read"); }));
+    EXPECT_TRUE(waitFor([&] { return !told().ends_with(" read"); }));
     for (int turn = 0; turn < 20; ++turn) QApplication::processEvents();
   }
   std::string told() { return label("lblItems"); }

@@ -107,7 +107,7 @@ class Preview : public EditorTest {
     EXPECT_EQ(tabs.tabText(tabs.currentIndex()).toStdString(), caption);
   }
   bool isSaid(const std::string& text) {
-    return QTest::qWaitFor([&] { return label("lblSays").starts_with(text); });
+    return waitFor([&] { return label("lblSays").starts_with(text); });
   }
   void putPicture(const char* name) {
     QImage image(20, 10, QImage::Format_RGB32);
@@ -147,7 +147,7 @@ TEST_F(Preview, ListsFilesThatAreGone) {
   open({fileItem("a.png"), fileItem("b.png"), fileItem("DELETED")});
   openTab("Missing Files");
   auto& tree = *control<QTabWidget>("Panel").currentWidget()->findChild<QTreeView*>();
-  ASSERT_TRUE(QTest::qWaitFor([&] { return tree.model()->rowCount() == 2; }));
+  ASSERT_TRUE(waitFor([&] { return tree.model()->rowCount() == 2; }));
   const QAbstractItemModel& rows = *tree.model();
   EXPECT_EQ(rows.data(rows.index(1, 0)).toString().toStdString(), "2");
   EXPECT_EQ(rows.data(rows.index(1, 1)).toString().toStdString(), path("b.png"));

@@ -50,12 +50,12 @@ TEST_F(ProgressBoard, ShowsItsCaptionAndLines) {
   EXPECT_EQ(board().windowTitle(), "Loading Data");
   board().print("first <b>");
   board().print("last");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return lines() == "first <b>\nlast"; }));
+  EXPECT_TRUE(waitFor([&] { return lines() == "first <b>\nlast"; }));
   board().setBoardCaption("Writing File...");
   EXPECT_EQ(board().windowTitle(), "Writing File...");
   board().clear();
   board().print("again");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return lines() == "again"; }));
+  EXPECT_TRUE(waitFor([&] { return lines() == "again"; }));
   board().close();
   EXPECT_FALSE(board().isVisible());
 }
@@ -69,7 +69,7 @@ TEST_F(ProgressBoard, BeginsWithoutTheLinesOfTheWorkBefore) {
   EXPECT_EQ(lines(), "");
   EXPECT_TRUE(bar().isHidden());
   board().print("new");
-  EXPECT_TRUE(QTest::qWaitFor([this] { return lines() == "new"; })) << lines();
+  EXPECT_TRUE(waitFor([this] { return lines() == "new"; })) << lines();
 }
 
 TEST_F(ProgressBoard, IsRepaintedOnlyAsOftenAsAnEyeCanFollow) {
@@ -81,7 +81,7 @@ TEST_F(ProgressBoard, IsRepaintedOnlyAsOftenAsAnEyeCanFollow) {
   for (int i = 0; i < manyLines; ++i) board().print("line " + std::to_string(i));
   // One repaint for each thirtieth of a second, and one at the start.
   EXPECT_LE(paints.count, elapsed.elapsed() / 30 + 2);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return lines().ends_with("line 19999"); }))
+  EXPECT_TRUE(waitFor([&] { return lines().ends_with("line 19999"); }))
       << "the last line is always shown";
 }
 
@@ -89,7 +89,7 @@ TEST_F(ProgressBoard, ShowsHowFarWorkOfAKnownLengthIs) {
   board().open("Loading Data");
   EXPECT_TRUE(bar().isHidden()) << "work of unknown length has no bar";
   board().progress(3, 12);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !bar().isHidden(); }));
+  EXPECT_TRUE(waitFor([&] { return !bar().isHidden(); }));
   EXPECT_EQ(bar().maximum(), 12);
   EXPECT_EQ(bar().value(), 3);
   EXPECT_FALSE(bar().accessibleName().isEmpty());

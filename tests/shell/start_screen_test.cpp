@@ -304,7 +304,7 @@ TEST_F(FullStartScreen, SaysByTheKeyboardAndToAssistiveTechnologyWhatItPutsBack)
   form().activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&form()));
   QTest::keyClick(form().focusWidget(), Qt::Key_P, Qt::AltModifier);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return std::filesystem::exists(path("shelf.BCS")); }));
+  EXPECT_TRUE(waitFor([&] { return std::filesystem::exists(path("shelf.BCS")); }));
 }
 
 TEST_F(FullStartScreen, PutsNothingOverACollectionThatHasComeMeanwhile) {

@@ -10,3 +10,14 @@
 #undef QTRY_VERIFY_WITH_TIMEOUT
 #undef QTRY_COMPARE
 #undef QTRY_COMPARE_WITH_TIMEOUT
+
+namespace quillbox::test {
+
+/// Waits until that is so: a moment, but longer on a busy machine than the library would wait.
+template <typename Condition>
+bool waitFor(Condition condition) {
+  constexpr int milliseconds = 60'000;
+  return QTest::qWaitFor(condition, milliseconds);
+}
+
+}  // namespace quillbox::test

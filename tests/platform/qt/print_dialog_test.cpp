@@ -131,7 +131,7 @@ TEST_F(PrintDialogTest, EachInputHasItsAccessKey) {
   accessKey(Qt::Key_P);
   EXPECT_TRUE(printers(dialog_).hasFocus());
   accessKey(Qt::Key_F);
-  EXPECT_TRUE(QTest::qWaitFor([this] { return dialog_.toTextFile(); }));
+  EXPECT_TRUE(waitFor([this] { return dialog_.toTextFile(); }));
 }
 
 TEST_F(PrintDialogTest, EnterAcceptsAndEscapeRejectsFromEveryInput) {

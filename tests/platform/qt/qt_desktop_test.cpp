@@ -238,7 +238,7 @@ TEST_F(QtDesktopTest, TheOpenDialogListsFilesWhateverTheirCapitals) {
     dialog.setDirectory(QString::fromStdString(folder.path()));
     auto* list = dialog.findChild<QListView*>("listView");
     ASSERT_NE(list, nullptr);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == 1; }));
+    EXPECT_TRUE(waitFor([&] { return list->model()->rowCount(list->rootIndex()) == 1; }));
     key(dialog, Qt::Key_Escape);
   });
   EXPECT_EQ(desktop_.openDialog(kOpen), std::nullopt);
@@ -256,7 +256,7 @@ TEST_F(QtDesktopTest, TheColumnsOfTheOpenDialogHoldWhatTheyShow) {
     dialog.setDirectory(QString::fromStdString(folder.path()));
     auto* view = dialog.findChild<QTreeView*>("treeView");
     ASSERT_NE(view, nullptr);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return view->model()->rowCount(view->rootIndex()) == 1; }));
+    EXPECT_TRUE(waitFor([&] { return view->model()->rowCount(view->rootIndex()) == 1; }));
     for (int column = 1; column < 4; ++column) {
       const QModelIndex cell = view->model()->index(0, column, view->rootIndex());
       EXPECT_GE(view->header()->sectionSize(column), view->sizeHintForIndex(cell).width())
