@@ -40,7 +40,8 @@ class PanelTest : public EditorTest {
     EXPECT_TRUE(waitFor([&] { return !told().ends_with(" read"); }));
     for (int turn = 0; turn < 20; ++turn) QApplication::processEvents();
   }
-  std::string told() { return label("lblItems"); }
+  /// What the panel says, and not only what it has room for.
+  std::string told() { return control<QLabel>("lblItems").accessibleName().toStdString(); }
 
   std::string cell(int row, int column) {
     return rows().data(rows().index(row, column)).toString().toStdString();
