@@ -14,8 +14,10 @@ mkdir -p "$work/home"
 export HOME="$work/home" WINEPREFIX="$work/wine" WINEDEBUG=-all
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
 unset DISPLAY WAYLAND_DISPLAY
+# Ends wine, which would go on with the display it was started with; it may have ended by itself.
+end_wine() { wineserver -k || true; }
 finish() {
-  wineserver -k || true
+  end_wine
   rm -rf "$WINEPREFIX" # it holds some 700 MB
 }
 trap finish EXIT
@@ -38,7 +40,7 @@ compiler=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-file-name=libstdc++-6.
 libraries="Z:$QUILLBOX_QT_WINDOWS/install/bin;Z:$compiler;Z:/usr/x86_64-w64-mingw32/lib"
 WINEPATH="$libraries" QUILLBOX_QT_QPA_FONTDIR="Z:/usr/share/fonts/truetype/dejavu" \
   ctest --preset windows-tests
-wineserver -k # it was started without a display, and would go on without
+end_wine # it was started without a display
 
 # Every form as wine draws it. In the dark it would look so nowhere: the style knows light alone.
 (
@@ -48,7 +50,7 @@ wineserver -k # it was started without a display, and would go on without
     --gtest_filter='*/FormPictures.*:*/NotWrittenPicture.*'
 )
 rm -rf "$work/pictures/dark"
-wineserver -k
+end_wine
 
 # The program from its ZIP, in a folder with a name beyond ASCII, compared with the program here:
 # the same keys, the same short date form, the same bytes.
@@ -59,7 +61,7 @@ printf '#!/bin/sh\nexec wine "%s/quillbox.exe" "$@"\n' "$zip" >"$work/quillbox"
 chmod +x "$work/quillbox"
 same "The version" "$("$work/quillbox" --version | tr -d '\r')" "$(build/release/quillbox --version)"
 wine reg add 'HKCU\Control Panel\International' /v sShortDate /d dd/MM/yyyy /f >/dev/null
-wineserver -k
+end_wine
 LC_ALL=en_GB.UTF-8 XDG_RUNTIME_DIR="$work" tools/tour.sh "$work/here" "$top/build/release/quillbox"
 tools/tour.sh "$work/there" "$work/quillbox"
 # A catalogue has the paths of its files, as each system writes them.
@@ -103,7 +105,7 @@ cp samples/tapes.VCS "$installed/mine.VCS"
 for key in .MCS 'Quillbox.music\shell\open\command'; do
   wine reg add "HKLM\\Software\\Classes\\$key" /ve /d "$(class "$key")" /f >/dev/null
 done
-wineserver -k # to go on with a display
+end_wine # to go on with a display
 (
   cd "$work"
   start_display
@@ -126,7 +128,7 @@ wineserver -k # to go on with a display
   answer '^New Collection$' Return
   waits "Nothing is made in the root" test -s "$root/Rooted.MCS"
 )
-wineserver -k
+end_wine
 wine "$installed/uninstall.exe" /S
 tries=0
 while [ -e "$installed/uninstall.exe" ] && [ "$tries" -lt 100 ]; do
