@@ -8,7 +8,7 @@ cd "$(dirname "$0")/.."
 export QUILLBOX_QT_WINDOWS="${QUILLBOX_QT_WINDOWS:-$PWD/build/windows-qt}"
 
 echo "On two busy cores the toolkit took an hour, and 1.5 GB in $QUILLBOX_QT_WINDOWS, once;"
-echo "the program, its tests and wine took half an hour, and 2 GB in build/, each time."
+echo "the program and its tests took a quarter of an hour, wine 20 minutes, and 2 GB in build/."
 
 # shellcheck disable=SC2086 # the lists are meant to be split
 (need $packages_to_windows $packages_to_build $packages_to_picture) || {
