@@ -252,13 +252,16 @@ class Import(CliTest):
             (b'{"kind":"books","items":[]}', 'the data is of the kind "books", the collection of "music"'),
             (b'{"items":[{"item":1,"deleted":true}]}',
              'items[0]: "deleted" is not what the marker in Artist says'),
-            (b'{"items":[{"item":1,"Artist":"a"}', "parse error"),
+            (b"{}", "there are no items"),
+            (b'{"items":[{"item":1,"Artist":"a"}',
+             "parse error at line 1, column 34: syntax error while parsing array - "
+             "unexpected end of input; expected ']'"),
             (b'{"items":[{"Songs":"a"}]}', 'items[0]: "Songs" is a list'),
             (b'{"items":[{"Songs":[' + b'"a",' * 40 + b'"b"]}]}', 'items[0]: "Songs" has more than 40 entries'),
         ]
         for text, why in cases:
             _, err = self.run_it("import", "jazz.MCS", "-", stdin=text, status=1)
-            self.assertIn("quillbox-cli: -: " + why, err)
+            self.assertIn("quillbox-cli: -: " + why + "\n", err)
             self.assertIn("jazz.MCS: nothing was written", err)
             self.assertEqual(path.read_bytes(), before)
             self.assertEqual(self.names(), ["jazz.MCS"])

@@ -41,6 +41,8 @@ TEST(AmountSum, IsExactBeyondSixtyFourBits) {
 
 TEST(AmountSum, ZerosWithinANumberStay) {
   EXPECT_EQ(sumOf({1'000'000'000'000}).text(), "100000000");
+  EXPECT_EQ(sumOf({2'000'000'000'000}).text(), "200000000");
+  EXPECT_EQ(sumOf({-2'000'000'000'000}).text(), "-200000000");
   EXPECT_EQ(sumOf({1'000'000'000'001}).text(), "100000000.0001");
   EXPECT_EQ(sumOf({-1'000'000'500'000}).text(), "-100000050");
 }
