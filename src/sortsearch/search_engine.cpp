@@ -39,7 +39,6 @@ class ProgressLine {
 
 Query::Query(const CollectionKind& kind, std::span<const Entered> inputs, std::string dateForm)
     : rules_(searchRulesOf(kind)), dateForm_(std::move(dateForm)), record_(kind.recordLength) {
-  fillBlank(kind.fields, record_);
   for (const Entered& input : inputs) add(input);
 }
 

@@ -117,6 +117,12 @@ TEST(CsvReader, RefusesUtf16) {
             "the text is UTF-16; save it as UTF-8");
 }
 
+TEST(CsvReader, TakesAnyNumberOfRecords) {
+  std::string text;
+  for (int record = 0; record < 20; ++record) text += std::string(1'000'000, 'x') + "\n";
+  EXPECT_EQ(rowsOf(text).size(), 20U);
+}
+
 TEST(CsvReader, RefusesARecordWithoutEnd) {
   EXPECT_EQ(whyNot("\"" + std::string(20'000'000, 'x')), "a record that does not end");
 }

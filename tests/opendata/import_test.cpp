@@ -143,6 +143,19 @@ TEST_P(ImportInto, AShorterFileIsLeftAlone) {
   EXPECT_TRUE(readFile(path()) == before);
 }
 
+TEST_P(ImportInto, GivesUpAfterAHundredMistakes) {
+  put({"a"});
+  std::string csv = "Item," + firstColumn() + "\n";
+  for (int row = 0; row < 99; ++row) csv += "7,x\n";
+  EXPECT_EQ(bringIn(csv).wrong, 99);
+  try {
+    bringIn(csv + "7,x\n");
+    ADD_FAILURE() << "went on";
+  } catch (const DataError& error) {
+    EXPECT_STREQ(error.what(), "there is too much wrong to go on");
+  }
+}
+
 TEST_P(ImportInto, KeepsThePermissions) {
   QUILLBOX_NEEDS(permissions);
   put({"a"});

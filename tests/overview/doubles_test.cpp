@@ -192,6 +192,13 @@ TEST(WithoutTrimmings, LeavesWhatTells) {
   for (const auto& row : rows) EXPECT_EQ(withoutTrimmings(row.text), row.told) << row.text;
 }
 
+TEST(WithoutTrimmings, LeavesOutEveryArticle) {
+  for (const std::string article :
+       {"the", "a", "an", "der", "die", "das", "ein", "eine", "le", "la", "les", "un", "une", "el",
+        "los", "las", "il", "lo", "gli"})
+    EXPECT_EQ(withoutTrimmings(article + " wall"), "wall") << article;
+}
+
 TEST(Doubles, FieldsAreNotRunTogether) {
   Doubles doubles(kMusic.row());
   doubles.take(1, recordOf(itemWith(kMusic, {{"txtArtist", "Blue"}, {"txtAlbum", "Train"}})));

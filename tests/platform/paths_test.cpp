@@ -219,6 +219,8 @@ TEST(Paths, APatternStandsForRunsAndCharactersWhateverTheirCapitals) {
       {"abcd", "abc*", true},
       {"ab", "abc*", false},
       {"abc", "abc?", false},
+      {"abc", "ab*bc", false},
+      {"abbc", "ab*bc", true},
       {"abc", "ab?", true},
       {"abc", "???", true},
       {"abc", "????", false},
