@@ -71,7 +71,8 @@ def mistakes_of(line):
     if CALL.match(code) and not DECLARATION.match(code):
         yield "a statement left out", code[:len(code) - len(code.lstrip())] + ";"
     for match in PAIR.finditer(code):
-        if match[2] != match[3] and not in_text(match.start()):
+        either_way = re.search(r"\b(min|max|minmax)(<\w+>)?$", code[:match.start()])
+        if match[2] != match[3] and not in_text(match.start()) and not either_way:
             swapped = f"{match[1]}{match[3]}, {match[2]}{match[4]}"
             yield "two values exchanged", line[:match.start()] + swapped + line[match.end():]
 

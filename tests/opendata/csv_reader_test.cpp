@@ -119,8 +119,8 @@ TEST(CsvReader, RefusesUtf16) {
 
 TEST(CsvReader, TakesAnyNumberOfRecords) {
   std::string text;
-  for (int record = 0; record < 20; ++record) text += std::string(1'000'000, 'x') + "\n";
-  EXPECT_EQ(rowsOf(text).size(), 20U);
+  for (int record = 0; record < 17; ++record) text += std::string(1'000'000, 'x') + "\n";
+  EXPECT_EQ(rowsOf(text).size(), 17U);
 }
 
 TEST(CsvReader, RefusesARecordWithoutEnd) {

@@ -249,6 +249,11 @@ TEST(Paths, APatternStandsForRunsAndCharactersWhateverTheirCapitals) {
         << row.name << " and " << row.pattern;
 }
 
+TEST(Paths, APatternEndsWhereItsTextEnds) {
+  EXPECT_FALSE(matchesPattern("ab", std::string_view("a*").substr(0, 1)));
+  EXPECT_FALSE(matchesPattern("ab", std::string_view("a?").substr(0, 1)));
+}
+
 TEST(Paths, ManyStarsAgainstALongNameAreNoWork) {
   const std::string name(5'000, 'a');
   std::string pattern;
