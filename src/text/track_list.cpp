@@ -16,8 +16,8 @@ constexpr std::array<std::string_view, 5> kBlanks = {" ", "\t", "\xC2\xA0", "\xE
                                                      "\xEF\xBB\xBF"};
 constexpr std::array<std::string_view, 4> kDashes = {"-", "\xE2\x80\x93", "\xE2\x80\x94",
                                                      "\xE2\x88\x92"};
-constexpr std::array<std::string_view, 7> kLineBreaks = {
-    "\r\n", "\n", "\r", "\v", "\f", "\xE2\x80\xA8", "\xE2\x80\xA9"};
+constexpr std::array<std::string_view, 6> kLineBreaks = {"\n", "\r",           "\v",
+                                                         "\f", "\xE2\x80\xA8", "\xE2\x80\xA9"};
 
 template <std::size_t size>
 std::size_t lengthAtStart(std::string_view text, const std::array<std::string_view, size>& any) {

@@ -238,6 +238,9 @@ class Import(CliTest):
             (b"Item,Artist\n1,A\n2,\xff\n", "row 3, Artist: the text is not UTF-8"),
             (b"Item,CurrCost\n1,1\n2,922337203685477.5808\n", "row 3, CurrCost: the amount is out of range"),
             (b"Item,CurrCost\n1,1\n2,1.00001\n", "row 3, CurrCost: an amount has at most four places"),
+            (b"Item,CurrCost\n1,1\n2,a lot\n", "row 3, CurrCost: no amount"),
+            (b"Item,MediaType\n1,8\n2,40000\n", "row 3, MediaType: no entry of the list"),
+            (b"Item\n1\n", "no column but the number"),
             (b"Item,Genre\n1,Rock\n2,Polka\n", "row 3, Genre: no entry of the list"),
             (b"Item,HasBook\n1,1\n2,maybe\n", "row 3, HasBook: neither 0 nor 1"),
             (b"Item,Colour\n1,1\n", 'unknown column "Colour"'),
@@ -253,6 +256,14 @@ class Import(CliTest):
             (b'{"kind":"books","items":[]}', 'the data is of the kind "books", the collection of "music"'),
             (b'{"items":[{"item":1,"deleted":true}]}',
              'items[0]: "deleted" is not what the marker in Artist says'),
+            (b'{"items":[{"item":1,"deleted":"no"}]}', 'items[0]: "deleted" is true or false'),
+            (b'{"items":1}', "the items are no list"),
+            (b'{"kind":{}}', "no object belongs here"),
+            (b'{"items":[{"item":1,"Artist":{}}]}', "items[0]: no object belongs here"),
+            (b'{"kind":[]}', "no list belongs here"),
+            (b'{"items":[{"item":1,"Artist":[]}]}', "items[0]: no list belongs here"),
+            (b'{"colour":1}', 'unknown name "colour"'),
+            (b"1", 'unknown column "1"'),
             (b"{}", "there are no items"),
             (b'{"items":[{"item":1,"Artist":"a"}',
              "parse error at line 1, column 34: syntax error while parsing array - "
@@ -330,7 +341,7 @@ class Import(CliTest):
     def test_too_many_items_are_refused(self):
         text = b"Author\n" + b"a\n" * 32768
         _, err = self.run_it("import", "new.BCS", "-", "--new", stdin=text, status=1)
-        self.assertIn("too many items", err)
+        self.assertIn("too many items: a collection has at most 32767\n", err)
         self.assertEqual(self.names(), [])
         self.run_it("import", "new.BCS", "-", "--new", "--json", stdin=text[:-2])
         self.assertEqual((self.folder / "new.BCS").stat().st_size, 224 * 32768)
@@ -358,14 +369,22 @@ class Import(CliTest):
         path = self.folder / "old.MCS"
         path.write_bytes(data)
         _, err = self.run_it("import", "old.MCS", "-", stdin=b"Item,Artist\n1,changed\n", status=1)
-        self.assertIn("older file type", err)
+        older = "the collection is of an older file type; Quillbox upgrades it when it opens it\n"
+        self.assertIn(older, err)
+        _, err = self.run_it("undelete", "old.MCS", "1", "--text", "x", status=1)
+        self.assertEqual(err, "quillbox-cli: old.MCS: " + older)
         self.assertEqual(path.read_bytes(), data)
+        path.write_bytes(data[:2] + b"\3\0" + data[4:])
+        _, err = self.run_it("info", "old.MCS", status=1)
+        self.assertEqual(err, "quillbox-cli: old.MCS: not a music collection that can be read: "
+                              "it is of file type 3\n")
 
     def test_what_was_left_unfinished_stops_an_import(self):
         self.sample("jazz.MCS")
         (self.folder / "jazz.MCS.new~").write_bytes(b"half")
         _, err = self.run_it("import", "jazz.MCS", "-", stdin=b"Item,Artist\n1,changed\n", status=1)
-        self.assertIn("jazz.MCS.new~: File already exists", err)
+        self.assertIn("jazz.MCS.new~: File already exists\n"
+                      "quillbox-cli: -: Another import is at work, or one was cut off and left this file.\n", err)
         self.assertEqual((self.folder / "jazz.MCS.new~").read_bytes(), b"half")
         self.run_it("check", "jazz.MCS", status=1)
 

@@ -78,7 +78,8 @@ class Restore(CliTest):
         for backup in (whole[:1000], b"", (ROOT / "samples/jazz.MCS").read_bytes()):
             (self.folder / "shelf.bak").write_bytes(backup)
             _, err = self.run_it("restore", "shelf.BCS", status=1)
-            self.assertIn("is not a whole collection of books", err)
+            self.assertEqual(err, "quillbox-cli: shelf.BCS: %s is not a whole collection of books\n"
+                             % (self.folder / "shelf.bak"))
             self.assertEqual((self.folder / "shelf.BCS").read_bytes(), whole)
             self.assertEqual((self.folder / "shelf.bak").read_bytes(), backup)
 
@@ -88,7 +89,8 @@ class Restore(CliTest):
         now = self.sample("jazz.MCS").read_bytes()
         self.sample("jazz.MCS", "jazz.bak")
         _, err = self.run_it("restore", "jazz.MCS", status=1)
-        self.assertIn("--from", err)
+        self.assertEqual(err, "quillbox-cli: jazz.MCS: there are two backups, %s and %s; say which with --from\n"
+                         % tuple(self.folder / name for name in ("jazz.bak", "jazz.BAK")))
         self.run_it("restore", "jazz.MCS", "--from", "upgrade")
         self.assertEqual((self.folder / "jazz.MCS").read_bytes(), old)
         self.assertEqual((self.folder / "jazz.MCS~").read_bytes(), now)
@@ -125,16 +127,24 @@ class Undelete(CliTest):
     def test_refuses_what_is_not_deleted(self):
         self.sample("jazz.MCS")
         self.sample("shelf.BCS")
-        for arguments in (["jazz.MCS", "1"], ["jazz.MCS", "0"], ["jazz.MCS", "43"], ["shelf.BCS", "1"]):
-            self.run_it("undelete", *arguments, "--text", "x", status=1)
+        for name, item, why in (("jazz.MCS", "1", "item 1 is not deleted"),
+                                ("jazz.MCS", "0", "there is no item 0, the last one is 42"),
+                                ("jazz.MCS", "43", "there is no item 43, the last one is 42"),
+                                ("shelf.BCS", "1", "item 1 is not deleted")):
+            _, err = self.run_it("undelete", name, item, "--text", "x", status=1)
+            self.assertEqual(err, "quillbox-cli: %s: %s\n" % (name, why))
 
     def test_refuses_texts_that_would_not_do(self):
         path = self.sample("jazz.MCS")
         data = bytearray(path.read_bytes())
         data[2372:2372 + 50] = b"DETELED".ljust(50)
         path.write_bytes(data)
-        for text in ("", " ", "DETELED", "x" * 51, "Č"):
-            self.run_it("undelete", "jazz.MCS", "1", "--text", text, status=1)
+        for text, why in (("", "the text is empty"), (" ", "the text is empty"),
+                          ("DETELED", "the text is the deleted marker"),
+                          ("x" * 51, "too long: 51 characters where 50 fit"),
+                          ("Č", "a character that the file cannot hold")):
+            _, err = self.run_it("undelete", "jazz.MCS", "1", "--text", text, status=1)
+            self.assertEqual(err, "quillbox-cli: jazz.MCS: %s\n" % why)
         self.assertEqual(path.read_bytes(), data)
 
 

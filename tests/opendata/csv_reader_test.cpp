@@ -66,6 +66,12 @@ TEST(CsvReader, TakesTheSeparatorThatTheFirstRecordHasMost) {
 
 TEST(CsvReader, ASpreadsheetMayTellTheSeparator) {
   EXPECT_EQ(rowsOf("sep=;\r\na,a;b\r\n"), (Rows{{"a,a", "b"}}));
+  EXPECT_EQ(rowsOf("sep=;"), Rows{});
+  TextSource source("sep=;\na;b\n");
+  CsvReader reader(source);
+  std::vector<std::string_view> fields;
+  EXPECT_TRUE(reader.next(fields));
+  EXPECT_EQ(reader.record(), 2);  // it is a line of its own
 }
 
 TEST(CsvReader, AByteOrderMarkIsNoText) {

@@ -34,6 +34,15 @@ class ImportInto : public testing::TestWithParam<int> {
     return importCsv(files_, path(), csv, options, watcher_);
   }
 
+  std::string whyNot(const std::string& csv) {
+    try {
+      bringIn(csv);
+    } catch (const DataError& error) {
+      return error.what();
+    }
+    return "nothing";
+  }
+
   std::string exported() {
     const CollectionFile collection = readCollectionFile(files_, path());
     const Values values(collection);
@@ -139,7 +148,8 @@ TEST_P(ImportInto, AShorterFileIsLeftAlone) {
   std::filesystem::resize_file(path(), 2 * kind().recordLength + 7);
   const std::string before = readFile(path());
   EXPECT_EQ(bringIn(exported()).changed, 0);
-  EXPECT_THROW(bringIn("Item," + firstColumn() + "\n1,x\n"), DataError);
+  EXPECT_EQ(whyNot("Item," + firstColumn() + "\n1,x\n"),
+            "the file ends at item 2 of 3; it was left alone");
   EXPECT_TRUE(readFile(path()) == before);
 }
 
@@ -148,12 +158,7 @@ TEST_P(ImportInto, GivesUpAfterAHundredMistakes) {
   std::string csv = "Item," + firstColumn() + "\n";
   for (int row = 0; row < 99; ++row) csv += "7,x\n";
   EXPECT_EQ(bringIn(csv).wrong, 99);
-  try {
-    bringIn(csv + "7,x\n");
-    ADD_FAILURE() << "went on";
-  } catch (const DataError& error) {
-    EXPECT_STREQ(error.what(), "there is too much wrong to go on");
-  }
+  EXPECT_EQ(whyNot(csv + "7,x\n"), "there is too much wrong to go on");
 }
 
 TEST_P(ImportInto, KeepsThePermissions) {
@@ -184,12 +189,7 @@ TEST_P(ImportBesideOthers, AnotherProgramsChangeIsLeftAlone) {
         files_.beforeRead = interfere;
     };
     files_.beforeRead = interfere;
-    std::string why;
-    try {
-      bringIn("Item," + firstColumn() + "\n3,ours\n");
-    } catch (const DataError& error) {
-      why = error.what();
-    }
+    const std::string why = whyNot("Item," + firstColumn() + "\n3,ours\n");
     files_.beforeRead = nullptr;
     if (countdown >= 0) return;  // there are no further reads
     const std::string found = readFile(path());

@@ -83,7 +83,8 @@ TEST(NumberForms, DatesAreReadBack) {
     EXPECT_EQ(dateIn(isoDate(date)), date);
   EXPECT_EQ(dateIn("2000-01-01 18:00:00"), 36526.75);
   EXPECT_EQ(dateIn("1/1/2000"), 36526);
-  for (const char* text : {"", "today", "2000-02-30", "2000-01-01T25:00:00", "nan"})
+  for (const char* text :
+       {"", "today", "2000-02-30", "2000-01-01T25:00:00", "2000-01-01x18:00:00", "nan"})
     EXPECT_THROW(dateIn(text), DataError) << text;
 }
 
