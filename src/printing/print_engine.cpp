@@ -146,7 +146,6 @@ void PrintEngine::reset(PrintLines& lines) {
   // What cannot fail comes first: a failure below must not affect the next heading.
   pages_.clear();
   now_.page = 0;
-  setPageText({});
   lines.fill({});
   now_.lineCount = 0;
   now_.linesOnPage = 0;

@@ -244,6 +244,7 @@ class Import(CliTest):
             (b"Item,Genre\n1,Rock\n2,Polka\n", "row 3, Genre: no entry of the list"),
             (b"Item,HasBook\n1,1\n2,maybe\n", "row 3, HasBook: neither 0 nor 1"),
             (b"Item,Colour\n1,1\n", 'unknown column "Colour"'),
+            (b"Item,Name\n1,1\n", 'unknown column "Name"'),
             (b"Item,Artist,artist\n1,1,1\n", 'the column "artist" is there twice'),
             (b"Item,Artist\n1\n", "row 2: 1 fields where the header has 2"),
             (b'Item,Artist\n1,"a\n', "row 2: quotes that do not end"),

@@ -111,6 +111,9 @@ TEST(CsvReader, ReadsRecordsLongerThanItsPieces) {
 
 TEST(CsvReader, RefusesQuotesThatDoNotEnd) {
   EXPECT_EQ(whyNot("a\n\"x\n"), "row 2: quotes that do not end");
+  std::string text;  // so long that there were quotes where it ends in memory
+  for (int record = 0; record < 50'000; ++record) text += "\"x\"\n";
+  EXPECT_EQ(whyNot(text + "\"x"), "row 50001: quotes that do not end");
 }
 
 TEST(CsvReader, RefusesTextBehindQuotes) {

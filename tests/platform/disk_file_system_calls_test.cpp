@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 #include <sys/syscall.h>
 
+#include <array>
 #include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <span>
 #include <string>
@@ -62,6 +64,19 @@ TEST_F(FailingCalls, AFileThatTakesNothingMoreIsAFullDisk) {
   whereCallEndsWith(SYS_pwrite64, 0, [&] { failure = failureOf([&] { write(*file, 2, "abc"); }); });
   EXPECT_EQ(failure, (Failure{61, path}));
   EXPECT_EQ(readFile(path), "0123456789");
+}
+
+TEST_F(FailingCalls, WhatIsReadAndWrittenInPiecesIsWhole) {
+  const std::string path = folder_.path("jazz.MCS");
+  writeFile(path, "0123456789");
+  const auto file = files_.open(path, OpenMode::update);
+  whereCallsTakeAtMost(3, [&] {
+    write(*file, 1, "abcdefgh");
+    std::array<std::byte, 20> bytes{};
+    EXPECT_EQ(file->readAt(0, bytes), 10U);
+    EXPECT_EQ(std::memcmp(bytes.data(), "0abcdefgh9", 10), 0);
+  });
+  EXPECT_EQ(readFile(path), "0abcdefgh9");
 }
 
 TEST_F(FailingCalls, AFailureThatShowsOnlyWhenAFileIsClosedIsAnError) {

@@ -4,7 +4,10 @@
 #include <linux/filter.h>
 #include <linux/seccomp.h>
 #include <sys/prctl.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
@@ -12,6 +15,8 @@
 
 namespace quillbox::test {
 namespace {
+
+thread_local std::size_t mostBytes = SIZE_MAX;
 
 /// For the rest of the calling thread's life.
 bool endCallWith(long call, int error) {
@@ -39,4 +44,22 @@ void whereCallEndsWith(long call, int error, const std::function<void()>& work) 
   }).join();
 }
 
+void whereCallsTakeAtMost(std::size_t bytes, const std::function<void()>& work) {
+  mostBytes = bytes;
+  work();
+  mostBytes = SIZE_MAX;
+}
+
 }  // namespace quillbox::test
+
+// In place of the C library's.
+
+extern "C" ssize_t pread(int descriptor, void* into, std::size_t bytes, off_t offset) {
+  return ::syscall(SYS_pread64, descriptor, into, std::min(bytes, quillbox::test::mostBytes),
+                   offset);
+}
+
+extern "C" ssize_t pwrite(int descriptor, const void* from, std::size_t bytes, off_t offset) {
+  return ::syscall(SYS_pwrite64, descriptor, from, std::min(bytes, quillbox::test::mostBytes),
+                   offset);
+}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 
 namespace quillbox::test {
@@ -9,5 +10,9 @@ namespace quillbox::test {
 /// systems that the tests do not run on. `work` must not throw; it has a thread of its own, and no
 /// other is affected.
 void whereCallEndsWith(long call, int error, const std::function<void()>& work);
+
+/// Runs `work` where reading and writing at a place of a file take at most so many bytes a call, as
+/// they may on any file system.
+void whereCallsTakeAtMost(std::size_t bytes, const std::function<void()>& work);
 
 }  // namespace quillbox::test

@@ -45,6 +45,8 @@ TEST(AmountSum, ZerosWithinANumberStay) {
   EXPECT_EQ(sumOf({-2'000'000'000'000}).text(), "-200000000");
   EXPECT_EQ(sumOf({1'000'000'000'001}).text(), "100000000.0001");
   EXPECT_EQ(sumOf({-1'000'000'500'000}).text(), "-100000050");
+  EXPECT_EQ(sumOf({1'000'000'000'000, -1}).text(), "99999999.9999");
+  EXPECT_EQ(sumOf({-1'000'000'000'000, 1}).text(), "-99999999.9999");
 }
 
 TEST(AmountSum, DoesNotDependOnTheOrder) {

@@ -79,6 +79,7 @@ const ListCase kLists[] = {
     {"a verse before a length", "John 3:16 4:05\nPsalm 23:4 3:20", {"John 3:16", "Psalm 23:4"}},
     {"a title that is a length", "4:33\n4:34", {"4:33", "4:34"}},
     {"what is no length", "Odds 9:99\nEvens 1:2", {"Odds 9:99", "Evens 1:2"}},
+    {"brackets of two kinds", "a (3:20]\nb [4:05)", {"a (3:20]", "b [4:05)"}},
     {"brackets that hold no length", "a (Live)\nb (1999)", {"a (Live)", "b (1999)"}},
     {"a letter that ends like a blank",
      "L\xC3\xA0"
