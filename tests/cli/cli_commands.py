@@ -187,14 +187,15 @@ class Export(CliTest):
 
     def test_own_media_types_have_their_words(self):
         path = self.sample("jazz.MCS")
-        (self.folder / "QBX Music.ini").write_text("[MEDIA]\nx,Wax Cylinder\ny,12\n")
-        self.run_it("import", "jazz.MCS", "-", stdin=b"Item,MediaType\n1,wax cylinder\n2,8\n")
+        (self.folder / "QBX Music.ini").write_text("[MEDIA]\nx,Wax Cylinder\ny,12\nz,Tin Foil \n")
+        self.run_it("import", "jazz.MCS", "-", stdin=b"Item,MediaType\n1,wax cylinder\n2,8\n3,9\n")
         data = path.read_bytes()
         self.assertEqual([struct.unpack_from("<h", data, 2372 * n + 2188)[0] for n in (1, 2)], [7, 8])
         out, _ = self.run_it("export", "jazz.MCS")
-        # "12" would be read back as another index.
+        # "12" would be read back as another index, and no import sees blanks at the end.
         self.assertIn(b",Wax Cylinder,", out.splitlines()[1])
         self.assertIn(b",8,", out.splitlines()[2])
+        self.assertIn(b",9,", out.splitlines()[3])
 
 
 class Import(CliTest):

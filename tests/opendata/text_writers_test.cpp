@@ -70,6 +70,13 @@ TEST(TextWriters, PlainStringsAreThoseOfTheCarefulWay) {
   EXPECT_EQ(written(writePlainJsonString, "a\x7f"), "(care)");
 }
 
+TEST(TextWriters, ControlCharactersAreEscapedInStrings) {
+  EXPECT_EQ(jsonString("\xC2\x81z"), "\"\\u0081z\"");
+  EXPECT_EQ(jsonString("a\xC2\x9D"), "\"a\\u009d\"");
+  EXPECT_EQ(jsonString("a\x7F"), "\"a\\u007f\"");
+  EXPECT_EQ(jsonString("a\xC2\xA1"), "\"a\xC2\xA1\"");
+}
+
 TEST(TextWriters, AnyStoredTextIsTheSameBothWays) {
   std::mt19937 random(20261122);
   int plain = 0;
