@@ -43,6 +43,11 @@ class Check(CliTest):
         path.write_bytes(data[:224 * 3 + 10])
         self.assertEqual(self.found("shelf.BCS"), [
             (None, "the file ends at item 3 of %d" % count), (3, "is cut off")])
+        path.write_bytes(data[:224 + 10])
+        self.assertEqual(self.found("shelf.BCS"), [
+            (None, "the file ends at item 1 of %d" % count), (1, "is cut off")])
+        path.write_bytes(data[:224])
+        self.assertEqual(self.found("shelf.BCS"), [(None, "the file ends at item 0 of %d" % count)])
         path.write_bytes(b"\xff\xff" + data[2:12])
         self.assertEqual(self.found("shelf.BCS"), [(None, "the count is -1")])
         path.write_bytes(data[:-224])  # a program that was ended between header and item

@@ -66,6 +66,21 @@ TEST_F(FailingCalls, AFileThatTakesNothingMoreIsAFullDisk) {
   EXPECT_EQ(readFile(path), "0123456789");
 }
 
+TEST_F(FailingCalls, OnlyTheNameOfAFileThatMayBeNewIsFlushed) {
+  const struct {
+    OpenMode mode;
+    int folders;
+  } rows[] = {{OpenMode::update, 0}, {OpenMode::create, 1}, {OpenMode::replace, 1}};
+  const std::string path = folder_.path("jazz.MCS");
+  writeFile(path, "");
+  for (const auto& row : rows) {
+    const auto file = files_.open(path, row.mode);
+    EXPECT_EQ(foldersFlushedBy([&] { file->flush(); }), row.folders);
+  }
+  const auto made = files_.make(path + "~", {});
+  EXPECT_EQ(foldersFlushedBy([&] { made->flush(); }), 1);
+}
+
 TEST_F(FailingCalls, WhatIsReadAndWrittenInPiecesIsWhole) {
   const std::string path = folder_.path("jazz.MCS");
   writeFile(path, "0123456789");

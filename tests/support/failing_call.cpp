@@ -4,6 +4,7 @@
 #include <linux/filter.h>
 #include <linux/seccomp.h>
 #include <sys/prctl.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -17,6 +18,7 @@ namespace quillbox::test {
 namespace {
 
 thread_local std::size_t mostBytes = SIZE_MAX;
+thread_local int foldersFlushed = 0;
 
 /// For the rest of the calling thread's life.
 bool endCallWith(long call, int error) {
@@ -50,6 +52,12 @@ void whereCallsTakeAtMost(std::size_t bytes, const std::function<void()>& work) 
   mostBytes = SIZE_MAX;
 }
 
+int foldersFlushedBy(const std::function<void()>& work) {
+  foldersFlushed = 0;
+  work();
+  return foldersFlushed;
+}
+
 }  // namespace quillbox::test
 
 // In place of the C library's.
@@ -62,4 +70,11 @@ extern "C" ssize_t pread(int descriptor, void* into, std::size_t bytes, off_t of
 extern "C" ssize_t pwrite(int descriptor, const void* from, std::size_t bytes, off_t offset) {
   return ::syscall(SYS_pwrite64, descriptor, from, std::min(bytes, quillbox::test::mostBytes),
                    offset);
+}
+
+extern "C" int fsync(int descriptor) {
+  struct stat status {};
+  if (::fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode))
+    ++quillbox::test::foldersFlushed;
+  return static_cast<int>(::syscall(SYS_fsync, descriptor));
 }

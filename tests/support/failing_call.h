@@ -15,4 +15,7 @@ void whereCallEndsWith(long call, int error, const std::function<void()>& work);
 /// they may on any file system.
 void whereCallsTakeAtMost(std::size_t bytes, const std::function<void()>& work);
 
+/// How many folders `work` flushes to the disk.
+int foldersFlushedBy(const std::function<void()>& work);
+
 }  // namespace quillbox::test
