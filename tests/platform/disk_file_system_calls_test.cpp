@@ -134,6 +134,21 @@ TEST_F(FailingCalls, WhereRenamingCannotRefuseATargetALinkIsInTheWayToo) {
   EXPECT_EQ(readFile("jazz.MCS"), "the collection");
 }
 
+TEST_F(FailingCalls, WhereNamesCannotBeExchangedTheSpareNameIsTheFirstOnes) {
+  const std::string fresh = folder_.path("jazz.MCS.new~");
+  const std::string collection = folder_.path("jazz.MCS");
+  writeFile(fresh, "new");
+  writeFile(collection, "old");
+  writeFile(collection + "~", "earlier");
+  Failure failure;
+  whereCallEndsWith(SYS_renameat2, EINVAL,
+                    [&] { failure = failureOf([&] { files_.exchange(fresh, collection); }); });
+  EXPECT_EQ(failure, Failure{});
+  EXPECT_EQ(readFile(collection), "new");
+  EXPECT_EQ(readFile(fresh), "old");
+  EXPECT_EQ(readFile(collection + "~"), "earlier");
+}
+
 TEST_F(FailingCalls, AnotherFileSystemIsAnErrorOfItsOwn) {
   writeFile("jazz.MCS", "the collection");
   EXPECT_EQ(plainRenameFailure(EXDEV, "jazz.MCS", "jazz.BAK"), (Failure{74, "jazz.MCS"}));

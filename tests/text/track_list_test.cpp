@@ -75,6 +75,7 @@ const ListCase kLists[] = {
     {"lengths behind dashes", "a - 3:20\nb \xE2\x80\x93 4:05", {"a", "b"}},
     {"lengths behind dots", "a ....... 3:20\nb..... 4:05\nWait... 4:06", {"a", "b", "Wait..."}},
     {"hours", "a 1:02:03\nb 59:59", {"a", "b"}},
+    {"days", "a 1:02:03:04\nb 1:02:03:04", {"a 1:02:03:04", "b 1:02:03:04"}},
     {"a title that ends with a verse", "John 3:16\nPsalm", {"John 3:16", "Psalm"}},
     {"a verse before a length", "John 3:16 4:05\nPsalm 23:4 3:20", {"John 3:16", "Psalm 23:4"}},
     {"a title that is a length", "4:33\n4:34", {"4:33", "4:34"}},
