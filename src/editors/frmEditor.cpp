@@ -236,11 +236,9 @@ void frmEditor::takeCount(std::int16_t count) {
 }
 
 void frmEditor::showNothing() {
-  ClearData();
   position() = 0;
   state().CurRec = 0;
   setRecordLabel(std::string(store_.kind().rules.label.empty));
-  noteNothingStored();
   markInPanel();
 }
 

@@ -177,8 +177,8 @@ class frmEditor : public Form {
   // The position and the record buffer change here. None of these can fail.
 
   void showItem(std::int16_t position, std::span<const std::byte> record);
-  void showNothing();
-  /// Shows item 1, or the empty collection.
+  void showNothing();  ///< on a form that was just reset
+  /// Shows item 1 or, on a form that was just reset, the empty collection.
   void showFirstItem(const std::optional<Record>& first);
   /// The new `Count`, with all its effects on the form.
   void takeCount(std::int16_t count);

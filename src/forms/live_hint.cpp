@@ -27,7 +27,6 @@ void LiveHint::show(QLineEdit& box, const QString& text) {
   QPoint place = box.mapTo(&sheet, QPoint(0, box.height()));
   if (place.y() + height() > sheet.height()) place.ry() -= box.height() + height();
   move(place);
-  raise();
 }
 
 }  // namespace quillbox

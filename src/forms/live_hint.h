@@ -10,6 +10,7 @@ namespace quillbox {
 /// the form, so nothing moves, and lets the mouse through.
 class LiveHint : public QLabel {
  public:
+  /// It lies over what the sheet holds by then.
   explicit LiveHint(QWidget& sheet);
 
   /// Nothing is shown for an empty text.

@@ -136,17 +136,24 @@ TEST_F(MusicMark, SeesChecksAndLists) {
   EXPECT_FALSE(isMarked());
 }
 
-TEST_F(MusicMark, SeesTheSongs) {
+TEST_F(MusicMark, SeesEverySong) {
   open({item("One")});
-  choose("EditSongs");
-  const std::string song = shown("txtSongTitle_3");
-  type("txtSongTitle_3", "Another");
-  press("cmdExit");
-  EXPECT_TRUE(isMarked());
-  choose("EditSongs");
-  type("txtSongTitle_3", song.c_str());
-  press("cmdExit");
-  EXPECT_FALSE(isMarked());
+  for (const bool isSecondPage : {false, true})
+    for (const char* song : {"txtSongTitle_0", "txtSongTitle_3", "txtSongTitle_19"}) {
+      SCOPED_TRACE(song);
+      const auto change = [&](const std::string& title) {
+        choose("EditSongs");
+        if (isSecondPage) press("cmdNextPage");
+        const std::string before = shown(song);
+        type(song, title.c_str());
+        press("cmdExit");
+        return before;
+      };
+      const std::string before = change("Another");
+      EXPECT_TRUE(isMarked());
+      change(before);
+      EXPECT_FALSE(isMarked());
+    }
 }
 
 class VideoMark : public Mark {

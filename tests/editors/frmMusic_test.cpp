@@ -606,13 +606,18 @@ TEST_F(MusicEditor, AnIndexBeyondTheListLeavesTheSelection) {
   EXPECT_EQ(list("cmbGenre").currentIndex(), -1);
 }
 
-TEST_F(MusicEditor, FocusOnTheMediaTypesKeepsTheSelection) {
+TEST_F(MusicEditor, FocusOnTheMediaTypesSelectsTheSameAgain) {
   MusicRecord item = album("A");
   item.MediaType = 5;
   open({item});
+  std::vector<int> selected;
+  QObject::connect(&list("cmbMediaType"), &QComboBox::currentIndexChanged,
+                   [&selected](int index) { selected.push_back(index); });
   list("cmbMediaType").setFocus();
+  EXPECT_EQ(selected, (std::vector{-1, 5}));
   EXPECT_EQ(list("cmbMediaType").currentIndex(), 5);
   box("txtNotes").setFocus();
+  EXPECT_EQ(selected, (std::vector{-1, 5, -1, 5}));
   EXPECT_EQ(list("cmbMediaType").currentText(), "4-Track");
 }
 

@@ -331,5 +331,22 @@ TEST_F(SongPages, ComeInTabOrder) {
   }
 }
 
+TEST_F(SongPages, AListThatWasClearedStaysSoWhenTheProgramIsKilled) {
+  typedFolder_ = QString::fromStdString(path("state"));
+  start({path()});
+  openPage1();
+  press("cmdClearList");
+  const auto isKept = [this] {
+    const QDir kept(typedFolder_);
+    return kept.exists() && !kept.entryList({"*.json"}).isEmpty();
+  };
+  EXPECT_TRUE(waitFor(isKept));
+  start({path()});
+  press("cmdBringBack");
+  openPage1();
+  EXPECT_EQ(song(0), "");
+  EXPECT_EQ(storedSong(1, 0), "So What") << "the file is as it was";
+}
+
 }  // namespace
 }  // namespace quillbox::test

@@ -90,6 +90,17 @@ TEST_F(FileDropsTest, OpenACollectionFromTheNewCollectionDialog) {
   EXPECT_EQ(formName(), "frmVideo");
 }
 
+TEST_F(FileDropsTest, LeaveTheNewCollectionDialogToShowItsKindsOnceAndUnchosen) {
+  start();
+  choose("N");
+  control<QRadioButton>("optQBX_3").click();
+  drop(form(), "jazz.MCS");
+  choose("NewFile");
+  const auto kinds = form().findChildren<QRadioButton*>();
+  EXPECT_EQ(kinds.size(), 9);
+  for (const auto* kind : kinds) EXPECT_FALSE(kind->isChecked()) << kind->text().toStdString();
+}
+
 TEST_F(FileDropsTest, RefuseWhatIsNoCollection) {
   writeFile(path("letter.txt"), "Dear Ann");
   std::filesystem::create_directory(path("folder"));

@@ -19,10 +19,10 @@ class FormPlaces : public EditorTest, public testing::WithParamInterface<ModelKi
 
 TEST_P(FormPlaces, AnotherFormStandsWhereTheEditorStood) {
   open({item("One")});
-  form().move(120, 130);
-  QApplication::processEvents();
-  const QPoint place = form().geometry().topLeft();
-  for (int round = 1; round <= 3; ++round)
+  for (int round = 1; round <= 3; ++round) {
+    form().move(120 + 10 * round, 130);
+    QApplication::processEvents();
+    const QPoint place = form().geometry().topLeft();
     for (const ModelSide& side : {kind().sort, kind().search}) {
       openSideForm(side);
       QApplication::processEvents();
@@ -31,6 +31,20 @@ TEST_P(FormPlaces, AnotherFormStandsWhereTheEditorStood) {
       QApplication::processEvents();
       EXPECT_EQ(form().geometry().topLeft(), place);
     }
+  }
+}
+
+TEST_P(FormPlaces, TheEditorStandsWhereAnotherFormWasMovedTo) {
+  open({item("One")});
+  for (const ModelSide& side : {kind().sort, kind().search}) {
+    openSideForm(side);
+    form().move(form().pos() + QPoint(20, 10));
+    QApplication::processEvents();
+    const QPoint place = form().geometry().topLeft();
+    leaveSideForm(side);
+    QApplication::processEvents();
+    EXPECT_EQ(form().geometry().topLeft(), place);
+  }
 }
 
 TEST_P(FormPlaces, TheIndicatorHasRoomForTheLargestCount) {

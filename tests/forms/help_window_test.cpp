@@ -114,6 +114,51 @@ TEST_F(HelpTest, IsAWindowToAssistiveTechnology) {
   EXPECT_EQ(spoken->text(QAccessible::Name), "Quillbox Help");
 }
 
+TEST_F(HelpTest, ItsButtonsSayWhatTheyDoAndByWhichKeys) {
+  struct {
+    const char* name;
+    const char* caption;
+    const char* toolTip;
+  } constexpr kButtons[] = {
+      {"cmdBack", "&Back", "The page before this one (Alt+B)"},
+      {"cmdForward", "&Forward", "The page you came back from (Alt+F)"},
+      {"cmdAllPages", "&All Pages", "All pages of the manual (Alt+A)"},
+      {"cmdFind", "F&ind", "Find a text on this page (Alt+I or Ctrl+F)"},
+      {"cmdClose", "&Close", "Close the manual (Alt+C or Escape)"},
+      {"cmdFindNext", "&Next", "The next place on this page (Alt+N or Enter or F3)"},
+      {"cmdFindPrevious", "&Previous", "The place before (Alt+P or Shift+F3)"},
+  };
+  start();
+  choose("ContentBegin");
+  for (const auto& [name, caption, toolTip] : kButtons) {
+    const auto* button = window()->findChild<QPushButton*>(QString::fromUtf8(name));
+    ASSERT_NE(button, nullptr) << name;
+    EXPECT_EQ(button->text(), caption);
+    EXPECT_EQ(button->toolTip(), toolTip);
+  }
+  EXPECT_EQ(window()->findChildren<QPushButton*>().size(), std::ssize(kButtons));
+}
+
+TEST_F(HelpTest, NamesItsTextsForAssistiveTechnology) {
+  start();
+  choose("ContentBegin");
+  EXPECT_EQ(browser().accessibleName(), "Help page");
+  const auto* line = window()->findChild<QLineEdit*>("txtFind");
+  EXPECT_EQ(line->accessibleName(), "Find on this page:");
+  const auto labels = window()->findChildren<QLabel*>();
+  const auto caption = std::ranges::find(labels, "Find &on this page:", &QLabel::text);
+  ASSERT_NE(caption, labels.end());
+  EXPECT_EQ((*caption)->buddy(), line);
+}
+
+TEST_F(HelpTest, ShowsAGoodPartOfAPageAtFirst) {
+  start();
+  choose("ContentBegin");
+  const QFontMetrics letters = browser().fontMetrics();
+  EXPECT_GE(browser().viewport()->width(), 80 * letters.averageCharWidth());
+  EXPECT_GE(browser().viewport()->height(), 30 * letters.height());
+}
+
 TEST_F(HelpTest, GoesBackAndForward) {
   start();
   choose("ContentBegin");

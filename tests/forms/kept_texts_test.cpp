@@ -118,6 +118,23 @@ TEST_F(KeptTextsTest, AreFoundThroughALink) {
   EXPECT_TRUE(kept("link/jazz.MCS").newest());
 }
 
+TEST_F(KeptTextsTest, AreReadFromTheFileOfAnEarlierVersion) {
+  kept().leave(text("Replaced"));
+  QFile file(QString::fromStdString(files().front()));
+  const QString path =
+      QFileInfo(QString::fromStdString(folder_.path("jazz.MCS"))).absoluteFilePath();
+  const QByteArray earlier = R"({"collection": "%1", "texts": [{"item": 3, "stored": "AP9zdG9yZWQ=",
+                                 "inputs": {"txtArtist": "Monk"}, "list": ["Song", ""],
+                                 "told": true}]})";
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write(QString::fromUtf8(earlier).arg(path).toUtf8());
+  file.close();
+  const auto newest = kept().newest();
+  ASSERT_TRUE(newest);
+  EXPECT_TRUE(newest->isSame(text("Monk")));
+  EXPECT_TRUE(newest->isTold);
+}
+
 TEST_F(KeptTextsTest, AreReadForWhatTheyAreWorth) {
   kept().leave(text("One"));
   const std::string file = files().front();

@@ -218,6 +218,16 @@ TEST_F(ListPasteTest, PaddedBoxesAreEmptyAndCanBeTypedIntoAfterwards) {
   EXPECT_EQ(boxes_[1]->text(), "0123456789");
 }
 
+TEST_F(ListPasteTest, ABoxThatIsOnlyReadTakesNoListAndKeepsItsOtherKeys) {
+  boxes_[0]->setText("read");
+  boxes_[0]->setReadOnly(true);
+  paste(*boxes_[0], "a\nb");
+  EXPECT_EQ(texts(), (Texts{"read", "", "", ""}));
+  EXPECT_EQ(said_, "");
+  QTest::keyClick(boxes_[0], Qt::Key_A, Qt::ControlModifier);
+  EXPECT_EQ(boxes_[0]->selectedText(), "read");
+}
+
 TEST_F(ListPasteTest, ALongTitleIsCutAsIfItWereTyped) {
   paste(*boxes_[0], "012345678901\nb");
   EXPECT_EQ(texts(), (Texts{"0123456789", "b", "", ""}));

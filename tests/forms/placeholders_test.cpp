@@ -88,6 +88,17 @@ TEST_F(PlaceholdersTest, DifferFromWhatIsTyped) {
   EXPECT_NE(readable.color(QPalette::PlaceholderText), readable.color(QPalette::Text));
 }
 
+TEST_F(PlaceholdersTest, AreHalfTheirTextsColourOrAsManyTenthsMoreAsMakeThemReadable) {
+  const auto placeholders = [](const QColor& text, const QColor& ground) {
+    QPalette dark = darkWithoutPlaceholder();
+    dark.setColor(QPalette::Text, text);
+    dark.setColor(QPalette::Base, ground);
+    return withReadablePlaceholders(dark).color(QPalette::PlaceholderText).name().toStdString();
+  };
+  EXPECT_EQ(placeholders(Qt::white, Qt::black), "#808080") << "a half";
+  EXPECT_EQ(placeholders(QColor(230, 230, 230), QColor(30, 30, 30)), "#969696") << "six tenths";
+}
+
 TEST_F(PlaceholdersTest, ReadableColoursAreTheUsersOwn) {
   const QPalette light = QApplication::style()->standardPalette();
   EXPECT_EQ(withReadablePlaceholders(light), light);

@@ -85,6 +85,13 @@ TEST_F(ProgressBoard, IsRepaintedOnlyAsOftenAsAnEyeCanFollow) {
       << "the last line is always shown";
 }
 
+TEST_F(ProgressBoard, IsRepaintedWhileTheWorkGoesOn) {
+  board().open("Reading");
+  const QDeadlineTimer tooLong(10'000);
+  while (lines().empty() && !tooLong.hasExpired()) board().print("line");
+  EXPECT_NE(lines(), "") << "not only when the work is over";
+}
+
 TEST_F(ProgressBoard, ShowsHowFarWorkOfAKnownLengthIs) {
   board().open("Loading Data");
   EXPECT_TRUE(bar().isHidden()) << "work of unknown length has no bar";

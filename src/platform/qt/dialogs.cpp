@@ -84,11 +84,6 @@ QWidget* askingForm() {
   return nullptr;
 }
 
-void takeIcon(QDialog& dialog) {
-  const QWidget* form = dialog.parentWidget();
-  dialog.setWindowIcon(form != nullptr ? form->windowIcon() : QApplication::windowIcon());
-}
-
 int widthForTitle(const QDialog& dialog) {
   constexpr int beside = 5;  // an icon, three buttons and some space, in title heights
   QFont font = QApplication::font("QMdiSubWindowTitleBar");
@@ -103,7 +98,6 @@ int widthForTitle(const QDialog& dialog) {
 std::optional<std::string> askForFile(const FileDialog& asked, FileDialogMode mode) {
   QFileDialog dialog(askingForm(), captionText(asked.title));
   dialog.setObjectName(QString::fromStdString(asked.name));
-  takeIcon(dialog);
   // The toolkit's own dialog: its patterns ignore case on every platform.
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setAcceptMode(mode == FileDialogMode::open ? QFileDialog::AcceptOpen

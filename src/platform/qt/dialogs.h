@@ -17,11 +17,9 @@ enum class FileDialogMode { open, save };
 /// when the user cancels.
 std::optional<std::string> askForFile(const FileDialog& asked, FileDialogMode mode);
 
-/// The window that a dialog is shown over, if any: the active one, otherwise a visible form.
+/// The window that a dialog is shown over, if any: the active one, otherwise a visible form. The
+/// toolkit gives the dialog its icon or, without one, the program's.
 QWidget* askingForm();
-
-/// Gives the dialog the icon of the form it belongs to, or the program's.
-void takeIcon(QDialog& dialog);
 
 /// The width at which a window manager shows a dialog's whole title, in bold and beside an icon and
 /// three buttons; never wider than the screen.

@@ -66,7 +66,6 @@ Answer QtDesktop::messageBox(const MessageBox& box) {
   dialog.setTextFormat(Qt::PlainText);
   dialog.setText(QString::fromStdString(box.text));
   dialog.setIcon(iconOf(box.icon));
-  takeIcon(dialog);
   dialog.setWindowModality(Qt::ApplicationModal);
   // Across the whole grid, without a row of its own.
   auto* grid = static_cast<QGridLayout*>(dialog.layout());
@@ -89,7 +88,6 @@ std::optional<std::string> QtDesktop::inputBox(const std::string& prompt, const 
   dialog.setLabelText(QString::fromStdString(prompt));
   dialog.setInputMode(QInputDialog::TextInput);
   dialog.setTextValue(QString::fromStdString(preset));
-  takeIcon(dialog);
   dialog.sizeHint();  // makes the layout
   static_cast<QBoxLayout*>(dialog.layout())->addStrut(widthForTitle(dialog));
   dialog.setWindowModality(Qt::ApplicationModal);
@@ -121,7 +119,6 @@ Printer& QtDesktop::printer() { return qtPrinter(); }
 void QtDesktop::printerSetup(const std::string& name) {
   QPageSetupDialog dialog(&qtPrinter().device(), askingForm());
   dialog.setObjectName(QString::fromStdString(name));
-  takeIcon(dialog);
   dialog.exec();
 }
 
@@ -141,7 +138,6 @@ bool QtDesktop::printSheets(Sheets& sheets, const std::string& title,
 
 std::optional<PrintChoice> QtDesktop::askWhere(PrintDialog& dialog,
                                                const std::string& documentName) {
-  takeIcon(dialog);
   while (dialog.exec() == QDialog::Accepted) {
     if (dialog.toTextFile()) return PrintChoice{true};
     if (!dialog.toPdf()) {

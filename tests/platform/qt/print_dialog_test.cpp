@@ -7,6 +7,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
@@ -14,6 +15,7 @@
 #include <QPageSetupDialog>
 #include <QPainter>
 #include <QPrinterInfo>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QTimer>
@@ -68,6 +70,19 @@ TEST_F(PrintDialogTest, HasItsTitleAndCaptions) {
   EXPECT_EQ(copies(dialog_).accessibleName(), "Copies:");
   EXPECT_EQ(QAccessible::queryAccessibleInterface(&toFile(dialog_))->text(QAccessible::Name),
             "Print to file");
+}
+
+TEST_F(PrintDialogTest, ItsButtonsSayWhatTheyDo) {
+  EXPECT_EQ(toFile(dialog_).toolTip(), "Write the listing as plain text");
+  const auto expectTips = [](const PrintDialog& dialog, const char* print) {
+    const auto* buttons = dialog.findChild<QDialogButtonBox*>();
+    const QString ok = buttons->button(QDialogButtonBox::Ok)->toolTip();
+    EXPECT_TRUE(ok.startsWith(print) && ok.endsWith("Enter)")) << ok.toStdString();
+    const QString cancel = buttons->button(QDialogButtonBox::Cancel)->toolTip();
+    EXPECT_TRUE(cancel.startsWith("Print nothing (") && cancel.endsWith("Escape)"));
+  };
+  expectTips(dialog_, "Print the listing (");
+  expectTips(PrintDialog("Items", PrintDialog::What::sheets), "Print (");
 }
 
 TEST_F(PrintDialogTest, OffersAPdfDocumentAndThenThePrinters) {

@@ -12,6 +12,7 @@
 #include <QListView>
 #include <QMainWindow>
 #include <QMessageBox>
+#include <QPageSetupDialog>
 #include <QPushButton>
 #include <QScreen>
 #include <QSettings>
@@ -118,7 +119,8 @@ int roomFor(const QString& title) {
   return metrics.horizontalAdvance(title) + 5 * metrics.height();
 }
 
-const std::string kLongTitle = "Quillbox - a title that is longer than its text";
+/// Of the letters that bold widens most.
+const std::string kLongTitle = "Quillbox - " + std::string(110, 'i');
 
 TEST_F(QtDesktopTest, AMessageIsAtLeastAsWideAsItsTitleNeeds) {
   for (const auto buttons : {Buttons::ok, Buttons::yesNo})
@@ -177,8 +179,14 @@ TEST_F(QtDesktopTest, EveryBoxHasTheIconOfTheFormThatAsks) {
   desktop_.inputBox("Record #", "Go To Record", "");
   onDialog<QFileDialog>(look);
   desktop_.openDialog({"Open Collection", "All (*.*)|*.*"});
+  onDialog<QFileDialog>(look);
+  desktop_.saveDialog({"File Save As", ""});
   onDialog<QDialog>(look);
   desktop_.printDialog("QBX List Print", "");
+#ifndef _WIN32  // where it is the system's own, which a test cannot answer
+  onDialog<QPageSetupDialog>(look);
+  desktop_.printerSetup("cdlSetup");
+#endif
 }
 
 TEST_F(QtDesktopTest, ABoxRightAfterAnotherStillHasTheFormsIcon) {
@@ -264,6 +272,9 @@ TEST_F(QtDesktopTest, TheColumnsOfTheOpenDialogHoldWhatTheyShow) {
       EXPECT_GE(view->header()->sectionSize(column), view->header()->sectionSizeHint(column));
     }
     EXPECT_LE(dialog.width(), dialog.screen()->availableGeometry().width());
+    const auto* places = dialog.findChild<QListView*>("sidebar");
+    ASSERT_NE(places, nullptr);
+    EXPECT_GT(places->viewport()->width(), places->sizeHintForColumn(0)) << "not cut at the edge";
     key(dialog, Qt::Key_Escape);
   });
   EXPECT_EQ(desktop_.openDialog(kOpen), std::nullopt);

@@ -92,7 +92,7 @@ TEST_F(QtPrinterTest, LinesAreOneFontSizeApartAndBeginAtTheTopLeft) {
     EXPECT_NEAR(words[line].box.left(), words.front().box.left(), kTolerance);
   }
   const double margin = (pages.front().size.height() - printer_.printableHeight()) / 2;
-  EXPECT_NEAR(words.front().box.top(), margin, kPitch / 2);
+  EXPECT_NEAR(words.front().box.top(), margin, 1);
   expectInsideThePage(pages.front());
 }
 
