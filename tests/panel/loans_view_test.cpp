@@ -53,6 +53,8 @@ TEST_F(LoansViewTest, ShowsWhoHasWhat) {
             "[(no name) (1 item)] Artist|Bags|11/1/26|| ");
   EXPECT_EQ(line(), "4 items on loan, 1 overdue");
   EXPECT_EQ(nothing(), "");
+  for (int column = 1; column < 5; ++column)
+    EXPECT_EQ(rowAt(tree(), 0, -1, column).data().toString(), "") << column;
 }
 
 TEST_F(LoansViewTest, SaysWhenNothingIsOnLoan) {
@@ -147,11 +149,38 @@ TEST_F(LoansViewTest, MarksTheItemOfTheFormAndShowsNothing) {
 }
 
 TEST_F(LoansViewTest, TheRowTheUserIsOnStaysWhileItemsChange) {
-  takeAll(view_, {lent("Bob", "B"), lent("Cid", "C"), familyItem(kMusic, "At home")});
-  tree().setCurrentIndex(rowAt(tree(), 1, 0));
-  view_.take(3, recordOf(lent("Ann", "A")));
+  for (const int group : {0, 1})
+    for (const int row : {-1, 0}) {
+      takeAll(view_, {lent("Bob", "B"), lent("Cid", "C"), familyItem(kMusic, "At home")});
+      tree().setCurrentIndex(rowAt(tree(), group, row));
+      view_.take(3, recordOf(lent("Ann", "A")));
+      view_.showTaken();
+      EXPECT_EQ(tree().currentIndex(), rowAt(tree(), group + 1, row));
+    }
+}
+
+TEST_F(LoansViewTest, TheRowTheUserMovedToStaysAfterTheFormsItemWasMarked) {
+  view_.hide();
+  takeAll(view_, {lent("Ann", "A"), lent("Bob", "B"), lent("Cid", "C")});
+  view_.mark(2);
+  showWindow(view_);
+  EXPECT_EQ(tree().currentIndex(), rowAt(tree(), 1, 0));
+  tree().setCurrentIndex(rowAt(tree(), 2, 0));
   view_.showTaken();
   EXPECT_EQ(tree().currentIndex(), rowAt(tree(), 2, 0));
+}
+
+TEST_F(LoansViewTest, AHeadingStaysSelectedWhenTheFormShowsAnItemOfNoRow) {
+  takeAll(view_, {lent("Ann", "A"), familyItem(kMusic, "At home")});
+  tree().setCurrentIndex(rowAt(tree(), 0, -1));
+  view_.mark(2);
+  EXPECT_EQ(markedRow(tree()), "Ann (1 item)");
+}
+
+TEST_F(LoansViewTest, ItsCellsHaveNoRowsBelow) {
+  takeAll(view_, {lent("Ann", "A")});
+  EXPECT_EQ(tree().model()->rowCount(rowAt(tree(), 0, -1)), 0);
+  EXPECT_EQ(tree().model()->columnCount(rowAt(tree(), 0, -1)), 0);
 }
 
 TEST_F(LoansViewTest, TheFocusStaysInItWhileItemsChange) {

@@ -138,6 +138,24 @@ TEST_F(SummaryViewTest, TheBarsOfAGroupingAreAsLongAsTheirItemsAreMany) {
   EXPECT_NEAR(shorter, longer / 2, 2);
 }
 
+TEST_F(SummaryViewTest, ABarIsInTheMiddleOfItsCell) {
+  openWithAlbums();
+  const QImage picture = tree().viewport()->grab().toImage();
+  const double ratio = picture.devicePixelRatio();
+  const QRect cell = tree().visualRect(bar("Record Co", "Blue Note", 1));
+  const QRect place((ratio * QPointF(cell.topLeft())).toPoint(), ratio * cell.size());
+  const QColor edge = tree().palette().color(QPalette::Text);
+  QRect drawn;
+  for (int y = place.top(); y <= place.bottom(); ++y)
+    for (int x = place.left(); x <= place.right(); ++x)
+      if (picture.pixelColor(x, y) == edge) drawn |= QRect(x, y, 1, 1);
+  const int air = drawn.left() - place.left();
+  EXPECT_GE(air, 2);
+  EXPECT_NEAR(drawn.top() - place.top(), air, ratio / 2);
+  EXPECT_NEAR(place.right() - drawn.right(), air, ratio / 2);
+  EXPECT_NEAR(place.bottom() - drawn.bottom(), air, ratio / 2);
+}
+
 TEST_F(SummaryViewTest, ABarIsToldInWordsToo) {
   openWithAlbums();
   EXPECT_EQ(bar("Genre", genre(1), 1).data(Qt::AccessibleTextRole).toString(), "67 percent");
@@ -151,6 +169,30 @@ TEST_F(SummaryViewTest, SaysWhenThereIsNothing) {
   EXPECT_FALSE(tree().isVisible());
   EXPECT_FALSE(viewButton("cmdPrintSummary").isEnabled());
   EXPECT_FALSE(viewButton("cmdSaveSummary").isEnabled());
+}
+
+TEST_F(SummaryViewTest, AnAlbumAloneHasItsBars) {
+  open();
+  takeAll(*view_, {album("Verve", 2, 1'0000, 2'0000)});
+  EXPECT_EQ(line(), "1 album, cost 1, worth 2");
+  EXPECT_NE(shownRows(tree()).find("[Record Co] Verve||1|1|2 "), std::string::npos);
+}
+
+TEST_F(SummaryViewTest, ABarStaysSelectedWhateverTheFormShows) {
+  openWithAlbums();
+  tree().setCurrentIndex(bar("Record Co", "Verve"));
+  for (const int item : {1, 2, 0}) {
+    view_->mark(item);
+    EXPECT_EQ(markedRow(tree()), "Verve") << item;
+  }
+}
+
+TEST_F(SummaryViewTest, ItsButtonsSayWhatTheyDo) {
+  open();
+  EXPECT_EQ(viewButton("cmdPrintSummary").text(), "Print Summary");
+  EXPECT_EQ(viewButton("cmdPrintSummary").toolTip(), "Print these bars and numbers");
+  EXPECT_EQ(viewButton("cmdSaveSummary").text(), "Save Summary");
+  EXPECT_EQ(viewButton("cmdSaveSummary").toolTip(), "Save as a PDF document or a PNG picture");
 }
 
 TEST_F(SummaryViewTest, WhatHasNoPricesHasNoColumnsForThem) {
@@ -214,6 +256,18 @@ TEST_F(SummaryViewTest, IsSavedAsADocument) {
   EXPECT_TRUE(lines.contains("Verve 1 1 2"));
 }
 
+/// Where paper is metric, that is also the toolkit's own choice.
+TEST_F(SummaryViewTest, ADocumentHasTheLocalPaper) {
+  QUILLBOX_NEEDS(pdfReader);
+  openWithAlbums();
+  saveAs(path("sum.pdf"));
+  const bool metric = QLocale::system().measurementSystem() == QLocale::MetricSystem;
+  const QSizeF paper = metric ? QSizeF(595, 842) : QSizeF(612, 792);
+  const QSizeF size = pagesOf(path("sum.pdf")).at(0).size;
+  EXPECT_NEAR(size.width(), paper.width(), 1);
+  EXPECT_NEAR(size.height(), paper.height(), 1);
+}
+
 TEST_F(SummaryViewTest, ManyBarsGoOnOnFurtherPagesWithNoneLost) {
   QUILLBOX_NEEDS(pdfReader);
   open();
@@ -244,6 +298,22 @@ TEST_F(SummaryViewTest, IsSavedAsAPicture) {
     for (int x = 0; x < picture.width(); ++x)
       if (picture.pixelColor(x, y) == QColor(0x4a, 0x6f, 0x9c)) ++bars;
   EXPECT_GT(bars, 1'000);
+}
+
+TEST_F(SummaryViewTest, APictureHasTheSameMarginsOnAllSides) {
+  openWithAlbums();
+  saveAs(path("sum.png"));
+  QImage picture;
+  ASSERT_TRUE(picture.load(QString::fromStdString(path("sum.png"))));
+  QRect drawn;
+  for (int y = 0; y < picture.height(); ++y)
+    for (int x = 0; x < picture.width(); ++x)
+      if (picture.pixelColor(x, y) != QColor(Qt::white)) drawn |= QRect(x, y, 1, 1);
+  const int left = drawn.left();
+  EXPECT_NEAR(left, 72, 4);  // half an inch, at two pixels to the point
+  EXPECT_NEAR(picture.width() - 1 - drawn.right(), left, 4);
+  EXPECT_NEAR(drawn.top(), left, 24);
+  EXPECT_NEAR(picture.height() - 1 - drawn.bottom(), left, 60);  // with the foot of a sheet
 }
 
 TEST_F(SummaryViewTest, APictureOfManyBarsIsNoHigherThanCanBeShown) {
