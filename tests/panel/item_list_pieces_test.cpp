@@ -107,6 +107,17 @@ TEST_F(ItemListInPieces, StaysInOrderWhenItemsAreAddedAndTakenAway) {
   EXPECT_EQ(listed(), (Texts{"A", "C"}));
 }
 
+TEST_F(ItemListInPieces, PutsAnItemThatIsAddedInItsPlace) {
+  start({"C", "A"});
+  Q_EMIT table().horizontalHeader()->sectionClicked(1);
+  readAll();
+  put({"C", "A", "B"});
+  list_.take(3, recordOf(familyItem(kBooks, "B")));
+  readAll();
+  EXPECT_EQ(listed(), (Texts{"A", "B", "C"}));
+  EXPECT_EQ(told(), "3 books");
+}
+
 TEST_F(ItemListInPieces, KeepsItsOrderForAnotherCollection) {
   start({"C", "A"});
   Q_EMIT table().horizontalHeader()->sectionClicked(1);

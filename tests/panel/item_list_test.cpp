@@ -155,6 +155,23 @@ TEST_P(EachItemList, HidesDeletedItemsUnlessAskedForThem) {
   EXPECT_EQ(listed(), (Texts{"One", deleted, "Three"}));
   EXPECT_TRUE(rows().data(rows().index(1, 1), Qt::FontRole).value<QFont>().strikeOut());
   EXPECT_FALSE(rows().data(rows().index(0, 1), Qt::FontRole).isValid());
+  EXPECT_EQ(rows().data(rows().index(1, 1), Qt::AccessibleDescriptionRole), "deleted");
+  EXPECT_EQ(rows().data(rows().index(0, 1), Qt::AccessibleDescriptionRole), "");
+}
+
+TEST_P(EachItemList, HeadersStandOverTheirColumns) {
+  open({item("One")});
+  openPanel();
+  for (int section = 0; section < rows().columnCount(); ++section) {
+    const QVariant header = rows().headerData(section, Qt::Horizontal, Qt::TextAlignmentRole);
+    EXPECT_EQ(header, rows().data(rows().index(0, section), Qt::TextAlignmentRole)) << section;
+    EXPECT_TRUE(header.value<Qt::Alignment>().testFlag(Qt::AlignVCenter)) << section;
+  }
+  const auto alignment = [&](int section) {
+    return rows().headerData(section, Qt::Horizontal, Qt::TextAlignmentRole).value<Qt::Alignment>();
+  };
+  EXPECT_TRUE(alignment(0).testFlag(Qt::AlignRight)) << "the number";
+  EXPECT_TRUE(alignment(1).testFlag(Qt::AlignLeft)) << "a text";
 }
 
 TEST_P(EachItemList, FindsItemsAsTheUserTypes) {
@@ -307,6 +324,18 @@ TEST_P(EachItemList, AnEmptyCollectionSaysSo) {
   openPanel();
   EXPECT_EQ(told(), "No items yet");
   EXPECT_EQ(listed(), Texts{});
+}
+
+TEST_P(EachItemList, ACopiedCellIsOneCellAndOneLine) {
+  open({item("Line\r\nand\tcell")});
+  openPanel();
+  table().selectAll();
+  table().setFocus();
+  key(Qt::Key_C, Qt::ControlModifier);
+  const QStringList lines = QApplication::clipboard()->text().split(QLatin1Char('\n'));
+  ASSERT_EQ(lines.size(), 3);
+  EXPECT_TRUE(lines[1].startsWith(QStringLiteral("1\tLine  and cell\t"))) << lines[1].toStdString();
+  EXPECT_EQ(lines[2], "");
 }
 
 class MusicItemList : public PanelTest {

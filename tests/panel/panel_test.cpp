@@ -53,6 +53,30 @@ TEST_P(EachPanel, HasATabForEachView) {
   EXPECT_EQ(panel.accessibleName(), "All Items");
 }
 
+TEST_P(EachPanel, ItsViewsFollowTheCollection) {
+  open({item("One"), item("Two")});
+  openPanel();
+  auto& panel = control<QTabWidget>("Panel");
+  const auto summed = [&](const char* start) {
+    return waitFor([&] { return label("lblSummary").starts_with(start); });
+  };
+  panel.setCurrentIndex(panel.count() - 1);
+  EXPECT_TRUE(summed("2 "));
+  press(kind().buttons.clear);
+  type(kind().firstBox(), "New");
+  press(kind().buttons.write);
+  EXPECT_TRUE(summed("3 "));
+  panel.setCurrentIndex(0);
+  press(kind().buttons.clear);
+  type(kind().firstBox(), "Newer");
+  press(kind().buttons.write);
+  panel.setCurrentIndex(panel.count() - 1);
+  EXPECT_TRUE(summed("4 "));
+  writeFile(collectionPath(), collection({item("Three")}));
+  openHere(collectionPath());
+  EXPECT_TRUE(summed("1 "));
+}
+
 TEST_P(EachPanel, GivesTheRoomBackThatItTook) {
   open({item("One")});
   const QSize before = form().size();
