@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QLabel>
+#include <QScrollBar>
 
 #include "support/fake_desktop.h"
 #include "support/panel_views.h"
@@ -145,6 +146,9 @@ TEST_F(LoansViewTest, MarksTheItemOfTheFormAndShowsNothing) {
   EXPECT_EQ(markedRow(tree()), "");
   view_.mark(2);
   EXPECT_EQ(markedRow(tree()), "Artist");
+  view_.mark(1);
+  EXPECT_EQ(tree().currentIndex(), rowAt(tree(), 0, 0));
+  EXPECT_EQ(markedRow(tree()), "Artist");
   EXPECT_TRUE(asked_.shown.empty());
 }
 
@@ -165,9 +169,31 @@ TEST_F(LoansViewTest, TheRowTheUserMovedToStaysAfterTheFormsItemWasMarked) {
   view_.mark(2);
   showWindow(view_);
   EXPECT_EQ(tree().currentIndex(), rowAt(tree(), 1, 0));
-  tree().setCurrentIndex(rowAt(tree(), 2, 0));
+  for (const int group : {2, 0}) {
+    tree().setCurrentIndex(rowAt(tree(), group, 0));
+    view_.showTaken();
+    EXPECT_EQ(tree().currentIndex(), rowAt(tree(), group, 0));
+  }
+}
+
+TEST_F(LoansViewTest, ThePlaceScrolledToStaysWhileItemsChange) {
+  std::vector<std::string> items;
+  for (int nth = 0; nth < 200; ++nth) items.push_back(lent("Ann", std::to_string(nth)));
+  takeAll(view_, items);
+  QScrollBar& bar = *tree().verticalScrollBar();
+  tree().setCurrentIndex(rowAt(tree(), 0, 0));
+  tree().scrollTo(rowAt(tree(), 0, 100));
+  const int before = bar.value();
+  EXPECT_GT(before, 0);
   view_.showTaken();
-  EXPECT_EQ(tree().currentIndex(), rowAt(tree(), 2, 0));
+  QApplication::processEvents();
+  EXPECT_EQ(bar.value(), before);
+}
+
+TEST_F(LoansViewTest, AHeadingIsBoldAndItsRowsAreNot) {
+  takeAll(view_, {lent("Ann", "A")});
+  EXPECT_TRUE(rowAt(tree(), 0, -1).data(Qt::FontRole).value<QFont>().bold());
+  EXPECT_FALSE(rowAt(tree(), 0, 0).data(Qt::FontRole).value<QFont>().bold());
 }
 
 TEST_F(LoansViewTest, AHeadingStaysSelectedWhenTheFormShowsAnItemOfNoRow) {

@@ -112,6 +112,21 @@ TEST_F(ViewsLook, EveryControlHasANameToBeFoundAndToBeHeard) {
   }
 }
 
+TEST_F(ViewsLook, ATreeHasTheNameOfItsTab) {
+  for (const auto& view : views_)
+    EXPECT_EQ("tre" + treeOf(*view).accessibleName(), treeOf(*view).objectName());
+}
+
+TEST_F(ViewsLook, RowsBeginAtTheEdge) {
+  for (const auto& view : views_) {
+    showWindow(*view);
+    const QTreeView& tree = treeOf(*view);
+    EXPECT_EQ(tree.visualRect(tree.model()->index(0, 0)).left(), 0);
+    EXPECT_EQ(tree.visualRect(tree.model()->index(1, 0)).left(), 0);
+    view->hide();
+  }
+}
+
 TEST_F(ViewsLook, NoButtonTakesAnAccessKeyFromTheForm) {
   for (const auto& view : views_)
     for (const auto* button : view->findChildren<QPushButton*>())
