@@ -4,6 +4,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 
 #include "support/panel_views.h"
 
@@ -70,8 +71,16 @@ TEST_F(DoublesViewTest, TheButtonStepsThroughTheGroupsAndRoundAgain) {
   EXPECT_EQ(markedRow(tree()), "1");
 }
 
+TEST_F(DoublesViewTest, TheButtonWaitsForTheFirstGroup) {
+  EXPECT_FALSE(next().isEnabled());
+  takeTwoGroups();
+  EXPECT_TRUE(next().isEnabled());
+  EXPECT_FALSE(view_.findChild<QShortcut*>()->autoRepeat()) << "a key held down is one step";
+}
+
 TEST_F(DoublesViewTest, ItsKeysDoTheSame) {
   takeTwoGroups();
+  EXPECT_EQ(next().text(), "Next Double");
   EXPECT_EQ(next().toolTip(), "Show the next item that is there more than once (Ctrl+Shift+D)");
   for (QWidget* focus : {static_cast<QWidget*>(&tree()), static_cast<QWidget*>(&next())}) {
     focus->setFocus();
@@ -110,10 +119,17 @@ TEST_F(DoublesViewTest, FollowsWhatChanges) {
   EXPECT_FALSE(next().isEnabled());
 }
 
+TEST_F(DoublesViewTest, TakesTheFocusFromNothingWhileItemsChange) {
+  takeTwoGroups();
+  next().setFocus();
+  view_.showTaken();
+  EXPECT_TRUE(next().hasFocus());
+}
+
 TEST_F(DoublesViewTest, RowsOfItemsThatAreGoneAreBlankUntilItShowsAnew) {
   takeTwoGroups();
   view_.cutTo(3);
-  EXPECT_EQ(rowAt(tree(), 0, 2, 1).data().toString(), "");
+  for (const int row : {1, 2}) EXPECT_EQ(rowAt(tree(), 0, row, 1).data().toString(), "") << row;
   clickRow(tree(), rowAt(tree(), 0, 2));
   EXPECT_EQ(asked_.shown, (std::vector{6}));
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QLabel>
+#include <QScrollBar>
 
 #include "support/fake_desktop.h"
 #include "support/panel_views.h"
@@ -53,6 +54,8 @@ TEST_F(LoansViewTest, ShowsWhoHasWhat) {
             "[(no name) (1 item)] Artist|Bags|11/1/26|| ");
   EXPECT_EQ(line(), "4 items on loan, 1 overdue");
   EXPECT_EQ(nothing(), "");
+  for (int column = 1; column < 5; ++column)
+    EXPECT_EQ(rowAt(tree(), 0, -1, column).data().toString(), "") << column;
 }
 
 TEST_F(LoansViewTest, SaysWhenNothingIsOnLoan) {
@@ -143,15 +146,67 @@ TEST_F(LoansViewTest, MarksTheItemOfTheFormAndShowsNothing) {
   EXPECT_EQ(markedRow(tree()), "");
   view_.mark(2);
   EXPECT_EQ(markedRow(tree()), "Artist");
+  view_.mark(1);
+  EXPECT_EQ(tree().currentIndex(), rowAt(tree(), 0, 0));
+  EXPECT_EQ(markedRow(tree()), "Artist");
   EXPECT_TRUE(asked_.shown.empty());
 }
 
 TEST_F(LoansViewTest, TheRowTheUserIsOnStaysWhileItemsChange) {
-  takeAll(view_, {lent("Bob", "B"), lent("Cid", "C"), familyItem(kMusic, "At home")});
-  tree().setCurrentIndex(rowAt(tree(), 1, 0));
-  view_.take(3, recordOf(lent("Ann", "A")));
+  for (const int group : {0, 1})
+    for (const int row : {-1, 0}) {
+      takeAll(view_, {lent("Bob", "B"), lent("Cid", "C"), familyItem(kMusic, "At home")});
+      tree().setCurrentIndex(rowAt(tree(), group, row));
+      view_.take(3, recordOf(lent("Ann", "A")));
+      view_.showTaken();
+      EXPECT_EQ(tree().currentIndex(), rowAt(tree(), group + 1, row));
+    }
+}
+
+TEST_F(LoansViewTest, TheRowTheUserMovedToStaysAfterTheFormsItemWasMarked) {
+  view_.hide();
+  takeAll(view_, {lent("Ann", "A"), lent("Bob", "B"), lent("Cid", "C")});
+  view_.mark(2);
+  showWindow(view_);
+  EXPECT_EQ(tree().currentIndex(), rowAt(tree(), 1, 0));
+  for (const int group : {2, 0}) {
+    tree().setCurrentIndex(rowAt(tree(), group, 0));
+    view_.showTaken();
+    EXPECT_EQ(tree().currentIndex(), rowAt(tree(), group, 0));
+  }
+}
+
+TEST_F(LoansViewTest, ThePlaceScrolledToStaysWhileItemsChange) {
+  std::vector<std::string> items;
+  for (int nth = 0; nth < 200; ++nth) items.push_back(lent("Ann", std::to_string(nth)));
+  takeAll(view_, items);
+  QScrollBar& bar = *tree().verticalScrollBar();
+  tree().setCurrentIndex(rowAt(tree(), 0, 0));
+  tree().scrollTo(rowAt(tree(), 0, 100));
+  const int before = bar.value();
+  EXPECT_GT(before, 0);
   view_.showTaken();
-  EXPECT_EQ(tree().currentIndex(), rowAt(tree(), 2, 0));
+  QApplication::processEvents();
+  EXPECT_EQ(bar.value(), before);
+}
+
+TEST_F(LoansViewTest, AHeadingIsBoldAndItsRowsAreNot) {
+  takeAll(view_, {lent("Ann", "A")});
+  EXPECT_TRUE(rowAt(tree(), 0, -1).data(Qt::FontRole).value<QFont>().bold());
+  EXPECT_FALSE(rowAt(tree(), 0, 0).data(Qt::FontRole).value<QFont>().bold());
+}
+
+TEST_F(LoansViewTest, AHeadingStaysSelectedWhenTheFormShowsAnItemOfNoRow) {
+  takeAll(view_, {lent("Ann", "A"), familyItem(kMusic, "At home")});
+  tree().setCurrentIndex(rowAt(tree(), 0, -1));
+  view_.mark(2);
+  EXPECT_EQ(markedRow(tree()), "Ann (1 item)");
+}
+
+TEST_F(LoansViewTest, ItsCellsHaveNoRowsBelow) {
+  takeAll(view_, {lent("Ann", "A")});
+  EXPECT_EQ(tree().model()->rowCount(rowAt(tree(), 0, -1)), 0);
+  EXPECT_EQ(tree().model()->columnCount(rowAt(tree(), 0, -1)), 0);
 }
 
 TEST_F(LoansViewTest, TheFocusStaysInItWhileItemsChange) {

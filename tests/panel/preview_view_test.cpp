@@ -109,11 +109,12 @@ class Preview : public EditorTest {
   bool isSaid(const std::string& text) {
     return waitFor([&] { return label("lblSays").starts_with(text); });
   }
-  void putPicture(const char* name) {
-    QImage image(20, 10, QImage::Format_RGB32);
+  void putPicture(const char* name, QSize size = {20, 10}) {
+    QImage image(size, QImage::Format_RGB32);
     image.fill(Qt::darkGreen);
     EXPECT_TRUE(image.save(QString::fromStdString(path(name))));
   }
+  QPixmap picture() { return control<QLabel>("lblPicture").pixmap(Qt::ReturnByValue); }
 };
 
 TEST_F(Preview, FollowsTheForm) {
@@ -130,6 +131,34 @@ TEST_F(Preview, FollowsTheForm) {
   EXPECT_FALSE(button("cmdOpenMediaFile").isEnabled());
   press(kind().buttons.next);
   EXPECT_TRUE(isSaid("The item does not say where its file lies"));
+}
+
+/// At 200 percent, too: a pixel of the picture is one of the screen, or less.
+TEST_F(Preview, ShowsAPictureWholeAndAsSharpAsTheScreenAllows) {
+  putPicture("a.png");
+  putPicture("b.png", {3000, 1500});
+  open({fileItem("a.png"), fileItem("b.png")});
+  openTab("Preview");
+  EXPECT_TRUE(isSaid("20 x 10, "));
+  const double ratio = form().devicePixelRatioF();
+  EXPECT_EQ(picture().size(), QSize(20, 10));
+  EXPECT_EQ(picture().deviceIndependentSize(), QSizeF(20, 10) / ratio);
+  press(kind().buttons.next);
+  EXPECT_TRUE(isSaid("3000 x 1500, "));
+  const QSizeF room = control<QLabel>("lblPicture").size();
+  const QSizeF shown = picture().deviceIndependentSize();
+  EXPECT_NEAR(shown.width(), std::min(room.width(), 2 * room.height()), 1);
+  EXPECT_NEAR(shown.height(), shown.width() / 2, 1);
+}
+
+TEST_F(Preview, ItsButtonSaysWhatItDoes) {
+  open({fileItem("a.png")});
+  openTab("Preview");
+  EXPECT_EQ(button("cmdOpenMediaFile").text(), "Open");
+  EXPECT_EQ(button("cmdOpenMediaFile").toolTip(), "Open the file in the program for such files");
+  EXPECT_EQ(control<QLabel>("lblPicture").accessibleName(), "Picture");
+  EXPECT_TRUE(isSaid("Not there any more"));
+  EXPECT_EQ(control<QLabel>("lblFile").accessibleName().toStdString(), path("a.png"));
 }
 
 TEST_F(Preview, SaysWhenNoProgramOpensTheFile) {

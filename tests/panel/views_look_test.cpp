@@ -57,6 +57,20 @@ TEST_F(ViewsLook, ShowsEverythingWhole) {
   }
 }
 
+TEST_F(ViewsLook, TheBarsTakeWhatTheOtherColumnsLeave) {
+  for (const auto& view : views_) {
+    if (dynamic_cast<SummaryView*>(view.get()) == nullptr) continue;
+    view->resize(1200, 300);
+    showWindow(*view);
+    const QTreeView& tree = treeOf(*view);
+    EXPECT_EQ(tree.header()->length(), tree.viewport()->width());
+    const int bars = tree.columnWidth(1);
+    view->resize(1300, 300);
+    EXPECT_EQ(tree.columnWidth(1), bars + 100);
+    view->hide();
+  }
+}
+
 TEST_F(ViewsLook, RowsHaveRoomForTheirTexts) {
   for (const auto& view : views_) {
     showWindow(*view);
@@ -64,6 +78,24 @@ TEST_F(ViewsLook, RowsHaveRoomForTheirTexts) {
     if (tree.isVisible()) {
       EXPECT_GE(tree.visualRect(rowAt(tree, 0, 0)).height(), tree.fontMetrics().height());
     }
+    view->hide();
+  }
+}
+
+TEST_F(ViewsLook, WhereThereIsNothingTheMiddleSaysSo) {
+  for (const auto& view : views_) {
+    view->start();
+    view->showTaken();
+    view->resize(view->minimumSizeHint().width(), 300);
+    showWindow(*view);
+    const QString name = "lblNo" + treeOf(*view).objectName().mid(3);
+    const auto& label = *view->findChild<QLabel*>(name);
+    SCOPED_TRACE(name.toStdString());
+    EXPECT_TRUE(label.isVisible());
+    EXPECT_EQ(label.alignment(), Qt::AlignCenter);
+    EXPECT_LT(label.minimumSizeHint().width(), label.fontMetrics().horizontalAdvance(label.text()))
+        << "it is wrapped where the view is narrow";
+    EXPECT_GE(label.height(), label.heightForWidth(label.width()));
     view->hide();
   }
 }
@@ -77,6 +109,21 @@ TEST_F(ViewsLook, EveryControlHasANameToBeFoundAndToBeHeard) {
       QAccessibleInterface* heard = QAccessible::queryAccessibleInterface(control);
       EXPECT_FALSE(heard->text(QAccessible::Name).isEmpty());
     }
+  }
+}
+
+TEST_F(ViewsLook, ATreeHasTheNameOfItsTab) {
+  for (const auto& view : views_)
+    EXPECT_EQ("tre" + treeOf(*view).accessibleName(), treeOf(*view).objectName());
+}
+
+TEST_F(ViewsLook, RowsBeginAtTheEdge) {
+  for (const auto& view : views_) {
+    showWindow(*view);
+    const QTreeView& tree = treeOf(*view);
+    EXPECT_EQ(tree.visualRect(tree.model()->index(0, 0)).left(), 0);
+    EXPECT_EQ(tree.visualRect(tree.model()->index(1, 0)).left(), 0);
+    view->hide();
   }
 }
 
