@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QGuiApplication>
 #include <QPainter>
+#include <QPrinterInfo>
 #include <QSet>
 #include <cstdlib>
 
@@ -16,7 +17,9 @@ namespace {
 /// Whether letters are drawn here as where the pictures were taken: other versions of the toolkit
 /// and of its fonts draw them a little differently.
 bool drawsTheSameLetters() {
-  if (QGuiApplication::platformName() != QLatin1String("offscreen")) return false;
+  if (QGuiApplication::platformName() != QLatin1String("offscreen") ||
+      qApp->devicePixelRatio() != 1)
+    return false;
   QImage letters(400, 40, QImage::Format_RGB888);
   letters.fill(Qt::white);
   QPainter painter(&letters);
@@ -34,12 +37,12 @@ bool alike(QRgb one, QRgb other) {
          std::abs(qBlue(one) - qBlue(other)) <= kRounding;
 }
 
-/// The pixels where two pictures of the same size differ.
-QRegion differing(const QImage& one, const QImage& other) {
-  QRegion found;
+/// Where two pictures of the same size differ.
+QRect difference(const QImage& one, const QImage& other) {
+  QRect found;
   for (int y = 0; y < one.height(); ++y)
     for (int x = 0; x < one.width(); ++x)
-      if (!alike(one.pixel(x, y), other.pixel(x, y))) found += QRect(x, y, 1, 1);
+      if (!alike(one.pixel(x, y), other.pixel(x, y))) found |= QRect(x, y, 1, 1);
   return found;
 }
 
@@ -58,18 +61,23 @@ class FormPictures : public EachForm {
       const QString file = folder + '/' + name + ".png";
       EXPECT_TRUE(QDir().mkpath(QFileInfo(file).path()));
       EXPECT_TRUE(taken.save(file)) << file.toStdString();
-    } else if (drawsTheSameLetters()) {
+    } else if (drawsTheSameLetters() && !showsPrinters(name)) {
       expectSaved(taken, name);
     }
     return taken;
+  }
+
+  /// Those of this machine.
+  static bool showsPrinters(const QString& name) {
+    return name.endsWith(QLatin1String("print")) &&
+           !QPrinterInfo::availablePrinterNames().isEmpty();
   }
 
   static void expectSaved(const QImage& taken, const QString& name) {
     const QString file = QStringLiteral(QUILLBOX_SOURCE_DIR "/docs/forms/") + name + ".png";
     const QImage saved = QImage(file).convertToFormat(QImage::Format_RGB888);
     ASSERT_EQ(taken.size(), saved.size()) << file.toStdString();
-    if (taken == saved) return;
-    const QRect where = differing(taken, saved).boundingRect();
+    const QRect where = difference(taken, saved);
     EXPECT_TRUE(where.isEmpty()) << file.toStdString() << " shows something else from " << where.x()
                                  << ", " << where.y() << " on, " << where.width() << " x "
                                  << where.height() << "; ./run --pictures takes it again";
