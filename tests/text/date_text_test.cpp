@@ -46,6 +46,17 @@ TEST(DateOf, TheSystemsShortFormIsUnderstood) {
   for (const auto& row : rows) EXPECT_EQ(dateOf(row.text, row.form), row.date) << row.text;
 }
 
+TEST(DateOf, AnyCharacterButLettersDigitsAndQuotesMayStandBetweenTheParts) {
+  for (char between = ' '; between <= '~'; ++between) {
+    const bool isLetter = (between >= 'a' && between <= 'z') || (between >= 'A' && between <= 'Z');
+    const bool isDigit = between >= '0' && between <= '9';
+    if (isLetter || isDigit || between == '\'' || between == '"') continue;
+    const std::string c(1, between);
+    EXPECT_EQ(dateText(29252, "d" + c + "M" + c + "yyyy"), "1" + c + "2" + c + "1980");
+    EXPECT_EQ(dateOf("1" + c + "2" + c + "1980", "d" + c + "M" + c + "yyyy"), 29252) << c;
+  }
+}
+
 TEST(DateOf, BlanksAroundTheFormAreNoPartOfIt) {
   constexpr double secondOfJanuary2000 = 36527.0;
   EXPECT_EQ(dateText(secondOfJanuary2000, " d/M/yy "), "2/1/00");
