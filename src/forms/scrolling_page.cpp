@@ -34,6 +34,9 @@ ScrollingPage::ScrollingPage(QWidget* page) {
           [this](QWidget* /*before*/, QWidget* now) { keepInView(now); });
 }
 
+/// The focus leaves what is being deleted.
+ScrollingPage::~ScrollingPage() { disconnect(qApp, nullptr, this, nullptr); }
+
 QSize ScrollingPage::sizeHint() const { return widget()->sizeHint(); }
 
 QSize ScrollingPage::minimumSizeHint() const {

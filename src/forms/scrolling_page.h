@@ -9,6 +9,9 @@ namespace quillbox {
 class ScrollingPage : public QScrollArea {
  public:
   explicit ScrollingPage(QWidget* page);
+  ScrollingPage(const ScrollingPage&) = delete;
+  ScrollingPage& operator=(const ScrollingPage&) = delete;
+  ~ScrollingPage() override;
 
   /// All of the page.
   QSize sizeHint() const override;
