@@ -399,6 +399,7 @@ class Walk(Program):
         self.check(board)
         if not self.status().startswith("Nothing printed"):
             self.miss("the board does not say that nothing was printed")
+        self.wait(lambda: has(board, pyatspi.STATE_ACTIVE), "the board gets no keys")
         subprocess.run(["xdotool", "key", "alt+F4"], check=True)
         self.wait(lambda: not shows(board), "the board cannot be closed")
 
