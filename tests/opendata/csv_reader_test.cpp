@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "opendata/csv_text.h"
-#include "opendata/data_error.h"
 #include "support/opendata_support.h"
 
 namespace quillbox::test {
@@ -24,12 +23,7 @@ Rows rowsOf(const std::string& text, std::size_t atOnce = 1'000'000) {
 }
 
 std::string whyNot(const std::string& text) {
-  try {
-    rowsOf(text);
-  } catch (const DataError& error) {
-    return error.what();
-  }
-  return "nothing";
+  return dataErrorOf([&] { rowsOf(text); });
 }
 
 TEST(CsvReader, ReadsRecordsOfFields) {

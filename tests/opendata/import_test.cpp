@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "opendata/csv_reader.h"
-#include "opendata/data_error.h"
 #include "opendata/export_text.h"
 #include "opendata/json_reader.h"
 #include "support/collection_path.h"
@@ -35,12 +34,7 @@ class ImportInto : public testing::TestWithParam<int> {
   }
 
   std::string whyNot(const std::string& csv) {
-    try {
-      bringIn(csv);
-    } catch (const DataError& error) {
-      return error.what();
-    }
-    return "nothing";
+    return dataErrorOf([&] { bringIn(csv); });
   }
 
   std::string exported() {

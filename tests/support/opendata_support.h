@@ -7,10 +7,22 @@
 #include <vector>
 
 #include "opendata/csv_reader.h"
+#include "opendata/data_error.h"
 #include "opendata/import.h"
 #include "opendata/streams.h"
 
 namespace quillbox::test {
+
+/// The data error of a call; "nothing" when there is none.
+template <typename Call>
+std::string dataErrorOf(const Call& call) {
+  try {
+    call();
+  } catch (const DataError& error) {
+    return error.what();
+  }
+  return "nothing";
+}
 
 /// A source for a text that returns a given number of bytes at a time.
 class TextSource : public ByteSource {
