@@ -15,7 +15,7 @@ constexpr double kLine = 14;
 constexpr double kHeadingLine = 30;
 constexpr double kTitleLine = 24;
 constexpr double kFoot = 20;  // at the bottom of each sheet
-constexpr double kBetween = 6;
+constexpr double kGap = 6;
 
 // As parts of a line's width.
 constexpr double kLabelPart = 0.34;
@@ -127,13 +127,13 @@ void SummarySheets::draw(QPainter& painter, const Line& line) const {
                     line.label);
   // The space above a heading separates it from the bars before.
   const QRectF row(0, line.top + height - kLine, width, kLine);
-  drawText(painter, {0, row.top(), width * kLabelPart - kBetween, kLine},
+  drawText(painter, {0, row.top(), width * kLabelPart - kGap, kLine},
            Qt::AlignLeft | Qt::AlignVCenter, line.label);
   const double numbers = kNumberPart * width * static_cast<double>(line.numbers.size());
   double left = width - numbers;
   if (isHeading) painter.setFont(fontOf(kFont, false));
   for (const QString& number : line.numbers) {
-    drawText(painter, {left + kBetween, row.top(), width * kNumberPart - kBetween, kLine},
+    drawText(painter, {left + kGap, row.top(), width * kNumberPart - kGap, kLine},
              Qt::AlignRight | Qt::AlignVCenter, number);
     left += kNumberPart * width;
   }

@@ -46,7 +46,7 @@ class Export : public EditorTest, public testing::WithParamInterface<ExportedKin
   /// The message that an export of items ends with.
   void expectEnd() {
     if (isMedia())
-      expectError("'13':\n\nType mismatch");
+      expectError(kTypeMismatch);
     else
       desktop_.expectMessage("Quillbox", "Data Exported...");
   }

@@ -23,8 +23,6 @@ const std::string kDeviceError = "'57':\n\nDevice I/O error";
 const std::string kDiskFull = "'61':\n\nDisk full";
 const std::string kBadRecordNumber = "'63':\n\nBad record number";
 const std::string kDenied = "'70':\n\nPermission denied";
-const std::string kOverflow = "'6':\n\nOverflow";
-const std::string kTypeMismatch = "'13':\n\nType mismatch";
 
 class FamilyEditor : public FamilySteps, public testing::WithParamInterface<ModelKind> {
  protected:
@@ -976,9 +974,6 @@ TEST_P(FamilyControls, ClickingACaptionMovesTheFocusInTheSoftwareEditorOnly) {
 
 // ---- Files that are not what they should be
 
-constexpr auto readOnly = std::filesystem::perms::owner_read | std::filesystem::perms::group_read |
-                          std::filesystem::perms::others_read;
-
 class FamilyBadFiles : public FamilyEditor {
  protected:
   /// Steps through whatever was opened; the program must survive.
@@ -1033,7 +1028,7 @@ TEST_P(FamilyBadFiles, AFileThatMayNotBeWrittenCanBeRead) {
   QUILLBOX_NEEDS(readOnlyFiles);
   const std::string before = familyFile(kind(), {"A", "B"});
   writeFile(collectionPath(), before);
-  std::filesystem::permissions(collectionPath(), readOnly);
+  std::filesystem::permissions(collectionPath(), kReadOnly);
   const OrdinaryUser user(folder_);
   start({collectionPath()});
   pressNext();

@@ -19,9 +19,6 @@ const std::string kUpgradeDone = "Updated File Type 4 to File Type 5\r\nBarCode/
 const std::string kUpgradeLast = "Updating complete.";
 const std::string kRefused = "Old File Type Incompatible. Contact us for upgrades.";
 
-constexpr auto readOnly = std::filesystem::perms::owner_read | std::filesystem::perms::group_read |
-                          std::filesystem::perms::others_read;
-
 class OpeningMusic : public FormTest {
  protected:
   void expectUpgrade() {
@@ -323,7 +320,7 @@ TEST_F(OpeningMusic, AFileThatMayNotBeWrittenCanBeRead) {
   QUILLBOX_NEEDS(readOnlyFiles);
   const std::string before = musicFile({album("A"), album("B")});
   writeFile(path(), before);
-  std::filesystem::permissions(path(), readOnly);
+  std::filesystem::permissions(path(), kReadOnly);
   const OrdinaryUser user(folder_);
   start({path()});
   press("cmdNext");
@@ -337,7 +334,7 @@ TEST_F(OpeningMusic, AFileThatMayNotBeWrittenCanBeRead) {
 
 TEST_F(OpeningMusic, AFolderThatMayNotBeWrittenTakesNoNewCollection) {
   QUILLBOX_NEEDS(permissions);
-  std::filesystem::permissions(folder_.path(), readOnly | std::filesystem::perms::owner_exec);
+  std::filesystem::permissions(folder_.path(), kReadOnly | std::filesystem::perms::owner_exec);
   const OrdinaryUser user(folder_);
   expectError("'70':\n\nPermission denied", path());
   start({path()});

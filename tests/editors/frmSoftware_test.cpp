@@ -6,8 +6,6 @@
 namespace quillbox::test {
 namespace {
 
-const std::string kOverflow = "'6':\n\nOverflow";
-
 SoftwareRecord disk(std::string_view label) {
   auto record = blankRecord<SoftwareRecord>(kSoftwareFields);
   record.DiskLabel = label;

@@ -8,7 +8,6 @@ namespace quillbox::test {
 namespace {
 
 constexpr double kNewYear1980 = 29221.0;
-const std::string kTypeMismatch = "'13':\n\nType mismatch";
 
 VideoRecord tape(std::string_view label) {
   auto record = blankRecord<VideoRecord>(kVideoFields);
@@ -131,7 +130,7 @@ TEST_F(VideoEditor, APriceBeyondItsRangeIsAnOverflowAndNothingIsWritten) {
   const std::string before = bytes();
   typeFirst("Changed");
   type("txtCurrPrice", "1e30");
-  expectError("'6':\n\nOverflow");
+  expectError(kOverflow);
   pressWrite();
   EXPECT_EQ(bytes(), before);
   EXPECT_EQ(first(), "Changed");

@@ -6,11 +6,11 @@
 #include <QStyleOptionButton>
 #include <QStyleOptionComboBox>
 #include <QStyleOptionSpinBox>
-#include <cmath>
 #include <map>
 
 #include "forms/all_forms.h"
 #include "forms/live_hint.h"
+#include "support/contrast.h"
 
 namespace quillbox::test {
 namespace {
@@ -178,19 +178,6 @@ void expectAllWhole(const QWidget& window, Size size) {
   }
   if (size == Size::usual) expectApart(window, controls);
   expectBarsWhole(window);
-}
-
-double luminance(const QColor& color) {
-  const auto part = [](float value) {
-    const double v = value;
-    return v <= 0.04045 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * part(color.redF()) + 0.7152 * part(color.greenF()) + 0.0722 * part(color.blueF());
-}
-
-double contrast(const QColor& one, const QColor& other) {
-  const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
-  return (lighter + 0.05) / (darker + 0.05);
 }
 
 /// A colour as it appears over another.

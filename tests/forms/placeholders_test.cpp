@@ -6,19 +6,12 @@
 #include <QLineEdit>
 #include <QStyle>
 #include <algorithm>
-#include <cmath>
 
+#include "support/contrast.h"
 #include "support/keys.h"
 
 namespace quillbox::test {
 namespace {
-
-double luminance(const QColor& color) {
-  const auto part = [](double v) {
-    return v <= 0.04045 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * part(color.redF()) + 0.7152 * part(color.greenF()) + 0.0722 * part(color.blueF());
-}
 
 /// Between the colours of a picture: the background, and what differs most from it.
 double drawnContrast(const QWidget& box) {
@@ -27,11 +20,8 @@ double drawnContrast(const QWidget& box) {
   const double ground = luminance(box.palette().color(QPalette::Base));
   double highest = 1;
   for (int y = inside.top(); y <= inside.bottom(); ++y)
-    for (int x = inside.left(); x <= inside.right(); ++x) {
-      const double pixel = luminance(picture.pixelColor(x, y));
-      const auto [darker, lighter] = std::minmax(ground, pixel);
-      highest = std::max(highest, (lighter + 0.05) / (darker + 0.05));
-    }
+    for (int x = inside.left(); x <= inside.right(); ++x)
+      highest = std::max(highest, contrast(ground, luminance(picture.pixelColor(x, y))));
   return highest;
 }
 

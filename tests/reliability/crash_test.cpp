@@ -38,7 +38,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Microseconds = std::chrono::microseconds;
 
-constexpr int kItems = 5000;
+constexpr int kManyItems = 5000;
 
 int crashes() {
   constexpr int inAnOrdinaryRun = 6;
@@ -137,7 +137,7 @@ class SortCrashTest : public CrashTest {
     DiskFileSystem files;
     const auto lost = findLost(files, kind(), path);
     ASSERT_TRUE(lost);
-    EXPECT_EQ(lost->count, kItems);
+    EXPECT_EQ(lost->count, kManyItems);
     putBack(files, *lost);
     EXPECT_TRUE(readFile(path) == before);
   }
@@ -147,12 +147,12 @@ void SortCrashTest::expectSafe(const std::string& path, const std::string& file,
                                const SortRules& rules) {
   const std::string backup = folder_.path("mine.bak");
   const std::string before =
-      collectionBytes(kind(), kItems, kind().rules.fileType, kind().recordLength, kSeed);
+      collectionBytes(kind(), kManyItems, kind().rules.fileType, kind().recordLength, kSeed);
   const auto sort = [&] {
     DiskFileSystem files;
     AppState state(files);
     state.currentPath = path;
-    state.Count = kItems;
+    state.Count = kManyItems;
     NoBoard board;
     state.Count =
         sortCollection(state.files, state, kind(), rules, std::vector<bool>(5, true), board);
@@ -168,12 +168,12 @@ void SortCrashTest::expectSafe(const std::string& path, const std::string& file,
     killedWithin(anyMomentOf(whole), sort);
     if (std::filesystem::exists(backup)) {
       ASSERT_TRUE(readFile(backup) == before) << "crash " << crash;
-      expectOpens(backup, kind(), kItems, kItems);
+      expectOpens(backup, kind(), kManyItems, kManyItems);
       if (!std::filesystem::exists(path)) expectPutBack(path, before);
     } else {
       const std::string found = readFile(path);
       ASSERT_TRUE(found == before || found == after) << "crash " << crash;
-      expectOpens(path, kind(), kItems, kItems);
+      expectOpens(path, kind(), kManyItems, kManyItems);
     }
   }
 }
@@ -252,8 +252,8 @@ class UpgradeCrashTest : public CrashTest {};
 TEST_P(UpgradeCrashTest, LeavesTheOldFileOrTheNewOne) {
   const std::string path = folder_.path("jazz.MCS");
   const std::string backup = folder_.path("jazz.BAK");
-  const std::string before =
-      collectionBytes(kind(), kItems, music_file_type::upgradable, kMusicRecordType4Length, kSeed);
+  const std::string before = collectionBytes(kind(), kManyItems, music_file_type::upgradable,
+                                             kMusicRecordType4Length, kSeed);
   const auto upgrade = [&] {
     DiskFileSystem files;
     AppState state(files);
@@ -272,7 +272,7 @@ TEST_P(UpgradeCrashTest, LeavesTheOldFileOrTheNewOne) {
     else
       ASSERT_TRUE(readFile(path) == before) << "crash " << crash;
     if (std::filesystem::exists(path) && readFile(path) == after)
-      expectOpens(path, kind(), kItems, kItems - 1);  // the last item is not carried over
+      expectOpens(path, kind(), kManyItems, kManyItems - 1);  // the last item is not carried over
   }
 }
 
@@ -304,13 +304,13 @@ class OpenDataCrashTest : public CrashTest {
 
   std::string path() { return folder_.path("mine." + std::string(kind().extension)); }
   std::string bytes(unsigned seed) {
-    return collectionBytes(kind(), kItems, kind().rules.fileType, kind().recordLength, seed);
+    return collectionBytes(kind(), kManyItems, kind().rules.fileType, kind().recordLength, seed);
   }
 };
 
 TEST_P(OpenDataCrashTest, AnImportLeavesTheOldOneOrTheNewOne) {
   std::string csv = "Item," + std::string(kind().fields.front().name) + "\n";
-  for (int item = 1; item <= kItems; item += 3) csv += std::to_string(item) + ",changed\n";
+  for (int item = 1; item <= kManyItems; item += 3) csv += std::to_string(item) + ",changed\n";
   const auto bringIn = [&] {
     DiskFileSystem files;
     ToldChanges watcher;

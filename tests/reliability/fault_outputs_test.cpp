@@ -258,7 +258,7 @@ class LoadFolder : public CollectionPath {
 
 bool isMediaFiles(const CollectionKind& kind) { return kind.editor == EditorForm::wave; }
 
-std::vector<FaultPathRow> everyRow() {
+std::vector<FaultPathRow> everyOutput() {
   return joined({rowsOf<Spooling>("Spooling"), rowsOf<TextFile>("TextFile"),
                  rowsOf<WholeListing>("WholeListing"), rowsOf<Paper>("Paper"),
                  rowsOf<ExportPath>("Export"), rowsOf<LoadFolder>("LoadFolder", isMediaFiles)});
@@ -268,7 +268,7 @@ class FaultTableOfOutputs : public testing::TestWithParam<FaultPathRow> {};
 
 TEST_P(FaultTableOfOutputs, NoFaultOfAnyOperationCostsAnItem) { runFaultTable(GetParam().make); }
 
-INSTANTIATE_TEST_SUITE_P(Paths, FaultTableOfOutputs, testing::ValuesIn(everyRow()), nameOfPath);
+INSTANTIATE_TEST_SUITE_P(Paths, FaultTableOfOutputs, testing::ValuesIn(everyOutput()), nameOfPath);
 
 }  // namespace
 }  // namespace quillbox::test

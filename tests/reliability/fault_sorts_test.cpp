@@ -164,7 +164,7 @@ class FinishPath : public CollectionToSort {
   }
 };
 
-std::vector<FaultPathRow> everyRow() {
+std::vector<FaultPathRow> everySort() {
   std::vector<FaultPathRow> rows;
   for (const ModelKind& kind : kModelKinds) {
     rows.push_back(
@@ -186,7 +186,7 @@ class FaultTableOfSorts : public testing::TestWithParam<FaultPathRow> {};
 
 TEST_P(FaultTableOfSorts, NoFaultOfAnyOperationCostsAnItem) { runFaultTable(GetParam().make); }
 
-INSTANTIATE_TEST_SUITE_P(Paths, FaultTableOfSorts, testing::ValuesIn(everyRow()), nameOfPath);
+INSTANTIATE_TEST_SUITE_P(Paths, FaultTableOfSorts, testing::ValuesIn(everySort()), nameOfPath);
 
 }  // namespace
 }  // namespace quillbox::test

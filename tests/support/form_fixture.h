@@ -31,6 +31,10 @@ namespace quillbox::test {
 
 inline const std::string kEditorMessages = "QBX - Music Manager";
 
+// For expectError.
+inline const std::string kOverflow = "'6':\n\nOverflow";
+inline const std::string kTypeMismatch = "'13':\n\nType mismatch";
+
 /// Of the dialog that opens a collection.
 inline const std::string kOpenFilter =
     "All Collections (*.?CS, *.MPS)|*.?CS;*.MPS|Music Collection (*.MCS)|*.MCS|Comic Collection "

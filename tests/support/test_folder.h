@@ -38,6 +38,11 @@ void makeLink(const std::string& file, const std::string& name);
 /// The number of files the program has open.
 std::ptrdiff_t openDescriptors();
 
+/// Of a file that nobody may write.
+inline constexpr auto kReadOnly = std::filesystem::perms::owner_read |
+                                  std::filesystem::perms::group_read |
+                                  std::filesystem::perms::others_read;
+
 /// While the object lives, the test has only the rights of an ordinary user, even when run by root:
 /// what is forbidden really fails. Needs `permissions`, or `readOnlyFiles` for a file that its
 /// owner may only read.
