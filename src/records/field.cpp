@@ -1,6 +1,5 @@
 #include "records/field.h"
 
-#include <algorithm>
 #include <cassert>
 #include <cstdint>
 #include <cstring>
@@ -41,9 +40,8 @@ std::string_view textOf(const Field& field, std::span<const std::byte> record, s
 void setText(const Field& field, std::span<std::byte> record, std::string_view text,
              std::size_t entry) {
   const auto bytes = entryOf(field, record, entry);
-  const auto length = std::min(text.size(), bytes.size());
-  std::ranges::copy(std::as_bytes(std::span(text).first(length)), bytes.begin());
-  std::ranges::fill(bytes.subspan(length), std::byte{' '});
+  const auto length = text.copy(reinterpret_cast<char*>(bytes.data()), bytes.size());
+  std::memset(bytes.data() + length, ' ', bytes.size() - length);
 }
 
 std::int16_t wholeOf(const Field& field, std::span<const std::byte> record) {
@@ -77,7 +75,7 @@ void setReal(const Field& field, std::span<std::byte> record, double value) {
 }
 
 void fillBlank(std::span<const Field> fields, std::span<std::byte> record) {
-  std::ranges::fill(record, std::byte{0});
+  std::memset(record.data(), 0, record.size());
   for (const Field& field : fields)
     for (std::size_t entry = 0; field.type == FieldType::text && entry < field.count; ++entry)
       setText(field, record, "", entry);

@@ -50,7 +50,9 @@ class Sort {
     RecordReader reader(file, slots.count(), recordNumberOf(1), blank);
     for (int item = 1; item <= slots.count(); ++item) {
       showReading(item, slots.count());
-      std::ranges::copy(reader.next(), slots.record(item).begin());
+      const auto record = reader.next();
+      // The library's version for ranges copies constant bytes one at a time.
+      std::copy(record.begin(), record.end(), slots.record(item).begin());
     }
     return header;
   }
