@@ -78,7 +78,7 @@ QWidget* frmEditor::makeIndicator() {
 
   auto* indicator = new QWidget;
   auto* line = new QHBoxLayout(indicator);
-  line->setContentsMargins(0, 0, 0, 0);
+  line->setContentsMargins({});
   line->addWidget(lblIndex_);
   line->addWidget(lblNotWritten_);
   return indicator;

@@ -30,7 +30,7 @@ frmListPage::frmListPage(Program& program, const ListPageTables& tables, Owner o
   setHelpPage("lists.md");
   auto* page = new QWidget;
   auto* column = new QVBoxLayout(page);
-  column->setContentsMargins(0, 0, 0, 0);
+  column->setContentsMargins({});
   lblItem_ = makeItemLine();
   column->addWidget(lblItem_);
   auto* grid = new QGridLayout;

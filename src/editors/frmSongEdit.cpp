@@ -46,7 +46,7 @@ frmSongEdit::frmSongEdit(Program& program, int page, Owner owner)
   setHelpPage("lists.md");
   auto* holder = new QWidget;
   auto* column = new QVBoxLayout(holder);
-  column->setContentsMargins(0, 0, 0, 0);
+  column->setContentsMargins({});
   lblItem_ = makeItemLine();
   column->addWidget(lblItem_);
   auto* grid = new QGridLayout;

@@ -45,7 +45,7 @@ FieldSheet::FieldSheet(std::span<const InputRow> inputs, std::span<const Heading
                        Desktop& desktop, QWidget* parent)
     : QWidget(parent) {
   auto* grid = new QGridLayout(this);
-  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setContentsMargins({});
   for (const HeadingRow& heading : headings)
     grid->addWidget(makeHeading(heading), heading.row, 0, 1, 2 * Place::kFullWidth);
   for (const InputRow& row : inputs)

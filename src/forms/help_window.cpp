@@ -83,7 +83,7 @@ void HelpWindow::makeButtons() {
 void HelpWindow::makeFindLine() {
   findLine_ = new QWidget;
   auto* row = new QHBoxLayout(findLine_);
-  row->setContentsMargins(0, 0, 0, 0);
+  row->setContentsMargins({});
   txtFind_ = new QLineEdit;
   row->addWidget(
       makeCaption(*txtFind_, QStringLiteral("txtFind"), QStringLiteral("Find &on this page:")));

@@ -19,7 +19,7 @@ constexpr int kWidest = 160;
 ScrollingPage::ScrollingPage(QWidget* page) {
   auto* holder = new QWidget;
   auto* column = new QVBoxLayout(holder);
-  column->setContentsMargins(0, 0, 0, 0);
+  column->setContentsMargins({});
   auto* row = new QHBoxLayout;
   row->addWidget(page, 1);
   row->addStretch(0);  // takes the rest of a wide window

@@ -39,7 +39,7 @@ StatusText::StatusText() {
 StatusLine::StatusLine(std::function<void(QPushButton&)> whenMade)
     : whenMade_(std::move(whenMade)), text_(new StatusText) {
   auto* row = new QHBoxLayout(this);
-  row->setContentsMargins(0, 0, 0, 0);
+  row->setContentsMargins({});
   row->addWidget(text_, 1);
   const std::unique_ptr<QPushButton> button(makeButton({}, QStringLiteral("Undo")));
   setFixedHeight(button->sizeHint().height());

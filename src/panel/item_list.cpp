@@ -219,8 +219,8 @@ bool ItemList::eventFilter(QObject* watched, QEvent* event) {
 bool ItemList::findKey(int key) {
   switch (key) {
     case Qt::Key_Down:
-      table_->setFocus(Qt::OtherFocusReason);
       if (!table_->currentIndex().isValid() && items_->rowCount() > 0) table_->selectRow(0);
+      table_->setFocus(Qt::OtherFocusReason);
       return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:

@@ -54,7 +54,7 @@ QWidget* ItemList::makeFindLine() {
 
   auto* line = new QWidget;
   auto* row = new QHBoxLayout(line);
-  row->setContentsMargins(0, 0, 0, 0);
+  row->setContentsMargins({});
   row->addWidget(caption);
   row->addWidget(txtFind_, 1);
   row->addWidget(chkDeleted_);
@@ -66,7 +66,7 @@ QWidget* ItemList::makeFindLine() {
 QWidget* ItemList::makeOnlyLine() {
   onlyLine_ = new QWidget;
   auto* row = new QHBoxLayout(onlyLine_);
-  row->setContentsMargins(0, 0, 0, 0);
+  row->setContentsMargins({});
   lblOnly_ = new ElidedLabel;
   lblOnly_->setObjectName(QStringLiteral("lblOnly"));
   auto* all = makeButton(QStringLiteral("cmdShowAll"), QStringLiteral("Show All"));

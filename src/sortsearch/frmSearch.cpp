@@ -108,7 +108,7 @@ frmSearch::frmSearch(Program& program, const CollectionKind& kind, const SearchP
       sheet_(new FieldSheet(page.inputs, page.headings, desktop())) {
   auto* central = new QWidget;
   auto* column = new QVBoxLayout(central);
-  column->setContentsMargins(0, 0, 0, 0);
+  column->setContentsMargins({});
   column->addStrut(fontMetrics().averageCharWidth() * kSheetWidth);
   column->addWidget(sheet_);
   auto* hint = new QLabel(fromUtf8Text(searchRulesOf(kind).hint));

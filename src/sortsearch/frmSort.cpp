@@ -99,7 +99,7 @@ frmSort::frmSort(Program& program, const CollectionKind& kind, Owner owner)
   setCaption(QString::fromUtf8(form.caption));
   auto* page = new QWidget;
   auto* column = new QVBoxLayout(page);
-  column->setContentsMargins(0, 0, 0, 0);
+  column->setContentsMargins({});
   auto* hint = new QLabel(QString::fromUtf8(form.hint));
   hint->setObjectName(QStringLiteral("lblHint"));
   column->addWidget(hint);

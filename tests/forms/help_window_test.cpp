@@ -236,6 +236,15 @@ TEST_F(HelpFind, OpensWithItsKeyAndItsButton) {
   EXPECT_EQ(helpPage(), "");
 }
 
+TEST_F(HelpFind, TheLineHasNoMargins) {
+  key(Qt::Key_F, Qt::ControlModifier);
+  const QWidget& row = *line().parentWidget();
+  QRect all;
+  for (const QWidget* control : row.findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+    all |= control->geometry();
+  EXPECT_EQ(all, row.rect());
+}
+
 TEST_F(HelpFind, FindsWhileTheTextIsTyped) {
   find("coll");
   EXPECT_EQ(found(), "coll");

@@ -28,6 +28,16 @@ TEST(StatusLineToAssistiveTechnology, IsAStatusBarThatSaysItsWholeTextOnce) {
     EXPECT_EQ(spoken->text(other), "");
 }
 
+TEST(StatusLineText, IsAsWideAsTheLine) {
+  StatusLine line([](QPushButton&) {});
+  line.show("Written");
+  line.resize(300, line.height());
+  line.layout()->activate();
+  const QRect text = line.findChild<QLabel*>(QStringLiteral("lblStatus"))->geometry();
+  EXPECT_EQ(text.left(), line.rect().left());
+  EXPECT_EQ(text.right(), line.rect().right());
+}
+
 TEST(StatusLineButton, LeavesTheFocusWhereItWasWhenItIsClicked) {
   QWidget window;
   auto* box = new QLineEdit;

@@ -199,6 +199,31 @@ TEST_P(EachItemList, FindsItemsAsTheUserTypes) {
   EXPECT_TRUE(box(kind().firstBox()).hasFocus());
 }
 
+TEST_P(EachItemList, WordsThatFindTheSameItemsDrawEveryColumnAgain) {
+  open({item("One"), item("Once")});
+  openPanel();
+  bool isWhole = false;
+  const QObject connected;
+  QObject::connect(
+      &rows(), &QAbstractItemModel::dataChanged, &connected,
+      [&](const QModelIndex& from, const QModelIndex& to) {
+        isWhole = isWhole || (from == rows().index(0, 0) &&
+                              to == rows().index(rows().rowCount() - 1, rows().columnCount() - 1));
+      });
+  findItems("on");
+  EXPECT_EQ(listed().size(), 2U);
+  EXPECT_TRUE(isWhole);
+}
+
+TEST_P(EachItemList, DownGoesToTheFirstItemWhereTheShownOneIsNotListed) {
+  open({item("One"), item("Two"), item("Two again")});
+  findItems("two");
+  key(Qt::Key_Down);
+  EXPECT_TRUE(table().selectionModel()->isRowSelected(0));
+  key(Qt::Key_Return);
+  EXPECT_EQ(first(), "Two");
+}
+
 TEST_P(EachItemList, AClickClearsTheWords) {
   open({item("One"), item("Two")});
   findItems("two");
