@@ -1,6 +1,7 @@
 # Compiles the files of each folder of a target together, in half the time: their headers are read, and
 # their templates made, once. Whoever changes a file compiles the folder again, so it is for building
-# once. Files in which a name that only they know is another's of the folder, too, are ALONE:
+# once. A file is compiled ALONE if it defines a name for itself that another file of its folder
+# defines for itself, too:
 #   quillbox_by_folder(target [ALONE files...])
 function(quillbox_by_folder target)
   cmake_parse_arguments(PARSE_ARGV 1 by_folder "" "" ALONE)
