@@ -374,10 +374,12 @@ class ModelFixture : public FormTest {
   /// Without those of a listing, which are created again each time.
   ModelDisk filesOnDisk() const {
     ModelDisk files;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_.path()))
-      if (entry.is_regular_file() && entry.path().filename() != "printer.tmp" &&
-          entry.path().filename() != kListing)
-        files[textOf(entry.path())] = readFile(textOf(entry.path()));
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_.path())) {
+      if (!entry.is_regular_file()) continue;
+      const std::string path = textOf(entry.path());
+      const auto name = fileNameOf(path);
+      if (name != "printer.tmp" && name != kListing) files[path] = readFile(path);
+    }
     return files;
   }
 
