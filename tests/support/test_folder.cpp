@@ -7,9 +7,9 @@
 #include <unistd.h>
 #endif
 
-#include <algorithm>
 #include <fstream>
 #include <random>
+#include <sstream>
 
 #include "support/machine.h"
 
@@ -100,12 +100,12 @@ OrdinaryUser::~OrdinaryUser() {
 #endif
 
 std::string readFile(const std::string& path) {
-  std::ifstream file(asPath(path), std::ios::binary | std::ios::ate);
+  std::ifstream file(asPath(path), std::ios::binary);
   if (!file) ADD_FAILURE() << "cannot read " << path;
   // At once: character by character would take most of the time of some tests.
-  std::string bytes(static_cast<std::size_t>(std::max<std::streamoff>(file.tellg(), 0)), '\0');
-  file.seekg(0).read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  return bytes;
+  std::ostringstream bytes;
+  bytes << file.rdbuf();
+  return bytes.str();
 }
 
 void writeFile(const std::string& path, std::string_view bytes) {
