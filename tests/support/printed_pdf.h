@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QImage>
 #include <QProcess>
 #include <QRectF>
 #include <QStringList>
@@ -23,16 +24,37 @@ struct Page {
   std::vector<Word> words;
 };
 
-inline QByteArray pdfToText(const QString& layout, const std::string& path) {
+/// What a reader of PDF documents writes to its standard output.
+inline QByteArray readPdf(const QString& program, const QStringList& arguments) {
   QProcess reader;
-  reader.start(QStringLiteral("pdftotext"),
-               {layout, QStringLiteral("-enc"), QStringLiteral("UTF-8"),
-                QString::fromStdString(path), QStringLiteral("-")});
+  reader.start(program, arguments);
   if (!reader.waitForFinished() || reader.exitStatus() != QProcess::NormalExit ||
       reader.exitCode() != 0)
-    ADD_FAILURE() << "pdftotext: " << reader.errorString().toStdString() << " "
+    ADD_FAILURE() << program.toStdString() << ": " << reader.errorString().toStdString() << " "
                   << reader.readAllStandardError().toStdString();
   return reader.readAllStandardOutput();
+}
+
+inline QByteArray pdfToText(const QString& layout, const std::string& path) {
+  return readPdf(QStringLiteral("pdftotext"),
+                 {layout, QStringLiteral("-enc"), QStringLiteral("UTF-8"),
+                  QString::fromStdString(path), QStringLiteral("-")});
+}
+
+/// The box around everything that is black on the first page, in points. The box of a word is as
+/// high as its font says, this one as its letters are.
+inline QRectF inkOfTheFirstPage(const std::string& path) {
+  constexpr int kDotsPerPoint = 4;
+  const QImage page = QImage::fromData(readPdf(
+      QStringLiteral("pdftoppm"),
+      {QStringLiteral("-png"), QStringLiteral("-gray"), QStringLiteral("-singlefile"),
+       QStringLiteral("-r"), QString::number(72 * kDotsPerPoint), QString::fromStdString(path)}));
+  EXPECT_FALSE(page.isNull());
+  QRect ink;
+  for (int y = 0; y < page.height(); ++y)
+    for (int x = 0; x < page.width(); ++x)
+      if (qGray(page.pixel(x, y)) < 128) ink |= QRect(x, y, 1, 1);
+  return {QPointF(ink.topLeft()) / kDotsPerPoint, QSizeF(ink.size()) / kDotsPerPoint};
 }
 
 /// The lines that are not empty, with single blanks between words.

@@ -16,6 +16,7 @@ namespace {
 constexpr double kPointsPerInch = 72;
 constexpr double kPdfMargin = 18;  // in points, as desktop printers have it
 constexpr double kAscentOfALine = 0.8;
+constexpr double kLeastSpacing = 1.0 / 64;  // dots of the printer
 
 /// How many whole steps fit, at least one.
 int fitting(double space, double step) {
@@ -62,6 +63,9 @@ void QtPrinter::setFont(const std::string& name, double points) {
   font_.setStyleHint(QFont::TypeWriter);
   font_.setFixedPitch(true);
   font_.setPointSizeF(points);
+  // Some fixed-width fonts draw "fi" as one letter of one column. Letters with space between them,
+  // be it too small to see, are not joined.
+  font_.setLetterSpacing(QFont::AbsoluteSpacing, kLeastSpacing);
 }
 
 double QtPrinter::printableHeight() {

@@ -91,19 +91,25 @@ TEST_F(QtPrinterTest, LinesAreOneFontSizeApartAndBeginAtTheTopLeft) {
     EXPECT_NEAR(words[line].box.top() - words[line - 1].box.top(), kPitch, kTolerance);
     EXPECT_NEAR(words[line].box.left(), words.front().box.left(), kTolerance);
   }
+  // Fonts differ: an "l" is 0.6 to 0.8 of its font's size high and begins 0 to 0.3 from the left.
   const double margin = (pages.front().size.height() - printer_.printableHeight()) / 2;
-  EXPECT_NEAR(words.front().box.top(), margin, 1);
+  const QRectF ink = inkOfTheFirstPage(path_);
+  EXPECT_NEAR(ink.top(), margin + 0.1 * kPitch, 0.1 * kPitch);
+  EXPECT_NEAR(ink.left(), margin + 0.15 * kPitch, 0.15 * kPitch);
+  EXPECT_LE(ink.bottom(), pages.front().size.height() - margin);
   expectInsideThePage(pages.front());
 }
 
 TEST_F(QtPrinterTest, AllLettersAreEquallyWideAndBlanksCount) {
   QUILLBOX_NEEDS(pdfReader);
-  const auto pages = print("iiiii|\r\nWWWWW|\r\n     |\r\n");
+  const auto pages = print("iiiii|\r\nWWWWW|\r\n     |\r\nfiflf|\r\n");
   ASSERT_EQ(pages.size(), 1U);
   const auto& words = pages.front().words;
-  ASSERT_EQ(words.size(), 3U);
+  ASSERT_EQ(words.size(), 4U);
   EXPECT_NEAR(words[0].box.right(), words[1].box.right(), kTolerance);
   EXPECT_NEAR(words[0].box.right(), words[2].box.right(), kTolerance);
+  EXPECT_EQ(words[3].text, QStringLiteral("fiflf|"));  // no letters joined
+  EXPECT_NEAR(words[0].box.right(), words[3].box.right(), kTolerance);
 }
 
 TEST_F(QtPrinterTest, ASheetHoldsAsManyLinesAsItIsHighAndTheRestComesOnTheNext) {
