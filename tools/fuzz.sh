@@ -8,7 +8,7 @@ cd "$(dirname "$0")/.."
 
 # shellcheck disable=SC2086 # the lists are meant to be split
 need $packages_to_build $packages_to_sanitize
-build fuzz
+build fuzz fuzz_targets
 
 seconds=${1:-20}
 [ $# -eq 0 ] || shift

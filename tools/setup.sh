@@ -15,6 +15,9 @@ packages_to_tidy="clang-tidy"
 packages_to_windows="g++-mingw-w64-x86-64-posix cmake ninja-build perl dpkg-dev qt6-base-dev
   librsvg2-bin icoutils nsis zip unzip wine wine64 googletest fonts-dejavu-core"
 
+# One more than there are processors, as some wait.
+tests_at_once=$(($(nproc) + 1))
+
 is_installed() {
   [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
 }
