@@ -1,11 +1,11 @@
 #include "opendata/replacement.h"
 
 #include <cstring>
-#include <vector>
 
 #include "opendata/data_error.h"
 #include "platform/file_paths.h"
 #include "platform/run_time_error.h"
+#include "platform/transfer_buffer.h"
 #include "records/record_file.h"
 
 namespace quillbox {
@@ -71,11 +71,11 @@ void Replacement::beginEmpty() {
 /// The checksum of the file's present contents, which are also copied if `copy` is given.
 std::uint64_t Replacement::sumOfFile(File* copy) {
   const auto in = files_.open(file_, OpenMode::read);
-  std::vector<std::byte> block(kRecordBlockBytes);
+  TransferBuffer block(kRecordBlockBytes);
   Sum sum;
   std::uint64_t at = 0;
   for (;;) {
-    const auto read = std::span(block).first(in->readAt(at, block));
+    const auto read = block.bytes().first(in->readAt(at, block.bytes()));
     sum.add(read);
     if (copy != nullptr && !read.empty()) copy->writeAt(at, read);
     at += read.size();

@@ -1,7 +1,5 @@
 #include "platform/text_writer.h"
 
-#include <span>
-
 #include "platform/run_time_error.h"
 
 namespace quillbox {
@@ -25,7 +23,7 @@ TextWriter::~TextWriter() {
 /// that the system always gets whole pages.
 std::string_view TextWriter::writeFullBuffers(std::string_view text) {
   while (text.size() > buffer_.size() - filled_) {
-    const std::size_t taken = text.copy(buffer_.data() + filled_, buffer_.size() - filled_);
+    const std::size_t taken = text.copy(buffer_.text() + filled_, buffer_.size() - filled_);
     filled_ += taken;
     text.remove_prefix(taken);
     writeBuffer();
@@ -40,7 +38,7 @@ void TextWriter::close() {
 }
 
 void TextWriter::writeBuffer() {
-  files_.file(number_).writeAt(written_, std::as_bytes(std::span(buffer_).first(filled_)));
+  files_.file(number_).writeAt(written_, buffer_.bytes().first(filled_));
   written_ += filled_;
   filled_ = 0;
 }

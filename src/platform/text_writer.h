@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/open_files.h"
+#include "platform/transfer_buffer.h"
 
 namespace quillbox {
 
@@ -20,7 +20,7 @@ class TextWriter {
 
   void write(std::string_view text) {
     if (text.size() > buffer_.size() - filled_) text = writeFullBuffers(text);
-    filled_ += text.copy(buffer_.data() + filled_, text.size());
+    filled_ += text.copy(buffer_.text() + filled_, text.size());
   }
 
   /// Writes the rest and closes the file.
@@ -32,7 +32,7 @@ class TextWriter {
 
   OpenFiles& files_;
   int number_;
-  std::vector<char> buffer_;
+  TransferBuffer buffer_;
   std::size_t filled_ = 0;
   std::uint64_t written_ = 0;
   bool closed_ = false;

@@ -79,6 +79,59 @@ void addGroup(Block& block, const ListingGroup& group, std::span<const std::stri
   }
 }
 
+/// The items of a collection, each once and in order. What cannot be read is as in a blank item.
+class ItemsInOrder {
+ public:
+  ItemsInOrder(OpenFiles& files, const OpenCollection& collection, const CollectionKind& kind)
+      : blank_(blankRecord(kind)), left_(collection.Count) {
+    ignoringErrors(
+        [&] { file_.emplace(files, collection.currentPath, kind.recordLength, OpenMode::read); });
+  }
+
+  /// Valid until the next call. There must be one.
+  std::span<const std::byte> next() {
+    if (at_ == block_.size()) readBlock();
+    const auto item = std::span(block_).subspan(at_, blank_.size());
+    at_ += blank_.size();
+    return item;
+  }
+
+ private:
+  void readBlock() {
+    const int count = std::min(left_, static_cast<int>(kRecordBlockBytes / blank_.size()));
+    block_.resize(static_cast<std::size_t>(count) * blank_.size());
+    at_ = 0;
+    // Where a block cannot be read, most of its items can.
+    if (!read(first_, block_)) {
+      for (int each = 0; each < count; ++each) {
+        const auto item = std::span(block_).subspan(static_cast<std::size_t>(each) * blank_.size(),
+                                                    blank_.size());
+        if (!read(first_ + each, item)) std::ranges::copy(blank_, item.begin());
+      }
+    }
+    first_ += count;
+    left_ -= count;
+  }
+
+  bool read(int first, std::span<std::byte> items) {
+    bool isRead = false;
+    ignoringErrors([&] {
+      if (!file_) return;
+      const std::size_t there = file_->readRecords(recordNumberOf(first), items);
+      for (std::size_t at = there; at < items.size(); ++at) items[at] = blank_[at % blank_.size()];
+      isRead = true;
+    });
+    return isRead;
+  }
+
+  std::vector<std::byte> blank_;
+  std::optional<RecordFile> file_;
+  std::vector<std::byte> block_;
+  std::size_t at_ = 0;  // of the next item in the block
+  int first_ = 1;       // of the next block
+  int left_;            // items after this block
+};
+
 }  // namespace
 
 Listing::Listing(const CollectionKind& kind, ListingTexts texts)
@@ -155,15 +208,9 @@ std::int16_t composePages(OpenFiles& files, const OpenCollection& collection,
   std::int16_t pages = 0;
   ignoringErrors([&] { engine.PrintData(lines, pages, print_mode::reset); });
   lines.front() = listing.pageHeading();
-  const std::vector<std::byte> blank = blankRecord(kind);
-  std::vector<std::byte> record;
-  std::optional<RecordFile> file;
-  ignoringErrors(
-      [&] { file.emplace(files, collection.currentPath, kind.recordLength, OpenMode::read); });
+  ItemsInOrder items(files, collection, kind);
   for (int item = 1; item <= collection.Count; ++item) {
-    record = blank;
-    if (file) ignoringErrors([&] { file->read(recordNumberOf(item), record, blank); });
-    std::int16_t count = listing.block(record, item, collection.Count, lines);
+    std::int16_t count = listing.block(items.next(), item, collection.Count, lines);
     board.progress(item, collection.Count);
     ignoringErrors([&] { engine.PrintData(lines, count, mode); });
   }

@@ -220,7 +220,7 @@ void PrintEngine::startNextPage(const PrintLines& lines, std::int16_t mode) {
 /// A page that has not changed since it was added is not added again.
 void PrintEngine::writePage() {
   if (!isChanged_) return;
-  if (!pages_.hasRoomFor(now_.page)) writePages();
+  if (!pages_.hasRoomFor(now_.page)) pages_.writePieceTo(*spool_);
   const std::size_t length = now_.pageText.size();
   now_.pageText.resize(kPageLength, ' ');
   pages_.put(now_.page, std::as_bytes(std::span(now_.pageText)));

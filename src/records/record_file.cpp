@@ -59,6 +59,10 @@ void RecordFile::writeRecords(int firstRecordNumber, std::span<const std::byte> 
   files_.file(number_).writeAt(offsetOf(firstRecordNumber), from);
 }
 
+void RecordFile::writeBytes(std::uint64_t at, std::span<const std::byte> from) {
+  files_.file(number_).writeAt(at, from);
+}
+
 std::uint64_t RecordFile::offsetOf(int recordNumber) const {
   if (recordNumber < 1) throw RunTimeError(ErrorNumber::badRecordNumber, path_);
   return static_cast<std::uint64_t>(recordNumber - 1) * recordLength_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <span>
 #include <string>
@@ -47,6 +48,9 @@ class RecordFile {
 
   /// Writes consecutive whole records.
   void writeRecords(int firstRecordNumber, std::span<const std::byte> from);
+
+  /// Writes anything from any byte of the file on.
+  void writeBytes(std::uint64_t at, std::span<const std::byte> from);
 
   /// Returns once what was written will survive a power cut.
   void flush() { files_.file(number_).flush(); }

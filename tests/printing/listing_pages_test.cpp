@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <initializer_list>
 #include <string>
@@ -29,7 +30,15 @@ class BoardSteps : public NoBoard {
 };
 
 const std::string kSeparator = std::string(10, ' ') + std::string(70, '-') + "\r\n";
+constexpr int kAtOnce = static_cast<int>(kRecordBlockBytes / kBooks.recordLength);  // items read
 constexpr int kBlocksPerPage = 8;  // of books: 64 lines of 71
+
+int countOf(std::string_view text, std::string_view part) {
+  int found = 0;
+  for (auto at = text.find(part); at != std::string_view::npos; at = text.find(part, at + 1))
+    ++found;
+  return found;
+}
 
 class ListingPages : public testing::Test {
  protected:
@@ -137,16 +146,49 @@ TEST_F(ListingPages, PagesAreCountedFromOneAtEachPrintout) {
 
 TEST_F(ListingPages, AnItemThatCannotBeReadIsBlank) {
   open({"A", "B", "C"});
-  files_.failNth(FileOperation::read, 1, ErrorNumber::deviceIo);
+  files_.damage = {path_, 3 * kBooks.recordLength - 1};
+  EXPECT_EQ(printed(), page(block(1, 3, "A") + block(2, 3, "") + block(3, 3, "C")));
+  expectNothingOpen();
+}
+
+TEST_F(ListingPages, ItemsThatCanBeReadTheSecondTimeAreListed) {
+  open({"A", "B"});
+  files_.failNth(FileOperation::read, 0, ErrorNumber::deviceIo);
   const std::string text = printed();
   EXPECT_TRUE(files_.hasFailed());
-  EXPECT_EQ(text, page(block(1, 3, "A") + block(2, 3, "") + block(3, 3, "C")));
-  expectNothingOpen();
+  EXPECT_EQ(text, page(block(1, 2, "A") + block(2, 2, "B")));
+}
+
+TEST_F(ListingPages, OnlyWhereTheDiskIsDamagedItemsAreReadOneByOne) {
+  constexpr int count = 3 * kAtOnce + 1;
+  const auto name = [](int item) { return "Author " + std::to_string(item) + "."; };
+  std::string bytes = familyHeader(count);
+  bytes.resize(kBooks.recordLength);
+  for (int item = 1; item <= count; ++item) bytes += familyItem(kBooks, name(item));
+  openBytes(count, bytes);
+  constexpr int damaged = 2 * kAtOnce;  // the last of the second block
+  files_.damage = {path_, (damaged + 1) * kBooks.recordLength - 1};
+  const std::string text = printed();
+  for (int item = 1; item <= count; ++item)
+    EXPECT_EQ(text.find(name(item)) != std::string::npos, item != damaged) << item;
+  const auto reads =
+      std::ranges::count(files_.operations(), OperationRecord{FileOperation::read, path_});
+  EXPECT_EQ(reads, 4 + kAtOnce);
 }
 
 TEST_F(ListingPages, ItemsPastTheEndOfTheFileAreBlank) {
   openBytes(3, familyFile(kBooks, {"A"}));
   EXPECT_EQ(printed(), page(block(1, 3, "A") + block(2, 3, "") + block(3, 3, "")));
+}
+
+TEST_F(ListingPages, ItemsPastTheEndOfALongFileAreBlank) {
+  std::string bytes = familyHeader(2 * kAtOnce);
+  bytes.resize(kBooks.recordLength);
+  for (int item = 0; item <= kAtOnce; ++item) bytes += familyItem(kBooks, "A");
+  openBytes(2 * kAtOnce, bytes);
+  const std::string text = printed();
+  EXPECT_EQ(countOf(text, "Author            : A\r\n"), kAtOnce + 1);
+  EXPECT_EQ(countOf(text, "Author            : \r\n"), kAtOnce - 1);
 }
 
 TEST_F(ListingPages, EveryItemOfACollectionThatIsGoneIsBlank) {

@@ -12,7 +12,7 @@ namespace quillbox::test {
 namespace {
 
 constexpr std::size_t kLength = 1000;
-constexpr int kMost = kRecordBlockBytes / kLength;
+constexpr int kBegun = kRecordBlockBytes / kLength + 1;  // records in the first piece
 
 class RecordBlockTest : public testing::Test {
  protected:
@@ -20,9 +20,20 @@ class RecordBlockTest : public testing::Test {
     const std::string bytes(kLength, with);
     block_.put(record, std::as_bytes(std::span(bytes)));
   }
+  /// Puts records from `first` on as long as there is room; returns the last.
+  int fill(int first) {
+    int n = first;
+    for (; block_.hasRoomFor(n); ++n) put(n, 'x');
+    return n - 1;
+  }
   void write() {
     RecordFile file(open_, path_, kLength, OpenMode::create);
     block_.writeTo(file);
+    file.close();
+  }
+  void writePiece() {
+    RecordFile file(open_, path_, kLength, OpenMode::create);
+    block_.writePieceTo(file);
     file.close();
   }
   std::string all() const { return readFile(path_); }
@@ -68,27 +79,63 @@ TEST_F(RecordBlockTest, BlocksBeginWithAnyRecord) {
 }
 
 TEST_F(RecordBlockTest, AFullBlockHasRoomForItsLastRecordOnly) {
-  for (int n = 1; n <= kMost; ++n) {
-    EXPECT_TRUE(block_.hasRoomFor(n));
-    put(n, 'x');
-  }
-  EXPECT_TRUE(block_.hasRoomFor(kMost));
-  EXPECT_FALSE(block_.hasRoomFor(kMost + 1));
-  put(kMost, 'y');
+  fill(1);
+  EXPECT_TRUE(block_.hasRoomFor(kBegun));
+  EXPECT_FALSE(block_.hasRoomFor(kBegun + 1));
+  put(kBegun, 'y');
   write();
-  EXPECT_TRUE(all() == std::string((kMost - 1) * kLength, 'x') + record('y'));
-  EXPECT_TRUE(block_.hasRoomFor(kMost + 1));
+  EXPECT_TRUE(all() == std::string((kBegun - 1) * kLength, 'x') + record('y'));
+  EXPECT_TRUE(block_.hasRoomFor(kBegun + 1));
 }
 
-TEST_F(RecordBlockTest, ARecordLongerThanABlockIsOneOfItsOwn) {
-  RecordBlock block(kRecordBlockBytes + 1);
+TEST_F(RecordBlockTest, PiecesEndAtWholePagesAndTheNextBeginThere) {
+  const int last = fill(1);
+  writePiece();
+  EXPECT_EQ(all().size(), kRecordBlockBytes);
+  EXPECT_FALSE(block_.isEmpty());
+  EXPECT_EQ(fill(last + 1), 2 * kRecordBlockBytes / kLength + 1);
+  writePiece();
+  EXPECT_EQ(all().size(), 2 * kRecordBlockBytes);
+  const int end = 2 * kRecordBlockBytes / kLength + 1;
+  put(end + 1, 'y');
+  put(end + 1, 'z');
+  write();
+  EXPECT_TRUE(all() == std::string(end * kLength, 'x') + record('z'));
+  EXPECT_TRUE(block_.isEmpty());
+}
+
+TEST_F(RecordBlockTest, ABlockThatBeginsWithinAPageEndsWithAWholeOne) {
+  EXPECT_EQ(fill(kBegun + 1), 2 * kRecordBlockBytes / kLength + 1);
+  writePiece();
+  EXPECT_EQ(all().size(), 2 * kRecordBlockBytes);
+  EXPECT_TRUE(all().substr(0, kBegun * kLength) == std::string(kBegun * kLength, '\0'));
+}
+
+TEST_F(RecordBlockTest, APieceThatEndsWithARecordLeavesNothing) {
+  constexpr std::size_t length = kRecordBlockBytes / 4;
+  RecordBlock block(length);
+  const std::string bytes(length, 'x');
+  for (int n = 1; n <= 4; ++n) block.put(n, std::as_bytes(std::span(bytes)));
+  EXPECT_FALSE(block.hasRoomFor(5));
+  RecordFile file(open_, path_, length, OpenMode::create);
+  block.writePieceTo(file);
+  EXPECT_TRUE(block.isEmpty());
+  EXPECT_EQ(all().size(), kRecordBlockBytes);
+}
+
+TEST_F(RecordBlockTest, ARecordMayBeLongerThanAPiece) {
+  constexpr std::size_t length = 2 * kRecordBlockBytes + 1;
+  RecordBlock block(length);
   EXPECT_TRUE(block.hasRoomFor(1));
-  const std::string bytes(kRecordBlockBytes + 1, 'z');
+  const std::string bytes(length, 'z');
   block.put(1, std::as_bytes(std::span(bytes)));
   EXPECT_FALSE(block.hasRoomFor(2));
-  RecordFile file(open_, path_, bytes.size(), OpenMode::create);
+  RecordFile file(open_, path_, length, OpenMode::create);
+  block.writePieceTo(file);
+  EXPECT_EQ(all().size(), 2 * kRecordBlockBytes);
+  block.put(2, std::as_bytes(std::span(bytes)));
   block.writeTo(file);
-  EXPECT_TRUE(all() == bytes);
+  EXPECT_TRUE(all() == bytes + bytes);
 }
 
 TEST_F(RecordBlockTest, WhatCouldNotBeWrittenIsKept) {
@@ -100,6 +147,15 @@ TEST_F(RecordBlockTest, WhatCouldNotBeWrittenIsKept) {
   put(3, 'c');
   write();
   EXPECT_TRUE(all() == record('a') + record('b') + record('c'));
+}
+
+TEST_F(RecordBlockTest, APieceThatCouldNotBeWrittenIsKept) {
+  const int last = fill(1);
+  files_.failNth(FileOperation::write, 0, ErrorNumber::diskFull);
+  EXPECT_EQ(failureOf([&] { writePiece(); }), (Failure{61, path_}));
+  EXPECT_EQ(fill(last + 1), last);
+  write();
+  EXPECT_TRUE(all() == std::string(static_cast<std::size_t>(last) * kLength, 'x'));
 }
 
 TEST_F(RecordBlockTest, WhatIsClearedIsNotWritten) {

@@ -15,6 +15,9 @@ class FailingFile : public File {
 
   std::size_t readAt(std::uint64_t offset, std::span<std::byte> into) override {
     if (const auto error = owner_.next(FileOperation::read, path_)) throw RunTimeError(*error);
+    if (const auto& damage = owner_.damage;
+        damage && damage->path == path_ && damage->byte - offset < into.size())
+      throw RunTimeError(ErrorNumber::deviceIo, path_);
     if (const auto interfere = std::exchange(owner_.beforeRead, nullptr)) interfere();
     return file_->readAt(offset, into);
   }

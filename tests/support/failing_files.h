@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -41,6 +42,13 @@ class FailingFiles : public FileSystem {
 
   /// A failing write first writes half of its bytes.
   bool shortWrites = false;
+
+  /// A byte that the disk cannot read any more: reading it fails, however often it is tried.
+  struct Damage {
+    std::string path;
+    std::uint64_t byte;
+  };
+  std::optional<Damage> damage;
 
   /// Called once, before the next read: another program changes the file.
   std::function<void()> beforeRead;
