@@ -5,7 +5,7 @@
 namespace quillbox {
 namespace {
 
-constexpr std::size_t kBufferBytes = 131'072;
+constexpr std::size_t kBufferBytes = 262'144;
 
 }  // namespace
 
