@@ -53,11 +53,11 @@ void frmEditor::takeOver(const OpenCollection& opened) {
 
 /// Not asked for: if it fails, nothing is shown.
 void frmEditor::tellWhatIsMissing() {
-  const int count = state().Count;
-  if (state().CurRec == 0 && count < 1)
+  if (state().CurRec == 0)
     showStatus(QStringLiteral("No item yet: choose Clear Data to type the first"));
   if (state().CurRec < 1) return;
   ignoringErrors([&] {
+    const int count = state().Count;
     const int last = store_.lastItemInFile(count);
     if (last == 0) showStatus(QStringLiteral("The file ends before item 1"));
     if (last > 0 && last < count) showStatus(QStringLiteral("The file ends at item %1").arg(last));

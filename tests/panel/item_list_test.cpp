@@ -278,6 +278,9 @@ TEST_P(EachItemList, OrdersByTheMenuAsByAHeader) {
   Q_EMIT control<QMenu>("ColumnMenu").aboutToShow();
   const auto& menu = control<QMenu>("OrderMenu");
   EXPECT_EQ(menu.title(), "Order By");
+  const QList<QAction*> entries = control<QMenu>("ColumnMenu").actions();
+  EXPECT_EQ(entries.last(), menu.menuAction());
+  EXPECT_TRUE(entries.at(entries.size() - 2)->isSeparator());
   QStringList names;
   for (const QAction* action : menu.actions()) names << action->text();
   QStringList headers;

@@ -126,7 +126,7 @@ TEST_F(SummarySheetsTest, LabelsAreCutWhereTheirBarsBegin) {
   ASSERT_EQ(wordsLike("WWW").size(), 1U);
   const double left = wordsLike("books").at(0).left();
   const QRectF label = wordsLike("WWW").at(0);
-  EXPECT_NEAR(label.left(), left, 1);
+  EXPECT_NEAR(label.left(), left, 0.5);
   EXPECT_LT(label.width(), bars);
   EXPECT_GT(label.width(), bars / 2);
   EXPECT_GT(wordsLike("books").at(0).height(), label.height()) << "the title is larger";
