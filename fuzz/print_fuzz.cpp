@@ -76,14 +76,14 @@ class Printout {
       // There is no page of such a height.
     }
     require(count == asked, "a block's length is left alone");
-    if (files_.exists(kSpool))
-      require(files_.bytes(kSpool).size() % kPageLength == 0, "the spool is whole pages");
   }
 
   void end() {
     std::int16_t pages = -1;
     engine_.PrintData(lines_, pages, print_mode::pageCount);
     require(pages >= (hasPage_ ? 1 : 0), "a block is on a page");
+    if (files_.exists(kSpool))
+      require(files_.bytes(kSpool).size() % kPageLength == 0, "the spool is whole pages");
     if (hasPage_)
       require(files_.bytes(kSpool).size() <= static_cast<std::size_t>(pages) * kPageLength,
               "every page in the file counts");
