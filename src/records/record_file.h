@@ -10,7 +10,7 @@
 
 namespace quillbox {
 
-/// The bytes read or written at a time, in whole records: large enough that the calls cost nothing,
+/// About how many bytes are read or written at a time: large enough that the calls cost nothing,
 /// small enough to fit into the processor's cache.
 inline constexpr std::size_t kRecordBlockBytes = 262'144;
 
@@ -45,9 +45,6 @@ class RecordFile {
 
   /// Writes `from` to the start of a record and leaves the rest unchanged.
   void write(int recordNumber, std::span<const std::byte> from);
-
-  /// Writes consecutive whole records.
-  void writeRecords(int firstRecordNumber, std::span<const std::byte> from);
 
   /// Writes anything from any byte of the file on.
   void writeBytes(std::uint64_t at, std::span<const std::byte> from);
