@@ -12,6 +12,9 @@
 #include <algorithm>
 #include <cmath>
 
+/// Unless something refers to it, from outside a namespace, the linker leaves the manual out.
+static void initManual() { Q_INIT_RESOURCE(manual); }
+
 namespace quillbox {
 namespace {
 
@@ -56,6 +59,7 @@ QUrl inDark(const QUrl& picture) {
 }  // namespace
 
 HelpPage::HelpPage() : usualSize_(QFontInfo(font()).pointSizeF()), shownDark_(isDark()) {
+  initManual();
   setOpenExternalLinks(true);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // so that the width for pictures is constant
   document()->setDocumentMargin(fontMetrics().averageCharWidth() * 2);
