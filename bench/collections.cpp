@@ -49,7 +49,7 @@ bool isBetweenFirstAndLast(int item) { return item > 1 && item < kItems; }
 
 void makeCollection(const std::string& path, int count,
                     const std::function<MusicRecord(int item)>& itemAt) {
-  const CollectionKind& kind = *kindOfExtension("MCS");
+  const CollectionKind& kind = music();
   DiskFileSystem fileSystem;
   AppState state(fileSystem);
   state.currentPath = path;
@@ -100,7 +100,7 @@ void makeMixedCollection(const std::string& path, int count) {
 void makeDeletedCollection(const std::string& path) {
   makeCollection(path, kItems, [](int item) {
     MusicRecord record = makeItem(item);
-    if (isBetweenFirstAndLast(item)) record.Artist = kindOfExtension("MCS")->rules.deletion.marker;
+    if (isBetweenFirstAndLast(item)) record.Artist = music().rules.deletion.marker;
     return record;
   });
 }

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "records/kinds.h"
+
 namespace quillbox::bench {
 
 /// As many items as a collection can have.
@@ -9,6 +11,9 @@ inline constexpr int kItems = 32767;
 
 /// All items between the first and the last.
 inline constexpr int kDeletedItems = kItems - 2;
+
+/// The kind of all collections here but those of exports.
+inline const CollectionKind& music() { return *kindOfExtension("MCS"); }
 
 /// A collection that is timed.
 struct Sized {

@@ -4,6 +4,7 @@
 
 #include <stdexcept>
 
+#include "collections.h"
 #include "platform/disk_file_system.h"
 #include "records/collection_store.h"
 #include "text/padding.h"
@@ -79,7 +80,7 @@ void Database::make(const std::string& path, const std::string& collection) {
   DiskFileSystem files;
   AppState state(files);
   state.currentPath = collection;
-  CollectionStore store(state.files, state, *kindOfExtension("MCS"));
+  CollectionStore store(state.files, state, music());
   const int count = store.ReadHeader().Count;
 
   Database database(path);

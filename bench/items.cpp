@@ -21,7 +21,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kRounds = 31;
+constexpr int kItemRounds = 31;
 constexpr int kTimes = 500;  // in each round
 constexpr off_t kLength = sizeof(MusicRecord);
 
@@ -35,7 +35,7 @@ Pair timeInTurn(const std::function<void()>& quillbox, const std::function<void(
   };
   std::vector<double> ours;
   std::vector<double> peers;
-  for (int round = 0; round < kRounds; ++round) {
+  for (int round = 0; round < kItemRounds; ++round) {
     ours.push_back(time(quillbox));
     peers.push_back(time(peer));
   }
@@ -88,7 +88,7 @@ ItemFigures timeItems(const std::string& collection) {
   AppState state(fileSystem);
   state.currentPath = collection;
   state.Count = kItems;
-  CollectionStore store(state.files, state, *kindOfExtension("MCS"));
+  CollectionStore store(state.files, state, music());
   const char* path = collection.c_str();
   HeaderRecord header = store.ReadHeader();
   MusicRecord record{};

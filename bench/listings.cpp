@@ -19,8 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kRounds = 5;
-constexpr double kBytesPerMib = 1024.0 * 1024.0;
+constexpr int kListingRounds = 5;
 
 /// A sheet of paper to measure; nothing is printed on it.
 class Paper : public Printer {
@@ -66,7 +65,7 @@ std::string entryOf(const Field& field, int index) {
 }
 
 void list(const Sized& collection, const std::string& path) {
-  const CollectionKind& kind = *kindOfExtension("MCS");
+  const CollectionKind& kind = music();
   DiskFileSystem files;
   AppState state(files);
   state.currentPath = collection.path;
@@ -86,7 +85,7 @@ void exportIt(const Sized& collection, const std::string& path) {
   AppState state(files);
   state.currentPath = collection.path;
   state.Count = static_cast<std::int16_t>(collection.items);
-  exportCollection(state.files, state, *kindOfExtension("MCS"), path);
+  exportCollection(state.files, state, music(), path);
 }
 
 void writeStraight(const std::string& path, std::string_view bytes) {
@@ -130,7 +129,7 @@ Pair timeBesideWriting(const std::function<void()>& work, const std::string& pat
   };
   work();
   const std::string bytes = contentsOf(path);
-  for (int round = 0; round < kRounds; ++round) {
+  for (int round = 0; round < kListingRounds; ++round) {
     ours.push_back(timed(work));
     peers.push_back(timed([&] {
       before();

@@ -18,7 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kRounds = 9;
+constexpr int kLoadRounds = 9;
 
 void makeFiles(const fs::path& folder, int count) {
   fs::create_directory(folder);
@@ -77,7 +77,7 @@ LoadFigures timeLoads(const fs::path& workFolder, int files, int itemsBefore) {
   const double with = peakMib([&] { load(catalogue, folder, itemsBefore + files); });
   std::vector<double> ours;
   std::vector<double> peers;
-  for (int round = 0; round < kRounds; ++round) {
+  for (int round = 0; round < kLoadRounds; ++round) {
     fresh();
     ours.push_back(milliseconds([&] { load(catalogue, folder, itemsBefore + files); }));
     fresh();

@@ -15,6 +15,7 @@
 #include "items.h"
 #include "listings.h"
 #include "loads.h"
+#include "measuring.h"
 #include "opendata.h"
 #include "overviews.h"
 #include "searches.h"
@@ -27,7 +28,6 @@ namespace {
 
 using namespace quillbox::bench;
 
-constexpr double kBytesPerMib = 1024.0 * 1024.0;
 constexpr int kFewestRuns = 15;
 
 template <typename... Values>

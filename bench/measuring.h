@@ -4,6 +4,8 @@
 
 namespace quillbox::bench {
 
+inline constexpr double kBytesPerMib = 1024.0 * 1024.0;
+
 /// The duration of the work.
 double milliseconds(const std::function<void()>& work);
 

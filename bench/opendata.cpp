@@ -21,7 +21,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kRounds = 5;
+constexpr int kOpenDataRounds = 5;
 
 class ToFile : public TextSink {
  public:
@@ -209,7 +209,7 @@ Pair timeSqlite(const fs::path& folder, const Sized& collection) {
   const Rows rows(ours);
   std::vector<double> mine;
   std::vector<double> peers;
-  for (int round = 0; round < kRounds; ++round) {
+  for (int round = 0; round < kOpenDataRounds; ++round) {
     fs::remove(ours);
     fs::remove(theirs);
     mine.push_back(milliseconds([&] { toSqlite(collection, ours); }));
@@ -225,7 +225,7 @@ Pair timeImport(const fs::path& workFolder, const Sized& collection) {
   toCsv(collection, csv);
   std::vector<double> ours;
   std::vector<double> peers;
-  for (int round = 0; round < kRounds; ++round) {
+  for (int round = 0; round < kOpenDataRounds; ++round) {
     ours.push_back(milliseconds([&] { dryRun(collection, csv); }));
     peers.push_back(milliseconds([&] {
       readThrough(csv);

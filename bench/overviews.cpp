@@ -18,10 +18,7 @@
 namespace quillbox::bench {
 namespace {
 
-constexpr int kRounds = 15;
-constexpr double kBytesPerMib = 1024.0 * 1024.0;
-
-const CollectionKind& music() { return *kindOfExtension("MCS"); }
+constexpr int kOverviewRounds = 15;
 
 RecordTexts texts() { return {builtInChoice, "M/d/yy"}; }
 
@@ -63,7 +60,7 @@ void makeTextTable(Database& database, const std::string& name, const std::strin
 Pair timeInTurn(const std::function<int()>& ours, const std::function<int()>& peer, bool agree) {
   std::vector<double> times;
   std::vector<double> peers;
-  for (int round = 0; round < kRounds; ++round) {
+  for (int round = 0; round < kOverviewRounds; ++round) {
     int found = 0;
     int foundByPeer = 0;
     times.push_back(milliseconds([&] { found = ours(); }));
@@ -78,7 +75,7 @@ Pair timeInTurn(const std::function<int()>& ours, const std::function<int()>& pe
 double longestPiece(Opened& opened) {
   using Clock = std::chrono::steady_clock;
   constexpr auto budget = std::chrono::milliseconds(20);
-  std::vector<double> longest(kRounds);
+  std::vector<double> longest(kOverviewRounds);
   for (double& most : longest) {
     opened.index.start(opened.items);
     while (opened.index.state() == ReadState::unfinished)
@@ -92,7 +89,7 @@ double longestPiece(Opened& opened) {
 
 Pair timeOpening(const Sized& collection, const std::string& database) {
   std::vector<double> ours;
-  for (int round = 0; round < kRounds; ++round)
+  for (int round = 0; round < kOverviewRounds; ++round)
     ours.push_back(milliseconds([&] { Opened(collection).readAll(); }));
   Database peer(database);
   const double filled =

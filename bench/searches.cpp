@@ -16,7 +16,7 @@
 namespace quillbox::bench {
 namespace {
 
-constexpr int kRounds = 31;
+constexpr int kSearchRounds = 31;
 
 /// What a user types to find exactly this record: all texts except the songs, and its flags.
 std::vector<Entered> allTextsOf(const MusicRecord& record) {
@@ -51,7 +51,7 @@ MusicRecord lastOf(const Sized& collection) {
   AppState state(files);
   state.currentPath = collection.path;
   MusicRecord last{};
-  CollectionStore(state.files, state, *kindOfExtension("MCS"))
+  CollectionStore(state.files, state, music())
       .ReadRecord(static_cast<std::int16_t>(collection.items - 1), bytesOf(last));
   return last;
 }
@@ -69,12 +69,12 @@ Pair timeOne(const Sized& collection, const std::vector<Entered>& inputs, bool i
   AppState state(files);
   state.currentPath = collection.path;
   state.Count = static_cast<std::int16_t>(collection.items);
-  const CollectionKind& kind = *kindOfExtension("MCS");
+  const CollectionKind& kind = music();
   NoBoard board;
   std::vector<double> ours;
   std::vector<double> peers;
   bool agree = true;
-  for (int round = 0; round < kRounds; ++round) {
+  for (int round = 0; round < kSearchRounds; ++round) {
     ours.push_back(milliseconds([&] {
       const Query query(kind, inputs, "M/d/yy");
       agree &= findItem(state.files, state, kind, query, board).has_value() == isThere;

@@ -19,13 +19,10 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int kSizes[] = {500, 2'000, 8'000, 32'765};
-constexpr int kRounds = 3;
+constexpr int kSortRounds = 3;
 constexpr int kMostWholePeer = 2'000;  // beyond it the peer takes minutes
 constexpr int kRepetitionsOfAnEstimate = 4;
-constexpr double kBytesPerMib = 1024.0 * 1024.0;
 const std::vector<bool> kAllKeys(5, true);
-
-const CollectionKind& music() { return *kindOfExtension("MCS"); }
 
 std::vector<MusicRecord> readAll(const std::string& path, int count) {
   DiskFileSystem files;
@@ -105,7 +102,7 @@ SortFigures timeOne(const fs::path& folder, int count) {
   figures.fileSize = static_cast<double>(fs::file_size(mixed)) / kBytesPerMib;
   const auto fresh = [&] { fs::copy_file(mixed, path, fs::copy_options::overwrite_existing); };
   std::vector<double> ours;
-  for (int round = 0; round < kRounds; ++round) {
+  for (int round = 0; round < kSortRounds; ++round) {
     fresh();
     ours.push_back(milliseconds([&] { sortIt(path, count); }));
   }
@@ -116,7 +113,7 @@ SortFigures timeOne(const fs::path& folder, int count) {
   fs::remove(database);
   Database::make(database, mixed);
   std::vector<double> databases;
-  for (int round = 0; round < kRounds; ++round)
+  for (int round = 0; round < kSortRounds; ++round)
     databases.push_back(milliseconds([&] {
       const int rows = Database(database).run(
           "SELECT * FROM music ORDER BY upper(Artist), upper(Album), upper(RecordCo), MediaType, "

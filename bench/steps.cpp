@@ -44,7 +44,7 @@ void runQuillbox(benchmark::State& run, const std::string& path, int expectedSte
   DiskFileSystem fileSystem;
   AppState state(fileSystem);
   state.currentPath = path;
-  CollectionStore store(state.files, state, *kindOfExtension("MCS"));
+  CollectionStore store(state.files, state, music());
   try {
     for (auto _ : run)
       if (walk(store, state.music) != expectedSteps) run.SkipWithError("another number of steps");
