@@ -1,5 +1,7 @@
 // The complete menus of the start screen and of each editor: every name and caption, in order.
 
+#include <QToolBar>
+
 #include "support/form_fixture.h"
 
 namespace quillbox::test {

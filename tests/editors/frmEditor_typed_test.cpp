@@ -1,5 +1,6 @@
 // Nothing typed is lost, and writing and deleting can be undone.
 
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QProcess>

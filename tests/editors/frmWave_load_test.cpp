@@ -1,5 +1,6 @@
 // The folder loader of the catalogues when it finds nothing, and when it fails part-way.
 
+#include <QRadioButton>
 #include <filesystem>
 
 #include "support/family_files.h"

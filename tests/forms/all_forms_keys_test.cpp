@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QKeySequence>
 #include <QMenu>
+#include <QScrollArea>
 #include <map>
 #include <set>
 

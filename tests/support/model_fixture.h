@@ -47,10 +47,12 @@ inline QString onScreen(const std::string& text) {
 }
 
 inline std::string inRecord(QString text) {
-  for (QChar& character : text)
-    if (const auto* const found = std::ranges::find(kHighCharacters, character.unicode());
-        found != std::end(kHighCharacters))
+  for (QChar& character : text) {
+    if (character.unicode() < 0x80) continue;
+    const auto* const found = std::ranges::find(kHighCharacters, character.unicode());
+    if (found != std::end(kHighCharacters))
       character = QChar(static_cast<char16_t>(0x80 + (found - std::begin(kHighCharacters))));
+  }
   return text.toLatin1().toStdString();
 }
 
