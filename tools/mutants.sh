@@ -14,7 +14,7 @@ git archive HEAD | tar -x -C "$copy"
 cd "$copy"
 # What is built hundreds of times is built and run as fast as possible. Warnings are not errors: a
 # mistake may leave a name unused.
-cmake --preset dev -B build -DCMAKE_CXX_COMPILER=clang++ -DQUILLBOX_QUICK_CORE=ON -DCMAKE_CXX_FLAGS_DEBUG=-O0 \
+cmake --preset dev -B build -DCMAKE_CXX_COMPILER=clang++ -DQUILLBOX_QUICK=ON -DCMAKE_CXX_FLAGS_DEBUG=-O0 \
   -DCMAKE_COMPILE_WARNING_AS_ERROR=OFF -DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld >/dev/null
 cmake --preset dev -B recording -DQUILLBOX_REACHED=ON -DCMAKE_CXX_FLAGS_DEBUG=-g1 >/dev/null
 exec python3 tools/mutants.py "$@"
