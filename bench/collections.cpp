@@ -4,7 +4,9 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <fstream>
 #include <functional>
+#include <iterator>
 #include <numeric>
 #include <random>
 #include <stdexcept>
@@ -65,6 +67,11 @@ void makeCollection(const std::string& path, int count,
 }
 
 }  // namespace
+
+std::string contentsOf(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
 
 void readThrough(const std::string& path) {
   std::vector<std::byte> part(kRecordBlockBytes);

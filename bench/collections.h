@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 #include "records/kinds.h"
@@ -32,6 +33,8 @@ void makeDeletedCollection(const std::string& path);
 
 /// Reads the file from beginning to end with bare system calls.
 void readThrough(const std::string& path);
+
+std::string contentsOf(const std::filesystem::path& path);
 
 /// Leaves the file in the system's cache as if read from the disk, which is how a user's file gets
 /// there: in larger pieces than when it is written by records or rows.

@@ -9,12 +9,11 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 #include <system_error>
 #include <vector>
 
+#include "collections.h"
 #include "median.h"
 
 namespace quillbox::bench {
@@ -38,11 +37,6 @@ using Command = std::vector<std::string>;
   if (errors >= 0) ::dup2(errors, STDERR_FILENO);
   if (::chdir(workFolder) == 0) ::execv(arguments[0], arguments);
   ::_exit(cannotRun);
-}
-
-std::string contentsOf(const std::filesystem::path& path) {
-  std::ifstream file(path);
-  return {std::istreambuf_iterator<char>(file), {}};
 }
 
 Process run(const Command& command, const std::filesystem::path& workFolder) {

@@ -15,7 +15,7 @@ function(quillbox_by_folder target)
     cmake_path(RELATIVE_PATH path BASE_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
     if(NOT path IN_LIST by_folder_ALONE)
       cmake_path(GET path PARENT_PATH folder)
-      string(MAKE_C_IDENTIFIER "in_${folder}" folder)
+      string(MAKE_C_IDENTIFIER "in_${folder}" folder) # the target's own folder has no name
       set_source_files_properties(${source} PROPERTIES UNITY_GROUP ${folder})
     endif()
   endforeach()

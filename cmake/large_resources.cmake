@@ -13,7 +13,7 @@ function(quillbox_add_large_resources target name)
   set(qrc ${CMAKE_CURRENT_BINARY_DIR}/${name}.qrc)
   file(CONFIGURE OUTPUT ${qrc} CONTENT "${list}" @ONLY)
   qt_add_big_resources(objects ${qrc})
-  # The bytes are put into the object file, which must have room for them already.
+  # The bytes replace others in the compiled object, which has none where the linker compiles.
   set_target_properties(rcc_object_${name} PROPERTIES INTERPROCEDURAL_OPTIMIZATION OFF)
   target_sources(${target} PRIVATE ${objects})
 endfunction()

@@ -270,7 +270,7 @@ class Pairs : public ModelFiles, public testing::WithParamInterface<ModelKind> {
     const bool goesOn = starts == starts_;
     run(goesOn ? next : action);
     if (model().curRec != 0) run({"Write Data", &Pairs::writeIt});
-    if (++cells_ % 100 == 0) settle();
+    if (++cells_ % 20 == 0) settle();
     return goesOn;
   }
 
