@@ -26,6 +26,10 @@ constexpr std::array<LoaderRow, 4> kLoaders = {{
 
 constexpr std::size_t kMostPatterns = 10;
 
+/// New items are written so many at a time. When a header cannot be written, what it counts is in
+/// doubt for no more items than these.
+constexpr std::size_t kItemsAtOnce = 8;
+
 /// The names of all items, as stored.
 using Names = std::unordered_set<std::string>;
 
@@ -43,6 +47,30 @@ Names namesOf(RecordFile& file, int count) {
   return names;
 }
 
+/// Writes items after the last one, then the header that counts them: it never counts an item that
+/// is not written.
+void append(RecordFile& file, HeaderRecord& header, std::span<const MediaFileRecord> items,
+            LoadedFiles& loaded) {
+  const auto added = static_cast<int>(items.size());
+  header.Count = checked16(loaded.count + added);
+  file.writeRecords(recordNumberOf(loaded.count + 1), std::as_bytes(items));
+  file.write(kHeaderRecordNumber, bytesOf(header));
+  loaded.count = header.Count;
+  loaded.added += added;
+}
+
+/// The same. If it fails, the items are written one at a time, to keep as many as possible.
+void appendAllOrSome(RecordFile& file, HeaderRecord& header, std::span<const MediaFileRecord> items,
+                     LoadedFiles& loaded) {
+  try {
+    append(file, header, items, loaded);
+  } catch (const RunTimeError&) {
+    for (std::size_t item = 0; item < items.size(); ++item)
+      append(file, header, items.subspan(item, 1), loaded);
+    throw;
+  }
+}
+
 void addFiles(RecordFile& file, const CollectionKind& kind, const std::string& folder,
               const std::vector<std::string>& names, Board& board, LoadedFiles& loaded) {
   HeaderRecord header;
@@ -52,6 +80,7 @@ void addFiles(RecordFile& file, const CollectionKind& kind, const std::string& f
   header.Version = kVersionText;
   Names known = namesOf(file, loaded.count);
 
+  std::vector<MediaFileRecord> items;
   const int total = static_cast<int>(names.size());
   for (int done = 0; const std::string& name : names) {
     board.print(name);
@@ -65,15 +94,12 @@ void addFiles(RecordFile& file, const CollectionKind& kind, const std::string& f
     record.FilePath = fromUtf8(folder);
     record.FileSize = 0;  // never filled in
     record.Description = "";
-    const std::int16_t count = checked16(loaded.count + 1);
-    header.Count = count;
-    // The item first: a header never counts an item that is not written. One at a time: when a
-    // header cannot be written, what it counts is never more than one item in doubt.
-    file.write(recordNumberOf(count), bytesOf(record));
-    file.write(kHeaderRecordNumber, bytesOf(header));
-    loaded.count = count;
-    ++loaded.added;
+    items.push_back(record);
+    if (items.size() < kItemsAtOnce) continue;
+    appendAllOrSome(file, header, items, loaded);
+    items.clear();
   }
+  if (!items.empty()) appendAllOrSome(file, header, items, loaded);
 }
 
 }  // namespace

@@ -54,6 +54,11 @@ void RecordFile::write(int recordNumber, std::span<const std::byte> from) {
   files_.file(number_).writeAt(offsetOf(recordNumber), from);
 }
 
+void RecordFile::writeRecords(int firstRecordNumber, std::span<const std::byte> from) {
+  assert(from.size() % recordLength_ == 0);
+  writeBytes(offsetOf(firstRecordNumber), from);
+}
+
 void RecordFile::writeBytes(std::uint64_t at, std::span<const std::byte> from) {
   files_.file(number_).writeAt(at, from);
 }

@@ -46,6 +46,9 @@ class RecordFile {
   /// Writes `from` to the start of a record and leaves the rest unchanged.
   void write(int recordNumber, std::span<const std::byte> from);
 
+  /// Writes consecutive records at once.
+  void writeRecords(int firstRecordNumber, std::span<const std::byte> from);
+
   /// Writes anything from any byte of the file on.
   void writeBytes(std::uint64_t at, std::span<const std::byte> from);
 

@@ -59,6 +59,12 @@ std::string bytesIn(const MediaFileRecord& record) {
   return {reinterpret_cast<const char*>(&record), sizeof record};
 }
 
+Names namesUpTo(int count) {
+  Names names;
+  for (int n = 0; n < count; ++n) names.push_back(std::to_string(n) + ".wav");
+  return names;
+}
+
 std::string headerBytes(int count) {
   return std::string{static_cast<char>(count % 256), static_cast<char>(count / 256)} + "\x01\x00"s +
          "1.71    ";
@@ -450,7 +456,56 @@ TEST_F(MediaLoaderTest, OnAFullDiskWhatFitsIsKept) {
   EXPECT_EQ(stored(), (Names{"a.wav", "b.wav", "c.wav", "d.wav", "e.wav"}));
   EXPECT_TRUE(file().substr(0, 12) == headerBytes(5));
 }
+
+TEST_F(MediaLoaderTest, OnAFullDiskWhatFitsOfManyIsKept) {
+  const Names names = namesUpTo(30);
+  for (int fitting = 0; fitting <= 18; ++fitting) {
+    SCOPED_TRACE(fitting);
+    items({});
+    {
+      const FileSizeLimit limit((1 + static_cast<std::size_t>(fitting)) * sizeof(MediaFileRecord) +
+                                100);
+      EXPECT_NE(failureOf([&] { load(names); }), Failure());
+    }
+    EXPECT_EQ(headerOf(file()).Count, fitting);
+    EXPECT_EQ(state_.Count, fitting);
+    load(names);
+    EXPECT_EQ(stored(), names);
+    EXPECT_TRUE(file().substr(0, 12) == headerBytes(30));
+  }
+}
 #endif
+
+TEST_F(MediaLoaderTest, ItemsAreAddedWhateverTheirNumber) {
+  for (int count = 0; count <= 33; ++count) {
+    SCOPED_TRACE(count);
+    items({mediaFile("here.wav")});
+    const Names names = namesUpTo(count);
+    load(names);
+    Names expected = names;
+    expected.insert(expected.begin(), "here.wav");
+    EXPECT_EQ(stored(), expected);
+    EXPECT_EQ(state_.Count, count + 1);
+    EXPECT_EQ(headerOf(file()).Count, count + 1);
+  }
+}
+
+TEST_F(MediaLoaderTest, AfterAFailureThatPassesTheItemsOfThatWriteAreKeptAndNoMore) {
+  const Names names = namesUpTo(20);
+  for (const int failing : {0, 1, 2, 3, 4, 5}) {  // items, header, items, ...
+    SCOPED_TRACE(failing);
+    items({});
+    files_.failNth(FileOperation::write, failing, ErrorNumber::deviceIo);
+    EXPECT_EQ(failureOf([&] { load(names); }), (Failure{57, path_}));
+    const int kept = std::min(failing / 2 * 8 + 8, 20);
+    EXPECT_EQ(state_.Count, kept);
+    EXPECT_EQ(headerOf(file()).Count, kept);
+    EXPECT_EQ(stored(), Names(names.begin(), names.begin() + kept));
+    load(names);
+    EXPECT_EQ(stored(), names);
+    EXPECT_EQ(state_.Count, 20);
+  }
+}
 
 TEST_F(MediaLoaderTest, AfterAHalfWrittenRecordLoadingAgainMakesItWhole) {
   files_.shortWrites = true;
@@ -481,7 +536,7 @@ TEST_F(MediaLoaderTest, EachNameIsALineAndAStep) {
   EXPECT_TRUE(board_.others.empty());
 }
 
-TEST_F(MediaLoaderTest, TheCatalogueIsReadInBlocks) {
+TEST_F(MediaLoaderTest, TheCatalogueIsReadAndWrittenInBlocks) {
   constexpr int existing = 1'000;
   constexpr int found = 2'000;
   std::vector<MediaFileRecord> records;
@@ -494,7 +549,7 @@ TEST_F(MediaLoaderTest, TheCatalogueIsReadInBlocks) {
   EXPECT_EQ(state_.Count, existing + found);
   EXPECT_EQ(files_.countOf(FileOperation::read), 3) << "the header, two blocks of items";
   EXPECT_EQ(files_.countOf(FileOperation::open), 1);
-  EXPECT_EQ(files_.countOf(FileOperation::write), 2 * found) << "item and header";
+  EXPECT_EQ(files_.countOf(FileOperation::write), 2 * found / 8) << "eight items and the header";
   EXPECT_EQ(files_.countOf(FileOperation::close), 1);
   EXPECT_EQ(text(item(existing + found).FileName), "new1999.wav");
   files_.forget();

@@ -201,15 +201,18 @@ class ExportPath : public CollectionPath {
   std::string exported_;
 };
 
-/// Three files are loaded into a collection that has one of them.
+/// Files for more than one write are loaded into a collection that has one of them.
 class LoadFolder : public CollectionPath {
  public:
   explicit LoadFolder(const CollectionKind& kind)
-      : CollectionPath(kind, {plainItem(kind, fileName(kind, "b"))}) {
+      : CollectionPath(kind, {plainItem(kind, fileName(kind, kKnown))}) {
     std::filesystem::create_directory("folder");
-    for (const char* name : {"a", "b", "c"}) writeFile("folder/" + fileName(kind, name), "");
-    after_ = before_ + loaded("a") + loaded("c");
-    after_.replace(0, kHeaderLength, plainHeader(kind, 3));
+    after_ = before_;
+    for (const char name : kNames) {
+      writeFile("folder/" + fileName(kind, name), "");
+      if (name != kKnown) after_ += loaded(name);
+    }
+    after_.replace(0, kHeaderLength, plainHeader(kind, static_cast<int>(kNames.size())));
   }
 
   void run() override {
@@ -220,33 +223,39 @@ class LoadFolder : public CollectionPath {
   }
   void expectDone() const override {
     EXPECT_TRUE(collection() == after_);
-    EXPECT_EQ(state_.Count, 3);
+    EXPECT_EQ(state_.Count, kNames.size());
   }
-  /// What is counted exists, in the file and in the state.
+  /// What is counted exists, in the file and in the state. Only a header that was half written,
+  /// and cannot be read back, counts more than the state: the items of one write.
   void expectSafe(const Fault& fault, const Failure& /*failure*/) const override {
     const std::size_t length = kind_.recordLength;
     const std::string now = collection();
     const int counted = now.front();
-    EXPECT_TRUE(counted == state_.Count || counted == state_.Count + 1) << counted;
+    const int inDoubt = fault.isShort && fault.lasts ? kItemsAtOnce : 0;
+    EXPECT_GE(counted, state_.Count);
+    EXPECT_LE(counted, state_.Count + inDoubt);
     const std::size_t end = static_cast<std::size_t>(counted + 1) * length;
     EXPECT_TRUE(now.substr(length, end - length) == after_.substr(length, end - length));
-    std::string before = before_;
-    std::string after = after_;
-    before.front() = after.front() = now.front();
-    expectOnlyPiecesChanged(now, before, after,
-                            {{0, kHeaderLength}, {2 * length, length}, {3 * length, length}},
-                            fault.isShort);
+    // What follows is all or a part of one write.
+    EXPECT_TRUE(now.substr(length) == after_.substr(length, now.size() - length));
+    std::string header = before_;
+    expectOnlyPiecesChanged(
+        now.substr(0, length), header.replace(0, 1, 1, now.front()).substr(0, length),
+        now.substr(0, 1) + after_.substr(1, length - 1), {{0, kHeaderLength}}, fault.isShort);
   }
 
  private:
   static constexpr std::size_t kHeaderLength = 12;
+  static constexpr int kItemsAtOnce = 8;
   static constexpr const char* kFolder = "folder";
+  static constexpr std::string_view kNames = "abcdefghijk";
+  static constexpr char kKnown = 'b';
 
-  static std::string fileName(const CollectionKind& kind, std::string_view name) {
+  static std::string fileName(const CollectionKind& kind, char name) {
     const std::string pattern = loaderPatterns(loaderRow(kind.mediaCode).filter).front();
-    return std::string(name) + pattern.substr(1);
+    return name + pattern.substr(1);
   }
-  std::string loaded(std::string_view name) const {
+  std::string loaded(char name) const {
     std::string item = plainItem(kind_, fileName(kind_, name));
     setText(kind_.fields[1], std::as_writable_bytes(std::span(item)), kFolder);
     return item;

@@ -113,11 +113,15 @@ int FailingFiles::operationsThatMatter() const {
 
 std::optional<RunTimeError> FailingFiles::next(FileOperation operation, const std::string& path) {
   operations_.push_back({operation, path});
-  const bool fails = lasts_ && hasFailed() ? std::ranges::count(errorsOf(operation), error_) > 0
-                                           : isDue(operation);
+  const bool fails = lasts_ && hasFailed() ? goesOnFailing(operation) : isDue(operation);
   if (!fails) return std::nullopt;
   failed_.push_back(operations_.size() - 1);
   return RunTimeError(error_, path);
+}
+
+bool FailingFiles::goesOnFailing(FileOperation operation) const {
+  if (otherKindsWork) return operation == failing_;
+  return std::ranges::count(errorsOf(operation), error_) > 0;
 }
 
 bool FailingFiles::isDue(FileOperation operation) {

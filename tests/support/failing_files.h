@@ -43,6 +43,9 @@ class FailingFiles : public FileSystem {
   /// A failing write first writes half of its bytes.
   bool shortWrites = false;
 
+  /// A lasting fault is one of the kind of operation that is to fail: files can still be opened.
+  bool otherKindsWork = false;
+
   /// A byte that the disk cannot read any more: reading it fails, however often it is tried.
   struct Damage {
     std::string path;
@@ -97,6 +100,7 @@ class FailingFiles : public FileSystem {
   std::optional<RunTimeError> next(FileOperation operation, const std::string& path);
 
  private:
+  bool goesOnFailing(FileOperation operation) const;
   bool isDue(FileOperation operation);
 
   DiskFileSystem disk_;
