@@ -58,7 +58,8 @@ TEST_F(MatchesInList, AreBoldWhereTheyStood) {
     EXPECT_GT(around(ink(after)).width(), around(ink(half)).width());
     for (const QImage& bold : {half, after}) {
       EXPECT_NEAR(around(ink(bold)).left(), around(ink(before)).left(), 1);
-      EXPECT_EQ(around(ink(bold)).top(), around(ink(before)).top());
+      // Some systems draw bold letters a row taller.
+      EXPECT_NEAR(around(ink(bold)).top(), around(ink(before)).top(), 1);
       EXPECT_EQ(around(ink(bold)).bottom(), around(ink(before)).bottom());
       EXPECT_EQ(bold.pixel(0, 1), before.pixel(0, 1)) << "the ground";
     }
