@@ -8,6 +8,8 @@
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextDocument>
+#include <QTextFrame>
+#include <QTextTable>
 
 #include "support/form_fixture.h"
 
@@ -119,24 +121,45 @@ TEST_F(HelpTest, ItsButtonsSayWhatTheyDoAndByWhichKeys) {
     const char* name;
     const char* caption;
     const char* toolTip;
+    bool hasIcon = true;
   } constexpr kButtons[] = {
       {"cmdBack", "&Back", "The page before this one (Alt+B)"},
       {"cmdForward", "&Forward", "The page you came back from (Alt+F)"},
       {"cmdAllPages", "&All Pages", "All pages of the manual (Alt+A)"},
       {"cmdFind", "F&ind", "Find a text on this page (Alt+I or Ctrl+F)"},
-      {"cmdClose", "&Close", "Close the manual (Alt+C or Escape)"},
-      {"cmdFindNext", "&Next", "The next place on this page (Alt+N or Enter or F3)"},
-      {"cmdFindPrevious", "&Previous", "The place before (Alt+P or Shift+F3)"},
+      {"cmdClose", "&Close", "Close the manual (Alt+C or Escape)", false},
+      {"cmdFindNext", "&Next", "The next place on this page (Alt+N or Enter or F3)", false},
+      {"cmdFindPrevious", "&Previous", "The place before (Alt+P or Shift+F3)", false},
   };
   start();
   choose("ContentBegin");
-  for (const auto& [name, caption, toolTip] : kButtons) {
+  for (const auto& [name, caption, toolTip, hasIcon] : kButtons) {
     const auto* button = window()->findChild<QPushButton*>(QString::fromUtf8(name));
     ASSERT_NE(button, nullptr) << name;
     EXPECT_EQ(button->text(), caption);
     EXPECT_EQ(button->toolTip(), toolTip);
+    EXPECT_EQ(!button->icon().isNull(), hasIcon) << name;
   }
   EXPECT_EQ(window()->findChildren<QPushButton*>().size(), std::ssize(kButtons));
+}
+
+TEST_F(HelpTest, ItsTablesHaveSingleThinLines) {
+  start();
+  choose("ContentBegin");
+  browser().setSource(browser().source().resolved(QUrl("keys.md")));
+  int tables = 0;
+  for (QTextFrame* frame : browser().document()->rootFrame()->childFrames()) {
+    const auto* table = qobject_cast<QTextTable*>(frame);
+    if (table == nullptr) continue;
+    ++tables;
+    const QTextTableFormat format = table->format();
+    EXPECT_EQ(format.borderStyle(), QTextFrameFormat::BorderStyle_Solid);
+    EXPECT_EQ(format.border(), 1);
+    EXPECT_TRUE(format.borderCollapse());
+    EXPECT_EQ(format.cellSpacing(), 0);
+    EXPECT_GT(format.cellPadding(), 0);
+  }
+  EXPECT_GT(tables, 0);
 }
 
 TEST_F(HelpTest, NamesItsTextsForAssistiveTechnology) {
