@@ -1,18 +1,17 @@
 // Starts Quillbox as its main program does and exits when the editor has been painted:
 // bench_start_quillbox [--with-box] COLLECTION
+// bench_start_quillbox --count COUNTS COLLECTION
 //
-// The start-up box is answered without being shown, or with --with-box shown and pressed.
+// The start-up box is answered without being shown, or with --with-box shown and pressed. The
+// second form writes into the file COUNTS how many controls the editor shows.
 
-#include <QAbstractButton>
-#include <QLabel>
-#include <QMainWindow>
 #include <QMessageBox>
-#include <QPushButton>
 #include <cstdio>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "control_counts.h"
 #include "first_paint.h"
 #include "forms/program.h"
 #include "platform/disk_file_system.h"
@@ -59,12 +58,20 @@ int main(int argc, char** argv) {
   std::vector<std::string> arguments(argv + 1, argv + argc);
   const bool withBox = !arguments.empty() && arguments.front() == "--with-box";
   if (withBox) arguments.erase(arguments.begin());
+  std::string counts;
+  if (arguments.size() == 3 && arguments.front() == "--count") {
+    counts = arguments[1];
+    arguments.erase(arguments.begin(), arguments.begin() + 2);
+  }
 
-  const bench::FirstPaint firstPaint([](QWidget& window) {
-    if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+  const bench::FirstPaint firstPaint([&counts](QWidget& window) {
+    const auto* form = qobject_cast<QMainWindow*>(&window);
+    if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
       pressDefaultButton(*box);
-    else if (qobject_cast<QMainWindow*>(&window) != nullptr)
+    } else if (form != nullptr) {
+      if (!counts.empty()) bench::writeCounts(counts, bench::countControls(*form));
       endAfter(window);
+    }
   });
 
   DiskFileSystem fileSystem;

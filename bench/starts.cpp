@@ -21,6 +21,9 @@ namespace {
 
 constexpr double kKibPerMib = 1024;
 
+/// What the editor shows, for the peer; in the working folder.
+constexpr const char* kCounts = "controls.txt";
+
 struct Process {
   double milliseconds = 0;
   double peakMib = 0;
@@ -99,9 +102,10 @@ StartFigures timeStarts(const std::filesystem::path& programs,
   ::setenv("QT_QPA_PLATFORM", "offscreen", 0);  // a display may be asked for
   const std::string quillbox = programs / "bench_start_quillbox";
   const std::string peerProgram = programs / "bench_start_peer";
+  run({quillbox, "--count", kCounts, collection}, workFolder);
   std::array<Runs, 4> sides = {Runs({quillbox, collection}), Runs({peerProgram}),
                                Runs({quillbox, "--with-box", collection}),
-                               Runs({peerProgram, "--form"})};
+                               Runs({peerProgram, "--form", kCounts})};
   for (int round = 0; round < kWarmUps + runs; ++round)
     for (Runs& side : sides) side.run(workFolder, round >= kWarmUps);
 
