@@ -82,6 +82,10 @@ TEST_F(ViewsLook, RowsHaveRoomForTheirTexts) {
   }
 }
 
+TEST_F(ViewsLook, TheFocusMarksAWholeRow) {
+  for (const auto& view : views_) EXPECT_TRUE(treeOf(*view).allColumnsShowFocus());
+}
+
 TEST_F(ViewsLook, WhereThereIsNothingTheMiddleSaysSo) {
   for (const auto& view : views_) {
     view->start();
