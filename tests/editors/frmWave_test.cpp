@@ -271,6 +271,16 @@ TEST_F(WaveEditor, LoadingAgainAddsNothing) {
   EXPECT_EQ(bytes(), once);
 }
 
+TEST_F(WaveEditor, TheStatusLineSaysHowManyFilesWereAdded) {
+  open(catalogue({mediaFile("1.wav")}));
+  addFiles("found", {"1.wav", "2.wav", "3.wav", "4.wav", "5.wav", "6.wav", "7.wav", "8.wav",
+                     "9.wav", "10.wav"});
+  loadWaves(path("found/1.wav"));
+  EXPECT_EQ(label("lblStatus"), "9 added, 1 already there");
+  loadWaves(path("found/1.wav"));
+  EXPECT_EQ(label("lblStatus"), "0 added, 10 already there");
+}
+
 TEST_F(WaveEditor, AFileOfTheSameNameInAnotherFolderIsNeverAdded) {
   open(catalogue({}));
   addFiles("found", {"one.wav"});
