@@ -8,6 +8,12 @@
 namespace quillbox::test {
 namespace {
 
+#ifdef _WIN32
+constexpr int kRowsTaller = 1;  // how much bold letters may be taller than others
+#else
+constexpr int kRowsTaller = 0;
+#endif
+
 class MatchesInList : public PanelTest {
  protected:
   explicit MatchesInList(const ModelKind& kind = kBooks) : PanelTest(kind) {}
@@ -58,8 +64,7 @@ TEST_F(MatchesInList, AreBoldWhereTheyStood) {
     EXPECT_GT(around(ink(after)).width(), around(ink(half)).width());
     for (const QImage& bold : {half, after}) {
       EXPECT_NEAR(around(ink(bold)).left(), around(ink(before)).left(), 1);
-      // Some systems draw bold letters a row taller.
-      EXPECT_NEAR(around(ink(bold)).top(), around(ink(before)).top(), 1);
+      EXPECT_NEAR(around(ink(bold)).top(), around(ink(before)).top(), kRowsTaller);
       EXPECT_EQ(around(ink(bold)).bottom(), around(ink(before)).bottom());
       EXPECT_EQ(bold.pixel(0, 1), before.pixel(0, 1)) << "the ground";
     }
