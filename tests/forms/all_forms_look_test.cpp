@@ -215,8 +215,15 @@ std::vector<Roles> rolesOf(const QWidget* control) {
 /// The contrast between a picture's most frequent colour and the one farthest from it.
 double drawnContrast(const QImage& picture) {
   std::map<QRgb, int> pixels;
+  // A run of pixels of one colour is counted at once: there are millions of pixels.
   for (int y = 0; y < picture.height(); ++y)
-    for (int x = 0; x < picture.width(); ++x) ++pixels[picture.pixel(x, y)];
+    for (int x = 0; x < picture.width();) {
+      const int start = x;
+      const QRgb color = picture.pixel(start, y);
+      do ++x;
+      while (x < picture.width() && picture.pixel(x, y) == color);
+      pixels[color] += x - start;
+    }
   const auto most = std::ranges::max_element(
       pixels, {}, [](const std::pair<const QRgb, int>& pixel) { return pixel.second; });
   double highest = 0;
