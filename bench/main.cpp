@@ -114,10 +114,9 @@ void printOverviews(const OverviewFigures& overviews) {
   printRow("all items, read", formatted("%.1f ms", overviews.open.quillbox),
            formatted("%.0f ms", overviews.open.peer),
            formatted("%.3f", overviews.open.quillbox / overviews.open.peer), "none");
-  // The last item of a piece begins within its time.
   printRow(
       "  longest piece", formatted("%.2f ms", overviews.longestPiece), "", "",
-      goalText(formatted("<= %.0f ms", mostForAPiece), overviews.longestPiece < mostForAPiece + 1));
+      goalText(formatted("<= %.0f ms", mostForAPiece), overviews.longestPiece <= mostForAPiece));
   const double beside = overviews.memory - overviews.texts;
   printRow("  memory", formatted("%.2f MiB", overviews.memory),
            formatted("%.2f MiB texts", overviews.texts), formatted("%+.2f MiB", beside),

@@ -71,10 +71,10 @@ Pair timeInTurn(const std::function<int()>& ours, const std::function<int()>& pe
   return {median(times), median(peers)};
 }
 
-/// The longest of the pieces meant to take 20 ms, in the least disturbed round.
+/// The longest of the pieces in which the panel reads, in the least disturbed round.
 double longestPiece(Opened& opened) {
   using Clock = std::chrono::steady_clock;
-  constexpr auto budget = std::chrono::milliseconds(20);
+  constexpr auto budget = std::chrono::milliseconds(kReadingPiece);
   std::vector<double> longest(kOverviewRounds);
   for (double& most : longest) {
     opened.index.start(opened.items);

@@ -12,7 +12,7 @@ namespace quillbox::bench {
 /// database of the same rows.
 struct OverviewFigures {
   Pair open;                ///< reading all items, beside filling a full-text table
-  double longestPiece = 0;  ///< of that reading, in pieces meant to take 20 ms
+  double longestPiece = 0;  ///< ms, of that reading, in pieces as the panel reads them
   double memory = 0;        ///< MiB, of the texts and everything besides
   double texts = 0;         ///< MiB
   Pair firstKey;            ///< a letter, beside words that begin with it

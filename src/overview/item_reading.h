@@ -12,6 +12,10 @@
 
 namespace quillbox {
 
+/// The milliseconds that a piece of reading takes while somebody may type: no key waits longer than
+/// these and one item.
+constexpr int kReadingPiece = 10;
+
 enum class ReadState {
   unfinished,  ///< call `readOn` again
   done,        ///< every item was read

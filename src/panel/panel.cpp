@@ -15,9 +15,6 @@
 namespace quillbox {
 namespace {
 
-/// The milliseconds that a piece of reading takes: no key waits longer.
-constexpr int kPiece = 10;
-
 /// How often to check whether a running command is over.
 constexpr int kWait = 50;
 
@@ -137,7 +134,7 @@ void Panel::readOn() {
   if (program_.isRunning()) return timer_.start(kWait);
   QElapsedTimer clock;
   clock.start();
-  const auto stop = [&clock] { return clock.elapsed() >= kPiece; };
+  const auto stop = [&clock] { return clock.elapsed() >= kReadingPiece; };
   bool hasMore = list_->readOn(stop);
   for (View& each : views_)
     if (each.isWanted && !each.isShown) hasMore = stop() || readView(each, stop) || hasMore;
